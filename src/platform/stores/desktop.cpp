@@ -1,0 +1,184 @@
+#include "platform/stores/desktop.h"
+
+#include "platform/stores/control.h"
+#include "platform/stores/menu.h"
+#include "platform/stores/window.h"
+
+#include <algorithm>
+
+namespace zb {
+
+Window* Desktop::find(std::string_view name) const {
+    const auto found = std::find_if(windows_.rbegin(), windows_.rend(),
+                                    [&](const Window* window) { return window->name() == name; });
+    return found == windows_.rend() ? nullptr : *found;
+}
+
+bool Desktop::acceptsInput(const Window& window) const {
+    if (!window.visible())
+        return false;
+    // Windows that a dialog has opened in front of itself take input, too; those behind it do not.
+    if (modal_.empty() || modal_.back().window == &window)
+        return true;
+    const auto place = [&](const Window* wanted) { return std::find(windows_.begin(), windows_.end(), wanted); };
+    return !modal_.back().window->visible() || place(&window) > place(modal_.back().window);
+}
+
+void Desktop::activate(Window& window) {
+    if (active_ == &window || !window.visible())
+        return;
+    if (active_ != nullptr)
+        leave(*active_);
+    enter(window);
+}
+
+void Desktop::show(Window& window) {
+    if (!window.visible_) {
+        window.visible_ = true;
+        window.ring(Change::State);
+    }
+    if (acceptsInput(window) || modal_.empty())
+        activate(window);
+    screen_.bringToFront(window);
+}
+
+void Desktop::hide(Window& window) {
+    if (!window.visible_)
+        return;
+    window.visible_ = false;
+    if (popup_ != nullptr && &popup_->window() == &window)
+        closePopup();
+    const bool wasActive = active_ == &window;
+    if (wasActive) {
+        leave(window);
+        active_ = nullptr;
+    }
+    window.ring(Change::State);
+    if (!wasActive || active_ != nullptr)
+        return;
+    if (!modal_.empty() && modal_.back().window == &window) {
+        Window* before = modal_.back().activeBefore;
+        if (before != nullptr && before->visible()) {
+            active_ = before;
+            return;
+        }
+    }
+    if (Window* next = topVisible(&window); next != nullptr)
+        enter(*next);
+}
+
+void Desktop::showModal(Window& window) {
+    closePopup();
+    modal_.push_back({&window, active_});
+    active_ = nullptr;
+    window.visible_ = true;
+    enter(window);
+    window.ring(Change::State);
+    screen_.bringToFront(window);
+    screen_.runModal(window);
+    if (window.visible_)
+        hide(window);
+    modal_.pop_back();
+}
+
+bool Desktop::hasFocus(const Control& control) const {
+    const Window& window = control.window();
+    if (window.focusControl_ != &control)
+        return false;
+    return active_ == &window || std::any_of(modal_.begin(), modal_.end(), [&](const ModalEntry& entry) {
+               return entry.activeBefore == &window;
+           });
+}
+
+void Desktop::focus(Control& control) {
+    if (!control.takesFocus() || !control.usable())
+        return;
+    Window& window = control.window();
+    if (acceptsInput(window))
+        activate(window);
+    moveFocus(window, &control);
+}
+
+Answer Desktop::showBox(Box box) {
+    if (box.title.empty())
+        box.title = std::string(kApplicationTitle);
+    return screen_.showBox(box);
+}
+
+void Desktop::popup(PopupMenu& menu) {
+    closePopup();
+    popup_ = &menu;
+    menu.ring(Change::State);
+    screen_.openPopup(menu);
+}
+
+void Desktop::closePopup() {
+    if (popup_ == nullptr)
+        return;
+    PopupMenu& menu = *popup_;
+    popup_ = nullptr;
+    menu.ring(Change::State);
+    fire(menu.onClosed);
+}
+
+void Desktop::remove(Window& window) {
+    std::erase(windows_, &window);
+    if (active_ == &window)
+        active_ = nullptr;
+    if (popup_ != nullptr && &popup_->window() == &window)
+        popup_ = nullptr;
+    for (ModalEntry& entry : modal_) {
+        if (entry.activeBefore == &window)
+            entry.activeBefore = nullptr;
+    }
+}
+
+void Desktop::leave(Window& window) {
+    Control* focused = window.focusControl_;
+    if (focused != nullptr)
+        fire(focused->onLostFocus);
+    fire(window.onDeactivate);
+}
+
+void Desktop::enter(Window& window) {
+    active_ = &window;
+    std::erase(windows_, &window);
+    windows_.push_back(&window);
+    fire(window.onActivate);
+    if (active_ != &window)
+        return;
+    Control* focused = window.focusControl_;
+    if (focused == nullptr)
+        return;
+    focused->focusArrives();
+    fire(focused->onGotFocus);
+    focused->ring(Change::State);
+}
+
+void Desktop::moveFocus(Window& window, Control* control) {
+    Control* before = window.focusControl_;
+    if (before == control)
+        return;
+    window.focusControl_ = control;
+    if (active_ != &window)
+        return;
+    if (before != nullptr) {
+        fire(before->onLostFocus);
+        before->ring(Change::State);
+    }
+    // The handler may have moved the focus elsewhere.
+    if (window.focusControl_ != control || control == nullptr)
+        return;
+    control->focusArrives();
+    fire(control->onGotFocus);
+    control->ring(Change::State);
+}
+
+Window* Desktop::topVisible(const Window* except) const {
+    const auto found = std::find_if(windows_.rbegin(), windows_.rend(), [&](const Window* window) {
+        return window != except && window->visible() && acceptsInput(*window);
+    });
+    return found == windows_.rend() ? nullptr : *found;
+}
+
+} // namespace zb

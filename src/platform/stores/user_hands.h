@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/stores/key.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zb {
+
+class Control;
+class Desktop;
+class ListRow;
+class Node;
+class ToolbarButton;
+class Window;
+struct DragData;
+
+/// What an action is aimed at: a control, or one of its members.
+struct Target {
+    Control* control = nullptr;
+    Node* node = nullptr;
+    ListRow* row = nullptr;
+    std::optional<std::size_t> column; ///< from 0: the header of a list's column
+    ToolbarButton* button = nullptr;
+
+    static Target whole(Control& control) {
+        Target target;
+        target.control = &control;
+        return target;
+    }
+};
+
+/// What a person can do to the windows. Each action obeys enabled, visible and modality, closes an open
+/// pop-up, moves the focus and runs the handlers in the order in which a desktop would. Actions that take
+/// place answer the empty text; others change nothing and answer why not.
+class UserHands {
+public:
+    explicit UserHands(Desktop& desktop) : desktop_(desktop) {}
+
+    using Refusal = std::string;
+
+    Refusal click(const Target& target) { return press(target, {}); }
+    /// The same with Ctrl: adds a row to the selection or takes it out.
+    Refusal controlClick(const Target& target) { return press(target, {0, kControlKey}); }
+    Refusal rightClick(const Target& target);
+    Refusal doubleClick(const Target& target);
+    /// Closes an open pop-up without a choice.
+    void dismiss();
+
+    Refusal focus(Control& control);
+    Refusal activate(Window& window);
+    /// The user closes the window by its frame.
+    Refusal close(Window& window);
+
+    /// Key down, its effect, key up.
+    Refusal key(Control& control, KeyEvent key);
+    /// Selects the whole text and pastes by the mouse: no key event.
+    Refusal paste(Control& control, std::string_view text);
+    /// A row of a combo by its text or as "#2"; an existing folder of a folder field.
+    Refusal choose(Control& control, std::string_view text);
+
+    Refusal drag(const Target& from, const Target& to);
+    Refusal drop(const DragData& data, const Target& to);
+
+private:
+    Refusal whyNot(const Control& control) const;
+    Refusal begin(const Target& target, bool takesFocus);
+    Refusal press(const Target& target, KeyEvent modifiers);
+    Refusal pressMember(const Target& target, KeyEvent modifiers);
+    Refusal runMenuEntry(Control& control);
+    std::optional<DragData> startDrag(const Target& from);
+
+    Desktop& desktop_;
+};
+
+} // namespace zb
