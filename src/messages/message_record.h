@@ -1,0 +1,59 @@
+#pragma once
+
+#include "messages/item_record.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zb {
+
+/// Format codes of definition texts.
+inline constexpr int kFormatGem = 1001;
+inline constexpr int kFormatSemi = 1002;
+inline constexpr int kFormatSmd = 1003;
+inline constexpr int kFormatMdf = 1004;
+inline constexpr int kFormatSml = 1005;
+
+/// One SECS message, filled from the Text of a MessageNode or from SMD text.
+class SECSMessageRecord {
+public:
+    const std::string& getName() const { return name_; }
+    const std::string& getDescription() const { return description_; }
+    /// A stream or function that is not numeric reads as -1.
+    int getStream() const;
+    int getFunction() const;
+    /// The words as they stand behind "S" and "F".
+    const std::string& getStreamText() const { return streamText_; }
+    const std::string& getFunctionText() const { return functionText_; }
+    /// "H->E", "H<-E" or "H<->E".
+    const std::string& getDirection() const { return direction_; }
+    bool getWait() const { return wait_; }
+    bool getReply() const { return reply_; }
+    bool getNoLogging() const { return noLogging_; }
+    /// Description, CR LF, MessageNode Text.
+    std::string getHeadText() const;
+    /// One line an item: depth number, blank, item Text.
+    std::string getBodyText() const;
+    /// Reads one message in project form or build form, comment lines included. The status is empty on success, else it
+    /// says what is wrong.
+    std::string parseSmd(std::string_view text, int formatCode);
+    /// From the Texts of a MessageNode and of the description node before it. The record takes what it can in any case.
+    std::string parseNodeText(std::string_view nodeText, std::string_view description);
+    /// In tree order, with their levels.
+    std::vector<SECSItemRecord> getItems() const;
+
+private:
+    std::string name_;
+    std::string description_;
+    std::string nodeText_;
+    std::string streamText_;
+    std::string functionText_;
+    std::string direction_;
+    std::string body_; ///< as getBodyText gives it
+    bool wait_ = false;
+    bool reply_ = false;
+    bool noLogging_ = false;
+};
+
+} // namespace zb

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "messages/message_record.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zb {
+
+class FileLayer;
+
+/// The messages of a project, as the last walk over its tree left them. The store owns its records.
+class SECSMessageStore {
+public:
+    using Records = std::vector<const SECSMessageRecord*>;
+
+    /// In order of insertion.
+    Records getMessages() const;
+    /// Compared upper-cased; null when there is none.
+    const SECSMessageRecord* getByName(std::string_view name) const;
+    /// `text` has the form "S1 F2"; empty when there is none.
+    Records getByStreamFunction(std::string_view text) const;
+    /// Parses and adds one message; the status is empty on success, and nothing is added without it.
+    std::string addMessageText(std::string_view smdText);
+    /// Writes what the mode asks for; the status is empty on success.
+    std::string writeFile(FileLayer& files, const std::string& path, std::string_view mode) const;
+
+private:
+    struct Entry {
+        std::unique_ptr<SECSMessageRecord> record;
+        std::string text;
+    };
+    std::vector<Entry> entries_;
+    std::unordered_map<std::string, const SECSMessageRecord*> byName_; // upper-cased
+};
+
+} // namespace zb
