@@ -25,8 +25,10 @@ public:
     Records getByStreamFunction(std::string_view text) const;
     /// Parses and adds one message; the status is empty on success, and nothing is added without it.
     std::string addMessageText(std::string_view smdText);
-    /// Writes what the mode asks for; the status is empty on success.
-    std::string writeFile(FileLayer& files, const std::string& path, std::string_view mode) const;
+    /// Writes what the mode asks for: a build to `path`, a save's section to the end of `projectSections`, and nothing for
+    /// the other modes. The status is empty on success.
+    std::string writeFile(FileLayer& files, const std::string& path, std::string_view mode,
+                          std::string* projectSections) const;
 
 private:
     struct Entry {

@@ -40,6 +40,8 @@ public:
     /// The window has come up or was made active.
     virtual void bringToFront(Window& window) = 0;
     virtual void openPopup(PopupMenu& menu) = 0;
+    /// Starts the platform's system information tool; false where there is none.
+    virtual bool showSystemInformation() { return false; }
 };
 
 } // namespace zb
