@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/result.h"
+
+namespace zb {
+
+enum class FileKind { regular, folder, link, other };
+
+// What the system knows about a file.
+struct FileStatus {
+    FileKind kind = FileKind::other;
+    unsigned mode = 0; // the permission bits
+    unsigned owner = 0;
+    unsigned group = 0;
+};
+
+// The system calls that writing files is made of, one function each, so that a test can put a fault behind
+// any of them. Every error carries the system's number and words.
+class FileLayer {
+public:
+    virtual ~FileLayer() = default;
+
+    // Creates a file that must not exist yet and opens it for writing; gives its descriptor.
+    virtual Result<int> create(const std::filesystem::path& path, unsigned mode) = 0;
+    // Writes at the descriptor's place; gives how many bytes it took, which may be fewer than asked.
+    virtual Result<std::size_t> write(int descriptor, std::string_view bytes) = 0;
+    virtual Result<FileStatus> statusOf(int descriptor) = 0;
+    virtual Result<void> setMode(int descriptor, unsigned mode) = 0;
+    virtual Result<void> setOwner(int descriptor, unsigned owner, unsigned group) = 0;
+    virtual Result<void> sync(int descriptor) = 0;
+    virtual Result<void> close(int descriptor) = 0;
+
+    virtual Result<void> rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+    // Removes one file, never a folder.
+    virtual Result<void> remove(const std::filesystem::path& path) = 0;
+    // The status of the path itself: a link is not followed.
+    virtual Result<FileStatus> status(const std::filesystem::path& path) = 0;
+    virtual Result<std::filesystem::path> readLink(const std::filesystem::path& path) = 0;
+    // Whether this process may write the file; the error says why not.
+    virtual Result<void> checkWritable(const std::filesystem::path& path) = 0;
+    // Makes one level; a missing parent is an error, and so is whatever stands there already.
+    virtual Result<void> makeFolder(const std::filesystem::path& path) = 0;
+    // Makes the folder's entries outlast a hard stop.
+    virtual Result<void> syncFolder(const std::filesystem::path& path) = 0;
+    virtual Result<std::vector<std::string>> names(const std::filesystem::path& folder) = 0;
+
+    virtual long processId() = 0;
+    virtual bool isProcessAlive(long processId) = 0;
+};
+
+// The real thing.
+class SystemFileLayer : public FileLayer {
+public:
+    Result<int> create(const std::filesystem::path& path, unsigned mode) override;
+    Result<std::size_t> write(int descriptor, std::string_view bytes) override;
+    Result<FileStatus> statusOf(int descriptor) override;
+    Result<void> setMode(int descriptor, unsigned mode) override;
+    Result<void> setOwner(int descriptor, unsigned owner, unsigned group) override;
+    Result<void> sync(int descriptor) override;
+    Result<void> close(int descriptor) override;
+    Result<void> rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
+    Result<void> remove(const std::filesystem::path& path) override;
+    Result<FileStatus> status(const std::filesystem::path& path) override;
+    Result<std::filesystem::path> readLink(const std::filesystem::path& path) override;
+    Result<void> checkWritable(const std::filesystem::path& path) override;
+    Result<void> makeFolder(const std::filesystem::path& path) override;
+    Result<void> syncFolder(const std::filesystem::path& path) override;
+    Result<std::vector<std::string>> names(const std::filesystem::path& folder) override;
+    long processId() override;
+    bool isProcessAlive(long processId) override;
+};
+
+} // namespace zb

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+#include "platform/file_layer.h"
+#include "platform/result.h"
+
+namespace zb {
+
+// Puts the bytes in the file's place, so that at every moment either the old or the new content is there,
+// whole. Every file of the user that the program writes is written by this function.
+//
+// A link is followed first, and what it leads to is replaced. The bytes go to a temporary
+// `.NAME.zbtmp-PROCESS` beside the target, are synced, and take the target's name; the mode of an old file
+// stays, and its owner where the system allows. After an error the old file is as it was, and no temporary
+// stays. Temporaries of the same target that a process left behind which no longer runs are removed. The
+// error has the system's number, and a sentence that names the file and what failed. It is an error, too,
+// when the target is no regular file, or one that the user may not write.
+Result<void> replaceFile(FileLayer& layer, const std::filesystem::path& path, std::string_view bytes);
+// The same on the real system.
+Result<void> replaceFile(const std::filesystem::path& path, std::string_view bytes);
+
+} // namespace zb

@@ -1,0 +1,148 @@
+#include "platform/settings_file.h"
+
+#include <cerrno>
+#include <chrono>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <nlohmann/json.hpp>
+
+#include "platform/file_replacer.h"
+#include "platform/text_file.h"
+
+namespace zb {
+
+namespace {
+
+// What stands in the file keeps its order, for those who edit it by hand.
+using Json = nlohmann::ordered_json;
+
+// Files beyond these bounds were not written by this program, and walking them could exhaust memory or stack.
+constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
+constexpr int kDeepest = 64;
+
+bool isObjectOfObjects(const Json& value) {
+    if (!value.is_object()) {
+        return false;
+    }
+    for (const Json& inner : value) {
+        if (!inner.is_object()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Nothing when this is no settings file.
+std::optional<Json> parse(const std::string& bytes) {
+    if (bytes.size() > kLargestFile) {
+        return std::nullopt;
+    }
+    bool tooDeep = false;
+    const auto watch = [&tooDeep](int depth, Json::parse_event_t, Json&) {
+        tooDeep = tooDeep || depth > kDeepest;
+        return !tooDeep;
+    };
+    Json json = Json::parse(bytes, watch, /*allow_exceptions=*/false);
+    if (tooDeep || json.is_discarded() || !json.is_object()) {
+        return std::nullopt;
+    }
+    for (const char* root : {"HKEY_LOCAL_MACHINE", "Zeltobench"}) {
+        if (json.contains(root) && !isObjectOfObjects(json[root])) {
+            return std::nullopt;
+        }
+    }
+    return json;
+}
+
+// Keeps other programs from writing between our reading and our writing. The lock is on the folder, so that
+// it leaves no file behind. One that is not to be had within a second is done without: a stopped program must
+// not stop this one.
+class FolderLock {
+public:
+    explicit FolderLock(const std::filesystem::path& folder)
+        : descriptor_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        constexpr int kTries = 100;
+        for (int i = 0; descriptor_ >= 0 && i < kTries; ++i) {
+            if (::flock(descriptor_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) {
+                return;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
+    ~FolderLock() {
+        if (descriptor_ >= 0) {
+            ::close(descriptor_);
+        }
+    }
+    FolderLock(const FolderLock&) = delete;
+    FolderLock& operator=(const FolderLock&) = delete;
+
+private:
+    int descriptor_;
+};
+
+// Whether the damaged file is out of the way, under a name that nothing had yet.
+bool putAside(const std::filesystem::path& path) {
+    constexpr int kMostKept = 1000;
+    for (int number = 1; number <= kMostKept; ++number) {
+        std::filesystem::path kept = path;
+        kept += ".damaged-" + std::to_string(number);
+        std::error_code error;
+        if (std::filesystem::exists(std::filesystem::symlink_status(kept, error))) {
+            continue;
+        }
+        std::filesystem::rename(path, kept, error);
+        return !error;
+    }
+    return false;
+}
+
+} // namespace
+
+SettingsFile::SettingsFile(std::filesystem::path folder)
+    : folder_(std::move(folder)), path_(folder_ / "settings.json") {}
+
+std::optional<std::string> SettingsFile::read(const SettingPlace& place) const {
+    const Result<std::string> bytes = readBytes(path_);
+    const std::optional<Json> json = bytes ? parse(*bytes) : std::nullopt;
+    if (!json) {
+        return std::nullopt;
+    }
+    const Json* level = &*json;
+    for (const std::string* step : {&place.root, &place.key, &place.name}) {
+        const auto found = level->find(*step);
+        if (found == level->end()) {
+            return std::nullopt;
+        }
+        level = &*found;
+    }
+    return level->is_string() ? std::optional(level->get<std::string>()) : std::nullopt;
+}
+
+void SettingsFile::write(const SettingPlace& place, const std::string& value) const {
+    std::error_code ignored;
+    std::filesystem::create_directories(folder_, ignored);
+    const FolderLock lock(folder_);
+    Json json = Json::object();
+    const Result<std::string> bytes = readBytes(path_);
+    if (bytes) {
+        std::optional<Json> parsed = parse(*bytes);
+        if (parsed) {
+            json = std::move(*parsed);
+        } else if (!putAside(path_)) {
+            return;
+        }
+    } else if (bytes.error().number != ENOENT) {
+        return;
+    }
+    json[place.root][place.key][place.name] = value;
+    static_cast<void>(replaceFile(path_, json.dump(2) + "\n"));
+}
+
+} // namespace zb

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <compare>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace zb {
+
+// Where a setting lies in the file: root, then key, then name.
+struct SettingPlace {
+    std::string root;
+    std::string key;
+    std::string name;
+
+    auto operator<=>(const SettingPlace&) const = default;
+};
+
+// The JSON file settings.json of one folder. It is read anew at every call; what it holds beyond the settings
+// stays.
+class SettingsFile {
+public:
+    explicit SettingsFile(std::filesystem::path folder);
+
+    // The text at this place; nothing when there is none, or no file that can be understood.
+    std::optional<std::string> read(const SettingPlace& place) const;
+    // Sets the text at this place, valid UTF-8 all. A damaged file is kept under another name first. When
+    // anything fails, nothing is changed.
+    void write(const SettingPlace& place, const std::string& value) const;
+
+private:
+    std::filesystem::path folder_;
+    std::filesystem::path path_;
+};
+
+} // namespace zb

@@ -1,0 +1,186 @@
+#include "platform/text_file.h"
+
+#include <array>
+#include <cerrno>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/text.h"
+#include "platform/utf16.h"
+
+namespace zb {
+
+namespace {
+
+constexpr std::string_view kLittleEndianMark = "\xFF\xFE";
+constexpr std::string_view kBigEndianMark = "\xFE\xFF";
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
+class OpenFile {
+public:
+    explicit OpenFile(int descriptor) : descriptor_(descriptor) {}
+    ~OpenFile() {
+        if (descriptor_ >= 0) {
+            ::close(descriptor_);
+        }
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    int descriptor() const { return descriptor_; }
+
+private:
+    int descriptor_;
+};
+
+Result<std::string> readAll(int descriptor, std::size_t expected) {
+    std::string bytes;
+    bytes.reserve(expected);
+    std::array<char, 65536> buffer{};
+    while (true) {
+        const ssize_t count = ::read(descriptor, buffer.data(), buffer.size());
+        if (count == 0) {
+            return bytes;
+        }
+        if (count > 0) {
+            bytes.append(buffer.data(), static_cast<std::size_t>(count));
+        } else if (errno != EINTR) {
+            return systemError(errno);
+        }
+    }
+}
+
+} // namespace
+
+Result<std::string> readBytes(const std::filesystem::path& path) {
+    // Without O_NONBLOCK the opening of a pipe would wait for its writer.
+    const OpenFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (file.descriptor() < 0) {
+        return systemError(errno);
+    }
+    struct stat status {};
+    if (::fstat(file.descriptor(), &status) != 0) {
+        return systemError(errno);
+    }
+    if (S_ISDIR(status.st_mode)) {
+        return systemError(EISDIR);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return FileError{EINVAL, "Not a regular file"};
+    }
+    return readAll(file.descriptor(), static_cast<std::size_t>(status.st_size));
+}
+
+std::string decodeText(std::string_view bytes, const CodePage& codePage, DecodeAs decodeAs) {
+    if (decodeAs == DecodeAs::codePage) {
+        return codePage.toUtf8(bytes);
+    }
+    if (bytes.starts_with(kLittleEndianMark)) {
+        return decodeUtf16(bytes.substr(kLittleEndianMark.size()), ByteOrder::littleEndian).text;
+    }
+    if (bytes.starts_with(kBigEndianMark)) {
+        return decodeUtf16(bytes.substr(kBigEndianMark.size()), ByteOrder::bigEndian).text;
+    }
+    if (bytes.starts_with(kUtf8Mark)) {
+        return sanitizeUtf8(bytes.substr(kUtf8Mark.size()));
+    }
+    return isValidUtf8(bytes) ? std::string(bytes) : codePage.toUtf8(bytes);
+}
+
+namespace {
+
+bool isTextUnit(char16_t unit) {
+    const bool control = unit < 0x20 && unit != u'\t' && unit != u'\n' && unit != u'\r';
+    const bool noCharacter = unit >= 0xFFFE || (unit >= 0xFDD0 && unit <= 0xFDEF);
+    return !control && !noCharacter;
+}
+
+// Whether unmarked bytes read as text in this order: no unit that text does not have, and, since a project's
+// own words are ASCII, at least half of it ASCII. A lone surrogate does not decide: one damaged character
+// leaves the rest readable.
+bool readsAsUtf16(std::string_view bytes, ByteOrder order) {
+    constexpr std::size_t kLeastAsciiShare = 2;
+    std::size_t ascii = 0;
+    const std::size_t units = bytes.size() / 2;
+    for (std::size_t i = 0; i < units; ++i) {
+        const char16_t unit = unitAt(bytes, 2 * i, order);
+        if (!isTextUnit(unit)) {
+            return false;
+        }
+        ascii += unit < 0x80 ? 1 : 0;
+    }
+    return units > 0 && ascii * kLeastAsciiShare >= units;
+}
+
+ProjectText projectOfUtf16(std::string_view bytes, ByteOrder order, bool marked) {
+    DecodedUtf16 decoded = decodeUtf16(bytes, order);
+    ProjectText project;
+    project.text = std::move(decoded.text);
+    project.encoding = order == ByteOrder::littleEndian ? ProjectEncoding::utf16LittleEndian
+                                                        : ProjectEncoding::utf16BigEndian;
+    project.marked = marked;
+    project.replacements = decoded.replacements;
+    if (decoded.endsInCharacter) {
+        project.fault = "the file ends in the middle of a character";
+    } else if (project.text.empty()) {
+        project.fault = "the file is empty";
+    }
+    return project;
+}
+
+ProjectText projectOfUtf8(std::string_view bytes, bool marked) {
+    return {sanitizeUtf8(bytes), ProjectEncoding::utf8, marked, 0,
+            "the file is UTF-8 text, and a project file is UTF-16 text"};
+}
+
+ProjectText unmarkedProject(std::string_view bytes) {
+    const bool hasNul = bytes.find('\0') != std::string_view::npos;
+    if (!hasNul && isValidUtf8(bytes)) {
+        return projectOfUtf8(bytes, false);
+    }
+    for (const ByteOrder order : {ByteOrder::littleEndian, ByteOrder::bigEndian}) {
+        if (readsAsUtf16(bytes, order)) {
+            return projectOfUtf16(bytes, order, false);
+        }
+    }
+    ProjectText project = projectOfUtf16(bytes, ByteOrder::littleEndian, false);
+    project.encoding = ProjectEncoding::unknown;
+    project.fault = "the file is no UTF-16 text";
+    return project;
+}
+
+} // namespace
+
+ProjectText decodeProject(std::string_view bytes) {
+    if (bytes.empty()) {
+        return {{}, ProjectEncoding::unknown, false, 0, "the file is empty"};
+    }
+    if (bytes.starts_with(kLittleEndianMark)) {
+        return projectOfUtf16(bytes.substr(kLittleEndianMark.size()), ByteOrder::littleEndian, true);
+    }
+    if (bytes.starts_with(kBigEndianMark)) {
+        return projectOfUtf16(bytes.substr(kBigEndianMark.size()), ByteOrder::bigEndian, true);
+    }
+    if (bytes.starts_with(kUtf8Mark)) {
+        return projectOfUtf8(bytes.substr(kUtf8Mark.size()), true);
+    }
+    return unmarkedProject(bytes);
+}
+
+std::optional<std::string_view> LineReader::next() {
+    if (rest_.empty()) {
+        return std::nullopt;
+    }
+    const std::size_t end = rest_.find('\n');
+    std::string_view line = rest_.substr(0, end);
+    rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    ++lineNumber_;
+    return line;
+}
+
+} // namespace zb

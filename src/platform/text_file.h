@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/code_page.h"
+#include "platform/result.h"
+
+// Files of text: read whole, decoded to UTF-8, walked line by line.
+namespace zb {
+
+// The bytes of a regular file. A missing or unreadable file is an error, and so is whatever is no file (a
+// folder, a pipe, a device): nothing that could keep the program waiting is ever read.
+Result<std::string> readBytes(const std::filesystem::path& path);
+
+// How the bytes of a library or definition file become text.
+enum class DecodeAs {
+    detected, // UTF-16 or UTF-8 by its mark, else UTF-8 when it is valid, else the code page
+    codePage, // the code page, whatever the bytes look like
+};
+// Damaged sequences become U+FFFD; an odd last byte of UTF-16 is dropped.
+std::string decodeText(std::string_view bytes, const CodePage& codePage,
+                       DecodeAs decodeAs = DecodeAs::detected);
+
+enum class ProjectEncoding {
+    utf16LittleEndian,
+    utf16BigEndian,
+    utf8,    // no project as it stands, yet its text is whole
+    unknown, // empty, or neither UTF-16 nor UTF-8
+};
+
+// A project file's text, as far as there is one.
+struct ProjectText {
+    std::string text;
+    ProjectEncoding encoding = ProjectEncoding::unknown;
+    bool marked = false;          // it began with a byte order mark
+    std::size_t replacements = 0; // characters that were damaged and became U+FFFD
+    // Why these bytes are no project file, for the one who named the file; empty for UTF-16 text.
+    std::string fault;
+};
+
+// Decodes a project file. UTF-16 is told by its mark; without one it is taken as UTF-16 when it reads as
+// plain text in either byte order. Text in UTF-8 keeps its text but gets a fault, and so do an empty file, a
+// file that ends in the middle of a character (which is dropped or becomes U+FFFD), and bytes that are no
+// text (read as little endian).
+ProjectText decodeProject(std::string_view bytes);
+
+// UTF-16 little endian with a byte order mark, as project files are written. Line ends are taken as they are.
+std::string encodeUtf16(std::string_view utf8);
+
+// The lines of a text, without their CR LF or LF. An empty text has none, and the end of the last line makes
+// no line more.
+class LineReader {
+public:
+    explicit LineReader(std::string_view text) : rest_(text) {}
+
+    // The next line, a view into the text; nothing at the end.
+    std::optional<std::string_view> next();
+    bool atEnd() const { return rest_.empty(); }
+    // The number of the line that `next` gave last, counted from 1; 0 before the first.
+    std::size_t lineNumber() const { return lineNumber_; }
+
+private:
+    std::string_view rest_;
+    std::size_t lineNumber_ = 0;
+};
+
+} // namespace zb
