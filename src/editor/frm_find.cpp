@@ -1,0 +1,76 @@
+#include "editor/frm_find.h"
+
+#include "editor/find_scan.h"
+#include "platform/stores/desktop.h"
+#include "platform/stores/node_tree.h"
+#include "platform/text.h"
+
+#include <utility>
+
+namespace zb {
+
+frmFind::frmFind(Desktop& desktop, LiveTree liveTree)
+    : Window(desktop, "frmFind"), liveTree_(std::move(liveTree)) {
+    setCaption("Find");
+    setCancelButton(cmdCancel);
+    txtFindWhat.onChange = [this] {
+        cmdFindNext.setEnabled(!isBlank(txtFindWhat.text()));
+        takeOrigin();
+    };
+    // Enter searches even while the button is disabled: an empty text moves on by one node.
+    txtFindWhat.onKeyDown = [this](KeyEvent key) {
+        if (key.code == kKeyEnter)
+            findNext();
+    };
+    cmdFindNext.onClick = [this] { findNext(); };
+    cmdCancel.onClick = [this] { closeByFrame(); };
+    load();
+}
+
+void frmFind::load() {
+    txtFindWhat.setText("");
+    txtFindWhat.setLocked(false);
+    chkCaps.setChecked(false);
+    optAll.setOn(true);
+    cmdFindNext.setEnabled(false);
+    setFirstFocus(txtFindWhat);
+    origin_ = 1;
+}
+
+void frmFind::showFind() {
+    if (!visible())
+        load();
+    show();
+}
+
+void frmFind::closeByFrame() {
+    hide();
+    load();
+}
+
+void frmFind::takeOrigin() {
+    const Node* selected = liveTree_().selected();
+    origin_ = selected == nullptr ? 1 : selected->index();
+}
+
+FindDirection frmFind::direction() const {
+    if (optUp.on())
+        return FindDirection::Up;
+    return optDown.on() ? FindDirection::Down : FindDirection::All;
+}
+
+void frmFind::findNext() {
+    NodeTree& tree = liveTree_();
+    const FindRequest request{txtFindWhat.text(), chkCaps.checked() ? FindCase::Exact : FindCase::Ignored,
+                              direction(), origin_};
+    const FindResult result = zb::findNext(tree, request);
+    if (result.outcome == FindOutcome::Found)
+        tree.select(result.node);
+    if (result.outcome != FindOutcome::EndOfFile)
+        return;
+    desktop().showBox("End of file");
+    if (request.direction == FindDirection::All)
+        takeOrigin();
+}
+
+} // namespace zb

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/stores/simple_controls.h"
+#include "platform/stores/text_field.h"
+#include "platform/stores/window.h"
+
+#include <functional>
+
+namespace zb {
+
+class NodeTree;
+enum class FindDirection;
+
+/// The small window that looks for a text in the nodes of the message tree and selects the next one that has
+/// it.
+class frmFind : public Window {
+public:
+    /// The editor drops its whole tree for a new one, so the window asks for it at each search.
+    using LiveTree = std::function<NodeTree&()>;
+
+    frmFind(Desktop& desktop, LiveTree liveTree);
+
+    Label lblFindWhat{*this, "lblFindWhat", "What : "};
+    TextField txtFindWhat{*this, "txtFindWhat"};
+    CheckBox chkCaps{*this, "chkCaps", "Case Sensitive"};
+    Pane fraFindDirection{*this, "fraFindDirection", "Direction"};
+    OptionGroup directions;
+    Option optUp{*this, "optUp", "Up", directions, &fraFindDirection};
+    Option optDown{*this, "optDown", "Down", directions, &fraFindDirection};
+    Option optAll{*this, "optAll", "All", directions, &fraFindDirection};
+    Button cmdFindNext{*this, "cmdFindNext", "&FindNext"};
+    Button cmdCancel{*this, "cmdCancel", "&Cancel"};
+
+    /// Shows the window beside the others, fresh unless it stands already.
+    void showFind();
+    /// Selects the next match, or says that there is none.
+    void findNext();
+    void closeByFrame() override;
+
+private:
+    void load();
+    void takeOrigin();
+    FindDirection direction() const;
+
+    LiveTree liveTree_;
+    int origin_ = 1;
+};
+
+} // namespace zb
