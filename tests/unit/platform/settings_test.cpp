@@ -199,17 +199,36 @@ TEST(SettingsInAFile, TakeBytesThatAreNoText) {
     EXPECT_EQ(store.readRegValue("k\xFF", "v\xFF"), "x\uFFFDy");
 }
 
+// Gives the variables back as they were, since other tests share the process.
 class SettingsFolder : public testing::Test {
 protected:
-    void SetUp() override { set({}, {}, "/home/me"); }
+    void SetUp() override {
+        for (const char* name : {"ZELTOBENCH_CONFIG", "XDG_CONFIG_HOME", "HOME"}) {
+            const char* const value = std::getenv(name);
+            old_.emplace_back(name, value == nullptr ? std::nullopt : std::optional<std::string>(value));
+        }
+    }
+    void TearDown() override {
+        for (const auto& [name, value] : old_) {
+            if (value) {
+                ::setenv(name.c_str(), value->c_str(), 1);
+            } else {
+                ::unsetenv(name.c_str());
+            }
+        }
+    }
     static void set(const std::string& own, const std::string& config, const std::string& home) {
         ::setenv("ZELTOBENCH_CONFIG", own.c_str(), 1);
         ::setenv("XDG_CONFIG_HOME", config.c_str(), 1);
         ::setenv("HOME", home.c_str(), 1);
     }
+
+private:
+    std::vector<std::pair<std::string, std::optional<std::string>>> old_;
 };
 
 TEST_F(SettingsFolder, IsChosenByTheEnvironment) {
+    set("", "", "/home/me");
     EXPECT_EQ(settingsFolder(), "/home/me/.config/zeltobench");
     set("", "/config", "/home/me");
     EXPECT_EQ(settingsFolder(), "/config/zeltobench");
