@@ -20,7 +20,9 @@ bool Desktop::acceptsInput(const Window& window) const {
     // Windows that a dialog has opened in front of itself take input, too; those behind it do not.
     if (modal_.empty() || modal_.back().window == &window)
         return true;
-    const auto place = [&](const Window* wanted) { return std::find(windows_.begin(), windows_.end(), wanted); };
+    const auto place = [&](const Window* wanted) {
+        return std::find(windows_.begin(), windows_.end(), wanted);
+    };
     return !modal_.back().window->visible() || place(&window) > place(modal_.back().window);
 }
 
@@ -131,6 +133,7 @@ void Desktop::remove(Window& window) {
         if (entry.activeBefore == &window)
             entry.activeBefore = nullptr;
     }
+    screen_.forget(window);
 }
 
 void Desktop::leave(Window& window) {

@@ -141,6 +141,21 @@ void List::toggle(ListRow& row) {
     ring(Change::Selection);
 }
 
+void List::selectRange(ListRow& from, ListRow& to) {
+    if (selection_ == Selection::One) {
+        select(&to);
+        return;
+    }
+    const auto [first, last] = std::minmax(positionOf(&from), positionOf(&to));
+    int position = 0;
+    for (ListRow* row : shown()) {
+        ++position;
+        row->selected_ = position >= first && position <= last;
+    }
+    selected_ = &from;
+    ring(Change::Selection);
+}
+
 void List::touched() {
     shownIsOld_ = true;
     ring(Change::Rows);

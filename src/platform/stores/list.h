@@ -63,7 +63,8 @@ public:
     void clearColumns();
     const std::vector<ListColumn>& columns() const { return columns_; }
 
-    /// Behind the last row, or at `position` (from 0, in order of insertion). A Key that another row has is not given.
+    /// Behind the last row, or at `position` (from 0, in order of insertion). A Key that another row has is
+    /// not given.
     ListRow& add(std::string text, std::string key = {});
     ListRow& insert(std::size_t position, std::string text, std::string key = {});
     void remove(ListRow& row);
@@ -92,6 +93,9 @@ public:
     void select(ListRow* row);
     /// Adds the row to the selection or takes it out.
     void toggle(ListRow& row);
+    /// Selects the rows that show from `from` to `to` and no others; `from` stays the one that was chosen
+    /// last, so that the next range starts there, too. In a list of one selection `to` alone is selected.
+    void selectRange(ListRow& from, ListRow& to);
 
     std::function<void(int button, ListRow* row)> onMouseDown;
     std::function<void(int button, ListRow* row)> onMouseUp;

@@ -40,6 +40,8 @@ public:
     /// The window has come up or was made active.
     virtual void bringToFront(Window& window) = 0;
     virtual void openPopup(PopupMenu& menu) = 0;
+    /// The window is being destroyed; its controls are gone already.
+    virtual void forget(Window& /*window*/) {}
     /// Starts the platform's system information tool; false where there is none.
     virtual bool showSystemInformation() { return false; }
 };

@@ -21,15 +21,14 @@ namespace {
 
 using Kind = Control::Kind;
 
-constexpr int kLeftButton = 1;
-constexpr int kRightButton = 2;
-
-template <typename Store>
+template<typename Store>
 Store& as(Control& control) {
     return static_cast<Store&>(control);
 }
 
-std::string describe(const Control& control) { return control.window().name() + "." + control.name(); }
+std::string describe(const Control& control) {
+    return control.window().name() + "." + control.name();
+}
 
 bool isOpenPopupEntry(const Control& control, const PopupMenu* popup) {
     return popup != nullptr && control.kind() == Kind::MenuEntry &&
@@ -43,35 +42,9 @@ bool hasEntriesBelow(const MenuEntry& entry) {
     });
 }
 
-void clickNode(Tree& tree, Node* node) {
-    const int index = node == nullptr ? 0 : node->index();
-    if (node != nullptr)
-        tree.nodes().select(node);
-    fire(tree.onMouseDown, kLeftButton, node);
-    // A handler may have removed the node.
-    if (tree.nodes().at(index) != node)
-        return;
-    fire(tree.onMouseUp, kLeftButton, node);
-    if (node != nullptr && tree.nodes().at(index) == node)
-        fire(tree.onNodeClick, *node);
-}
-
 bool holds(const List& list, const ListRow* row) {
     return std::any_of(list.rows().begin(), list.rows().end(),
                        [&](const auto& candidate) { return candidate.get() == row; });
-}
-
-void clickRow(List& list, ListRow* row, KeyEvent modifiers) {
-    if (row != nullptr && (modifiers.shift & kControlKey) != 0)
-        list.toggle(*row);
-    else
-        list.select(row);
-    fire(list.onMouseDown, kLeftButton, row);
-    if (row != nullptr && !holds(list, row))
-        return;
-    fire(list.onMouseUp, kLeftButton, row);
-    if (row != nullptr && holds(list, row))
-        fire(list.onRowClick, *row);
 }
 
 } // namespace
@@ -117,22 +90,35 @@ UserHands::Refusal UserHands::pressMember(const Target& target, KeyEvent modifie
     switch (control.kind()) {
     case Kind::CheckBox:
     case Kind::Option:
-    case Kind::Button: pressByClick(control); break;
-    case Kind::MenuEntry: return runMenuEntry(control);
+    case Kind::Button:
+        pressByClick(control);
+        break;
+    case Kind::MenuEntry:
+        return runMenuEntry(control);
     case Kind::Toolbar:
         if (target.button != nullptr)
             fire(as<Toolbar>(control).onButtonClick, *target.button);
         break;
-    case Kind::Tree: clickNode(as<Tree>(control), target.node); break;
-    case Kind::List:
-        if (target.column)
-            fire(as<List>(control).onColumnClick, *target.column);
-        else
-            clickRow(as<List>(control), target.row, modifiers);
+    case Kind::Tree:
+        pressPart(target, MouseButton::Left, modifiers);
+        mouseUp(target, MouseButton::Left, modifiers);
         break;
-    case Kind::Pane: fire(as<Pane>(control).onPress); break;
-    case Kind::TextField: as<TextField>(control).caretToEnd(); break;
-    default: break;
+    case Kind::List:
+        if (target.column) {
+            fire(as<List>(control).onColumnClick, *target.column);
+        } else {
+            pressPart(target, MouseButton::Left, modifiers);
+            mouseUp(target, MouseButton::Left, modifiers);
+        }
+        break;
+    case Kind::Pane:
+        fire(as<Pane>(control).onPress);
+        break;
+    case Kind::TextField:
+        as<TextField>(control).caretToEnd();
+        break;
+    default:
+        break;
     }
     return {};
 }
@@ -153,19 +139,69 @@ UserHands::Refusal UserHands::runMenuEntry(Control& control) {
 }
 
 UserHands::Refusal UserHands::rightClick(const Target& target) {
+    if (Refusal refusal = mouseDown(target, MouseButton::Right); !refusal.empty())
+        return refusal;
+    mouseUp(target, MouseButton::Right);
+    return {};
+}
+
+UserHands::Refusal UserHands::mouseDown(const Target& target, MouseButton button, KeyEvent modifiers) {
     if (Refusal refusal = begin(target, true); !refusal.empty())
         return refusal;
+    pressPart(target, button, modifiers);
+    return {};
+}
+
+void UserHands::pressPart(const Target& target, MouseButton button, KeyEvent modifiers) {
     Control& control = *target.control;
     if (control.kind() == Kind::Tree) {
         auto& tree = as<Tree>(control);
-        fire(tree.onMouseDown, kRightButton, target.node);
-        fire(tree.onMouseUp, kRightButton, target.node);
+        pressedIndex_ = target.node == nullptr ? 0 : target.node->index();
+        if (button == MouseButton::Left && target.node != nullptr)
+            tree.nodes().select(target.node);
+        fire(tree.onMouseDown, static_cast<int>(button), target.node);
+    } else if (control.kind() == Kind::List && !target.column) {
+        pressRow(as<List>(control), target.row, button, modifiers);
+    }
+}
+
+void UserHands::pressRow(List& list, ListRow* row, MouseButton button, KeyEvent modifiers) {
+    if (button == MouseButton::Left) {
+        if (row != nullptr && (modifiers.shift & kControlKey) != 0)
+            list.toggle(*row);
+        else if (row == nullptr || !row->selected())
+            list.select(row);
+    }
+    fire(list.onMouseDown, static_cast<int>(button), row);
+}
+
+// A handler may have removed what was pressed.
+bool UserHands::stillThere(const Target& target) const {
+    if (target.node != nullptr)
+        return as<Tree>(*target.control).nodes().at(pressedIndex_) == target.node;
+    return target.row == nullptr || holds(as<List>(*target.control), target.row);
+}
+
+void UserHands::mouseUp(const Target& target, MouseButton button, KeyEvent modifiers) {
+    if (!stillThere(target))
+        return;
+    Control& control = *target.control;
+    const int number = static_cast<int>(button);
+    const bool left = button == MouseButton::Left;
+    if (control.kind() == Kind::Tree) {
+        auto& tree = as<Tree>(control);
+        fire(tree.onMouseUp, number, target.node);
+        if (left && target.node != nullptr && stillThere(target))
+            fire(tree.onNodeClick, *target.node);
     } else if (control.kind() == Kind::List && !target.column) {
         auto& list = as<List>(control);
-        fire(list.onMouseDown, kRightButton, target.row);
-        fire(list.onMouseUp, kRightButton, target.row);
+        // The press left a selection of several as it was, in case that it should be dragged.
+        if (left && target.row != nullptr && (modifiers.shift & (kControlKey | kShiftKey)) == 0)
+            list.select(target.row);
+        fire(list.onMouseUp, number, target.row);
+        if (left && target.row != nullptr && stillThere(target))
+            fire(list.onRowClick, *target.row);
     }
-    return {};
 }
 
 UserHands::Refusal UserHands::doubleClick(const Target& target) {
@@ -177,13 +213,16 @@ UserHands::Refusal UserHands::doubleClick(const Target& target) {
         auto& tree = as<Tree>(control);
         if (tree.nodes().at(index) == target.node)
             fire(tree.onDoubleClick, *target.node);
-    } else if (control.kind() == Kind::List && target.row != nullptr && holds(as<List>(control), target.row)) {
+    } else if (control.kind() == Kind::List && target.row != nullptr &&
+               holds(as<List>(control), target.row)) {
         fire(as<List>(control).onDoubleClick, *target.row);
     }
     return {};
 }
 
-void UserHands::dismiss() { desktop_.closePopup(); }
+void UserHands::dismiss() {
+    desktop_.closePopup();
+}
 
 UserHands::Refusal UserHands::focus(Control& control) {
     if (!control.takesFocus())
@@ -208,17 +247,60 @@ UserHands::Refusal UserHands::close(Window& window) {
     return {};
 }
 
-UserHands::Refusal UserHands::key(Control& control, KeyEvent key) {
+UserHands::Refusal UserHands::keyDown(Control& control, KeyEvent key) {
     if (!control.takesFocus())
         return describe(control) + " takes no keys";
     if (Refusal refusal = begin(Target::whole(control), true); !refusal.empty())
         return refusal;
     fire(control.onKeyDown, key);
-    if (!whyNot(control).empty())
-        return {};
+    if (Refusal refusal = whyNot(control); !refusal.empty())
+        return refusal;
     applyKey(control, key);
+    return {};
+}
+
+void UserHands::keyUp(Control& control, KeyEvent key) {
     if (control.window().visible())
         fire(control.onKeyUp, key);
+}
+
+UserHands::Refusal UserHands::key(Control& control, KeyEvent key) {
+    if (!control.takesFocus())
+        return describe(control) + " takes no keys";
+    if (Refusal refusal = begin(Target::whole(control), true); !refusal.empty())
+        return refusal;
+    // From here on the key has been pressed, whatever comes of it.
+    if (keyDown(control, key).empty())
+        keyUp(control, key);
+    return {};
+}
+
+UserHands::Refusal UserHands::insert(Control& control, std::string_view text) {
+    if (control.kind() != Kind::TextField)
+        return describe(control) + " is no text field";
+    if (Refusal refusal = begin(Target::whole(control), true); !refusal.empty())
+        return refusal;
+    as<TextField>(control).insert(text);
+    return {};
+}
+
+UserHands::Refusal UserHands::choose(Combo& combo, std::size_t position) {
+    if (Refusal refusal = begin(Target::whole(combo), true); !refusal.empty())
+        return refusal;
+    combo.choose(position);
+    return {};
+}
+
+UserHands::Refusal UserHands::extendTo(List& list, ListRow& row) {
+    if (list.selection() == List::Selection::One || list.selected() == nullptr) {
+        Target target = Target::whole(list);
+        target.row = &row;
+        return mouseDown(target, MouseButton::Left);
+    }
+    if (Refusal refusal = begin(Target::whole(list), true); !refusal.empty())
+        return refusal;
+    list.selectRange(*list.selected(), row);
+    fire(list.onMouseDown, static_cast<int>(MouseButton::Left), &row);
     return {};
 }
 
@@ -260,38 +342,39 @@ UserHands::Refusal UserHands::choose(Control& control, std::string_view text) {
     return {};
 }
 
-std::optional<DragData> UserHands::startDrag(const Target& from) {
+std::optional<DragData> UserHands::beginDrag(const Target& from) {
     Control& control = *from.control;
+    if (!stillThere(from))
+        return std::nullopt;
     if (control.kind() == Kind::Tree) {
-        if (from.node == nullptr)
-            return std::nullopt;
         auto& tree = as<Tree>(control);
-        const int index = from.node->index();
-        tree.nodes().select(from.node);
-        fire(tree.onMouseDown, kLeftButton, from.node);
-        if (!tree.onDragStart || tree.nodes().at(index) != from.node)
-            return std::nullopt;
-        return tree.onDragStart(*from.node);
+        return from.node != nullptr && tree.onDragStart ? tree.onDragStart(*from.node) : std::nullopt;
     }
-    if (control.kind() == Kind::List) {
-        auto& list = as<List>(control);
-        if (from.row != nullptr && !from.row->selected())
-            list.select(from.row);
-        fire(list.onMouseDown, kLeftButton, from.row);
-        return list.onDragStart ? list.onDragStart() : std::nullopt;
-    }
-    if (control.kind() == Kind::Pane)
-        fire(as<Pane>(control).onPress);
+    if (control.kind() == Kind::List)
+        return as<List>(control).onDragStart ? as<List>(control).onDragStart() : std::nullopt;
     return control.onDragData ? control.onDragData() : std::nullopt;
 }
 
 UserHands::Refusal UserHands::drag(const Target& from, const Target& to) {
     if (Refusal refusal = begin(from, true); !refusal.empty())
         return refusal;
-    const std::optional<DragData> data = startDrag(from);
+    if (from.control->kind() == Kind::Pane)
+        fire(as<Pane>(*from.control).onPress);
+    pressPart(from, MouseButton::Left, {});
+    const std::optional<DragData> data = beginDrag(from);
     if (!data)
         return {};
     return drop(*data, to);
+}
+
+void UserHands::dragOver(const DragData& data, const Target& to) {
+    Control& control = *to.control;
+    if (!whyNot(control).empty())
+        return;
+    if (control.kind() == Kind::Tree)
+        fire(as<Tree>(control).onDragOver, data, to.node);
+    else if (control.kind() == Kind::List)
+        fire(as<List>(control).onDragOver, data, to.row);
 }
 
 UserHands::Refusal UserHands::drop(const DragData& data, const Target& to) {

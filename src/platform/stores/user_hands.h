@@ -9,8 +9,10 @@
 
 namespace zb {
 
+class Combo;
 class Control;
 class Desktop;
+class List;
 class ListRow;
 class Node;
 class ToolbarButton;
@@ -40,6 +42,7 @@ public:
     explicit UserHands(Desktop& desktop) : desktop_(desktop) {}
 
     using Refusal = std::string;
+    enum class MouseButton { Left = 1, Right = 2 };
 
     Refusal click(const Target& target) { return press(target, {}); }
     /// The same with Ctrl: adds a row to the selection or takes it out.
@@ -64,15 +67,40 @@ public:
     Refusal drag(const Target& from, const Target& to);
     Refusal drop(const DragData& data, const Target& to);
 
+    /// The same actions in the parts in which a person's hands do them, with time between the parts. A part
+    /// is left out after one that was refused.
+    /// @{
+    /// Presses a button of the mouse on a tree or list. The left one selects what is below it, except that a
+    /// selected row keeps the selection, for a drag of several.
+    Refusal mouseDown(const Target& target, MouseButton button, KeyEvent modifiers = {});
+    /// Lets go of it there; a target that is gone is let alone.
+    void mouseUp(const Target& target, MouseButton button, KeyEvent modifiers = {});
+    /// A drag starts on a target that has been pressed; nothing back refuses it.
+    std::optional<DragData> beginDrag(const Target& from);
+    void dragOver(const DragData& data, const Target& to);
+
+    Refusal keyDown(Control& control, KeyEvent key);
+    void keyUp(Control& control, KeyEvent key);
+    /// Text from an input method, or a paste at the caret; it replaces the selection.
+    Refusal insert(Control& control, std::string_view text);
+    /// A row of a combo by its position, from 0.
+    Refusal choose(Combo& combo, std::size_t position);
+    /// Shift and a click in a list: all rows from the selected one to this one.
+    Refusal extendTo(List& list, ListRow& row);
+    /// @}
+
 private:
     Refusal whyNot(const Control& control) const;
     Refusal begin(const Target& target, bool takesFocus);
     Refusal press(const Target& target, KeyEvent modifiers);
     Refusal pressMember(const Target& target, KeyEvent modifiers);
+    void pressPart(const Target& target, MouseButton button, KeyEvent modifiers);
+    void pressRow(List& list, ListRow* row, MouseButton button, KeyEvent modifiers);
+    bool stillThere(const Target& target) const;
     Refusal runMenuEntry(Control& control);
-    std::optional<DragData> startDrag(const Target& from);
 
     Desktop& desktop_;
+    int pressedIndex_ = 0; // of the node under the button that was pressed last
 };
 
 } // namespace zb
