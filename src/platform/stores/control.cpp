@@ -54,20 +54,14 @@ bool Control::takesFocus() const {
     case Kind::Combo:
     case Kind::FolderField:
     case Kind::List:
-    case Kind::Tree:
-        return true;
-    default:
-        return false;
+    case Kind::Tree: return true;
+    default: return false;
     }
 }
 
-bool Control::focused() const {
-    return window_.desktop().hasFocus(*this);
-}
+bool Control::focused() const { return window_.desktop().hasFocus(*this); }
 
-void Control::setFocus() {
-    window_.desktop().focus(*this);
-}
+void Control::setFocus() { window_.desktop().focus(*this); }
 
 void Control::ring(Change change) const {
     if (bell)
