@@ -3,20 +3,18 @@
 #include "messages/project_commands.h"
 #include "platform/stores/menu.h"
 
-#include <string>
-
 namespace zb {
 
-/// The menus that a document window shares with the others: project, build, option, window and help. They lead to the
-/// shared commands, of which the long ones show the hourglass on the window while they run. A window adds its own
-/// menus between them; the order in the menu bar is that of declaration.
-class StandardMenus {
-public:
-    StandardMenus(Window& window, ProjectCommands& commands);
+// The menus that the document windows share. They lead to the shared commands, of which the long ones show
+// the hourglass on the window while they run. The order in a menu bar is that of declaration, so a window
+// that has menus of its own between Project and Build declares the two halves apart.
 
-    /// Runs a shared command from an entry, with the hourglass on the window. The windows wire the entries that
-    /// mean something in them alone: the modeler's TMD build, the way to the other window.
-    void runBusy(MenuEntry& entry, void (ProjectCommands::*command)(Window&));
+/// Makes an entry run a shared command, with the hourglass on the entry's window.
+void runBusy(MenuEntry& entry, ProjectCommands& commands, void (ProjectCommands::*command)(Window&));
+
+class ProjectMenu {
+public:
+    ProjectMenu(Window& window, ProjectCommands& commands);
 
     MenuEntry mnuProject;
     MenuEntry mnuNew;
@@ -25,6 +23,14 @@ public:
     MenuEntry mnuSaveAs;
     MenuEntry mnuPrint; ///< the system does not print
     MenuEntry mnuExit;
+};
+
+/// Build, option, window and help. The windows wire the entries that mean something in them alone: the
+/// modeler's TMD build, the way to the other window.
+class CommandMenus {
+public:
+    CommandMenus(Window& window, ProjectCommands& commands);
+
     MenuEntry mnuBuild;
     MenuEntry mnuBuildSMD;
     MenuEntry mnuTMD;
@@ -36,9 +42,19 @@ public:
     MenuEntry mnuModeler;
     MenuEntry mnuHelp;
     MenuEntry mnuAbout;
+};
+
+/// Both halves, for a window with no menus between them.
+class StandardMenus : public ProjectMenu, public CommandMenus {
+public:
+    StandardMenus(Window& window, ProjectCommands& commands)
+        : ProjectMenu(window, commands), CommandMenus(window, commands), commands_(commands) {}
+
+    void runBusy(MenuEntry& entry, void (ProjectCommands::*command)(Window&)) {
+        zb::runBusy(entry, commands_, command);
+    }
 
 private:
-    Window& window_;
     ProjectCommands& commands_;
 };
 

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "editor/editor_menus.h"
+#include "messages/standard_menus.h"
+#include "platform/stores/bars.h"
+#include "platform/stores/combo.h"
+#include "platform/stores/list.h"
+#include "platform/stores/simple_controls.h"
+#include "platform/stores/text_field.h"
+#include "platform/stores/tree.h"
+#include "platform/stores/window.h"
+
+namespace zb {
+
+/// All that stands in the editor window, in tab order. What the controls do is told by the panes and command
+/// groups that hang their handlers on them.
+class EditorControls : public Window {
+public:
+    EditorControls(Desktop& desktop, ProjectCommands& commands);
+
+    ProjectMenu projectMenu;
+    MenuEntry mnuEdit{*this, "mnuEdit", "Edit(&E)"};
+    MenuEntry mnuView{*this, "mnuView", "View(&V)"};
+    MenuEntry mnuInsert{*this, "mnuInsert", "Insert(&I)"};
+    StructureEntries editEntries{*this, "mnu", mnuEdit, mnuInsert};
+    MenuEntry mnuFind{*this, "mnuFind", "Find(&F)", &mnuEdit};
+    MenuEntry mnuExpand{*this, "mnuExpand", "Expand(&N)", &mnuView};
+    LibraryMenu libraryMenu{*this, mnuView};
+    CommandMenus commandMenus;
+    PopupMenu mnuPopup{*this, "mnuPopup"};
+    StructureEntries popEntries{*this, "mnuPop", mnuPopup, mnuPopup};
+
+    /// The opened library's messages.
+    List lvwSource{*this, "lvwSource", nullptr, List::Selection::Many};
+    Combo cboSECSMessage{*this, "cboSECSMessage"};
+    Tree tvwEdit{*this, "tvwEdit"};
+
+    Pane picMsg{*this, "picMsg"};
+    Label lblStream{*this, "lblStream", "Stream", &picMsg};
+    TextField txtStream{*this, "txtStream", &picMsg};
+    Label lblFunction{*this, "lblFunction", "Function", &picMsg};
+    TextField txtFunction{*this, "txtFunction", &picMsg};
+    Label lblMsgName{*this, "lblMsgName", "Msg Name", &picMsg};
+    TextField txtMsgName{*this, "txtMsgName", &picMsg};
+    Label lblDescription{*this, "lblDescription", "Description", &picMsg};
+    TextField txtDescription{*this, "txtDescription", &picMsg};
+    CheckBox chkWait{*this, "chkWait", "Wait", &picMsg};
+    CheckBox chkReply{*this, "chkReply", "Auto Reply", &picMsg};
+    CheckBox chkNoLogging{*this, "chkNoLogging", "No Logging", &picMsg};
+    OptionGroup directions;
+    Option optHost{*this, "optHost", "To Equip", directions, &picMsg};
+    Option optEqp{*this, "optEqp", "To Host", directions, &picMsg};
+    Option optBoth{*this, "optBoth", "Both", directions, &picMsg};
+    Button cmdMsgAdd{*this, "cmdMsgAdd", "&Add", &picMsg};
+    Button cmdMsgChange{*this, "cmdMsgChange", "&Change", &picMsg};
+
+    Pane picItem{*this, "picItem"};
+    Label lblItemName{*this, "lblItemName", "Item Name", &picItem};
+    TextField txtItemName{*this, "txtItemName", &picItem};
+    Label lblItemCount{*this, "lblItemCount", "Item Count", &picItem};
+    TextField txtItemCount{*this, "txtItemCount", &picItem};
+    CheckBox chkFix{*this, "chkFix", "Fixed Count", &picItem};
+    CheckBox chkIsItemKey{*this, "chkIsItemKey", "ItemKey", &picItem};
+    Label lblTypes{*this, "lblTypes", "Types", &picItem};
+    Toolbar tbritemType{*this, "tbritemType", &picItem};
+    Label lblInit{*this, "lblInit", "Initial Value", &picItem};
+    TextField txtInit{*this, "txtInit", &picItem};
+
+    /// The splitter as a number, for the keyboard and for scripts: the width of the tree column in the
+    /// window's units. A width typed here holds once the field is left or Enter is pressed; one that the
+    /// splitter refuses gives way to the old one.
+    Label lblTreeWidth{*this, "lblTreeWidth", "Tree Width"};
+    TextField txtTreeWidth{*this, "txtTreeWidth"};
+
+    /// The clipboard, which outlives a change of the project.
+    Tree tvwTemp{*this, "tvwTemp"};
+    /// The rows that a drag from lvwSource carries.
+    List List1{*this, "List1"};
+
+private:
+    void addTypeButtons();
+    void setToolTips();
+    void setShortcuts();
+};
+
+} // namespace zb

@@ -1,0 +1,54 @@
+#include "editor/item_names.h"
+
+#include "editor/message_nodes.h"
+#include "messages/item_record.h"
+#include "platform/stores/node.h"
+#include "platform/text.h"
+
+namespace zb {
+
+std::string_view itemNameInText(std::string_view itemText) {
+    const std::string_view word = wordAt(itemText, 2);
+    if (word.empty() || !isItemName(wordAt(itemText, 0), word))
+        return {};
+    return word;
+}
+
+ItemNames::ItemNames(const Node& nodeOfMessage) {
+    collectItemNames(rootOf(nodeOfMessage));
+}
+
+void ItemNames::add(std::string_view name) {
+    if (!name.empty())
+        names_.emplace(name);
+}
+
+std::string ItemNames::uniqueItemName(std::string_view name) {
+    std::string& unique = lastMade_.try_emplace(std::string(name), name).first->second;
+    while (holds(unique))
+        unique += '1';
+    return unique;
+}
+
+std::string ItemNames::uniqueItemText(std::string_view itemText) {
+    const std::string name(itemNameInText(itemText));
+    if (name.empty())
+        return std::string(itemText);
+    return replaceAll(itemText, " " + name + " ", " " + uniqueItemName(name) + " ");
+}
+
+/// Walks without recursion, for messages of any depth.
+void ItemNames::collectItemNames(const Node& root) {
+    for (const Node* node = root.child(); node != nullptr;) {
+        add(itemNameInText(node->text()));
+        if (node->child() != nullptr) {
+            node = node->child();
+            continue;
+        }
+        while (node != &root && node->next() == nullptr)
+            node = node->parent();
+        node = node == &root ? nullptr : node->next();
+    }
+}
+
+} // namespace zb

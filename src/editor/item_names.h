@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace zb {
+
+class Node;
+
+/// The name in an item's Text, its third word; empty when that is a value or missing.
+std::string_view itemNameInText(std::string_view itemText);
+
+/// The item names of one message. They are compared letter by letter.
+class ItemNames {
+public:
+    ItemNames() = default;
+    /// Collects the names of all items of the message that the node belongs to.
+    explicit ItemNames(const Node& nodeOfMessage);
+
+    bool holds(std::string_view name) const { return names_.contains(std::string(name)); }
+    void add(std::string_view name);
+
+    /// The name with "1" behind it, as often as it takes until no item has it.
+    std::string uniqueItemName(std::string_view name);
+    /// The Text with its name made unique. Only a name with a blank behind it is replaced: one that ends the
+    /// Text stays, so a list without a value keeps its name in a copy.
+    std::string uniqueItemText(std::string_view itemText);
+
+private:
+    void collectItemNames(const Node& root);
+
+    std::unordered_set<std::string> names_;
+    /// The last unique name made from a name. All shorter forms are taken, so the next search goes on from
+    /// here and a message full of equal names is copied without trying them all each time.
+    std::unordered_map<std::string, std::string> lastMade_;
+};
+
+} // namespace zb
