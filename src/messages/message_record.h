@@ -2,6 +2,7 @@
 
 #include "messages/item_record.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,22 +36,40 @@ public:
     std::string getHeadText() const;
     /// One line an item: depth number, blank, item Text.
     std::string getBodyText() const;
-    /// Reads one message in project form or build form, comment lines included. The status is empty on success, else it
-    /// says what is wrong.
+    /// Reads one message in project form or build form, comment lines included. The status is empty on
+    /// success, else it says what is wrong; the record takes what it can in any case.
     std::string parseSmd(std::string_view text, int formatCode);
-    /// From the Texts of a MessageNode and of the description node before it. The record takes what it can in any case.
+    /// From the Texts of a MessageNode and of the description node before it. The record takes what it can in
+    /// any case.
     std::string parseNodeText(std::string_view nodeText, std::string_view description);
+    /// From the texts that `getHeadText` and `getBodyText` are made of.
+    std::string parseTexts(std::string_view nodeText, std::string_view description,
+                           std::string_view bodyText);
     /// In tree order, with their levels.
     std::vector<SECSItemRecord> getItems() const;
 
+    /// The SMD text that `parseSmd` was given.
+    const std::string& sourceText() const { return source_; }
+
 private:
+    friend class SECSMessageStore;
+    enum class BodyCheck { None, Full };
+    std::string takeSmd(std::string_view text, BodyCheck check);
+    std::string takeHead();
+    std::string takeMark(std::string_view word);
+    template<typename Visit>
+    void visitItems(Visit visit) const;
+
     std::string name_;
     std::string description_;
     std::string nodeText_;
     std::string streamText_;
     std::string functionText_;
     std::string direction_;
-    std::string body_; ///< as getBodyText gives it
+    std::string source_;
+    std::size_t bodyStart_ = 0; ///< in `source_`; items are taken apart when they are asked for
+    std::size_t bodyLength_ = 0;
+    bool bodyIsNumbered_ = false; ///< as `getBodyText` gives it
     bool wait_ = false;
     bool reply_ = false;
     bool noLogging_ = false;

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstddef>
+
+namespace zb {
+
+/// The depth that a number of leading blanks stands for: a quarter of it, a half going to the even neighbour.
+inline long depthOfIndentation(std::size_t blanks) {
+    const auto whole = static_cast<long>(blanks / 4);
+    const std::size_t rest = blanks % 4;
+    if (rest == 2)
+        return whole + whole % 2;
+    return rest > 2 ? whole + 1 : whole;
+}
+
+} // namespace zb

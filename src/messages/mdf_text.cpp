@@ -1,0 +1,214 @@
+#include "messages/mdf_text.h"
+
+#include "messages/item_grammar.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+
+#include <charconv>
+#include <optional>
+#include <utility>
+
+namespace zb {
+
+namespace {
+
+constexpr std::string_view kFirstLine = "MDF 1";
+
+/// Keeps a text on its line, and keeps the blanks at its ends.
+std::string escaped(std::string_view text) {
+    std::string line;
+    line.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool atEnd = i == 0 || i + 1 == text.size();
+        switch (text[i]) {
+        case '\\':
+            line += "\\\\";
+            break;
+        case '\r':
+            line += "\\r";
+            break;
+        case '\n':
+            line += "\\n";
+            break;
+        case '\t':
+            line += "\\t";
+            break;
+        case ' ':
+            line += atEnd ? "\\s" : " ";
+            break;
+        default:
+            line += text[i];
+        }
+    }
+    return line;
+}
+
+std::string unescaped(std::string_view line) {
+    std::string text;
+    text.reserve(line.size());
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (line[i] != '\\' || i + 1 == line.size()) {
+            text += line[i];
+            continue;
+        }
+        switch (line[++i]) {
+        case 'r':
+            text += '\r';
+            break;
+        case 'n':
+            text += '\n';
+            break;
+        case 't':
+            text += '\t';
+            break;
+        case 's':
+            text += ' ';
+            break;
+        default:
+            text += line[i];
+        }
+    }
+    return text;
+}
+
+std::string_view marksOf(const SECSMessageRecord& record, const std::string& head) {
+    std::string_view nodeText = std::string_view(head).substr(record.getDescription().size() + 2);
+    const std::size_t colon = nodeText.find(": ");
+    return colon == std::string_view::npos ? std::string_view() : nodeText.substr(colon + 2);
+}
+
+/// Gathers the lines of one message until the next begins.
+class MdfReader {
+public:
+    MdfReader(TextFindings& findings, std::vector<SECSMessageRecord>& records)
+        : findings_(findings), records_(records) {}
+
+    void line(std::string_view line, std::size_t number) {
+        number_ = number;
+        std::string_view rest = line;
+        const std::string_view keyword = takeWord(rest);
+        if (keyword == "MESSAGE")
+            begin(rest);
+        else if (!open_)
+            tell("\"MESSAGE\" was expected");
+        else if (keyword == "DESCRIPTION")
+            description_ = unescaped(rest);
+        else if (keyword == "HEAD")
+            head_ = unescaped(rest);
+        else if (keyword == "ITEM")
+            item(rest);
+        else if (keyword == "END")
+            finish();
+        else
+            tell("\"" + std::string(keyword) + "\" is no keyword");
+    }
+
+    void finish() {
+        if (!open_)
+            return;
+        open_ = false;
+        SECSMessageRecord record;
+        const std::string status = record.parseTexts(name_ + ": " + head_, description_, body_);
+        if (status.empty())
+            records_.push_back(std::move(record));
+        else
+            findings_.push_back({TextFinding::Severity::Error, start_, status});
+    }
+
+    void end() {
+        if (open_)
+            findings_.push_back(
+                {TextFinding::Severity::Warning, start_, "The message does not end with \"END\""});
+        finish();
+    }
+
+private:
+    void begin(std::string_view name) {
+        end();
+        open_ = true;
+        start_ = number_;
+        name_ = unescaped(name);
+        description_.clear();
+        head_.clear();
+        body_.clear();
+        level_ = 0;
+    }
+
+    void item(std::string_view rest) {
+        const std::string_view word = takeWord(rest);
+        int level = 0;
+        const auto [last, error] = std::from_chars(word.data(), word.data() + word.size(), level);
+        if (error != std::errc() || last != word.data() + word.size() || level < 1 || level > level_ + 1) {
+            tell("The level of the item does not follow from the line before");
+            level = level_ == 0 ? 1 : level_;
+        }
+        const std::string text = unescaped(rest);
+        SECSItemRecord record;
+        if (const std::string status = record.parseText(text); !status.empty())
+            tell(status + ": " + text);
+        level_ = level;
+        body_.append(std::to_string(level)).append(" ").append(text).append("\r\n");
+    }
+
+    void tell(std::string text) {
+        findings_.push_back({TextFinding::Severity::Error, number_, std::move(text)});
+    }
+
+    TextFindings& findings_;
+    std::vector<SECSMessageRecord>& records_;
+    std::size_t number_ = 0;
+    std::size_t start_ = 0;
+    bool open_ = false;
+    std::string name_;
+    std::string description_;
+    std::string head_;
+    std::string body_;
+    int level_ = 0;
+};
+
+void appendMessage(std::string& text, const SECSMessageRecord& record) {
+    const std::string head = record.getHeadText();
+    text.append("\r\nMESSAGE ").append(escaped(record.getName())).append("\r\n");
+    text.append("DESCRIPTION ").append(escaped(record.getDescription())).append("\r\n");
+    text.append("HEAD ").append(escaped(marksOf(record, head))).append("\r\n");
+    const std::string body = record.getBodyText();
+    LineReader lines(body);
+    while (const std::optional<std::string_view> line = lines.next()) {
+        std::string_view item = *line;
+        const std::string_view level = takeWord(item);
+        text.append("ITEM ").append(level).append(" ").append(escaped(item)).append("\r\n");
+    }
+    text.append("END\r\n");
+}
+
+} // namespace
+
+std::string composeMdf(const std::vector<const SECSMessageRecord*>& records) {
+    std::string text = std::string(kFirstLine) + "\r\n";
+    for (const SECSMessageRecord* record : records)
+        appendMessage(text, *record);
+    return text;
+}
+
+std::vector<SECSMessageRecord> parseMdf(std::string_view text, TextFindings& findings) {
+    std::vector<SECSMessageRecord> records;
+    MdfReader reader(findings, records);
+    LineReader lines(text);
+    bool begun = false;
+    while (const std::optional<std::string_view> line = lines.next()) {
+        const std::string_view content = trimmed(*line);
+        if (content.empty())
+            continue;
+        const bool isFirst = !std::exchange(begun, true);
+        if (isFirst && content == kFirstLine)
+            continue;
+        if (isFirst)
+            findings.push_back(
+                {TextFinding::Severity::Error, lines.lineNumber(), "The first line is not \"MDF 1\""});
+        reader.line(content, lines.lineNumber());
+    }
+    reader.end();
+    return records;
+}
+
+} // namespace zb

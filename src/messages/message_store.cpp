@@ -1,0 +1,82 @@
+#include "messages/message_store.h"
+
+#include "messages/mdf_text.h"
+#include "platform/file_replacer.h"
+#include "platform/text.h"
+
+#include <cerrno>
+
+namespace zb {
+
+namespace {
+
+std::uint64_t streamFunctionKey(int stream, int function) {
+    return (std::uint64_t{static_cast<std::uint32_t>(stream)} << 32U) | static_cast<std::uint32_t>(function);
+}
+
+} // namespace
+
+SECSMessageStore::Records SECSMessageStore::getMessages() const {
+    Records records;
+    records.reserve(entries_.size());
+    for (const Entry& entry : entries_) {
+        if (entry.record)
+            records.push_back(entry.record.get());
+    }
+    return records;
+}
+
+const SECSMessageRecord* SECSMessageStore::getByName(std::string_view name) const {
+    const auto found = byName_.find(upper(name));
+    return found == byName_.end() ? nullptr : found->second;
+}
+
+SECSMessageStore::Records SECSMessageStore::getByStreamFunction(std::string_view text) const {
+    SECSMessageRecord asked;
+    asked.parseNodeText("name: " + std::string(text), "");
+    if (asked.getStream() < 0 || asked.getFunction() < 0)
+        return {};
+    const auto found = byStreamFunction_.find(streamFunctionKey(asked.getStream(), asked.getFunction()));
+    return found == byStreamFunction_.end() ? Records() : found->second;
+}
+
+std::string SECSMessageStore::addMessageText(std::string_view smdText) {
+    auto record = std::make_unique<SECSMessageRecord>();
+    std::string status = record->takeSmd(smdText, SECSMessageRecord::BodyCheck::None);
+    if (!status.empty()) {
+        entries_.push_back({nullptr, std::string(smdText)});
+        return status;
+    }
+    byName_.emplace(upper(record->getName()), record.get());
+    byStreamFunction_[streamFunctionKey(record->getStream(), record->getFunction())].push_back(record.get());
+    entries_.push_back({std::move(record), {}});
+    return status;
+}
+
+std::string SECSMessageStore::allTexts() const {
+    std::string texts;
+    std::size_t size = 0;
+    for (const Entry& entry : entries_)
+        size += entry.record ? entry.record->sourceText().size() : entry.otherText.size();
+    texts.reserve(size);
+    for (const Entry& entry : entries_)
+        texts += entry.record ? entry.record->sourceText() : entry.otherText;
+    return texts;
+}
+
+Result<void> SECSMessageStore::writeFile(FileLayer& files, const std::string& path, std::string_view mode,
+                                         std::string* projectSections) const {
+    if (mode == "SAVE_PROJECT") {
+        if (projectSections == nullptr)
+            return FileError{EBADF, "No project is being saved"};
+        projectSections->append("## [EDIT SMD]\r\n").append(allTexts());
+        return {};
+    }
+    if (mode == "BUILD_SMD")
+        return replaceFile(files, path, allTexts());
+    if (mode == "BUILD_MDF")
+        return replaceFile(files, path, composeMdf(getMessages()));
+    return {};
+}
+
+} // namespace zb

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zb {
+
+/// Something to tell about a line of a definition text.
+struct TextFinding {
+    enum class Severity { Warning, Error };
+
+    Severity severity = Severity::Error;
+    std::size_t line = 0; ///< from 1
+    std::string text;
+
+    bool operator==(const TextFinding&) const = default;
+};
+using TextFindings = std::vector<TextFinding>;
+
+/// One message within a longer text; all views lead into that text.
+struct SmdMessageText {
+    std::string_view description;
+    std::string_view head; ///< trimmed, without the "." of a message with no items
+    std::string_view body; ///< the lines of the items, with the final "."
+    std::size_t headLine = 0;
+    std::size_t bodyLine = 0;
+    bool ended = false; ///< by its "."
+};
+
+/// Cuts a text into its messages. Takes project form and build form, CR LF and LF, tabs, and a message that
+/// lacks its final ".". Lines that belong to no message are told as findings and passed over.
+class SmdTextSplitter {
+public:
+    explicit SmdTextSplitter(std::string_view text, TextFindings* findings = nullptr)
+        : text_(text), findings_(findings) {}
+
+    std::optional<SmdMessageText> next();
+
+private:
+    bool atLine();
+    void takeLine();
+    void takeComment();
+    void takeBody(SmdMessageText& message);
+    void tell(TextFinding::Severity severity, std::string text);
+
+    std::string_view text_;
+    TextFindings* findings_;
+    std::size_t position_ = 0;
+    std::size_t lineNumber_ = 0;
+    std::string_view line_; ///< the line at hand, when `peeked_`
+    std::size_t afterLine_ = 0;
+    bool peeked_ = false;
+    std::string_view description_;
+};
+
+/// One item of a message's body.
+struct SmdItemText {
+    int level = 0;    ///< 1 for a direct item
+    std::string text; ///< without brackets
+    std::size_t line = 0;
+};
+
+/// Walks over the items of a message's body. In project form the indentation tells the level, in build form
+/// the brackets do; there the type is upper-cased, and blanks and tabs between words count as one blank.
+class SmdBodyReader {
+public:
+    explicit SmdBodyReader(std::string_view body, std::size_t firstLine = 1, TextFindings* findings = nullptr)
+        : body_(body), lineNumber_(firstLine - 1), findings_(findings) {}
+
+    /// False at the end, when what is still open has been told.
+    bool next(SmdItemText& item);
+
+private:
+    void takeBareItem(std::string_view line, SmdItemText& item);
+    void takeBracketItem(std::string_view line, SmdItemText& item);
+    void close(std::size_t closers, bool ended);
+    void tell(std::string text);
+
+    std::string_view body_;
+    std::size_t lineNumber_;
+    TextFindings* findings_;
+    long lastDepth_ = 0;
+    int level_ = 0;
+    int openLists_ = 0;
+};
+
+} // namespace zb
