@@ -12,7 +12,7 @@ Control::Control(Kind kind, Window& window, std::string name, Control* pane)
     window_.add(*this);
 }
 
-Control::~Control() = default;
+Control::~Control() { window_.remove(*this); }
 
 void Control::setEnabled(bool enabled) {
     if (enabled_ == enabled)

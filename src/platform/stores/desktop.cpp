@@ -18,12 +18,18 @@ bool Desktop::acceptsInput(const Window& window) const {
     if (!window.visible())
         return false;
     // Windows that a dialog has opened in front of itself take input, too; those behind it do not.
-    if (modal_.empty() || modal_.back().window == &window)
+    const Window* modal = standingModal();
+    if (modal == nullptr || modal == &window)
         return true;
-    const auto place = [&](const Window* wanted) {
-        return std::find(windows_.begin(), windows_.end(), wanted);
-    };
-    return !modal_.back().window->visible() || place(&window) > place(modal_.back().window);
+    const auto place = [&](const Window* wanted) { return std::find(windows_.begin(), windows_.end(), wanted); };
+    return place(&window) > place(modal);
+}
+
+/// A dialog that is on its way out counts no more, though those that it stood before still do.
+const Window* Desktop::standingModal() const {
+    const auto found = std::find_if(modal_.rbegin(), modal_.rend(),
+                                    [](const ModalEntry& entry) { return entry.window->visible(); });
+    return found == modal_.rend() ? nullptr : found->window;
 }
 
 void Desktop::activate(Window& window) {
@@ -32,6 +38,7 @@ void Desktop::activate(Window& window) {
     if (active_ != nullptr)
         leave(*active_);
     enter(window);
+    screen_.bringToFront(window);
 }
 
 void Desktop::show(Window& window) {
@@ -70,8 +77,8 @@ void Desktop::hide(Window& window) {
 }
 
 void Desktop::showModal(Window& window) {
-    closePopup();
     modal_.push_back({&window, active_});
+    const ModalGuard guard(modal_);
     active_ = nullptr;
     window.visible_ = true;
     enter(window);
@@ -80,7 +87,6 @@ void Desktop::showModal(Window& window) {
     screen_.runModal(window);
     if (window.visible_)
         hide(window);
-    modal_.pop_back();
 }
 
 bool Desktop::hasFocus(const Control& control) const {
@@ -136,6 +142,11 @@ void Desktop::remove(Window& window) {
     screen_.forget(window);
 }
 
+void Desktop::forget(const Control& control) {
+    if (popup_ == &control)
+        popup_ = nullptr;
+}
+
 void Desktop::leave(Window& window) {
     Control* focused = window.focusControl_;
     if (focused != nullptr)
@@ -150,6 +161,8 @@ void Desktop::enter(Window& window) {
     fire(window.onActivate);
     if (active_ != &window)
         return;
+    if (window.focusControl_ == nullptr || !window.focusControl_->usable())
+        window.focusControl_ = window.firstFocusable();
     Control* focused = window.focusControl_;
     if (focused == nullptr)
         return;

@@ -61,8 +61,22 @@ private:
         Window* activeBefore;
     };
 
+    /// Takes the innermost dialog off again, also when a fault ends it.
+    class ModalGuard {
+    public:
+        explicit ModalGuard(std::vector<ModalEntry>& modal) : modal_(modal) {}
+        ~ModalGuard() { modal_.pop_back(); }
+        ModalGuard(const ModalGuard&) = delete;
+        ModalGuard& operator=(const ModalGuard&) = delete;
+
+    private:
+        std::vector<ModalEntry>& modal_;
+    };
+
     void add(Window& window) { windows_.push_back(&window); }
     void remove(Window& window);
+    void forget(const Control& control);
+    const Window* standingModal() const;
     void leave(Window& window);
     void enter(Window& window);
     void moveFocus(Window& window, Control* control);

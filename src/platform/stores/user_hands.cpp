@@ -35,6 +35,15 @@ bool isOpenPopupEntry(const Control& control, const PopupMenu* popup) {
            static_cast<const MenuEntry&>(control).popup() == popup;
 }
 
+/// What must be usable for the control to be: its pane, or the menu that an entry stands in. A pop-up asks
+/// nothing of its entries but that it stands open.
+const Control* above(const Control& control) {
+    if (control.kind() != Kind::MenuEntry)
+        return control.pane();
+    const Control* menu = static_cast<const MenuEntry&>(control).menu();
+    return menu != nullptr && menu->kind() == Kind::MenuEntry ? menu : nullptr;
+}
+
 bool hasEntriesBelow(const MenuEntry& entry) {
     const auto& all = entry.window().controls();
     return std::any_of(all.begin(), all.end(), [&](const Control* other) {
@@ -47,6 +56,18 @@ bool holds(const List& list, const ListRow* row) {
                        [&](const auto& candidate) { return candidate.get() == row; });
 }
 
+/// Of the target's node, 0 without one.
+int indexOf(const Target& target) {
+    return target.node == nullptr ? 0 : target.node->index();
+}
+
+/// Whether a handler has left the target, whose node had that index, in its place.
+bool isThere(const Target& target, int index) {
+    if (target.node != nullptr)
+        return as<Tree>(*target.control).nodes().at(index) == target.node;
+    return target.row == nullptr || holds(as<List>(*target.control), target.row);
+}
+
 } // namespace
 
 UserHands::Refusal UserHands::whyNot(const Control& control) const {
@@ -55,7 +76,7 @@ UserHands::Refusal UserHands::whyNot(const Control& control) const {
         return window.name() + " is not shown";
     if (!desktop_.acceptsInput(window))
         return window.name() + " stands behind a modal window";
-    for (const Control* part = &control; part != nullptr; part = part->pane()) {
+    for (const Control* part = &control; part != nullptr; part = above(*part)) {
         if (!part->visible())
             return describe(*part) + " is hidden";
         if (!part->enabled())
@@ -64,7 +85,7 @@ UserHands::Refusal UserHands::whyNot(const Control& control) const {
     return {};
 }
 
-UserHands::Refusal UserHands::begin(const Target& target, bool takesFocus) {
+UserHands::Refusal UserHands::begin(const Target& target) {
     Control& control = *target.control;
     if (!isOpenPopupEntry(control, desktop_.openPopup()))
         desktop_.closePopup();
@@ -72,15 +93,18 @@ UserHands::Refusal UserHands::begin(const Target& target, bool takesFocus) {
         return refusal;
     if (target.button != nullptr && !target.button->enabled())
         return describe(control) + "[" + target.button->key() + "] is disabled";
+    const int index = indexOf(target);
     desktop_.activate(control.window());
-    if (takesFocus && control.takesFocus() && !target.column)
+    if (control.takesFocus() && !target.column)
         desktop_.focus(control);
-    // Losing the focus may have changed what can be used.
-    return whyNot(control);
+    // What the focus left behind may have changed what can be used, and taken the target away.
+    if (Refusal refusal = whyNot(control); !refusal.empty())
+        return refusal;
+    return isThere(target, index) ? Refusal() : describe(control) + " has lost the target meanwhile";
 }
 
 UserHands::Refusal UserHands::press(const Target& target, KeyEvent modifiers) {
-    if (Refusal refusal = begin(target, true); !refusal.empty())
+    if (Refusal refusal = begin(target); !refusal.empty())
         return refusal;
     return pressMember(target, modifiers);
 }
@@ -146,7 +170,7 @@ UserHands::Refusal UserHands::rightClick(const Target& target) {
 }
 
 UserHands::Refusal UserHands::mouseDown(const Target& target, MouseButton button, KeyEvent modifiers) {
-    if (Refusal refusal = begin(target, true); !refusal.empty())
+    if (Refusal refusal = begin(target); !refusal.empty())
         return refusal;
     pressPart(target, button, modifiers);
     return {};
@@ -156,7 +180,7 @@ void UserHands::pressPart(const Target& target, MouseButton button, KeyEvent mod
     Control& control = *target.control;
     if (control.kind() == Kind::Tree) {
         auto& tree = as<Tree>(control);
-        pressedIndex_ = target.node == nullptr ? 0 : target.node->index();
+        pressedIndex_ = indexOf(target);
         if (button == MouseButton::Left && target.node != nullptr)
             tree.nodes().select(target.node);
         fire(tree.onMouseDown, static_cast<int>(button), target.node);
@@ -177,9 +201,7 @@ void UserHands::pressRow(List& list, ListRow* row, MouseButton button, KeyEvent 
 
 // A handler may have removed what was pressed.
 bool UserHands::stillThere(const Target& target) const {
-    if (target.node != nullptr)
-        return as<Tree>(*target.control).nodes().at(pressedIndex_) == target.node;
-    return target.row == nullptr || holds(as<List>(*target.control), target.row);
+    return isThere(target, pressedIndex_);
 }
 
 void UserHands::mouseUp(const Target& target, MouseButton button, KeyEvent modifiers) {
@@ -205,7 +227,7 @@ void UserHands::mouseUp(const Target& target, MouseButton button, KeyEvent modif
 }
 
 UserHands::Refusal UserHands::doubleClick(const Target& target) {
-    const int index = target.node == nullptr ? 0 : target.node->index();
+    const int index = indexOf(target);
     if (Refusal refusal = click(target); !refusal.empty())
         return refusal;
     Control& control = *target.control;
@@ -227,7 +249,7 @@ void UserHands::dismiss() {
 UserHands::Refusal UserHands::focus(Control& control) {
     if (!control.takesFocus())
         return describe(control) + " takes no focus";
-    return begin(Target::whole(control), true);
+    return begin(Target::whole(control));
 }
 
 UserHands::Refusal UserHands::activate(Window& window) {
@@ -250,7 +272,7 @@ UserHands::Refusal UserHands::close(Window& window) {
 UserHands::Refusal UserHands::keyDown(Control& control, KeyEvent key) {
     if (!control.takesFocus())
         return describe(control) + " takes no keys";
-    if (Refusal refusal = begin(Target::whole(control), true); !refusal.empty())
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
         return refusal;
     fire(control.onKeyDown, key);
     if (Refusal refusal = whyNot(control); !refusal.empty())
@@ -267,25 +289,50 @@ void UserHands::keyUp(Control& control, KeyEvent key) {
 UserHands::Refusal UserHands::key(Control& control, KeyEvent key) {
     if (!control.takesFocus())
         return describe(control) + " takes no keys";
-    if (Refusal refusal = begin(Target::whole(control), true); !refusal.empty())
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
         return refusal;
-    // From here on the key has been pressed, whatever comes of it.
-    if (keyDown(control, key).empty())
-        keyUp(control, key);
+    return strike(control, key);
+}
+
+UserHands::Refusal UserHands::type(Control& control, std::string_view text) {
+    if (!control.takesFocus())
+        return describe(control) + " takes no keys";
+    for (const char character : text) {
+        if (!keyOfCharacter(character))
+            return "a US keyboard has no key for all of \"" + std::string(text) + "\"";
+    }
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
+        return refusal;
+    for (const char character : text) {
+        if (Refusal refusal = strike(control, *keyOfCharacter(character)); !refusal.empty())
+            return refusal;
+    }
+    return {};
+}
+
+// Down, the key's effect and up, whatever has the focus.
+UserHands::Refusal UserHands::strike(Control& control, KeyEvent key) {
+    if (Refusal refusal = whyNot(control); !refusal.empty())
+        return refusal;
+    fire(control.onKeyDown, key);
+    if (!whyNot(control).empty())
+        return {};
+    applyKey(control, key);
+    keyUp(control, key);
     return {};
 }
 
 UserHands::Refusal UserHands::insert(Control& control, std::string_view text) {
     if (control.kind() != Kind::TextField)
         return describe(control) + " is no text field";
-    if (Refusal refusal = begin(Target::whole(control), true); !refusal.empty())
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
         return refusal;
     as<TextField>(control).insert(text);
     return {};
 }
 
 UserHands::Refusal UserHands::choose(Combo& combo, std::size_t position) {
-    if (Refusal refusal = begin(Target::whole(combo), true); !refusal.empty())
+    if (Refusal refusal = begin(Target::whole(combo)); !refusal.empty())
         return refusal;
     combo.choose(position);
     return {};
@@ -297,7 +344,7 @@ UserHands::Refusal UserHands::extendTo(List& list, ListRow& row) {
         target.row = &row;
         return mouseDown(target, MouseButton::Left);
     }
-    if (Refusal refusal = begin(Target::whole(list), true); !refusal.empty())
+    if (Refusal refusal = begin(Target::whole(list)); !refusal.empty())
         return refusal;
     list.selectRange(*list.selected(), row);
     fire(list.onMouseDown, static_cast<int>(MouseButton::Left), &row);
@@ -307,7 +354,7 @@ UserHands::Refusal UserHands::extendTo(List& list, ListRow& row) {
 UserHands::Refusal UserHands::paste(Control& control, std::string_view text) {
     if (control.kind() != Kind::TextField)
         return describe(control) + " is no text field";
-    if (Refusal refusal = begin(Target::whole(control), true); !refusal.empty())
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
         return refusal;
     auto& field = as<TextField>(control);
     field.selectAll();
@@ -318,7 +365,7 @@ UserHands::Refusal UserHands::paste(Control& control, std::string_view text) {
 UserHands::Refusal UserHands::choose(Control& control, std::string_view text) {
     if (control.kind() != Kind::Combo && control.kind() != Kind::FolderField)
         return describe(control) + " has nothing to choose from";
-    if (Refusal refusal = begin(Target::whole(control), true); !refusal.empty())
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
         return refusal;
     if (control.kind() == Kind::FolderField) {
         std::error_code error;
@@ -333,8 +380,9 @@ UserHands::Refusal UserHands::choose(Control& control, std::string_view text) {
     auto position = static_cast<std::size_t>(found - entries.begin());
     if (found == entries.end() && text.starts_with('#')) {
         std::size_t number = 0;
-        std::from_chars(text.data() + 1, text.data() + text.size(), number);
-        position = number == 0 ? entries.size() : number - 1;
+        const auto read = std::from_chars(text.data() + 1, text.data() + text.size(), number);
+        const bool whole = read.ec == std::errc() && read.ptr == text.data() + text.size();
+        position = !whole || number == 0 ? entries.size() : number - 1;
     }
     if (position >= entries.size())
         return describe(control) + " has no row \"" + std::string(text) + "\"";
@@ -350,13 +398,22 @@ std::optional<DragData> UserHands::beginDrag(const Target& from) {
         auto& tree = as<Tree>(control);
         return from.node != nullptr && tree.onDragStart ? tree.onDragStart(*from.node) : std::nullopt;
     }
-    if (control.kind() == Kind::List)
-        return as<List>(control).onDragStart ? as<List>(control).onDragStart() : std::nullopt;
-    return control.onDragData ? control.onDragData() : std::nullopt;
+    if (control.kind() == Kind::List) {
+        auto& list = as<List>(control);
+        return from.row != nullptr && list.onDragStart ? list.onDragStart() : std::nullopt;
+    }
+    if (control.onDragData)
+        return control.onDragData();
+    if (control.kind() != Kind::TextField)
+        return std::nullopt;
+    std::string selected = as<TextField>(control).selectedText();
+    return selected.empty() ? std::nullopt : std::optional(DragData{std::move(selected), &control});
 }
 
 UserHands::Refusal UserHands::drag(const Target& from, const Target& to) {
-    if (Refusal refusal = begin(from, true); !refusal.empty())
+    // The press on the source may take the target away.
+    const int index = indexOf(to);
+    if (Refusal refusal = begin(from); !refusal.empty())
         return refusal;
     if (from.control->kind() == Kind::Pane)
         fire(as<Pane>(*from.control).onPress);
@@ -364,7 +421,7 @@ UserHands::Refusal UserHands::drag(const Target& from, const Target& to) {
     const std::optional<DragData> data = beginDrag(from);
     if (!data)
         return {};
-    return drop(*data, to);
+    return isThere(to, index) ? drop(*data, to) : describe(*to.control) + " has lost the target meanwhile";
 }
 
 void UserHands::dragOver(const DragData& data, const Target& to) {
@@ -384,12 +441,15 @@ UserHands::Refusal UserHands::drop(const DragData& data, const Target& to) {
         return refusal;
     if (control.kind() == Kind::Tree) {
         auto& tree = as<Tree>(control);
+        const int index = indexOf(to);
         fire(tree.onDragOver, data, to.node);
-        fire(tree.onDrop, data, to.node);
+        if (isThere(to, index))
+            fire(tree.onDrop, data, to.node);
     } else if (control.kind() == Kind::List) {
         auto& list = as<List>(control);
         fire(list.onDragOver, data, to.row);
-        fire(list.onDrop, data, to.row);
+        if (isThere(to, 0))
+            fire(list.onDrop, data, to.row);
     } else {
         fire(control.onDropData, data);
     }

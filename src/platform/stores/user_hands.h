@@ -59,6 +59,9 @@ public:
 
     /// Key down, its effect, key up.
     Refusal key(Control& control, KeyEvent key);
+    /// Types the text key by key. The control has the focus at the start; all keys go to it, wherever the focus goes
+    /// meanwhile. Text that a US keyboard lacks is refused as a whole.
+    Refusal type(Control& control, std::string_view text);
     /// Selects the whole text and pastes by the mouse: no key event.
     Refusal paste(Control& control, std::string_view text);
     /// A row of a combo by its text or as "#2"; an existing folder of a folder field.
@@ -91,7 +94,8 @@ public:
 
 private:
     Refusal whyNot(const Control& control) const;
-    Refusal begin(const Target& target, bool takesFocus);
+    Refusal begin(const Target& target);
+    Refusal strike(Control& control, KeyEvent key);
     Refusal press(const Target& target, KeyEvent modifiers);
     Refusal pressMember(const Target& target, KeyEvent modifiers);
     void pressPart(const Target& target, MouseButton button, KeyEvent modifiers);

@@ -1,11 +1,19 @@
 #include "platform/stores/window.h"
 
 #include "platform/stores/desktop.h"
+#include "platform/stores/simple_controls.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zb {
+
+namespace {
+
+bool canTakeFocus(const Control* control) { return control->takesFocus() && control->usable(); }
+
+} // namespace
 
 Window::Window(Desktop& desktop, std::string name) : desktop_(desktop), name_(std::move(name)) {
     desktop_.add(*this);
@@ -43,14 +51,33 @@ void Window::add(Control& control) {
     byName_.emplace(control.name(), &control);
 }
 
+void Window::remove(const Control& control) {
+    // Members go in reverse order, so the search from the end finds a control of a closing window at once.
+    const auto found = std::find(controls_.rbegin(), controls_.rend(), &control);
+    if (found != controls_.rend())
+        controls_.erase(std::next(found).base());
+    const auto named = byName_.find(control.name());
+    if (named != byName_.end() && named->second == &control)
+        byName_.erase(named);
+    if (focusControl_ == &control)
+        focusControl_ = nullptr;
+    if (cancelButton_ == &control)
+        cancelButton_ = nullptr;
+    desktop_.forget(control);
+}
+
+Control* Window::firstFocusable() const {
+    const auto found = std::find_if(controls_.begin(), controls_.end(), canTakeFocus);
+    return found == controls_.end() ? nullptr : *found;
+}
+
 void Window::passFocusOnWhenLost() {
     if (focusControl_ == nullptr || focusControl_->usable())
         return;
-    const auto canTake = [](const Control* control) { return control->takesFocus() && control->usable(); };
     const auto here = std::find(controls_.begin(), controls_.end(), focusControl_);
-    auto next = std::find_if(here, controls_.end(), canTake);
+    auto next = std::find_if(here, controls_.end(), canTakeFocus);
     if (next == controls_.end()) {
-        next = std::find_if(controls_.begin(), here, canTake);
+        next = std::find_if(controls_.begin(), here, canTakeFocus);
         if (next == here)
             next = controls_.end();
     }

@@ -47,7 +47,8 @@ public:
 
     /// The control that has the focus whenever the window is active; may be null.
     Control* focusControl() const { return focusControl_; }
-    /// Which control gets the focus when the window comes up, as long as none had it yet.
+    /// Which control gets the focus when the window comes up, as long as none had it yet; without it the first one
+    /// that can be used.
     void setFirstFocus(Control& control) { focusControl_ = &control; }
 
     /// The button that Escape presses; may be null.
@@ -65,6 +66,8 @@ private:
     friend class Control;
     friend class Desktop;
     void add(Control& control);
+    void remove(const Control& control);
+    Control* firstFocusable() const;
     void passFocusOnWhenLost();
     void ring(Change change) const;
 
