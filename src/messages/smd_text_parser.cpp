@@ -5,6 +5,7 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace zb {
 
@@ -230,10 +231,8 @@ void SmdBodyReader::takeBracketItem(std::string_view line, SmdItemText& item) {
         close(closing.closers - 1, closing.ended);
         return;
     }
-    if (isList && openLists_ < kDeepestLevel)
+    if (isList && openLists_ < std::numeric_limits<int>::max() - 1)
         ++openLists_;
-    else if (isList)
-        tell("The lists are nested too deep");
     else
         tell("\">\" is missing at the end of the item");
 }

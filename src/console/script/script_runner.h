@@ -1,0 +1,28 @@
+#pragma once
+
+#include "console/script/program.h"
+
+#include <iosfwd>
+#include <string>
+
+namespace zb {
+
+/// Runs scripts one by one, each with a program, settings and folders of its own.
+class ScriptRunner {
+public:
+    /// Boxes and what scripts show are told on `out`, failures on `err` as `FILE:LINE: ...`.
+    ScriptRunner(ProgramFactory makeProgram, std::ostream& out, std::ostream& err)
+        : makeProgram_(std::move(makeProgram)), out_(out), err_(err) {}
+
+    enum class Outcome { Passed, Failed, Unreadable };
+    Outcome run(const std::string& file);
+    /// The same with a text that does not come from a file; `name` stands for the file in messages.
+    Outcome runText(const std::string& name, const std::string& folder, std::string_view text);
+
+private:
+    ProgramFactory makeProgram_;
+    std::ostream& out_;
+    std::ostream& err_;
+};
+
+} // namespace zb
