@@ -8,6 +8,10 @@ namespace zb {
 /// How the items of a type are written and checked.
 enum class ItemKind { List, Quoted, Binary, Boolean, Signed, Unsigned, Float, Unknown };
 
+/// No definition nests deeper; readers of bracket forms refuse more, since the indentation of such a text
+/// would outgrow all memory.
+inline constexpr int kDeepestLevel = 1000;
+
 /// Of an upper-cased type word.
 ItemKind itemKind(std::string_view type);
 

@@ -138,7 +138,8 @@ private:
         const std::string_view word = takeWord(rest);
         int level = 0;
         const auto [last, error] = std::from_chars(word.data(), word.data() + word.size(), level);
-        if (error != std::errc() || last != word.data() + word.size() || level < 1 || level > level_ + 1) {
+        if (error != std::errc() || last != word.data() + word.size() || level < 1 || level > level_ + 1 ||
+            level > kDeepestLevel) {
             tell("The level of the item does not follow from the line before");
             level = level_ == 0 ? 1 : level_;
         }

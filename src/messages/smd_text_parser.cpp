@@ -5,7 +5,6 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace zb {
 
@@ -231,8 +230,10 @@ void SmdBodyReader::takeBracketItem(std::string_view line, SmdItemText& item) {
         close(closing.closers - 1, closing.ended);
         return;
     }
-    if (isList && openLists_ < std::numeric_limits<int>::max() - 1)
+    if (isList && openLists_ < kDeepestLevel)
         ++openLists_;
+    else if (isList)
+        tell("The lists are nested too deep");
     else
         tell("\">\" is missing at the end of the item");
 }

@@ -1,0 +1,129 @@
+#include "messages/definition_check.h"
+
+#include "messages/definition_rules.h"
+#include "messages/item_normalizer.h"
+#include "messages/message_record.h"
+#include "platform/stores/node_tree.h"
+#include "platform/text.h"
+#include "platform/wildcard.h"
+
+#include <unordered_set>
+
+namespace zb {
+
+namespace {
+
+using Severity = DefinitionFinding::Severity;
+
+bool isMessage(const Node* node) {
+    return node != nullptr && hasColon(node->text());
+}
+
+/// Whether a root node that is no message stands where a description or a separator does.
+bool isBeforeMessage(const Node& node) {
+    if (isMessage(node.next()))
+        return true;
+    return node.text().empty() && node.next() != nullptr && isMessage(node.next()->next());
+}
+
+class DefinitionChecker {
+public:
+    DefinitionChecker(const NodeTree& tree, const CodePage& codePage) : tree_(tree), codePage_(codePage) {}
+
+    std::vector<DefinitionFinding> run() {
+        for (const Node* node = tree_.firstRoot(); node != nullptr; node = node->next()) {
+            path_.clear();
+            if (isMessage(node))
+                checkMessage(*node);
+            else if (!isBeforeMessage(*node))
+                tell(Severity::Warning, *node, "This line belongs to no message: " + node->text());
+        }
+        return std::move(findings_);
+    }
+
+private:
+    void checkMessage(const Node& node) {
+        SECSMessageRecord record;
+        const std::string status = record.parseNodeText(node.text(), "");
+        message_ = record.getName();
+        const OptionalFault stream = streamFault(node.text());
+        const OptionalFault function = functionFault(node.text());
+        if (stream)
+            tell(Severity::Error, node, stream->text);
+        if (function)
+            tell(Severity::Error, node, function->text);
+        if (!stream && !function && !status.empty())
+            tell(Severity::Warning, node, status);
+        if (!names_.insert(upper(message_)).second)
+            tell(Severity::Warning, node, "The name of this message is used twice");
+        itemNames_.clear();
+        checkItems(node);
+    }
+
+    /// In tree order, without recursion.
+    void checkItems(const Node& message) {
+        const Node* item = message.child();
+        path_.assign(item == nullptr ? 0 : 1, 1);
+        while (item != nullptr) {
+            checkItem(*item);
+            if (item->child() != nullptr) {
+                item = item->child();
+                path_.push_back(1);
+                continue;
+            }
+            while (item->next() == nullptr && item->parent() != &message) {
+                item = item->parent();
+                path_.pop_back();
+            }
+            item = item->next();
+            ++path_.back();
+        }
+    }
+
+    void checkItem(const Node& node) {
+        SECSItemRecord item;
+        const std::string status = item.parseText(node.text());
+        const OptionalFault name = nameFault(item, itemNames_);
+        if (name)
+            tell(Severity::Error, node, name->text);
+        else if (!item.getName().empty())
+            itemNames_.add(item.getName());
+        // The rules for values pass over quoted ones, so these need no canonical Text.
+        const ItemKind kind = itemKind(item.getType());
+        std::optional<std::string> normalized;
+        if (kind != ItemKind::Quoted)
+            normalized = normalizedItemText(item, codePage_);
+        const std::vector<DefinitionFault> faults =
+            valueFaults(normalized ? *normalized : node.text(), node.children());
+        for (const DefinitionFault& fault : faults)
+            tell(Severity::Error, node, fault.text);
+        if (faults.empty() && !status.empty())
+            tell(Severity::Warning, node, status);
+        std::string_view text = trimmed(node.text());
+        if (node.child() != nullptr && takeWord(text) != "L")
+            tell(Severity::Warning, node, "Only a list can have sub items");
+    }
+
+    void tell(Severity severity, const Node& node, std::string_view text) {
+        std::string path;
+        for (const int position : path_)
+            path.append(path.empty() ? "" : "/").append(std::to_string(position));
+        findings_.push_back({severity, message_, path, replaceAll(text, "\r\n", " "), node.index()});
+    }
+
+    const NodeTree& tree_;
+    const CodePage& codePage_;
+    std::vector<DefinitionFinding> findings_;
+    std::string message_;
+    std::vector<int> path_;
+    std::unordered_set<std::string> names_; // upper-cased
+    ItemNames itemNames_;
+};
+
+} // namespace
+
+std::vector<DefinitionFinding> checkDefinitions(const NodeTree& tree, const CodePage& codePage) {
+    return DefinitionChecker(tree, codePage).run();
+}
+
+} // namespace zb
