@@ -6,7 +6,7 @@
 namespace zb {
 
 frmSECSEditor::frmSECSEditor(ModuleState& state, ProjectCommands& commands)
-    : EditorControls(state.desktop, commands), state_(state) {
+    : EditorControls(state.desktop, commands), state_(state), itemPane(*this, state.codePage) {
     mnuExpand.onClick = [this] { toggleExpand(); };
     mnuFind.onClick = [this] { fire(onFind); };
     wireTreeWidth();

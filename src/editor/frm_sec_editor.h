@@ -82,7 +82,7 @@ private:
 
 public:
     MessagePane messagePane{*this};
-    ItemPane itemPane{*this};
+    ItemPane itemPane;
     TreeCommands treeCommands{*this};
     TreeInteraction treeInteraction{*this};
 };

@@ -3,6 +3,7 @@
 #include "platform/stores/desktop.h"
 #include "platform/stores/node_tree.h"
 #include "platform/stores/user_hands.h"
+#include "unit/editor/box_screen.h"
 
 #include <gtest/gtest.h>
 
@@ -199,21 +200,6 @@ TEST(FindMatchCost, IsNoExponentOfTheRunsInThePattern) {
 }
 
 // The window
-// -------------------------------------------------------------------------------------------------
-
-class BoxScreen : public Screen {
-public:
-    Answer showBox(const Box& box) override {
-        boxes.push_back(box);
-        return Answer::OK;
-    }
-    std::string pickFile(const FileDialog& /*dialog*/) override { return {}; }
-    void runModal(Window& /*window*/) override {}
-    void bringToFront(Window& /*window*/) override {}
-    void openPopup(PopupMenu& /*menu*/) override {}
-
-    std::vector<Box> boxes;
-};
 
 class FindWindow : public testing::Test {
 protected:

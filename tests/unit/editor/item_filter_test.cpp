@@ -69,7 +69,6 @@ void expectEffects(const FilterRow& row, Filter filter) {
 }
 
 // Item name
-// --------------------------------------------------------------------------------------------------
 
 class ItemNameKeys : public testing::TestWithParam<FilterRow> {};
 
@@ -94,7 +93,6 @@ INSTANTIATE_TEST_SUITE_P(
                      kLock}));
 
 // Item count
-// -------------------------------------------------------------------------------------------------
 
 class ItemCountKeys : public testing::TestWithParam<FilterRow> {};
 
@@ -112,7 +110,6 @@ INSTANTIATE_TEST_SUITE_P(Rows, ItemCountKeys,
                                           kLock}));
 
 // Initial value
-// ----------------------------------------------------------------------------------------------
 
 struct ValueFilterRow {
     std::string types;

@@ -17,7 +17,6 @@ constexpr CountMode kFixed = CountMode::Fixed;
 constexpr CountMode kVariable = CountMode::Variable;
 
 // The typed text
-// ---------------------------------------------------------------------------------------------
 
 constexpr std::string_view kGood = "good";
 constexpr std::string_view kSilent = "silent";
@@ -122,7 +121,6 @@ INSTANTIATE_TEST_SUITE_P(Quoted, TypedText,
                                 TypedRow{"A J X", "' ", kGood}, TypedRow{"A J X", "'", kApostrophe}));
 
 // The canonical text
-// -----------------------------------------------------------------------------------------
 
 struct CanonicalRow {
     std::string types;
@@ -250,7 +248,6 @@ TEST(CanonicalTextEnd, TheLargestNumberIsPrinted) {
 }
 
 // The cleaned text
-// -------------------------------------------------------------------------------------------
 
 struct CleanRow {
     std::string types;

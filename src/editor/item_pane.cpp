@@ -1,0 +1,368 @@
+#include "editor/item_pane.h"
+
+#include "editor/editor_controls.h"
+#include "editor/item_key_filter.h"
+#include "editor/item_value.h"
+#include "editor/message_nodes.h"
+#include "messages/item_normalizer.h"
+#include "messages/item_record.h"
+#include "platform/number.h"
+#include "platform/stores/desktop.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zb {
+
+namespace {
+
+constexpr double kMostCount = 1000000;
+constexpr std::string_view kKeyMark = " [K]";
+
+/// The type tokens of the buttons, in their order.
+constexpr std::array<std::string_view, 16> kTypeTokens{"L",  "A",  "B",  "BOOLEAN", "I1", "I2", "I4", "I8",
+                                                       "U1", "U2", "U4", "U8",      "F4", "F8", "J",  "X"};
+constexpr std::size_t kListButton = 0;
+
+std::string_view tokenOf(const ToolbarButton& button) {
+    return kTypeTokens.at(static_cast<std::size_t>(button.index()) - 1);
+}
+
+std::string_view countWithoutMark(std::string_view nodeText) {
+    std::string_view count = wordAt(nodeText, 1);
+    if (count.ends_with('V'))
+        count.remove_suffix(1);
+    return count;
+}
+
+SECSItemRecord recordOf(const Node& node) {
+    SECSItemRecord record;
+    record.parseText(node.text());
+    return record;
+}
+
+bool isVariableList(const SECSItemRecord& record) {
+    return record.getType() == "L" && !record.isFixed();
+}
+
+/// The node behind `node` in a walk over all that lies below `top`; null at its end.
+Node* nextBelow(Node& node, const Node& top) {
+    if (node.child() != nullptr)
+        return node.child();
+    for (Node* above = &node; above != &top; above = above->parent()) {
+        if (above->next() != nullptr)
+            return above->next();
+    }
+    return nullptr;
+}
+
+/// Whether a store's handler is to be passed over while this lives.
+class Hold {
+public:
+    explicit Hold(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+    ~Hold() { flag_ = before_; }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+
+private:
+    bool& flag_;
+    bool before_;
+};
+
+} // namespace
+
+ItemPane::ItemPane(EditorControls& window, const CodePage& codePage) : window_(window), codePage_(codePage) {
+    wireFields();
+    wireChecks();
+    window_.tbritemType.onButtonClick = [this](ToolbarButton& button) { typeClicked(button); };
+    resetTypeButtons();
+}
+
+void ItemPane::wireFields() {
+    TextField& name = window_.txtItemName;
+    TextField& count = window_.txtItemCount;
+    TextField& value = window_.txtInit;
+    name.onKeyDown = [this, &name](KeyEvent key) {
+        if (selectedItem() != nullptr)
+            applyKeyEffect(name, filterItemNameKey(key, name.text()));
+    };
+    count.onKeyDown = [this, &count](KeyEvent key) {
+        if (selectedItem() != nullptr)
+            applyKeyEffect(count, filterItemCountKey(key, count.text()));
+    };
+    value.onKeyDown = [this, &value](KeyEvent key) {
+        if (selectedItem() != nullptr)
+            applyKeyEffect(value, filterItemValueKey(getSelectedItemType(), key, value.text()));
+    };
+    name.onKeyUp = [this](KeyEvent) { nameTyped(); };
+    count.onKeyUp = [this](KeyEvent) { countTyped(); };
+    value.onChange = [this] { valueChanged(); };
+    value.onLostFocus = [this] { valueLeft(); };
+    name.onGotFocus = [&name] { name.selectAll(); };
+    value.onGotFocus = [&value] { value.selectAll(); };
+}
+
+void ItemPane::wireChecks() {
+    window_.chkFix.onRelease = [this] {
+        if (Node* node = selectedItem())
+            updateItemNodeText(*node);
+    };
+    window_.chkIsItemKey.onRelease = [this] { keyReleased(); };
+}
+
+Node* ItemPane::selectedNode() const {
+    return window_.tvwEdit.nodes().selected();
+}
+
+Node* ItemPane::selectedItem() const {
+    Node* node = selectedNode();
+    return node != nullptr && node->parent() != nullptr ? node : nullptr;
+}
+
+void ItemPane::InitItem() {
+    window_.txtItemName.setText("");
+    window_.txtItemCount.setText("");
+    window_.txtInit.setText("");
+    window_.chkFix.setChecked(false);
+    resetTypeButtons();
+}
+
+void ItemPane::updateItemNodeText(Node& node) {
+    const std::string type = getSelectedItemType();
+    const ValueForm form = valueFormOf(type);
+    const std::string& name = window_.txtItemName.text();
+    const std::string& value = window_.txtInit.text();
+    std::string text = type + " " + window_.txtItemCount.text();
+    if (!window_.chkFix.checked())
+        text += "V";
+    if (!isBlank(name))
+        text += " " + name;
+    if (form == ValueForm::Quoted)
+        text += " '" + value + "'";
+    else if (form != ValueForm::None && !isBlank(value))
+        text += " " + value;
+    if (window_.chkIsItemKey.checked())
+        text += kKeyMark;
+    node.setText(std::move(text));
+}
+
+// Name, count and key
+
+void ItemPane::nameTyped() {
+    Node* node = selectedItem();
+    if (node == nullptr)
+        return;
+    if (!isNumeric(window_.txtItemName.text())) {
+        updateItemNodeText(*node);
+        return;
+    }
+    window_.desktop().showBox("Only numeric value cannot be a item name.");
+    giveBack(window_.txtItemName, recordOf(*node).getName(), *node);
+}
+
+void ItemPane::countTyped() {
+    Node* node = selectedItem();
+    if (node == nullptr)
+        return;
+    const std::string& text = window_.txtItemCount.text();
+    const double value = valueOf(text);
+    if (!isNumeric(text) || (value >= 0 && value <= kMostCount)) {
+        updateItemNodeText(*node);
+        return;
+    }
+    window_.desktop().showBox("Insert a numeral between 0 to 1000000 for a ItemCount");
+    giveBack(window_.txtItemCount, countWithoutMark(node->text()), *node);
+}
+
+void ItemPane::giveBack(TextField& field, std::string_view text, Node& node) {
+    field.setText(text);
+    field.setFocus();
+    window_.tvwEdit.nodes().select(&node);
+}
+
+void ItemPane::keyReleased() {
+    Node* node = selectedNode();
+    if (node == nullptr)
+        return;
+    if (node->parent() == nullptr || isKeyForbidden(*node)) {
+        window_.chkIsItemKey.setChecked(false);
+        return;
+    }
+    clearKeysInMessage(*node);
+    updateItemNodeText(*node);
+}
+
+bool ItemPane::isKeyForbidden(const Node& node) const {
+    const SECSItemRecord item = recordOf(node);
+    if (item.getType() == "L")
+        return !item.isFixed();
+    // The topmost node is the message, which is no item.
+    for (const Node* above = node.parent(); above != nullptr && above->parent() != nullptr;
+         above = above->parent()) {
+        if (isVariableList(recordOf(*above)))
+            return true;
+    }
+    return false;
+}
+
+void ItemPane::clearKeysInMessage(Node& node) {
+    for (Node* item = rootOf(node).child(); item != nullptr; item = item->next())
+        removeKeyMark(*item);
+}
+
+void ItemPane::removeKeyMark(Node& node) {
+    for (Node* item = &node; item != nullptr; item = nextBelow(*item, node)) {
+        if (contains(item->text(), kKeyMark))
+            item->setText(replaceAll(item->text(), kKeyMark, ""));
+    }
+}
+
+// Value
+
+void ItemPane::valueChanged() {
+    Node* node = selectedItem();
+    if (storingValue_ || node == nullptr)
+        return;
+    const std::string type = getSelectedItemType();
+    const ValueForm form = valueFormOf(type);
+    if (form == ValueForm::None || form == ValueForm::Unknown)
+        return;
+    const TypedValue verdict = judgeTypedValue(type, window_.txtInit.text());
+    if (verdict.state == TypedValue::State::Refused)
+        window_.desktop().showBox(std::string(verdict.refusal));
+    if (verdict.state != TypedValue::State::Good)
+        return;
+    if (form != ValueForm::Boolean && form != ValueForm::Quoted) {
+        const CountMode mode = window_.chkFix.checked() ? CountMode::Fixed : CountMode::Variable;
+        storeValueQuietly(normalizeItemValue(type, countOfField(), mode, window_.txtInit.text()));
+    }
+    updateItemNodeText(*node);
+    if (form != ValueForm::Quoted)
+        window_.txtInit.caretToEnd();
+}
+
+/// Canonical text may look like none that a user could type (a large U8 has an exponent), so it is not
+/// judged.
+void ItemPane::storeValueQuietly(std::string_view text) {
+    const Hold hold(storingValue_);
+    window_.txtInit.setText(text);
+}
+
+void ItemPane::valueLeft() {
+    Node* node = selectedItem();
+    if (node == nullptr)
+        return;
+    SECSItemRecord record = recordOf(*node);
+    normalizeItem(*node, record, codePage_);
+}
+
+int ItemPane::countOfField() const {
+    return static_cast<int>(
+        std::clamp(roundHalfEven(valueOf(window_.txtItemCount.text())), -1.0, kMostCount));
+}
+
+// Type
+
+void ItemPane::resetTypeButtons() {
+    for (ToolbarButton& button : window_.tbritemType.buttons()) {
+        button.setValue(0);
+        button.setImage(2 * button.index() - 1);
+    }
+}
+
+void ItemPane::pressOnly(ToolbarButton& button) {
+    resetTypeButtons();
+    button.setValue(1);
+    button.setImage(2 * button.index());
+}
+
+std::string ItemPane::getSelectedItemType() const {
+    const auto& buttons = window_.tbritemType.buttons();
+    const auto down = std::find_if(buttons.begin(), buttons.end(),
+                                   [](const ToolbarButton& button) { return button.value() == 1; });
+    return down == buttons.end() ? std::string() : std::string(tokenOf(*down));
+}
+
+void ItemPane::selectTypeButton(std::string_view token) {
+    resetTypeButtons();
+    const std::string wanted = upper(token);
+    for (ToolbarButton& button : window_.tbritemType.buttons()) {
+        if (tokenOf(button) == wanted)
+            pressOnly(button);
+    }
+}
+
+void ItemPane::typeClicked(ToolbarButton& button) {
+    Node* node = selectedItem();
+    if (node == nullptr) {
+        pressOnly(button);
+        return;
+    }
+    const std::string_view newType = tokenOf(button);
+    if (valueFormOf(newType) != ValueForm::None && node->child() != nullptr) {
+        pressOnly(window_.tbritemType.buttons()[kListButton]);
+        window_.desktop().showBox("You cannot change to other type.\r\nBecause the list has sub elements",
+                                  BoxIcon::Information);
+        return;
+    }
+    fitValueToType(newType, *node);
+    pressOnly(button);
+    updateItemNodeText(*node);
+}
+
+/// The old type still decides what a change of the field means, so it is emptied quietly: a fixed number
+/// would bring its "0" back.
+void ItemPane::fitValueToType(std::string_view newType, const Node& node) {
+    switch (valueFormOf(newType)) {
+    case ValueForm::None:
+        storeValueQuietly("");
+        window_.txtInit.setEnabled(false);
+        break;
+    case ValueForm::Quoted:
+        // The field of a list stays disabled until the item is clicked again.
+        if (valueFormOf(wordAt(trimmed(node.text()), 0)) != ValueForm::Quoted)
+            storeValueQuietly("");
+        break;
+    default:
+        window_.txtInit.setEnabled(true);
+        break;
+    }
+}
+
+// A change by the program
+
+std::string ItemPane::namePart() const {
+    const std::string name = trim(replaceAll(window_.txtItemName.text(), "'", ""));
+    return name.empty() ? std::string() : " " + name;
+}
+
+std::string ItemPane::countPart() const {
+    return " " + printDouble(valueOf(window_.txtItemCount.text()));
+}
+
+void ItemPane::ThisItemChange(int nodeIndex, int keep) {
+    Node* node = window_.tvwEdit.nodes().at(nodeIndex);
+    const std::string type = getSelectedItemType();
+    if (type.empty()) {
+        window_.desktop().showBox("You must select an item type");
+        return;
+    }
+    const auto value = cleanItemValue(type, valueOf(window_.txtItemCount.text()), window_.txtInit.text());
+    if (!value) {
+        window_.desktop().showBox("Bad item type");
+        return;
+    }
+    if (node == nullptr)
+        return;
+    std::string text = type + countPart() + (window_.chkFix.checked() ? "" : "V") + namePart();
+    if (valueFormOf(type) == ValueForm::Quoted)
+        text += " '" + *value + "'";
+    else if (!value->empty())
+        text += " " + *value;
+    if (keep == 0 && trimmed(*value) != trimmed(window_.txtInit.text()))
+        window_.txtInit.setText(trimmed(*value));
+    node->setText(std::move(text));
+}
+
+} // namespace zb

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/stores/screen.h"
+
+#include <string>
+#include <vector>
+
+namespace zb {
+
+/// A screen that keeps the boxes it was asked to show.
+class BoxScreen : public Screen {
+public:
+    Answer showBox(const Box& box) override {
+        boxes.push_back(box);
+        return Answer::OK;
+    }
+    std::string pickFile(const FileDialog& /*dialog*/) override { return {}; }
+    void runModal(Window& /*window*/) override {}
+    void bringToFront(Window& /*window*/) override {}
+    void openPopup(PopupMenu& /*menu*/) override {}
+
+    std::vector<Box> boxes;
+};
+
+} // namespace zb
