@@ -39,7 +39,7 @@ private:
     void refusePaste();
     void pasteMessage(Node& selected, PastePosition position);
     void pasteItem(Node& selected, PastePosition position);
-    void pasteItemBelow(Node& list);
+    void pasteItemBelow(Node& selected);
     void addMessageCopy(Node& relative, PastePosition position);
     /// False when nothing was added.
     bool addItemCopy(Node& relative, PastePosition position);

@@ -1,15 +1,17 @@
 #pragma once
 
+#include <string>
+
 namespace zb {
 
 class frmSECSEditor;
 class Node;
 class SECSItemRecord;
-class SECSMessageRecord;
 class StructureEntries;
+class TextField;
 
-/// What happens when the user points at the message tree: a click fills the panes and repairs the node on the
-/// way, a right click opens the pop-up.
+/// What happens when the user points at the message tree: a click fills the panes and repairs the node on the way, a
+/// right click opens the pop-up.
 class TreeInteraction {
 public:
     explicit TreeInteraction(frmSECSEditor& window);
@@ -21,8 +23,9 @@ public:
 
 private:
     void rootClick(Node& node);
-    void showStream(const SECSMessageRecord& record, Node& node);
-    void showFunction(const SECSMessageRecord& record, Node& node);
+    /// Shows a message's stream or function; one that is no number is replaced in the tree, with a box.
+    void showNumber(TextField& field, const std::string& number, const std::string& what,
+                    const Node* message);
     void itemClick(Node& node);
     void showMessageOfItem(Node& node);
     void showCount(Node& node, const SECSItemRecord& record);

@@ -1,0 +1,296 @@
+#include "editor/tree_commands.h"
+
+#include "editor/frm_sec_editor.h"
+#include "editor/item_names.h"
+#include "editor/message_nodes.h"
+#include "editor/subtree_copy.h"
+#include "platform/stores/desktop.h"
+#include "platform/text.h"
+#include "platform/wildcard.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace zb {
+
+namespace {
+
+bool isFixedList(const Node& item) { return isList(item) && !hasVariableCount(item); }
+
+Relation relationOf(PastePosition position) {
+    switch (position) {
+    case PastePosition::Previous: return Relation::Previous;
+    case PastePosition::Next: return Relation::Next;
+    default: return Relation::Child;
+    }
+}
+
+/// A message fills three root nodes of the clipboard, an item one.
+bool holdsMessage(const NodeTree& clipboard) {
+    return !clipboard.empty() && clipboard.firstRoot()->next() != nullptr;
+}
+
+std::string textOf(const Node* node) { return node == nullptr ? std::string() : node->text(); }
+
+} // namespace
+
+TreeCommands::TreeCommands(frmSECSEditor& window) : window_(window) {
+    wire(window_.editEntries);
+    wire(window_.popEntries);
+}
+
+void TreeCommands::wire(StructureEntries& entries) {
+    entries.cut.onClick = [this] { cut(); };
+    entries.copy.onClick = [this] { copy(); };
+    entries.pastePrevious.onClick = [this] { pasteFromTemp(PastePosition::Previous); };
+    entries.pasteNext.onClick = [this] { pasteFromTemp(PastePosition::Next); };
+    entries.pasteChild.onClick = [this] { pasteFromTemp(PastePosition::Child); };
+    entries.remove.onClick = [this] { cut(); };
+    entries.duplicate.onClick = [this] { duplicate(); };
+    entries.item.onClick = [this] { insertItem(); };
+    entries.child.onClick = [this] { addSubItem(); };
+}
+
+void TreeCommands::cut() {
+    if (Node* selected = window_.liveTree().selected(); selected != nullptr) {
+        copyNodeToTemp(*selected);
+        deleteSelectedNode();
+    }
+}
+
+void TreeCommands::copy() {
+    if (Node* selected = window_.liveTree().selected(); selected != nullptr)
+        copyNodeToTemp(*selected);
+}
+
+void TreeCommands::duplicate() {
+    copy();
+    pasteFromTemp(PastePosition::Next);
+}
+
+// Keys are not copied: pasting takes the name from the Text.
+void TreeCommands::copyNodeToTemp(Node& node) {
+    NodeTree& clipboard = window_.clipboard();
+    clipboard.clear();
+    Node* source = &node;
+    if (node.parent() == nullptr) {
+        source = messageOf(node).message;
+        if (source == nullptr)
+            return;
+        clipboard.add(nullptr, Relation::Last, textOf(siblingAt(source, -2)));
+        clipboard.add(nullptr, Relation::Last, textOf(siblingAt(source, -1)));
+    }
+    Node& copied = clipboard.add(nullptr, Relation::Last, source->text());
+    copied.setExpanded(true);
+    if (copySubtree(*source, copied, clipboard) == CopyOutcome::Broken)
+        sayError();
+}
+
+void TreeCommands::deleteSelectedNode() {
+    Node* selected = window_.liveTree().selected();
+    if (selected == nullptr)
+        window_.desktop().showBox("No selected message");
+    else if (selected->parent() == nullptr)
+        deleteMessage(*selected);
+    else
+        deleteItem(*selected);
+}
+
+void TreeCommands::deleteItem(Node& item) {
+    Node* parent = item.parent();
+    Node* neighbour = item.next() != nullptr ? item.next() : item.previous();
+    window_.liveTree().remove(item);
+    if (isFixedList(*parent))
+        updateListCount(*parent);
+    selectAndShow(neighbour != nullptr ? neighbour : parent);
+}
+
+void TreeCommands::deleteMessage(Node& root) {
+    NodeTree& tree = window_.liveTree();
+    // The separator as it lies before the node that was found; a tree that lacks it keeps its nodes.
+    Node* separator = &root;
+    if (hasColon(root.text()))
+        separator = siblingAt(&root, -2);
+    else if (!root.text().empty() || (root.next() != nullptr && hasColon(root.next()->text())))
+        separator = root.previous();
+    Node* message = siblingAt(separator, 2);
+    if (message == nullptr)
+        return;
+    Node* neighbour = siblingAt(separator, 3) != nullptr ? siblingAt(separator, 5) : separator->previous();
+    window_.messagePane.removeCbo(message->key());
+    tree.remove(*message);
+    tree.remove(*separator->next());
+    tree.remove(*separator);
+    selectAndShow(neighbour != nullptr ? neighbour : tree.at(1));
+}
+
+void TreeCommands::selectAndShow(Node* node) {
+    if (node == nullptr)
+        return;
+    window_.liveTree().select(node);
+    window_.treeInteraction.nodeClick();
+}
+
+void TreeCommands::updateListCount(Node& list) {
+    std::vector<std::string> words = splitAtBlanks(list.text());
+    words.resize(std::max<std::size_t>(words.size(), 2));
+    words[1] = std::to_string(list.children());
+    std::erase(words, "");
+    list.setText(join(words, " "));
+}
+
+void TreeCommands::pasteFromTemp(PastePosition position) {
+    if (window_.clipboard().empty())
+        return;
+    Node* selected = window_.liveTree().selected();
+    if (selected == nullptr)
+        refusePaste();
+    else if (holdsMessage(window_.clipboard()))
+        pasteMessage(*selected, position);
+    else
+        pasteItem(*selected, position);
+}
+
+void TreeCommands::refusePaste() { window_.desktop().showBox("You cannot paste"); }
+
+void TreeCommands::pasteMessage(Node& selected, PastePosition position) {
+    if (selected.parent() != nullptr)
+        return;
+    Node* message = messageOf(selected).message;
+    if (position == PastePosition::Child || message == nullptr) {
+        refusePaste();
+        return;
+    }
+    Node* before = siblingAt(message, -2);
+    addMessageCopy(position == PastePosition::Previous && before != nullptr ? *before : *message, position);
+    window_.TreeView_ForeColor();
+}
+
+void TreeCommands::addMessageCopy(Node& relative, PastePosition position) {
+    NodeTree& tree = window_.liveTree();
+    Node& source = *siblingAt(window_.clipboard().firstRoot(), 2);
+    const std::string oldName(nameInText(source.text()));
+    const std::string newName = isMessageKeyUsed(tree, oldName, 0) ? makeNewMessageName(oldName) : oldName;
+    std::string text = source.text();
+    if (!isBlank(oldName))
+        text = replaceAll(text, oldName + ":", newName + ":");
+
+    Node& separator = tree.add(&relative, relationOf(position), window_.clipboard().firstRoot()->text());
+    Node& description = tree.add(&separator, Relation::Next, source.previous()->text());
+    description.setBold(true);
+    Node& message = tree.add(&description, Relation::Next, std::move(text));
+    tree.setKey(message, newName);
+    message.setExpanded(true);
+    window_.InsertCbo(newName);
+    if (copySubtree(source, message, tree) == CopyOutcome::Broken)
+        sayError();
+}
+
+std::string TreeCommands::makeNewMessageName(std::string_view name) {
+    std::string made(name);
+    do
+        made += "New1";
+    while (isMessageKeyUsed(window_.liveTree(), made, 0));
+    return made;
+}
+
+void TreeCommands::pasteItem(Node& selected, PastePosition position) {
+    Node* parent = selected.parent();
+    if (position == PastePosition::Child) {
+        pasteItemBelow(selected);
+        return;
+    }
+    const bool directItem = parent != nullptr && parent->parent() == nullptr;
+    if (parent == nullptr || (!directItem && !isFixedList(*parent))) {
+        refusePaste();
+        return;
+    }
+    if (!addItemCopy(selected, position))
+        return;
+    if (!directItem)
+        updateListCount(*parent);
+    window_.TreeView_ForeColor();
+}
+
+void TreeCommands::pasteItemBelow(Node& selected) {
+    const bool root = selected.parent() == nullptr;
+    Node* relative = root ? messageOf(selected).message : &selected;
+    const bool room = root || isFixedList(selected) || (isList(selected) && selected.child() == nullptr);
+    if (relative == nullptr || !room) {
+        refusePaste();
+        return;
+    }
+    if (!addItemCopy(*relative, PastePosition::Child))
+        return;
+    if (!root && isFixedList(selected))
+        updateListCount(selected);
+    window_.TreeView_ForeColor();
+}
+
+bool TreeCommands::addItemCopy(Node& relative, PastePosition position) {
+    NodeTree& tree = window_.liveTree();
+    const Node& source = *window_.clipboard().firstRoot();
+    std::string text = ItemNames(relative).uniqueItemText(source.text());
+    if (text.empty()) {
+        sayError();
+        return false;
+    }
+    Node& added = tree.add(&relative, relationOf(position), std::move(text));
+    added.setExpanded(true);
+    if (copySubtree(source, added, tree) == CopyOutcome::Broken)
+        sayError();
+    return true;
+}
+
+std::string TreeCommands::newItemText(const Node& place) {
+    const std::string name = "new" + std::to_string(window_.liveTree().count() + 1);
+    return "U2 1 " + ItemNames(place).uniqueItemName(name) + " 0";
+}
+
+void TreeCommands::insertItem() {
+    Node* selected = window_.liveTree().selected();
+    if (selected == nullptr) {
+        window_.desktop().showBox("No selected message");
+        return;
+    }
+    Node* parent = selected->parent();
+    const bool directItem = parent != nullptr && parent->parent() == nullptr;
+    const bool allowed = parent == nullptr ? hasColon(selected->text()) : directItem || isFixedList(*parent);
+    if (!allowed) {
+        window_.desktop().showBox("You cannot insert item");
+        return;
+    }
+    const Relation relation = parent == nullptr ? Relation::Child : Relation::Next;
+    window_.liveTree().add(selected, relation, newItemText(*selected)).setExpanded(true);
+    if (parent != nullptr && !directItem)
+        updateListCount(*parent);
+    window_.TreeView_ForeColor();
+}
+
+void TreeCommands::addSubItem() {
+    Node* selected = window_.liveTree().selected();
+    if (selected == nullptr) {
+        window_.desktop().showBox("No selected message");
+        return;
+    }
+    const bool root = selected->parent() == nullptr;
+    if (root && !hasColon(selected->text())) {
+        window_.desktop().showBox("You cannot insert sub item.");
+        return;
+    }
+    const bool fixedList = !root && isFixedList(*selected);
+    if (!root && !fixedList && (!isList(*selected) || selected->child() != nullptr)) {
+        window_.desktop().showBox("You cannot insert item");
+        return;
+    }
+    window_.liveTree().add(selected, Relation::Child, newItemText(*selected)).setExpanded(true);
+    if (fixedList) {
+        window_.txtItemCount.setText(std::to_string(selected->children()));
+        updateListCount(*selected);
+    }
+    window_.TreeView_ForeColor();
+}
+
+void TreeCommands::sayError() { window_.desktop().showBox("Occur error!"); }
+
+} // namespace zb
