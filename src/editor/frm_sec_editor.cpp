@@ -1,6 +1,8 @@
 #include "editor/frm_sec_editor.h"
 
 #include "messages/module_state.h"
+#include "messages/smd_reader.h"
+#include "messages/smd_writer.h"
 #include "platform/number.h"
 
 namespace zb {
@@ -19,6 +21,24 @@ void frmSECSEditor::newEditorProject() {
     cboSECSMessage.clear();
     replaceTree();
     state_.SECSMessageStore = std::make_unique<SECSMessageStore>();
+}
+
+void frmSECSEditor::openEditorProject() {
+    cboSECSMessage.clear();
+    state_.SECSMessageStore = std::make_unique<SECSMessageStore>();
+    replaceTree();
+    InitItem();
+    InitMsg();
+    readSmdSection(liveTree(), state_.projectFilePath(), *this);
+    cboFirstSelect();
+}
+
+std::string frmSECSEditor::saveEditorProject() {
+    return SmdWriter(state_, *this).buildMessageText(state_.projectFilePath(), "SAVE_PROJECT", liveTree());
+}
+
+std::string frmSECSEditor::walkForModeler() {
+    return SmdWriter(state_, *this).buildMessageText(state_.ProjectName, "MODELER", liveTree());
 }
 
 void frmSECSEditor::TreeView_ForeColor() {

@@ -14,23 +14,23 @@ std::string_view itemNameInText(std::string_view itemText) {
     return word;
 }
 
-ItemNames::ItemNames(const Node& nodeOfMessage) {
+MessageItemNames::MessageItemNames(const Node& nodeOfMessage) {
     collectItemNames(rootOf(nodeOfMessage));
 }
 
-void ItemNames::add(std::string_view name) {
+void MessageItemNames::add(std::string_view name) {
     if (!name.empty())
         names_.emplace(name);
 }
 
-std::string ItemNames::uniqueItemName(std::string_view name) {
+std::string MessageItemNames::uniqueItemName(std::string_view name) {
     std::string& unique = lastMade_.try_emplace(std::string(name), name).first->second;
     while (holds(unique))
         unique += '1';
     return unique;
 }
 
-std::string ItemNames::uniqueItemText(std::string_view itemText) {
+std::string MessageItemNames::uniqueItemText(std::string_view itemText) {
     const std::string name(itemNameInText(itemText));
     if (name.empty())
         return std::string(itemText);
@@ -38,7 +38,7 @@ std::string ItemNames::uniqueItemText(std::string_view itemText) {
 }
 
 /// Walks without recursion, for messages of any depth.
-void ItemNames::collectItemNames(const Node& root) {
+void MessageItemNames::collectItemNames(const Node& root) {
     for (const Node* node = root.child(); node != nullptr;) {
         add(itemNameInText(node->text()));
         if (node->child() != nullptr) {

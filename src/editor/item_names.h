@@ -13,11 +13,11 @@ class Node;
 std::string_view itemNameInText(std::string_view itemText);
 
 /// The item names of one message. They are compared letter by letter.
-class ItemNames {
+class MessageItemNames {
 public:
-    ItemNames() = default;
+    MessageItemNames() = default;
     /// Collects the names of all items of the message that the node belongs to.
-    explicit ItemNames(const Node& nodeOfMessage);
+    explicit MessageItemNames(const Node& nodeOfMessage);
 
     bool holds(std::string_view name) const { return names_.contains(std::string(name)); }
     void add(std::string_view name);

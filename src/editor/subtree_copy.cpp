@@ -9,7 +9,7 @@ namespace zb {
 // equal names is changed. The walk keeps its place in both trees at once and needs no stack, however deep
 // they are.
 CopyOutcome copySubtree(const Node& source, Node& destination, NodeTree& destinationTree) {
-    ItemNames names(destination);
+    MessageItemNames names(destination);
     const Node* from = source.child();
     Node* parent = &destination;
     while (from != nullptr) {

@@ -15,13 +15,18 @@ namespace zb {
 
 namespace {
 
-bool isFixedList(const Node& item) { return isList(item) && !hasVariableCount(item); }
+bool isFixedList(const Node& item) {
+    return isList(item) && !hasVariableCount(item);
+}
 
 Relation relationOf(PastePosition position) {
     switch (position) {
-    case PastePosition::Previous: return Relation::Previous;
-    case PastePosition::Next: return Relation::Next;
-    default: return Relation::Child;
+    case PastePosition::Previous:
+        return Relation::Previous;
+    case PastePosition::Next:
+        return Relation::Next;
+    default:
+        return Relation::Child;
     }
 }
 
@@ -30,7 +35,9 @@ bool holdsMessage(const NodeTree& clipboard) {
     return !clipboard.empty() && clipboard.firstRoot()->next() != nullptr;
 }
 
-std::string textOf(const Node* node) { return node == nullptr ? std::string() : node->text(); }
+std::string textOf(const Node* node) {
+    return node == nullptr ? std::string() : node->text();
+}
 
 } // namespace
 
@@ -151,7 +158,9 @@ void TreeCommands::pasteFromTemp(PastePosition position) {
         pasteItem(*selected, position);
 }
 
-void TreeCommands::refusePaste() { window_.desktop().showBox("You cannot paste"); }
+void TreeCommands::refusePaste() {
+    window_.desktop().showBox("You cannot paste");
+}
 
 void TreeCommands::pasteMessage(Node& selected, PastePosition position) {
     if (selected.parent() != nullptr)
@@ -230,7 +239,7 @@ void TreeCommands::pasteItemBelow(Node& selected) {
 bool TreeCommands::addItemCopy(Node& relative, PastePosition position) {
     NodeTree& tree = window_.liveTree();
     const Node& source = *window_.clipboard().firstRoot();
-    std::string text = ItemNames(relative).uniqueItemText(source.text());
+    std::string text = MessageItemNames(relative).uniqueItemText(source.text());
     if (text.empty()) {
         sayError();
         return false;
@@ -244,7 +253,7 @@ bool TreeCommands::addItemCopy(Node& relative, PastePosition position) {
 
 std::string TreeCommands::newItemText(const Node& place) {
     const std::string name = "new" + std::to_string(window_.liveTree().count() + 1);
-    return "U2 1 " + ItemNames(place).uniqueItemName(name) + " 0";
+    return "U2 1 " + MessageItemNames(place).uniqueItemName(name) + " 0";
 }
 
 void TreeCommands::insertItem() {
@@ -291,6 +300,8 @@ void TreeCommands::addSubItem() {
     window_.TreeView_ForeColor();
 }
 
-void TreeCommands::sayError() { window_.desktop().showBox("Occur error!"); }
+void TreeCommands::sayError() {
+    window_.desktop().showBox("Occur error!");
+}
 
 } // namespace zb

@@ -2,10 +2,10 @@
 
 #include "editor/frm_sec_editor.h"
 #include "editor/message_nodes.h"
+#include "messages/item_normalizer.h"
 #include "messages/item_record.h"
 #include "messages/message_record.h"
 #include "messages/module_state.h"
-#include "messages/validator.h"
 #include "platform/number.h"
 #include "platform/stores/desktop.h"
 #include "platform/wildcard.h"
@@ -21,7 +21,9 @@ constexpr int kRightButton = 2;
 /// Stands in for a stream or function that is no number, so that the message can be saved and corrected.
 constexpr const char* kStandIn = "90";
 
-bool isBadNumber(const std::string& text) { return !isNumeric(text) || valueOf(text) < 0; }
+bool isBadNumber(const std::string& text) {
+    return !isNumeric(text) || valueOf(text) < 0;
+}
 
 SECSMessageRecord recordOf(const MessageParts& parts) {
     SECSMessageRecord record;
@@ -94,9 +96,11 @@ void TreeInteraction::itemClick(Node& node) {
     SECSItemRecord record;
     record.parseText(node.text());
     normalizeItem(node, record, window_.state().codePage);
+    record.parseText(node.text());
     window_.txtItemName.setText(record.getName());
     window_.itemPane.selectTypeButton(record.getType());
-    // The count comes before the other fields: a fixed list that heals takes its "V" from the item shown before.
+    // The count comes before the other fields: a fixed list that heals takes its "V" from the item shown
+    // before.
     showCount(node, record);
     window_.chkFix.setChecked(record.isFixed());
     showKeyAndValue(node, record);

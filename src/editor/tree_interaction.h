@@ -10,8 +10,8 @@ class SECSItemRecord;
 class StructureEntries;
 class TextField;
 
-/// What happens when the user points at the message tree: a click fills the panes and repairs the node on the way, a
-/// right click opens the pop-up.
+/// What happens when the user points at the message tree: a click fills the panes and repairs the node on the
+/// way, a right click opens the pop-up.
 class TreeInteraction {
 public:
     explicit TreeInteraction(frmSECSEditor& window);
