@@ -129,7 +129,10 @@ void ItemPane::InitItem() {
 }
 
 void ItemPane::updateItemNodeText(Node& node) {
-    const std::string type = getSelectedItemType();
+    std::string type = getSelectedItemType();
+    // An item of a type that no button stands for keeps it.
+    if (type.empty())
+        type = wordAt(node.text(), 0);
     const ValueForm form = valueFormOf(type);
     const std::string& name = window_.txtItemName.text();
     const std::string& value = window_.txtInit.text();

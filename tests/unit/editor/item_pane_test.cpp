@@ -145,6 +145,13 @@ TEST_F(ItemPaneTest, FixedCountIsMarkedInTheText) {
     EXPECT_EQ(item.text(), "U1 2 rate 1 2 [K]");
 }
 
+TEST_F(ItemPaneTest, TypeThatNoButtonStandsForIsKept) {
+    const Node& item = opened("Q 1 old 5");
+    paste(window.txtItemName, "new");
+    key(window.txtItemName, {kKeyEnd, 0});
+    EXPECT_EQ(item.text(), "Q 1 new 5");
+}
+
 // Item key
 
 struct KeyRow {
