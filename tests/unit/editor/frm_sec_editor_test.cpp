@@ -1,0 +1,247 @@
+#include "unit/editor/editor_desk.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+
+namespace zb {
+namespace {
+
+class EditorWindow : public EditorDesk {};
+
+TEST_F(EditorWindow, NewEmptiesTheEditorAndKeepsTheClipboard) {
+    Node& message = addMessage("A: S1 F1 H->E");
+    clickNode(&message);
+    click(window.editEntries.copy);
+    const SECSMessageStore* store = state.SECSMessageStore.get();
+    window.newEditorProject();
+    EXPECT_TRUE(tree().empty());
+    EXPECT_TRUE(window.cboSECSMessage.entries().empty());
+    EXPECT_EQ(window.txtMsgName.text(), "");
+    EXPECT_NE(state.SECSMessageStore.get(), store);
+    EXPECT_TRUE(state.SECSMessageStore->getMessages().empty());
+    EXPECT_EQ(clipboardOutline(), (Lines{"", "", "A: S1 F1 H->E"}));
+}
+
+TEST_F(EditorWindow, AFreshTreeTakesTurnsWithTheOther) {
+    EXPECT_EQ(window.currentTreeIndex, 1);
+    window.newEditorProject();
+    EXPECT_EQ(window.currentTreeIndex, 2);
+    window.newEditorProject();
+    EXPECT_EQ(window.currentTreeIndex, 1);
+    window.currentTreeIndex = 7;
+    window.newEditorProject();
+    EXPECT_EQ(window.currentTreeIndex, 1);
+}
+
+TEST_F(EditorWindow, AllNodesHaveTheOrdinaryColour) {
+    Node& message = addMessage("A: S1 F1 H->E");
+    message.setForeColor(kErrorForeColor);
+    window.TreeView_ForeColor();
+    EXPECT_EQ(message.foreColor(), kEditorForeColor);
+}
+
+TEST_F(EditorWindow, ExpandTurnsAllNodes) {
+    Node& message = addMessage("A: S1 F1 H->E", {"L 1", "  U2 1 x 0"});
+    EXPECT_TRUE(window.mnuExpand.checked());
+    click(window.mnuExpand);
+    EXPECT_FALSE(window.mnuExpand.checked());
+    EXPECT_FALSE(message.expanded());
+    EXPECT_FALSE(message.child()->expanded());
+    click(window.mnuExpand);
+    EXPECT_TRUE(window.mnuExpand.checked());
+    EXPECT_TRUE(message.previous()->expanded());
+    EXPECT_TRUE(message.child()->child()->expanded());
+}
+
+TEST_F(EditorWindow, ExpandOfAnEmptyTreeOnlyTurnsItsCheck) {
+    click(window.mnuExpand);
+    EXPECT_FALSE(window.mnuExpand.checked());
+    expectNoBox();
+}
+
+TEST_F(EditorWindow, PrintDoesNothing) {
+    EXPECT_EQ(window.printEditorProject(), "");
+    click(window.projectMenu.mnuPrint);
+    EXPECT_TRUE(commands.calls.empty());
+}
+
+TEST_F(EditorWindow, FindAsksForTheFindWindow) {
+    int asked = 0;
+    window.onFind = [&asked] { ++asked; };
+    click(window.mnuFind);
+    EXPECT_EQ(asked, 1);
+}
+
+class ProjectFile : public EditorDesk {
+public:
+    ProjectFile() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "editor-XXXXXX").string();
+        EXPECT_NE(mkdtemp(pattern.data()), nullptr);
+        folder_ = pattern;
+        state.ProjectName = "P";
+        state.ProjectPath = folder_.string();
+    }
+    ~ProjectFile() override { std::filesystem::remove_all(folder_); }
+
+    void write(const std::string& text) { std::ofstream(state.projectFilePath(), std::ios::binary) << text; }
+
+private:
+    std::filesystem::path folder_;
+};
+
+TEST_F(ProjectFile, OpenFillsTreeAndCombo) {
+    write(
+        "## [EDIT SMD]\r\n* first\r\nA: S1 F1 W H->E.\r\nB: S1 F2 H<-E\r\n    L 1\r\n        U2 1 x 0.\r\n");
+    addMessage("Old: S9 F9 H->E");
+    window.openEditorProject();
+    EXPECT_EQ(treeOutline(),
+              (Lines{"", "first", "A: S1 F1 W H->E", "", "", "B: S1 F2 H<-E", "  L 1", "    U2 1 x 0"}));
+    EXPECT_EQ(window.cboSECSMessage.entries(), (Lines{"A", "B"}));
+    EXPECT_EQ(window.cboSECSMessage.text(), "A");
+    EXPECT_EQ(tree().selected(), tree().find("A"));
+    EXPECT_EQ(window.txtMsgName.text(), ""); // the first selection is no click
+    EXPECT_EQ(tree().find("B")->child()->foreColor(), kEditorForeColor);
+}
+
+TEST_F(ProjectFile, OpenOfOneMessageSelectsNothing) {
+    write("## [EDIT SMD]\r\nA: S1 F1 W H->E.\r\n");
+    window.openEditorProject();
+    EXPECT_EQ(tree().selected(), nullptr);
+    EXPECT_EQ(window.cboSECSMessage.text(), "");
+}
+
+TEST_F(ProjectFile, OpenOfAMissingFileLeavesTheEditorEmpty) {
+    addMessage("Old: S9 F9 H->E");
+    window.openEditorProject();
+    EXPECT_TRUE(tree().empty());
+    EXPECT_TRUE(window.cboSECSMessage.entries().empty());
+}
+
+TEST_F(ProjectFile, SaveAppendsTheSectionAndHidesTheItemPane) {
+    addMessage("A: S1 F1 W H->E", {"L 1", "  U2 1 x 0"}, "first");
+    std::string sections = "header\r\n";
+    state.projectSections = &sections;
+    EXPECT_EQ(window.saveEditorProject(), "");
+    EXPECT_EQ(sections,
+              "header\r\n## [EDIT SMD]\r\n* first\r\nA: S1 F1 W H->E\r\n    L 1\r\n        U2 1 x 0.\r\n");
+    EXPECT_FALSE(window.picItem.visible());
+    EXPECT_NE(state.SECSMessageStore->getByName("a"), nullptr);
+}
+
+TEST_F(ProjectFile, TheWayToTheModelerStopsAtAFault) {
+    Node& message = addMessage("A: S1 F1 W H->E", {"L 5V", "  U2 1 x 0"});
+    EXPECT_EQ(window.walkForModeler(), "occur an Error");
+    expectBox("Insert item name");
+    EXPECT_EQ(tree().selected(), message.child());
+    EXPECT_EQ(message.child()->backColor(), kErrorBackColor);
+    clickNode(message.child());
+    EXPECT_EQ(message.child()->backColor(), std::nullopt);
+    EXPECT_TRUE(window.picItem.visible());
+}
+
+struct MenuRow {
+    std::string name;
+    std::string caption;
+    std::string command; ///< empty for an entry that asks for no project command
+    Pointer pointer = Pointer::Default;
+};
+
+std::ostream& operator<<(std::ostream& out, const MenuRow& row) {
+    return out << row.name;
+}
+
+class Menu : public EditorDesk, public testing::WithParamInterface<MenuRow> {};
+
+TEST_P(Menu, HasItsCaptionAndCommand) {
+    Control* control = window.find(GetParam().name);
+    ASSERT_NE(control, nullptr);
+    ASSERT_EQ(control->kind(), Control::Kind::MenuEntry);
+    EXPECT_EQ(control->caption(), GetParam().caption);
+    control->setEnabled(true);
+    click(*control);
+    std::vector<RecordingCommands::Call> calls;
+    if (!GetParam().command.empty())
+        calls.push_back({GetParam().command, GetParam().pointer});
+    EXPECT_EQ(commands.calls, calls);
+    EXPECT_EQ(window.pointer(), Pointer::Default);
+}
+
+constexpr Pointer kHourglass = Pointer::Hourglass;
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, Menu,
+    testing::Values(MenuRow{"mnuProject", "Project(&P)", ""}, MenuRow{"mnuNew", "New(&N)", "New", kHourglass},
+                    MenuRow{"mnuOpen", "Open(&O)", "Open", kHourglass},
+                    MenuRow{"mnuSave", "Save(&S)", "Save", kHourglass},
+                    MenuRow{"mnuSaveAs", "SaveAs(&E)", "SaveAs", kHourglass},
+                    MenuRow{"mnuPrint", "Print(&P)", ""}, MenuRow{"mnuExit", "Exit(&X)", "Exit"},
+                    MenuRow{"mnuFind", "Find(&F)", ""}, MenuRow{"mnuExpand", "Expand(&N)", ""},
+                    MenuRow{"mnuSECSMessageLibrary", "SECS Message Library(&M)", ""},
+                    MenuRow{"mnuItem", "&Insert Item", ""}, MenuRow{"mnuChild", "&Add Child Item", ""},
+                    MenuRow{"mnuBuildSMD", "SECS Message Definitions(&S)", "BuildSmd", kHourglass},
+                    MenuRow{"mnuTMD", "Transaction Modeling Definitions(&T)", ""},
+                    MenuRow{"mnuBuildZeltoPlugIn", "ZeltoDriver Interface PlugIn(&P)", "BuildPlugIn",
+                            kHourglass},
+                    MenuRow{"mnuOption", "Option(&O)", "Option", kHourglass},
+                    MenuRow{"mnuEditor", "SECSEditor(&E)", ""},
+                    MenuRow{"mnuModeler", "TRModeler(&M)", "Modeler", kHourglass},
+                    MenuRow{"mnuAbout", "About(&A)", "About"}));
+
+TEST_F(EditorWindow, TreeWidthBelow500GivesWayToTheOldOne) {
+    const int before = window.treeWidth();
+    paste(window.txtTreeWidth, "499");
+    click(window.txtStream);
+    EXPECT_EQ(window.treeWidth(), before);
+    EXPECT_EQ(window.txtTreeWidth.text(), std::to_string(before));
+    for (const char* bad : {"", "x", "1e9", "-600"}) {
+        paste(window.txtTreeWidth, bad);
+        key(window.txtTreeWidth, kKeyEnter);
+        EXPECT_EQ(window.treeWidth(), before) << bad;
+        EXPECT_EQ(window.txtTreeWidth.text(), std::to_string(before)) << bad;
+    }
+}
+
+TEST_F(EditorWindow, TreeWidthIsTakenAtEnterAndWhenTheFieldIsLeft) {
+    paste(window.txtTreeWidth, "");
+    type(window.txtTreeWidth, "500");
+    EXPECT_NE(window.treeWidth(), 500);
+    key(window.txtTreeWidth, kKeyEnter);
+    EXPECT_EQ(window.treeWidth(), 500);
+    paste(window.txtTreeWidth, "3000");
+    click(window.txtStream);
+    EXPECT_EQ(window.treeWidth(), 3000);
+}
+
+TEST_F(EditorWindow, DraggingTheGapShowsItsWidth) {
+    window.placeTreeColumn({.left = 0, .top = 0, .height = 5000, .gap = 60});
+    const int edge = window.treeWidth();
+    window.mouseMove(edge + 30, 100, false);
+    EXPECT_EQ(window.pointer(), Pointer::Sizing);
+    window.leftButtonDown(edge + 30, 100);
+    window.mouseMove(edge + 130, 100, true);
+    window.buttonUp();
+    EXPECT_EQ(window.txtTreeWidth.text(), std::to_string(edge + 100));
+    window.mouseMove(10, 100, false);
+    EXPECT_EQ(window.pointer(), Pointer::Default);
+}
+
+TEST_F(EditorWindow, HiddenStoresAreHidden) {
+    EXPECT_FALSE(window.tvwTemp.visible());
+    EXPECT_FALSE(window.List1.visible());
+}
+
+TEST_F(EditorWindow, TypeButtonsStandInTheirOrder) {
+    const Lines keys{"List", "Ascii", "Binary", "Boolean", "I1", "I2", "I4",   "I8",
+                     "U1",   "U2",    "U4",     "U8",      "F4", "F8", "JIS8", "Any"};
+    Lines found;
+    for (const ToolbarButton& button : window.tbritemType.buttons()) {
+        found.push_back(button.key());
+        EXPECT_EQ(button.image(), 2 * button.index() - 1) << button.key();
+    }
+    EXPECT_EQ(found, keys);
+}
+
+} // namespace
+} // namespace zb
