@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/stores/screen.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zb::test {
+
+// A screen that nobody sits at: boxes are noted and answered from what was said beforehand, else with the
+// answer that changes least.
+class SilentScreen final : public Screen {
+public:
+    std::vector<Box> boxes;
+    std::deque<Answer> answers;
+    std::deque<std::string> picks;
+    std::function<void(Window&)> modal;
+
+    Answer showBox(const Box& box) override {
+        boxes.push_back(box);
+        if (box.buttons == BoxButtons::OK)
+            return Answer::OK;
+        if (answers.empty())
+            return Answer::Cancel;
+        const Answer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    std::string pickFile(const FileDialog& /*dialog*/) override {
+        if (picks.empty())
+            return {};
+        const std::string path = picks.front();
+        picks.pop_front();
+        return path;
+    }
+    void runModal(Window& window) override {
+        if (modal)
+            modal(window);
+    }
+    void bringToFront(Window& /*window*/) override {}
+    void openPopup(PopupMenu& /*menu*/) override {}
+};
+
+} // namespace zb::test
