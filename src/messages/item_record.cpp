@@ -3,6 +3,8 @@
 #include "messages/item_grammar.h"
 #include "platform/text.h"
 
+#include <limits>
+
 namespace zb {
 
 namespace {
@@ -42,6 +44,8 @@ std::string SECSItemRecord::parseText(std::string_view text) {
         status = "\"" + type_ + "\" is no item type";
     else if (!hasDigitsOnly(count))
         status = "The item count is not a number";
+    else if (count_ == std::numeric_limits<int>::max())
+        status = "The item count is too large";
 
     std::string_view behindName = rest;
     const std::string_view third = takeWord(behindName);
