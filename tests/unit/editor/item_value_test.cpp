@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <ostream>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -241,6 +242,23 @@ INSTANTIATE_TEST_SUITE_P(Rows, EmptyText,
                                 EmptyRow{"U2", -1, kFixed, ""},
                                 EmptyRow{"B BOOLEAN I1 U2 F8", 1, kVariable, ""},
                                 EmptyRow{"A L", 1, kFixed, ""}, EmptyRow{"Q", 0, kVariable, "0"}));
+
+// Storing canonical text sets the change handling off once more, which must find nothing left to do.
+TEST(CanonicalTextOfAnyText, IsCanonical) {
+    constexpr std::string_view kCharacters = "0123456789+-.eEtTfx  ";
+    std::mt19937 random(7);
+    const auto below = [&random](std::size_t bound) { return static_cast<std::size_t>(random()) % bound; };
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        for (std::size_t length = below(24); text.size() < length;)
+            text += kCharacters[below(kCharacters.size())];
+        for (const std::string& type : wordsOf("B BOOLEAN I1 I2 I4 I8 U1 U2 U4 U8 F4 F8")) {
+            const std::string canonical = normalizeItemValue(type, 1, kFixed, text);
+            EXPECT_EQ(normalizeItemValue(type, 1, kFixed, canonical), canonical)
+                << type << " <" << text << '>';
+        }
+    }
+}
 
 // The largest double prints as a number that no double holds; nothing more is asked of it than an end.
 TEST(CanonicalTextEnd, TheLargestNumberIsPrinted) {
