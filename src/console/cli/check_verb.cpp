@@ -1,0 +1,35 @@
+#include "console/cli/check_verb.h"
+
+#include "console/cli/findings.h"
+#include "console/cli/loaded_project.h"
+
+#include <CLI/CLI.hpp>
+
+namespace zb {
+
+std::string CheckVerb::example() const {
+    return "zbc check Etcher.zbp\n"
+           "  Tells each fault on standard error as FILE: MESSAGE: item path: text. The path counts the "
+           "items\n"
+           "  from the message down, from 1: 2/1 is the first item of the message's second. The exit status\n"
+           "  is 1 when a build would stop. Nothing is written.";
+}
+
+void CheckVerb::declare(CLI::App& app) {
+    app.add_option("PROJECT", project_, "The project file, *.zbp")->type_name("FILE")->required();
+    app.add_flag("--json", json_, "One JSON object a fault, on standard output");
+}
+
+int CheckVerb::run(ConsoleStreams streams) {
+    LoadedProject project;
+    if (const int status = project.load(project_, streams); status != kExitDone)
+        return status;
+    const auto findings = checkDefinitions(project.tree, project.codePage);
+    if (json_)
+        printFindingsAsJson(streams.out, project_, findings);
+    else
+        printFindings(streams.err, project_, findings);
+    return countErrors(findings) == 0 ? kExitDone : kExitFault;
+}
+
+} // namespace zb

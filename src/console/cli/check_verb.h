@@ -1,0 +1,23 @@
+#pragma once
+
+#include "console/cli/verb.h"
+
+#include <string>
+
+namespace zb {
+
+/// `zbc check PROJECT.zbp [--json]`
+class CheckVerb final : public Verb {
+public:
+    std::string name() const override { return "check"; }
+    std::string summary() const override { return "Report every fault of the message definitions"; }
+    std::string example() const override;
+    void declare(CLI::App& app) override;
+    int run(ConsoleStreams streams) override;
+
+private:
+    std::string project_;
+    bool json_ = false;
+};
+
+} // namespace zb

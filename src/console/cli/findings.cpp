@@ -1,0 +1,41 @@
+#include "console/cli/findings.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+namespace zb {
+
+void printFindings(std::ostream& stream, const std::string& file,
+                   const std::vector<DefinitionFinding>& findings) {
+    for (const DefinitionFinding& finding : findings) {
+        stream << file << ": " << finding.message << ": ";
+        if (!finding.itemPath.empty())
+            stream << finding.itemPath << ": ";
+        if (finding.severity == DefinitionFinding::Severity::Warning)
+            stream << "warning: ";
+        stream << finding.text << '\n';
+    }
+}
+
+void printFindingsAsJson(std::ostream& stream, const std::string& file,
+                         const std::vector<DefinitionFinding>& findings) {
+    for (const DefinitionFinding& finding : findings) {
+        const bool warning = finding.severity == DefinitionFinding::Severity::Warning;
+        const nlohmann::ordered_json line{{"file", file},
+                                          {"message", finding.message},
+                                          {"item", finding.itemPath},
+                                          {"severity", warning ? "warning" : "error"},
+                                          {"text", finding.text}};
+        stream << line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    }
+}
+
+std::size_t countErrors(const std::vector<DefinitionFinding>& findings) {
+    const auto isError = [](const DefinitionFinding& finding) {
+        return finding.severity == DefinitionFinding::Severity::Error;
+    };
+    return static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), isError));
+}
+
+} // namespace zb

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "console/cli/verb.h"
+
+#include <string>
+
+namespace zb {
+
+/// `zbc list PROJECT.zbp [--json]`
+class ListVerb final : public Verb {
+public:
+    std::string name() const override { return "list"; }
+    std::string summary() const override { return "List the messages of a project"; }
+    std::string example() const override;
+    void declare(CLI::App& app) override;
+    int run(ConsoleStreams streams) override;
+
+private:
+    std::string project_;
+    bool json_ = false;
+};
+
+} // namespace zb

@@ -1,0 +1,65 @@
+#include "console/cli/loaded_project.h"
+
+#include "messages/editor_pane.h"
+#include "messages/smd_reader.h"
+#include "platform/settings.h"
+#include "platform/text_file.h"
+#include "platform/wildcard.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <ostream>
+
+namespace zb {
+
+namespace {
+
+std::string localeName() {
+    for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        const char* value = std::getenv(variable);
+        if (value != nullptr && *value != '\0')
+            return value;
+    }
+    return {};
+}
+
+/// Any of the lines by which a reader of projects finds its way.
+bool hasProjectLine(std::string_view text) {
+    constexpr std::array<std::string_view, 2> kMarkers{"###[PROJECT INFORMATION]", "## [EDIT SMD]"};
+    LineReader lines(text);
+    while (const auto line = lines.next()) {
+        if (std::find(kMarkers.begin(), kMarkers.end(), *line) != kMarkers.end())
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+int LoadedProject::load(const std::string& path, ConsoleStreams streams) {
+    const auto bytes = readBytes(path);
+    if (!bytes) {
+        streams.err << path << ": cannot be read: " << bytes.error().description << '\n';
+        return kExitFileFault;
+    }
+    const ProjectText project = decodeProject(*bytes);
+    std::string fault = project.fault;
+    if (fault.empty() && !hasProjectLine(project.text))
+        fault = "it has neither a project header nor a section of messages";
+    if (!fault.empty()) {
+        streams.err << path << ": not a project file: " << fault << '\n';
+        return kExitFault;
+    }
+    const SettingsStore settings(settingsFolder());
+    codePage = chooseCodePage(settings.readRegValue(kSettingsKey, "AnsiCodePage"), localeName());
+    NoEditorPane pane;
+    readSmdText(tree, project.text, pane);
+    return kExitDone;
+}
+
+bool isMessageNode(const Node& node) {
+    return node.parent() == nullptr && hasColon(node.text());
+}
+
+} // namespace zb

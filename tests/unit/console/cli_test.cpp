@@ -1,0 +1,227 @@
+#include "console/cli/command_line.h"
+#include "console/script/work_folder.h"
+#include "platform/text_file.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace zb {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+    int status = 0;
+    std::string out;
+    std::string err;
+};
+
+Outcome runZbc(const std::vector<std::string>& arguments) {
+    std::ostringstream out;
+    std::ostringstream err;
+    const int status = runConsole(arguments, {out, err});
+    return {status, out.str(), err.str()};
+}
+
+/// A folder with a project of two messages, and settings of its own.
+class Cli : public testing::Test {
+protected:
+    Cli() {
+        setenv("ZELTOBENCH_CONFIG", (folder_.path() / "config").c_str(), 1);
+        project_ =
+            write("Demo.zbp", encodeUtf16("\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n"
+                                          "* Are you there\r\nAreYouThere: S1 F1 W H<->E.\r\n"
+                                          "* On line\r\nOnLineData: S1 F2 H<-E\r\n    L 2\r\n"
+                                          "        A 6 MDLN 'ETCHER'\r\n        A 6 SOFTREV 'V01R01'.\r\n"));
+    }
+    ~Cli() override { unsetenv("ZELTOBENCH_CONFIG"); }
+
+    std::string path(const std::string& name) const { return (folder_.path() / name).string(); }
+
+    std::string write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(path(name), std::ios::binary) << bytes;
+        return path(name);
+    }
+
+    std::string faulty() const {
+        return write("Bad.zbp", encodeUtf16("## [EDIT SMD]\r\n* d\r\nBad: S200 F1 H->E\r\n    U1 1 A 300.\r\n"
+                                            "* d\r\nWorse: S1 F1 H->E\r\n    L 1\r\n        XX 1 B 0.\r\n"));
+    }
+
+    WorkFolder folder_;
+    std::string project_;
+};
+
+void expectFault(const std::vector<std::string>& arguments, int status, const std::string& err) {
+    const Outcome run = runZbc(arguments);
+    EXPECT_EQ(run.status, status);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, err);
+}
+
+TEST_F(Cli, ListsMessagesInColumns) {
+    const Outcome run = runZbc({"list", project_});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out, "AreYouThere  S1F1  W  H<->E  0  Are you there\n"
+                       "OnLineData   S1F2  -  H<-E   3  On line\n");
+}
+
+TEST_F(Cli, ListsMessagesAsJson) {
+    EXPECT_EQ(runZbc({"list", "--json", project_}).out,
+              R"({"name":"AreYouThere","stream":1,"function":1,"wait":true,"reply":false,"nologging":false,)"
+              R"("direction":"H<->E","items":0,"description":"Are you there"})"
+              "\n"
+              R"({"name":"OnLineData","stream":1,"function":2,"wait":false,"reply":false,"nologging":false,)"
+              R"("direction":"H<-E","items":3,"description":"On line"})"
+              "\n");
+}
+
+TEST_F(Cli, FindsNothingInASoundProject) {
+    const Outcome run = runZbc({"check", project_});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out + run.err, "");
+}
+
+TEST_F(Cli, TellsEveryFaultOnALine) {
+    const std::string file = faulty();
+    const std::string before = *readBytes(file);
+    expectFault({"check", file}, 1,
+                file + ": Bad: You must insert a positive number less than 128 in the stream\n" + file +
+                    ": Worse: 1/1: Bad item type\n");
+    EXPECT_EQ(*readBytes(file), before);
+}
+
+TEST_F(Cli, TellsFaultsAsJson) {
+    const Outcome run = runZbc({"check", faulty(), "--json"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "");
+    EXPECT_NE(run.out.find(R"("message":"Worse","item":"1/1","severity":"error","text":"Bad item type"})"
+                           "\n"),
+              std::string::npos)
+        << run.out;
+}
+
+TEST_F(Cli, BuildsBesideTheProject) {
+    const Outcome run = runZbc({"build", project_});
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, path("ZeltoInfo/Demo.smd") + ": 2 messages\n");
+    EXPECT_NE(readBytes(path("ZeltoInfo/Demo.smd"))->find("<A 6 MDLN 'ETCHER'>"), std::string::npos);
+    EXPECT_FALSE(fs::exists(path("ZeltoInfo/Demo.mdf")));
+}
+
+TEST_F(Cli, BuildsWhereAndWhatIsAskedFor) {
+    const Outcome run = runZbc({"build", project_, "--mdf", "--out", path("a/b")});
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out, path("a/b/Demo.mdf") + ": 2 messages\n");
+    EXPECT_TRUE(fs::exists(path("a/b/Demo.mdf")));
+    EXPECT_FALSE(fs::exists(path("ZeltoInfo")));
+}
+
+TEST_F(Cli, BuildsTheSameBytesEachTime) {
+    runZbc({"build", project_});
+    const std::string first = *readBytes(path("ZeltoInfo/Demo.smd"));
+    runZbc({"build", project_, "--smd"});
+    EXPECT_EQ(*readBytes(path("ZeltoInfo/Demo.smd")), first);
+}
+
+TEST_F(Cli, TellsAllFaultsOfABuildThatStops) {
+    const std::string file = faulty();
+    const Outcome run = runZbc({"build", file});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, runZbc({"check", file}).err);
+}
+
+TEST_F(Cli, TellsOfFoldersThatCannotBeMade) {
+    const std::string file = write("file", "");
+    expectFault({"build", project_, "--out", file + "/x"}, 3, file + "/x: cannot be made: Not a directory\n");
+}
+
+TEST_F(Cli, TellsOfATargetThatCannotBeWritten) {
+    fs::create_directories(path("ZeltoInfo/Demo.smd"));
+    const Outcome run = runZbc({"build", project_});
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.err.find(path("ZeltoInfo/Demo.smd") + ": cannot be written: "), 0U) << run.err;
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1);
+}
+
+TEST_F(Cli, TellsOfFilesThatAreNoProjects) {
+    const std::string whole = *readBytes(project_);
+    const std::vector<std::pair<std::string, std::string>> broken{
+        {std::string("\x80\x81\xFE\x00\x00\xC3", 6), "the file is no UTF-16 text"},
+        {"## [EDIT SMD]\r\n", "the file is UTF-8 text, and a project file is UTF-16 text"},
+        {"", "the file is empty"},
+        {whole.substr(0, whole.size() - 1), "the file ends in the middle of a character"},
+        {encodeUtf16("hello\r\n"), "it has neither a project header nor a section of messages"}};
+    for (const auto& [bytes, why] : broken) {
+        const std::string file = write("Broken.zbp", bytes);
+        for (const char* verb : {"list", "check", "build"})
+            expectFault({verb, file}, 1, file + ": not a project file: " + why + "\n");
+    }
+}
+
+TEST_F(Cli, TellsOfFilesThatCannotBeRead) {
+    for (const char* verb : {"list", "check", "build", "script"}) {
+        expectFault({verb, path("none")}, 3, path("none") + ": cannot be read: No such file or directory\n");
+        expectFault({verb, path(".")}, 3, path(".") + ": cannot be read: Is a directory\n");
+    }
+    fs::create_symlink(path("loop"), path("loop"));
+    expectFault({"list", path("loop")}, 3,
+                path("loop") + ": cannot be read: Too many levels of symbolic links\n");
+}
+
+TEST_F(Cli, RefusesWrongUsageOnOneLine) {
+    expectFault({}, 2, "zbc: a verb is missing (see zbc --help)\n");
+    expectFault({"list"}, 2, "zbc: PROJECT is required (see zbc --help)\n");
+    expectFault({"script"}, 2, "zbc: FILE is required (see zbc --help)\n");
+    expectFault({"jump"}, 2, "zbc: The following argument was not expected: jump (see zbc --help)\n");
+    expectFault({"list", "--fast", "a"}, 2,
+                "zbc: The following argument was not expected: --fast (see zbc --help)\n");
+    expectFault({"list", "a", "b"}, 2, "zbc: The following argument was not expected: b (see zbc --help)\n");
+    expectFault({"build", "--smd", "--mdf", "a"}, 2, "zbc: --smd excludes --mdf (see zbc --help)\n");
+    expectFault({"build", "a", "--out"}, 2, "zbc: --out: 1 required FOLDER missing (see zbc --help)\n");
+}
+
+TEST_F(Cli, HelpsWithAnExampleForEachVerb) {
+    const Outcome general = runZbc({"--help"});
+    EXPECT_EQ(general.status, 0);
+    EXPECT_EQ(general.err, "");
+    for (const auto& verb : makeVerbs()) {
+        EXPECT_NE(general.out.find("  " + verb->name() + " "), std::string::npos);
+        const Outcome help = runZbc({verb->name(), "--help"});
+        EXPECT_EQ(help.status, 0);
+        EXPECT_NE(help.out.find("Usage: zbc " + verb->name() + " [OPTIONS]"), std::string::npos) << help.out;
+        EXPECT_NE(help.out.find("Example:\n  zbc " + verb->name() + " "), std::string::npos) << help.out;
+    }
+    EXPECT_EQ(runZbc({"--version"}).out.find("zbc "), 0U);
+}
+
+TEST_F(Cli, RunsScriptsOverTheWholeProgram) {
+    const std::string good = write("good.zbs", "start\nexpect frmMain visible true\nexpectnobox\n"
+                                               "expect app GeneratorRuns 0\nexpect app ProjectType 1\n");
+    const std::string bad = write("bad.zbs", "start\nexpect frmMain visible false\n");
+    EXPECT_EQ(runZbc({"script", good}).status, 0);
+    const Outcome run = runZbc({"script", bad, good, bad});
+    EXPECT_EQ(run.status, 1);
+    const std::string line = bad + ":2: expected frmMain visible \"false\", found \"true\"\n";
+    EXPECT_EQ(run.err, line + line);
+}
+
+TEST_F(Cli, GivesScriptsSettingsOfTheirOwn) {
+    const std::string script =
+        write("s.zbs", "setting SRCGen 73\nstart\nexpectsetting SRCGen 73\nclose frmMain\n"
+                       "start\nexpectsetting SRCGen 73\nexpectsetting PlugInType 1\n"
+                       "setting MessageFormat mdf\nexpectsetting MessageFormat mdf\n");
+    const Outcome run = runZbc({"script", script});
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_FALSE(fs::exists(path("config")));
+}
+
+} // namespace
+} // namespace zb
