@@ -60,7 +60,8 @@ void frmSECSEditor::toggleExpand() {
 
 void frmSECSEditor::mouseMove(int x, int y, bool leftButtonDown) {
     setPointer(splitter_.mouseMove(x, y, leftButtonDown));
-    showTreeWidth();
+    if (splitter_.dragging())
+        showTreeWidth();
 }
 
 void frmSECSEditor::wireTreeWidth() {

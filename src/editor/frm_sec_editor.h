@@ -81,6 +81,7 @@ private:
     Splitter splitter_{kFirstTreeWidth};
 
 public:
+    /// The rooms of the window. They hang their handlers on its controls, so they come last.
     MessagePane messagePane{*this};
     ItemPane itemPane;
     TreeCommands treeCommands{*this};

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -100,7 +101,7 @@ public:
         window.InsertCbo(name);
         std::vector<Node*> parents{&message};
         for (const std::string& item : items) {
-            const std::size_t level = item.find_first_not_of(' ') / 2;
+            const std::size_t level = std::min(item.find_first_not_of(' '), item.size()) / 2;
             parents.resize(level + 1);
             Node& added = nodes.add(parents.back(), Relation::Child, item.substr(level * 2));
             added.setExpanded(true);

@@ -227,6 +227,12 @@ TEST_F(EditorWindow, DraggingTheGapShowsItsWidth) {
     EXPECT_EQ(window.pointer(), Pointer::Default);
 }
 
+TEST_F(EditorWindow, MovingTheMouseLeavesAWidthThatIsBeingTyped) {
+    paste(window.txtTreeWidth, "60");
+    window.mouseMove(10, 100, false);
+    EXPECT_EQ(window.txtTreeWidth.text(), "60");
+}
+
 TEST_F(EditorWindow, HiddenStoresAreHidden) {
     EXPECT_FALSE(window.tvwTemp.visible());
     EXPECT_FALSE(window.List1.visible());
