@@ -227,19 +227,19 @@ void UserHands::mouseUp(const Target& target, MouseButton button, KeyEvent modif
 }
 
 UserHands::Refusal UserHands::doubleClick(const Target& target) {
-    const int index = indexOf(target);
     if (Refusal refusal = click(target); !refusal.empty())
         return refusal;
-    Control& control = *target.control;
-    if (control.kind() == Kind::Tree && index != 0) {
-        auto& tree = as<Tree>(control);
-        if (tree.nodes().at(index) == target.node)
-            fire(tree.onDoubleClick, *target.node);
-    } else if (control.kind() == Kind::List && target.row != nullptr &&
-               holds(as<List>(control), target.row)) {
-        fire(as<List>(control).onDoubleClick, *target.row);
-    }
+    doublePress(target);
     return {};
+}
+
+void UserHands::doublePress(const Target& target) {
+    if (!stillThere(target) || !whyNot(*target.control).empty())
+        return;
+    if (target.node != nullptr)
+        fire(as<Tree>(*target.control).onDoubleClick, *target.node);
+    else if (target.row != nullptr)
+        fire(as<List>(*target.control).onDoubleClick, *target.row);
 }
 
 void UserHands::dismiss() {
@@ -273,6 +273,12 @@ UserHands::Refusal UserHands::keyDown(Control& control, KeyEvent key) {
     if (!control.takesFocus())
         return describe(control) + " takes no keys";
     if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
+        return refusal;
+    return keyDownHere(control, key);
+}
+
+UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key) {
+    if (Refusal refusal = whyNot(control); !refusal.empty())
         return refusal;
     fire(control.onKeyDown, key);
     if (Refusal refusal = whyNot(control); !refusal.empty())
@@ -314,11 +320,8 @@ UserHands::Refusal UserHands::type(Control& control, std::string_view text) {
 UserHands::Refusal UserHands::strike(Control& control, KeyEvent key) {
     if (Refusal refusal = whyNot(control); !refusal.empty())
         return refusal;
-    fire(control.onKeyDown, key);
-    if (!whyNot(control).empty())
-        return {};
-    applyKey(control, key);
-    keyUp(control, key);
+    if (keyDownHere(control, key).empty())
+        keyUp(control, key);
     return {};
 }
 
@@ -432,6 +435,24 @@ void UserHands::dragOver(const DragData& data, const Target& to) {
         fire(as<Tree>(control).onDragOver, data, to.node);
     else if (control.kind() == Kind::List)
         fire(as<List>(control).onDragOver, data, to.row);
+}
+
+UserHands::Refusal UserHands::reach(Tree& tree, Node& node) {
+    if (Refusal refusal = begin(Target::whole(tree)); !refusal.empty())
+        return refusal;
+    if (tree.nodes().selected() == &node)
+        return {};
+    tree.nodes().select(&node);
+    fire(tree.onNodeClick, node);
+    return {};
+}
+
+UserHands::Refusal UserHands::reach(List& list, ListRow& row) {
+    if (Refusal refusal = begin(Target::whole(list)); !refusal.empty())
+        return refusal;
+    list.select(&row);
+    fire(list.onRowClick, row);
+    return {};
 }
 
 UserHands::Refusal UserHands::drop(const DragData& data, const Target& to) {

@@ -16,6 +16,7 @@ class List;
 class ListRow;
 class Node;
 class ToolbarButton;
+class Tree;
 class Window;
 struct DragData;
 
@@ -78,11 +79,15 @@ public:
     Refusal mouseDown(const Target& target, MouseButton button, KeyEvent modifiers = {});
     /// Lets go of it there; a target that is gone is let alone.
     void mouseUp(const Target& target, MouseButton button, KeyEvent modifiers = {});
+    /// The second press of a double click, behind a whole click.
+    void doublePress(const Target& target);
     /// A drag starts on a target that has been pressed; nothing back refuses it.
     std::optional<DragData> beginDrag(const Target& from);
     void dragOver(const DragData& data, const Target& to);
 
     Refusal keyDown(Control& control, KeyEvent key);
+    /// The same wherever the focus is.
+    Refusal keyDownHere(Control& control, KeyEvent key);
     void keyUp(Control& control, KeyEvent key);
     /// Text from an input method, or a paste at the caret; it replaces the selection.
     Refusal insert(Control& control, std::string_view text);
@@ -90,6 +95,9 @@ public:
     Refusal choose(Combo& combo, std::size_t position);
     /// Shift and a click in a list: all rows from the selected one to this one.
     Refusal extendTo(List& list, ListRow& row);
+    /// A key of the screen's own, such as Page Down, moves the selection here: as the arrow keys do it.
+    Refusal reach(Tree& tree, Node& node);
+    Refusal reach(List& list, ListRow& row);
     /// @}
 
 private:
