@@ -1,0 +1,89 @@
+#include "desktop/binders/combo_binder.h"
+
+#include "desktop/models/combo_model.h"
+#include "desktop/qt_text.h"
+#include "platform/stores/combo.h"
+
+#include <QKeyEvent>
+#include <QListView>
+#include <QStylePainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace zb {
+
+void StoreComboBox::setShownText(const QString& text) {
+    shownText_ = text;
+    setAccessibleDescription(text);
+    update();
+}
+
+void StoreComboBox::paintEvent(QPaintEvent* /*event*/) {
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.currentText = shownText_;
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+// Scrolling a pane past the combo must not choose another message.
+void StoreComboBox::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+ComboBinder::ComboBinder(Combo& combo, StoreComboBox& box, Binding& binding)
+    : Binder(combo, box, binding), combo_(combo), box_(box), model_(new ComboModel(combo, this)) {
+    box_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    auto* list = new QListView(&box_);
+    list->setUniformItemSizes(true);
+    box_.setView(list);
+    box_.setModel(model_);
+    connect(&box_, &QComboBox::activated, this, [this](int row) {
+        if (row >= 0)
+            hands().choose(combo_, static_cast<std::size_t>(row));
+    });
+    start();
+}
+
+void ComboBinder::show(Change change) {
+    if (change == Change::Rows && !rowsAreOld_) {
+        // Entries come in by the thousand; the list is read again once, when they are all there.
+        rowsAreOld_ = true;
+        QMetaObject::invokeMethod(
+            this, [this] { flush(); }, Qt::QueuedConnection);
+    }
+    box_.setShownText(toQt(combo_.text()));
+    if (change == Change::Value && !rowsAreOld_)
+        flush();
+}
+
+void ComboBinder::flush() {
+    const Showing showing(binding());
+    if (std::exchange(rowsAreOld_, false))
+        model_->reread();
+    const auto& entries = combo_.entries();
+    const auto found = std::find(entries.begin(), entries.end(), combo_.text());
+    box_.setCurrentIndex(found == entries.end() ? -1 : static_cast<int>(found - entries.begin()));
+}
+
+bool ComboBinder::keyPressed(QKeyEvent& event) {
+    const bool opens =
+        event.key() == Qt::Key_F4 || (event.modifiers().testFlag(Qt::AltModifier) &&
+                                      (event.key() == Qt::Key_Down || event.key() == Qt::Key_Up));
+    if (opens) {
+        box_.showPopup();
+        return true;
+    }
+    if (!Binder::keyPressed(event))
+        return false;
+    const QString text = event.text();
+    if (event.spontaneous() && !text.isEmpty() && text.at(0).isPrint() && box_.count() > 0) {
+        box_.showPopup();
+        box_.view()->keyboardSearch(text);
+    }
+    return true;
+}
+
+} // namespace zb

@@ -1,0 +1,64 @@
+#include "desktop/binders/folder_field_binder.h"
+
+#include "desktop/qt_text.h"
+#include "platform/stores/combo.h"
+
+#include <QEvent>
+#include <QFileSystemModel>
+#include <QKeyEvent>
+#include <QTreeView>
+
+namespace zb {
+
+FolderFieldBinder::FolderFieldBinder(FolderField& field, QTreeView& view, Binding& binding)
+    : Binder(field, view, binding), field_(field), view_(view) {
+    view_.setHeaderHidden(true);
+    view_.setUniformRowHeights(true);
+    start();
+}
+
+// The machine's folders are read only once somebody looks.
+void FolderFieldBinder::openBrowser() {
+    if (folders_ != nullptr)
+        return;
+    folders_ = new QFileSystemModel(this);
+    folders_->setFilter(QDir::Dirs | QDir::Drives | QDir::NoDotAndDotDot);
+    folders_->setRootPath(QString());
+    view_.setModel(folders_);
+    for (int column = 1; column < folders_->columnCount(); ++column)
+        view_.hideColumn(column);
+    connect(view_.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current) {
+                if (!isShowing() && current.isValid())
+                    hands().choose(field_, fromQt(folders_->filePath(current)));
+            });
+    // Folders come in from the disk bit by bit and push the chosen one out of view.
+    connect(folders_, &QFileSystemModel::directoryLoaded, this,
+            [this] { view_.scrollTo(view_.currentIndex()); });
+}
+
+void FolderFieldBinder::show(Change change) {
+    if (change == Change::Value && view_.isVisible())
+        showFolder();
+}
+
+void FolderFieldBinder::showFolder() {
+    openBrowser();
+    const Showing showing(binding());
+    const QModelIndex folder = folders_->index(toQt(field_.text()));
+    view_.setCurrentIndex(folder);
+    view_.expand(folder);
+    view_.scrollTo(folder);
+}
+
+bool FolderFieldBinder::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &view_ && event->type() == QEvent::Show)
+        showFolder();
+    return Binder::eventFilter(watched, event);
+}
+
+bool FolderFieldBinder::keyPressed(QKeyEvent& event) {
+    return event.key() == Qt::Key_Escape && Binder::keyPressed(event);
+}
+
+} // namespace zb

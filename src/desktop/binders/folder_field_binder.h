@@ -1,0 +1,30 @@
+#pragma once
+
+#include "desktop/binders/binder.h"
+
+class QFileSystemModel;
+class QTreeView;
+
+namespace zb {
+
+class FolderField;
+
+/// A folder field as a browser of the machine's folders: the folder that is clicked, or reached by keys, is
+/// the field's.
+class FolderFieldBinder final : public Binder {
+public:
+    FolderFieldBinder(FolderField& field, QTreeView& view, Binding& binding);
+
+private:
+    void show(Change change) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool keyPressed(QKeyEvent& event) override;
+    void openBrowser();
+    void showFolder();
+
+    FolderField& field_;
+    QTreeView& view_;
+    QFileSystemModel* folders_ = nullptr;
+};
+
+} // namespace zb

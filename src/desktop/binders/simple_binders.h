@@ -1,0 +1,44 @@
+#pragma once
+
+#include "desktop/binders/binder.h"
+
+class QAbstractButton;
+class QLabel;
+
+namespace zb {
+
+/// A push button, a check box or an option.
+class ButtonBinder final : public Binder {
+public:
+    ButtonBinder(Control& control, QAbstractButton& button, Binding& binding);
+
+private:
+    void show(Change change) override;
+    void clicked();
+
+    QAbstractButton& button_;
+};
+
+class LabelBinder final : public Binder {
+public:
+    LabelBinder(Control& control, QLabel& label, Binding& binding);
+
+private:
+    void show(Change change) override;
+
+    QLabel& label_;
+};
+
+/// A pane, a frame or a picture: any widget that holds others or nothing. A frame shows the caption.
+class PaneBinder final : public Binder {
+public:
+    PaneBinder(Control& control, QWidget& widget, Binding& binding);
+
+private:
+    void show(Change change) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool drops(QEvent& event);
+    void startDrag();
+};
+
+} // namespace zb

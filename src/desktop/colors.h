@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/stores/color.h"
+
+#include <QColor>
+
+namespace zb {
+
+inline QColor toQt(const Color& color) {
+    return QColor(color.red, color.green, color.blue);
+}
+
+/// The colour of a text, lightened or darkened as far as it takes to read it on the background: on that of
+/// the palette's fields, or on the one given.
+QColor readable(const Color& text);
+QColor readable(QColor text, const QColor& background);
+
+} // namespace zb

@@ -1,0 +1,281 @@
+#include "desktop/desktop_screen.h"
+
+#include "desktop/forms/forms.h"
+#include "desktop/message_boxes.h"
+#include "desktop/qt_text.h"
+#include "platform/stores/desktop.h"
+#include "platform/stores/menu.h"
+#include "platform/stores/window.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QProcess>
+#include <QScopeGuard>
+#include <QStandardPaths>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace zb {
+
+namespace {
+
+enum class FrameKind { Main, Document, Dialog };
+
+FrameKind kindOf(const Window& window) {
+    if (window.name() == "frmMain")
+        return FrameKind::Main;
+    return window.name() == "frmSECSEditor" || window.name() == "frmTRModeler" ? FrameKind::Document
+                                                                               : FrameKind::Dialog;
+}
+
+} // namespace
+
+DesktopScreen::DesktopScreen() = default;
+
+DesktopScreen::~DesktopScreen() {
+    detach();
+}
+
+void DesktopScreen::attach(Desktop& desktop, const std::string& layoutFile) {
+    binding_ = std::make_unique<Binding>(desktop, pictures_);
+    layout_.open(layoutFile);
+    // The main window comes first: the others lie within it or before it.
+    if (Window* main = desktop.find("frmMain"))
+        bind(*main);
+    const auto windows = desktop.windows();
+    for (Window* window : windows)
+        bind(*window);
+    showMenus();
+}
+
+void DesktopScreen::detach() {
+    for (auto& [window, frame] : frames_) {
+        if (frame.shown)
+            layout_.remember(frame.binder->form());
+        frame.binder.reset();
+    }
+    // What lies in the main window goes with it.
+    frames_.clear();
+    main_ = nullptr;
+    documents_ = nullptr;
+    menusOf_ = nullptr;
+    if (std::exchange(busyPointer_, false))
+        QApplication::restoreOverrideCursor();
+}
+
+WindowBinder* DesktopScreen::binderOf(const Window& window) const {
+    const auto found = frames_.find(&window);
+    return found == frames_.end() ? nullptr : found->second.binder.get();
+}
+
+WindowBinder& DesktopScreen::bind(Window& window) {
+    Frame& frame = frames_[&window];
+    if (frame.binder)
+        return *frame.binder;
+    std::unique_ptr<QWidget> form = makeForm(window.name());
+    QWidget& shown = *form;
+    place(window, frame, std::move(form));
+    frame.binder = std::make_unique<WindowBinder>(window, shown, *binding_);
+    finishForm(window, shown);
+    layout_.restore(shown);
+    frame.binder->onChange = [this, &window] { follow(window); };
+    follow(window);
+    return *frame.binder;
+}
+
+void DesktopScreen::place(Window& window, Frame& frame, std::unique_ptr<QWidget> form) {
+    switch (kindOf(window)) {
+    case FrameKind::Main:
+        main_ = qobject_cast<QMainWindow*>(form.get());
+        documents_ = form->findChild<QMdiArea*>();
+        break;
+    case FrameKind::Document:
+        if (documents_ == nullptr)
+            break;
+        frame.document = documents_->addSubWindow(form.release(), Qt::SubWindow);
+        frame.document->setAttribute(Qt::WA_DeleteOnClose, false);
+        frame.document->hide();
+        return;
+    case FrameKind::Dialog:
+        // A window of the main window's own stays before it.
+        form->setParent(main_, Qt::Dialog);
+        break;
+    }
+    frame.form = std::move(form);
+}
+
+void DesktopScreen::follow(Window& window) {
+    Frame& frame = frames_.at(&window);
+    if (frame.shown != window.visible()) {
+        frame.shown = window.visible();
+        if (frame.shown)
+            showFrame(window, frame);
+        else
+            hideFrame(window, frame);
+        showMenus();
+    }
+    frame.binder->form().setCursor(window.pointer() == Pointer::Sizing ? Qt::SplitHCursor : Qt::ArrowCursor);
+    showPointer();
+}
+
+void DesktopScreen::showFrame(const Window& window, Frame& frame) {
+    const Showing showing(*binding_);
+    QWidget& form = frame.binder->form();
+    if (frame.document != nullptr) {
+        frame.document->setWindowTitle(form.windowTitle());
+        frame.document->showMaximized();
+    } else {
+        const bool modal = binding_->desktop.modalWindow() == &window;
+        form.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+        form.show();
+        if (kindOf(window) == FrameKind::Main)
+            waitUntilSeen();
+    }
+    for (Control* control : window.controls()) {
+        if (Binder* binder = frame.binder->binderOf(*control))
+            binder->followFocus();
+    }
+}
+
+// What comes next may read a large project; the window must not wait for it.
+void DesktopScreen::waitUntilSeen() const {
+    constexpr int kLongest = 500; // ms
+    const QDeadlineTimer deadline(kLongest);
+    while (!deadline.hasExpired() && !main_->windowHandle()->isExposed())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kLongest);
+    main_->repaint();
+}
+
+void DesktopScreen::hideFrame(const Window& window, Frame& frame) {
+    const Showing showing(*binding_);
+    QWidget& form = frame.binder->form();
+    layout_.remember(form);
+    if (frame.document != nullptr)
+        frame.document->hide();
+    else
+        form.hide();
+    if (const auto loop = modalLoops_.find(&window); loop != modalLoops_.end())
+        loop->second->quit();
+    if (kindOf(window) == FrameKind::Main && onEnd)
+        onEnd();
+}
+
+void DesktopScreen::showPointer() {
+    const bool busy = waiting_ == 0 && std::any_of(frames_.begin(), frames_.end(), [](const auto& entry) {
+                          return entry.first->pointer() == Pointer::Hourglass;
+                      });
+    if (busy == busyPointer_)
+        return;
+    busyPointer_ = busy;
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+// The menus of the document in front; those of the main window while there is none.
+void DesktopScreen::showMenus() {
+    if (main_ == nullptr)
+        return;
+    const Window* front = nullptr;
+    for (const Window* window : binding_->desktop.windows()) {
+        const bool shows = window->visible() && kindOf(*window) == FrameKind::Document;
+        if (frames_.contains(window) && (shows || (front == nullptr && kindOf(*window) == FrameKind::Main)))
+            front = window;
+    }
+    if (front == menusOf_ || front == nullptr)
+        return;
+    menusOf_ = front;
+    main_->menuBar()->clear();
+    for (QAction* action : frames_.at(front).binder->menus().barActions())
+        main_->menuBar()->addAction(action);
+}
+
+void DesktopScreen::bringToFront(Window& window) {
+    WindowBinder& binder = bind(window);
+    const Showing showing(*binding_);
+    if (frames_.at(&window).document != nullptr)
+        documents_->setActiveSubWindow(frames_.at(&window).document);
+    else if (window.visible()) {
+        binder.form().raise();
+        binder.form().activateWindow();
+    }
+    showMenus();
+}
+
+QWidget* DesktopScreen::parentForBoxes() const {
+    QWidget* active = QApplication::activeWindow();
+    return active != nullptr ? active : main_.data();
+}
+
+Answer DesktopScreen::showBox(const Box& box) {
+    ++waiting_;
+    const auto over = qScopeGuard([this] {
+        --waiting_;
+        showPointer();
+    });
+    showPointer();
+    return askBox(box, parentForBoxes());
+}
+
+std::string DesktopScreen::pickFile(const FileDialog& dialog) {
+    ++waiting_;
+    const auto over = qScopeGuard([this] {
+        --waiting_;
+        showPointer();
+    });
+    showPointer();
+    return askFile(dialog, parentForBoxes());
+}
+
+void DesktopScreen::runModal(Window& window) {
+    bind(window);
+    ++waiting_;
+    showPointer();
+    QEventLoop loop;
+    modalLoops_[&window] = &loop;
+    if (window.visible())
+        loop.exec();
+    modalLoops_.erase(&window);
+    --waiting_;
+    showPointer();
+}
+
+void DesktopScreen::openPopup(PopupMenu& menu) {
+    bind(menu.window()).menus().open(menu);
+}
+
+void DesktopScreen::forget(Window& window) {
+    const auto found = frames_.find(&window);
+    if (found == frames_.end())
+        return;
+    found->second.binder->abandon();
+    found->second.binder.reset();
+    if (found->second.document != nullptr)
+        delete found->second.document.data();
+    if (menusOf_ == &window)
+        menusOf_ = nullptr;
+    frames_.erase(found);
+}
+
+void DesktopScreen::flush() {
+    for (const auto& [window, frame] : frames_)
+        frame.binder->flush();
+}
+
+bool DesktopScreen::showSystemInformation() {
+    for (const char* tool : {"kinfocenter", "hardinfo", "gnome-control-center", "msinfo32"}) {
+        const QString program = QStandardPaths::findExecutable(QLatin1String(tool));
+        if (!program.isEmpty())
+            return QProcess::startDetached(program, {});
+    }
+    return false;
+}
+
+} // namespace zb

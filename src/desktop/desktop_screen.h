@@ -1,0 +1,83 @@
+#pragma once
+
+#include "desktop/layout_memory.h"
+#include "desktop/pictures/pictures.h"
+#include "desktop/window_binder.h"
+#include "platform/stores/screen.h"
+
+#include <QMainWindow>
+#include <QMdiSubWindow>
+#include <QObject>
+#include <QPointer>
+
+#include <map>
+#include <memory>
+#include <string>
+
+class QEventLoop;
+
+class QMdiArea;
+
+namespace zb {
+
+/// The Qt windows of one program. Dialogs stand before the main window, document windows within it; the menu
+/// bar shows the menus of the document in front.
+class DesktopScreen : public QObject, public Screen {
+public:
+    DesktopScreen();
+    ~DesktopScreen() override;
+
+    /// Makes the windows of a program. `layoutFile` remembers sizes and places; empty remembers none.
+    void attach(Desktop& desktop, const std::string& layoutFile = {});
+    /// Lets go of the windows and their stores.
+    void detach();
+    /// Null for a window that has not been shown yet, when it came up after `attach`.
+    WindowBinder* binderOf(const Window& window) const;
+    const Pictures& pictures() const { return pictures_; }
+    Binding& binding() const { return *binding_; }
+    QMainWindow* mainWindow() const { return main_; }
+    /// Shows at once what has been put off until the event loop runs.
+    void flush();
+
+    /// The main window has been hidden: the program has ended.
+    std::function<void()> onEnd;
+
+    Answer showBox(const Box& box) override;
+    std::string pickFile(const FileDialog& dialog) override;
+    void runModal(Window& window) override;
+    void bringToFront(Window& window) override;
+    void openPopup(PopupMenu& menu) override;
+    void forget(Window& window) override;
+    bool showSystemInformation() override;
+
+private:
+    struct Frame {
+        std::unique_ptr<QWidget> form; // of documents the sub window is the owner
+        QPointer<QMdiSubWindow> document;
+        std::unique_ptr<WindowBinder> binder;
+        bool shown = false;
+    };
+
+    WindowBinder& bind(Window& window);
+    void place(Window& window, Frame& frame, std::unique_ptr<QWidget> form);
+    void follow(Window& window);
+    void showFrame(const Window& window, Frame& frame);
+    void hideFrame(const Window& window, Frame& frame);
+    void waitUntilSeen() const;
+    void showPointer();
+    void showMenus();
+    QWidget* parentForBoxes() const;
+
+    Pictures pictures_;
+    LayoutMemory layout_;
+    std::unique_ptr<Binding> binding_;
+    std::map<const Window*, Frame> frames_;
+    std::map<const Window*, QEventLoop*> modalLoops_;
+    QPointer<QMainWindow> main_;
+    QMdiArea* documents_ = nullptr;
+    const Window* menusOf_ = nullptr;
+    bool busyPointer_ = false;
+    int waiting_ = 0; // boxes and dialogs that wait for the user, whatever runs behind them
+};
+
+} // namespace zb

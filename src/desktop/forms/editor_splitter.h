@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+
+class QLineEdit;
+class QMouseEvent;
+class QSplitter;
+
+namespace zb {
+
+class frmSECSEditor;
+
+/// Moves the gap between tree and panes as the editor window's own splitter says, which refuses a tree column
+/// that is too narrow.
+class EditorSplitter final : public QObject {
+public:
+    EditorSplitter(frmSECSEditor& editor, QWidget& form);
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool handleEvent(QEvent& event);
+    void tellPlace();
+    void takeRemembered();
+    void showWidth();
+
+    frmSECSEditor& editor_;
+    QSplitter& splitter_;
+    QWidget& column_;
+};
+
+} // namespace zb

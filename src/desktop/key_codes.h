@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/stores/key.h"
+
+#include <optional>
+#include <string>
+
+class QKeyEvent;
+
+namespace zb {
+
+/// What a key of this machine's keyboard means to the windows.
+struct KeyMeaning {
+    /// The key of a US keyboard that enters the same character, or has the same function.
+    std::optional<KeyEvent> key;
+    /// A text that no key of a US keyboard enters; it goes the way of input methods.
+    std::string text;
+};
+
+/// Modifier keys by themselves, and keys that the windows do not know, mean nothing.
+KeyMeaning meaningOf(const QKeyEvent& event);
+
+} // namespace zb

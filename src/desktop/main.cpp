@@ -1,0 +1,51 @@
+#include "build/generator.h"
+#include "desktop/desktop_screen.h"
+#include "desktop/program_folders.h"
+#include "desktop/qt_text.h"
+#include "platform/file_layer.h"
+#include "platform/settings.h"
+#include "shell/application.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace {
+
+// A machine without the generator of driver plug-ins says so where its result would stand.
+class MissingGenerator final : public zb::Generator {
+public:
+    std::string generate(const std::string& projectFile) override {
+        return "The generator of driver plug-ins is not installed; " + projectFile + " was left as it is.";
+    }
+};
+
+// One text, as it stood behind the program's name.
+std::string commandLine() {
+    return zb::fromQt(QApplication::arguments().mid(1).join(QLatin1Char(' ')));
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication qt(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("zeltobench"));
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    zb::DesktopScreen screen;
+    QApplication::setWindowIcon(screen.pictures().icon("zeltobench"));
+    zb::SettingsStore settings(zb::settingsFolder());
+    zb::SystemFileLayer files;
+    MissingGenerator generator;
+    zb::Application application(screen, settings, files, generator, zb::programFolders());
+    screen.onEnd = [] { QApplication::quit(); };
+    screen.attach(application.desktop, (zb::settingsFolder() / "windows.ini").string());
+
+    // Boxes of the start need the event loop.
+    QTimer::singleShot(0, &qt, [&] {
+        const zb::BusyPointer busy(application.frmMain);
+        application.start(commandLine());
+    });
+    const int result = QApplication::exec();
+    screen.detach();
+    return result;
+}

@@ -1,0 +1,25 @@
+#include "desktop/models/combo_model.h"
+
+#include "desktop/qt_text.h"
+#include "platform/stores/combo.h"
+
+namespace zb {
+
+int ComboModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(store_.entries().size());
+}
+
+QVariant ComboModel::data(const QModelIndex& index, int role) const {
+    const auto row = static_cast<std::size_t>(index.row());
+    if (!index.isValid() || row >= store_.entries().size() ||
+        (role != Qt::DisplayRole && role != Qt::EditRole))
+        return {};
+    return toQt(store_.entries()[row]);
+}
+
+void ComboModel::reread() {
+    beginResetModel();
+    endResetModel();
+}
+
+} // namespace zb

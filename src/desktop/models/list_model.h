@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QAbstractTableModel>
+
+namespace zb {
+
+class List;
+class ListRow;
+class Pictures;
+
+/// The rows of a list store in the order in which they show, as a model.
+class ListModel final : public QAbstractTableModel {
+public:
+    ListModel(const List& store, const Pictures& pictures, QObject* parent)
+        : QAbstractTableModel(parent), store_(store), pictures_(pictures) {}
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    /// Null where there is no row.
+    ListRow* rowAt(const QModelIndex& index) const;
+    QModelIndex indexOf(const ListRow* row) const;
+    /// Rows or columns have changed.
+    void reread();
+
+private:
+    const List& store_;
+    const Pictures& pictures_;
+};
+
+} // namespace zb

@@ -1,0 +1,128 @@
+#include "desktop/models/node_tree_view.h"
+#include "desktop/qt_text.h"
+#include "platform/stores/tree.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+namespace zb {
+
+namespace {
+
+constexpr int kBoxSize = 9;
+constexpr int kTextPadding = 3;
+constexpr int kLongestText = 4096; // of a value of a megabyte no more than this can be seen
+
+QString shownText(const Node& node) {
+    // A line break would make a row of two lines.
+    QString text = toQt(std::string_view(node.text()).substr(0, kLongestText));
+    text.replace(QLatin1Char('\r'), QLatin1Char(' '));
+    text.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return text;
+}
+
+} // namespace
+
+int NodeTreeView::textLeft(const Node& node) const {
+    return (node.level() + 1) * indentation() - horizontalOffset();
+}
+
+QRect NodeTreeView::boxRect(const Node& node, const QRect& row) const {
+    const int center = textLeft(node) - indentation() / 2;
+    return {center - kBoxSize / 2, row.center().y() - kBoxSize / 2, kBoxSize, kBoxSize};
+}
+
+bool NodeTreeView::isOnBox(const Node& node, const QPoint& place) const {
+    if (node.child() == nullptr)
+        return false;
+    const QRect row = visualRect(nodes_->indexOf(&node));
+    return boxRect(node, row).adjusted(-3, -3, 3, 3).contains(place);
+}
+
+void NodeTreeView::paintEvent(QPaintEvent* event) {
+    if (nodes_ == nullptr)
+        return;
+    QPainter painter(viewport());
+    const int height = rowHeight();
+    const int top = verticalScrollBar()->value();
+    const int first = event->rect().top() / height;
+    const int last = event->rect().bottom() / height;
+    for (int line = first; line <= last; ++line) {
+        const Node* node = nodeOfRow(top + line);
+        if (node == nullptr)
+            break;
+        paintRow(painter, *node, QRect(0, line * height, viewport()->width(), height));
+    }
+}
+
+void NodeTreeView::paintRow(QPainter& painter, const Node& node, const QRect& row) {
+    paintLines(painter, node, row);
+    if (node.child() != nullptr)
+        paintBox(painter, node, row);
+    paintText(painter, node, row);
+}
+
+void NodeTreeView::paintLines(QPainter& painter, const Node& node, const QRect& row) const {
+    painter.setPen(QPen(palette().color(QPalette::Disabled, QPalette::Text), 1, Qt::DotLine));
+    int center = textLeft(node) - indentation() / 2;
+    const int middle = row.center().y();
+    painter.drawLine(center, middle, center + indentation() / 2, middle);
+    const bool isFirst = node.previous() == nullptr && node.parent() == nullptr;
+    painter.drawLine(center, isFirst ? middle : row.top(), center,
+                     node.next() == nullptr ? middle : row.bottom());
+    for (const Node* above = node.parent(); above != nullptr && center > 0; above = above->parent()) {
+        center -= indentation();
+        if (above->next() != nullptr)
+            painter.drawLine(center, row.top(), center, row.bottom());
+    }
+}
+
+void NodeTreeView::paintBox(QPainter& painter, const Node& node, const QRect& row) const {
+    const QRect box = boxRect(node, row);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.setBrush(palette().color(QPalette::Base));
+    painter.drawRect(box.adjusted(0, 0, -1, -1));
+    painter.setPen(palette().color(QPalette::Text));
+    const QPoint center = box.center();
+    painter.drawLine(center.x() - 2, center.y(), center.x() + 2, center.y());
+    if (!isOpen(node))
+        painter.drawLine(center.x(), center.y() - 2, center.x(), center.y() + 2);
+}
+
+void NodeTreeView::paintText(QPainter& painter, const Node& node, const QRect& row) {
+    const QModelIndex index = nodes_->indexOf(&node);
+    QFont font = this->font();
+    font.setBold(node.bold());
+    painter.setFont(font);
+    const QString text = shownText(node);
+    int left = textLeft(node);
+    const QIcon icon = qvariant_cast<QIcon>(index.data(Qt::DecorationRole));
+    if (!icon.isNull()) {
+        const int size = row.height() - 4;
+        icon.paint(&painter, left, row.top() + 2, size, size);
+        left += size + kTextPadding;
+    }
+    const int width = painter.fontMetrics().horizontalAdvance(text) + 2 * kTextPadding;
+    const QRect place(left, row.top(), std::max(width, indentation()), row.height());
+    widenTo(place.right() + horizontalOffset() + indentation());
+    const QBrush back = qvariant_cast<QBrush>(index.data(Qt::BackgroundRole));
+    const QBrush fore = qvariant_cast<QBrush>(index.data(Qt::ForegroundRole));
+    const bool selected = nodes_->store().nodes().selected() == &node;
+    const auto group =
+        isEnabled() ? (hasFocus() ? QPalette::Active : QPalette::Inactive) : QPalette::Disabled;
+    QColor color = fore.style() == Qt::NoBrush ? palette().color(group, QPalette::Text) : fore.color();
+    if (node.backColor())
+        painter.fillRect(place, back);
+    if (selected) {
+        // The error mark stays in sight around a selected node.
+        painter.fillRect(node.backColor() ? place.adjusted(2, 2, -2, -2) : place,
+                         palette().brush(group, QPalette::Highlight));
+        color = palette().color(group, QPalette::HighlightedText);
+    }
+    painter.setPen(color);
+    painter.drawText(place.adjusted(kTextPadding, 0, 0, 0),
+                     Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, text);
+}
+
+} // namespace zb

@@ -1,0 +1,309 @@
+#include "desktop/models/node_tree_view.h"
+
+#include "desktop/qt_text.h"
+#include "platform/stores/tree.h"
+
+#include <QEvent>
+#include <QHelpEvent>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace zb {
+
+namespace {
+
+constexpr int kRowPadding = 4;
+
+const Node& rootOf(const Node& node) {
+    const Node* at = &node;
+    while (at->parent() != nullptr)
+        at = at->parent();
+    return *at;
+}
+
+} // namespace
+
+NodeTreeView::NodeTreeView(QWidget* parent) : QAbstractItemView(parent) {
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerItem);
+    setMouseTracking(false);
+}
+
+bool NodeTreeView::isOpen(const Node& node) const {
+    return node.expanded() || openedToShow_.contains(&node);
+}
+
+bool NodeTreeView::isShown(const Node& node) const {
+    for (const Node* above = node.parent(); above != nullptr; above = above->parent()) {
+        if (!isOpen(*above))
+            return false;
+    }
+    return true;
+}
+
+Node* NodeTreeView::nextShown(const Node& node, const Node& root) const {
+    if (node.child() != nullptr && isOpen(node))
+        return node.child();
+    const Node* at = &node;
+    while (at != &root && at->next() == nullptr)
+        at = at->parent();
+    return at == &root ? nullptr : at->next();
+}
+
+int NodeTreeView::shownRows(const Node& root) const {
+    int rows = 0;
+    for (const Node* node = &root; node != nullptr; node = nextShown(*node, root))
+        ++rows;
+    return rows;
+}
+
+void NodeTreeView::toggle(Node& node) {
+    const bool wasOpen = isOpen(node);
+    openedToShow_.erase(&node);
+    node.setExpanded(!wasOpen);
+    forgetRowsOf(node);
+}
+
+void NodeTreeView::setNodes(NodeTreeModel& model) {
+    nodes_ = &model;
+    setModel(&model);
+    model.setWatcher(this);
+    reset();
+}
+
+void NodeTreeView::forgetNodes() {
+    nodes_ = nullptr;
+    setModel(nullptr);
+}
+
+void NodeTreeView::reset() {
+    QAbstractItemView::reset();
+    heights_.assign(nodes_ == nullptr ? 0 : nodes_->roots().size(), 0);
+    openedToShow_.clear();
+    widest_ = 0;
+    layOutLater();
+}
+
+int NodeTreeView::rowHeight() const {
+    return std::max(fontMetrics().height() + kRowPadding, 18);
+}
+
+int NodeTreeView::indentation() const {
+    return rowHeight();
+}
+
+void NodeTreeView::layOutLater() {
+    laidOut_ = false;
+    scheduleDelayedItemsLayout();
+}
+
+void NodeTreeView::layOut() const {
+    if (laidOut_ || nodes_ == nullptr)
+        return;
+    laidOut_ = true;
+    const auto& roots = nodes_->roots();
+    heights_.resize(roots.size(), 0);
+    starts_.resize(roots.size() + 1);
+    int row = 0;
+    for (std::size_t i = 0; i < roots.size(); ++i) {
+        if (heights_[i] == 0)
+            heights_[i] = shownRows(*roots[i]);
+        starts_[i] = row;
+        row += heights_[i];
+    }
+    starts_[roots.size()] = row;
+}
+
+int NodeTreeView::rowCount() const {
+    layOut();
+    return starts_.empty() ? 0 : starts_.back();
+}
+
+std::optional<int> NodeTreeView::rowOfNode(const Node& node) const {
+    if (!isShown(node))
+        return std::nullopt;
+    layOut();
+    const Node& root = rootOf(node);
+    const auto place = static_cast<std::size_t>(nodes_->rootRow(root));
+    if (place >= nodes_->roots().size())
+        return std::nullopt;
+    int row = starts_[place];
+    for (const Node* at = &root; at != nullptr && at != &node; at = nextShown(*at, root))
+        ++row;
+    return row;
+}
+
+Node* NodeTreeView::nodeOfRow(int row) const {
+    if (row < 0 || row >= rowCount())
+        return nullptr;
+    const auto behind = std::upper_bound(starts_.begin(), starts_.end(), row);
+    const auto place = static_cast<std::size_t>(behind - starts_.begin()) - 1;
+    Node* node = nodes_->roots()[place];
+    const Node& root = *node;
+    for (int at = starts_[place]; at < row && node != nullptr; ++at)
+        node = nextShown(*node, root);
+    return node;
+}
+
+void NodeTreeView::forgetRowsOf(const Node& node) {
+    const auto place = static_cast<std::size_t>(nodes_->rootRow(rootOf(node)));
+    if (place < heights_.size())
+        heights_[place] = 0;
+    layOutLater();
+}
+
+void NodeTreeView::rowsInserted(const QModelIndex& parent, int start, int end) {
+    if (parent.isValid())
+        forgetRowsOf(*NodeTreeModel::nodeOf(parent));
+    else
+        heights_.insert(heights_.begin() + start, static_cast<std::size_t>(end - start + 1), 0);
+    layOutLater();
+}
+
+void NodeTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
+    QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
+    // Their addresses may come back as those of other nodes.
+    if (!openedToShow_.empty()) {
+        openedToShow_.clear();
+        heights_.assign(heights_.size(), 0);
+    }
+    if (parent.isValid())
+        forgetRowsOf(*NodeTreeModel::nodeOf(parent));
+    else
+        heights_.erase(heights_.begin() + start, heights_.begin() + end + 1);
+    layOutLater();
+}
+
+void NodeTreeView::dataChanged(const QModelIndex& from, const QModelIndex& to, const QList<int>& /*roles*/) {
+    if (from == to)
+        viewport()->update(visualRect(from));
+    else
+        viewport()->update();
+}
+
+void NodeTreeView::nodeWasExpanded(Node& node) {
+    openedToShow_.erase(&node);
+    forgetRowsOf(node);
+}
+
+void NodeTreeView::selectionMoved() {
+    showSelected();
+    viewport()->update();
+}
+
+void NodeTreeView::showSelected() {
+    Node* selected = nodes_ == nullptr ? nullptr : nodes_->store().nodes().selected();
+    setAccessibleDescription(selected == nullptr ? QString() : toQt(selected->text()));
+    if (selected == nullptr)
+        return;
+    if (!isShown(*selected)) {
+        for (const Node* above = selected->parent(); above != nullptr; above = above->parent()) {
+            if (!above->expanded())
+                openedToShow_.insert(above);
+        }
+        forgetRowsOf(*selected);
+    }
+    scrollTo(nodes_->indexOf(selected));
+}
+
+int NodeTreeView::rowsOfPage() const {
+    return std::max(1, viewport()->height() / rowHeight());
+}
+
+Node* NodeTreeView::nodeBeside(const Node& node, int rows) const {
+    const std::optional<int> row = rowOfNode(node);
+    return row ? nodeOfRow(std::clamp(*row + rows, 0, rowCount() - 1)) : nullptr;
+}
+
+Node* NodeTreeView::nodeAt(const QPoint& place) const {
+    if (place.y() < 0)
+        return nullptr;
+    return nodeOfRow(verticalScrollBar()->value() + place.y() / rowHeight());
+}
+
+QModelIndex NodeTreeView::indexAt(const QPoint& place) const {
+    return nodes_ == nullptr ? QModelIndex() : nodes_->indexOf(nodeAt(place));
+}
+
+QRect NodeTreeView::visualRect(const QModelIndex& index) const {
+    if (!index.isValid())
+        return {};
+    const std::optional<int> row = rowOfNode(*NodeTreeModel::nodeOf(index));
+    if (!row)
+        return {};
+    return {0, (*row - verticalScrollBar()->value()) * rowHeight(), viewport()->width(), rowHeight()};
+}
+
+void NodeTreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    if (!index.isValid())
+        return;
+    const std::optional<int> row = rowOfNode(*NodeTreeModel::nodeOf(index));
+    if (!row)
+        return;
+    updateGeometries();
+    const int top = verticalScrollBar()->value();
+    const int page = rowsOfPage();
+    if (hint == PositionAtCenter || *row < top - page || *row >= top + 2 * page)
+        verticalScrollBar()->setValue(*row - page / 2);
+    else if (*row < top)
+        verticalScrollBar()->setValue(*row);
+    else if (*row >= top + page)
+        verticalScrollBar()->setValue(*row - page + 1);
+}
+
+void NodeTreeView::updateGeometries() {
+    const int page = rowsOfPage();
+    verticalScrollBar()->setPageStep(page);
+    verticalScrollBar()->setSingleStep(1);
+    verticalScrollBar()->setRange(0, std::max(0, rowCount() - page));
+    horizontalScrollBar()->setPageStep(viewport()->width());
+    horizontalScrollBar()->setSingleStep(indentation());
+    horizontalScrollBar()->setRange(0, std::max(0, widest_ - viewport()->width()));
+    QAbstractItemView::updateGeometries();
+}
+
+int NodeTreeView::horizontalOffset() const {
+    return horizontalScrollBar()->value();
+}
+
+int NodeTreeView::verticalOffset() const {
+    return verticalScrollBar()->value() * rowHeight();
+}
+
+void NodeTreeView::resizeEvent(QResizeEvent* event) {
+    QAbstractItemView::resizeEvent(event);
+    updateGeometries();
+}
+
+void NodeTreeView::scrollContentsBy(int /*dx*/, int /*dy*/) {
+    viewport()->update();
+}
+
+void NodeTreeView::changeEvent(QEvent* event) {
+    QAbstractItemView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        layOutLater();
+}
+
+bool NodeTreeView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QAbstractItemView::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const Node* node = nodeAt(help->pos());
+    const bool cut =
+        node != nullptr &&
+        textLeft(*node) + fontMetrics().horizontalAdvance(toQt(node->text())) > viewport()->width();
+    QToolTip::showText(help->globalPos(), cut ? toQt(node->text()) : toolTip(), this);
+    return true;
+}
+
+void NodeTreeView::widenTo(int width) {
+    if (width <= widest_)
+        return;
+    widest_ = width;
+    scheduleDelayedItemsLayout();
+}
+
+} // namespace zb

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "desktop/models/node_tree_model.h"
+
+#include <QAbstractItemView>
+
+#include <optional>
+#include <unordered_set>
+#include <vector>
+
+namespace zb {
+
+/// Shows the nodes of a tree with lines, plus and minus boxes. All rows have one height, and only what is in
+/// view is laid out and painted, so that an edit of a tree with hundreds of thousands of open nodes costs
+/// next to nothing. It shows the expansion and the selection that the store holds; what the user does is for
+/// the binder.
+class NodeTreeView final : public QAbstractItemView, private NodeTreeWatcher {
+public:
+    explicit NodeTreeView(QWidget* parent = nullptr);
+
+    void setNodes(NodeTreeModel& model);
+    void forgetNodes();
+    /// The node in that place of the viewport; null below all nodes.
+    Node* nodeAt(const QPoint& place) const;
+    /// The place is on the plus or minus box of the node.
+    bool isOnBox(const Node& node, const QPoint& place) const;
+    /// Brings the selected node into view. What the store holds closed above it is shown open, and stays
+    /// closed in the store.
+    void showSelected();
+    /// The user opens or closes what lies below a node.
+    void toggle(Node& node);
+    int rowsOfPage() const;
+    /// The node that shows so many rows below another, or above it; the nearest end where there is none.
+    Node* nodeBeside(const Node& node, int rows) const;
+
+    QRect visualRect(const QModelIndex& index) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    QModelIndex indexAt(const QPoint& place) const override;
+    void reset() override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void rowsInserted(const QModelIndex& parent, int start, int end) override;
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
+    void dataChanged(const QModelIndex& from, const QModelIndex& to, const QList<int>& roles) override;
+    void updateGeometries() override;
+    void changeEvent(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+
+    QModelIndex moveCursor(CursorAction /*action*/, Qt::KeyboardModifiers /*modifiers*/) override {
+        return {};
+    }
+    int horizontalOffset() const override;
+    int verticalOffset() const override;
+    bool isIndexHidden(const QModelIndex& /*index*/) const override { return false; }
+    void setSelection(const QRect& /*rect*/, QItemSelectionModel::SelectionFlags /*flags*/) override {}
+    QRegion visualRegionForSelection(const QItemSelection& /*selection*/) const override { return {}; }
+
+private:
+    void nodeWasExpanded(Node& node) override;
+    void selectionMoved() override;
+
+    bool isOpen(const Node& node) const;
+    bool isShown(const Node& node) const;
+    Node* nextShown(const Node& node, const Node& root) const;
+    int shownRows(const Node& root) const;
+    void forgetRowsOf(const Node& node);
+    void layOut() const;
+    void layOutLater();
+    int rowCount() const;
+    int rowHeight() const;
+    int indentation() const;
+    std::optional<int> rowOfNode(const Node& node) const;
+    Node* nodeOfRow(int row) const;
+    QRect boxRect(const Node& node, const QRect& row) const;
+    int textLeft(const Node& node) const;
+    void paintRow(QPainter& painter, const Node& node, const QRect& row);
+    void paintLines(QPainter& painter, const Node& node, const QRect& row) const;
+    void paintBox(QPainter& painter, const Node& node, const QRect& row) const;
+    void paintText(QPainter& painter, const Node& node, const QRect& row);
+    void widenTo(int width);
+
+    NodeTreeModel* nodes_ = nullptr;
+    mutable std::vector<int>
+        heights_; // rows that each root node and what is open below it take; 0 when not known
+    mutable std::vector<int> starts_; // row of each root node, and the number of all rows behind them
+    mutable bool laidOut_ = false;
+    std::unordered_set<const Node*> openedToShow_;
+    int widest_ = 0;
+};
+
+} // namespace zb

@@ -1,0 +1,19 @@
+#include "desktop/program_folders.h"
+
+#include "desktop/qt_text.h"
+#include "shell/project_history.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace zb {
+
+ApplicationFolders programFolders() {
+    QString folder = QCoreApplication::applicationDirPath();
+    if (!QFileInfo(folder).isWritable())
+        folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return {fromQt(folder), stateFolder().string()};
+}
+
+} // namespace zb

@@ -1,0 +1,115 @@
+// Pictures of the windows at work: zeltobench-screenshots PROJECT.zbp FOLDER light|dark SUFFIX. The scale
+// comes from the environment (QT_SCALE_FACTOR), the platform from the make target.
+#include "screen/support/palettes.h"
+#include "screen/support/program_on_screen.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QMainWindow>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+using zb::test::ProgramOnScreen;
+
+constexpr int kColours = 256;
+
+// The colours that cover most of a picture: text is smoothed over few shades of few colours.
+QList<QRgb> mainColours(const QImage& picture) {
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            ++counts[picture.pixel(x, y)];
+    }
+    QList<QRgb> colours = counts.keys();
+    std::sort(colours.begin(), colours.end(),
+              [&](QRgb left, QRgb right) { return counts[left] > counts[right]; });
+    return colours.mid(0, kColours);
+}
+
+class Photographer {
+public:
+    Photographer(ProgramOnScreen& program, QString folder, QString suffix)
+        : program_(program), folder_(std::move(folder)), suffix_(std::move(suffix)) {}
+
+    void take(QWidget& widget, const QString& name) {
+        program_.settle();
+        // Few colours and no alpha keep the files small.
+        const QImage picture = widget.grab().toImage().convertToFormat(QImage::Format_RGB888);
+        const QImage small = picture.convertToFormat(QImage::Format_Indexed8, mainColours(picture),
+                                                     Qt::AvoidDither | Qt::ThresholdDither);
+        const QString path =
+            QDir(folder_).filePath(name + QLatin1Char('-') + suffix_ + QStringLiteral(".png"));
+        failed_ = !small.save(path, "PNG", 0) || failed_;
+        std::printf("%s\t%lld bytes\n", qPrintable(path), static_cast<long long>(QFileInfo(path).size()));
+    }
+
+    void takeDialog(zb::Window& window, const QString& name) {
+        window.show();
+        take(program_.form(window), name);
+        window.hide();
+    }
+
+    bool failed() const { return failed_; }
+
+private:
+    ProgramOnScreen& program_;
+    QString folder_;
+    QString suffix_;
+    bool failed_ = false;
+};
+
+void selectSomething(zb::Application& application) {
+    zb::NodeTree& tree = application.frmSECSEditor.liveTree();
+    for (int index = 1; zb::Node* node = tree.at(index); ++index) {
+        if (node->level() < 2 || node->text().find(" '") == std::string::npos)
+            continue;
+        zb::Target target = zb::Target::whole(application.frmSECSEditor.tvwEdit);
+        target.node = node;
+        zb::UserHands(application.desktop).click(target);
+        return;
+    }
+}
+
+void photograph(ProgramOnScreen& program, Photographer& camera) {
+    zb::Application& application = program.application;
+    QMainWindow& main = *program.screen.mainWindow();
+    main.resize(1240, 760);
+    program.settle();
+    selectSomething(application);
+    camera.take(main, QStringLiteral("editor"));
+    application.frmFind.showFind();
+    application.frmFind.txtFindWhat.setText("S6F11");
+    camera.take(program.form(application.frmFind), QStringLiteral("find"));
+    application.frmFind.hide();
+    application.frmNewProject.txtLocation.setText(application.folders().application);
+    application.frmNewProject.dirProject.setText(application.folders().application);
+    application.frmNewProject.txtProjectName.setText("Etcher2");
+    camera.takeDialog(application.frmNewProject, QStringLiteral("new-project"));
+    camera.takeDialog(application.frmOption, QStringLiteral("option"));
+    application.frmResult.addErrorMsg("Generated 42 classes for " + application.ProjectName);
+    camera.takeDialog(application.frmResult, QStringLiteral("result"));
+    camera.takeDialog(application.frmAbout, QStringLiteral("about"));
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication qt(argc, argv);
+    if (argc != 5) {
+        std::fprintf(stderr, "usage: zeltobench-screenshots PROJECT.zbp FOLDER light|dark SUFFIX\n");
+        return 2;
+    }
+    const bool dark = QByteArray(argv[3]) == "dark";
+    zb::test::dress(qt, dark ? zb::test::Shade::Dark : zb::test::Shade::Light);
+    ProgramOnScreen program("/");
+    QApplication::setWindowIcon(program.screen.pictures().icon("zeltobench"));
+    program.application.start(argv[1]);
+    Photographer camera(program, QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[4]));
+    photograph(program, camera);
+    return camera.failed() ? 1 : 0;
+}
