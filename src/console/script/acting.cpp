@@ -1,4 +1,3 @@
-#include "console/script/matching.h"
 #include "console/script/script_context.h"
 #include "console/script/script_failure.h"
 #include "platform/stores/control.h"
@@ -131,7 +130,6 @@ void pick(Context& context, const Call& call) {
 }
 
 void during(Context& context, const Call& call) {
-    windowOf(context, call.command.words[1]);
     context.foretold.sayDuring(call.command);
 }
 

@@ -3,14 +3,29 @@
 #include "console/script/interpreter.h"
 #include "console/script/script_screen.h"
 #include "console/script/work_folder.h"
+#include "platform/text.h"
 #include "platform/text_file.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <ostream>
 
 namespace zb {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// Terminals and CI logs get no control characters, whatever a script or the program brings.
+std::string printable(std::string_view message) {
+    std::string text = sanitizeUtf8(message);
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c != '\n' && static_cast<unsigned char>(c) < ' '; },
+        '?');
+    return text;
+}
+
+} // namespace
 
 ScriptRunner::Outcome ScriptRunner::run(const std::string& file) {
     const auto bytes = readBytes(file);
@@ -40,7 +55,7 @@ ScriptRunner::Outcome ScriptRunner::runText(const std::string& name, const std::
         screen.onModal = [&](Window& window) { interpreter.runDuring(window); };
         interpreter.run(script);
     } catch (const ScriptFailure& failure) {
-        err_ << name << ':' << failure.line() << ": " << failure.what() << '\n';
+        err_ << name << ':' << failure.line() << ": " << printable(failure.what()) << '\n';
         return Outcome::Failed;
     } catch (const std::exception& fault) {
         err_ << name << ": expected a program to run, found " << fault.what() << '\n';

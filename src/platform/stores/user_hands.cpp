@@ -104,8 +104,12 @@ UserHands::Refusal UserHands::begin(const Target& target) {
 }
 
 UserHands::Refusal UserHands::press(const Target& target, KeyEvent modifiers) {
+    const bool hadFocus = target.control->focused();
     if (Refusal refusal = begin(target); !refusal.empty())
         return refusal;
+    // A click that brings the focus leaves the selection that the program makes then.
+    if (target.control->kind() == Kind::TextField && hadFocus)
+        as<TextField>(*target.control).caretToEnd();
     return pressMember(target, modifiers);
 }
 
@@ -137,9 +141,6 @@ UserHands::Refusal UserHands::pressMember(const Target& target, KeyEvent modifie
         break;
     case Kind::Pane:
         fire(as<Pane>(control).onPress);
-        break;
-    case Kind::TextField:
-        as<TextField>(control).caretToEnd();
         break;
     default:
         break;

@@ -107,6 +107,13 @@ TEST(Acting, ReplacesTheSelectionByTheFirstKey) {
         "expect frmTest.txtName selectedtext old\ntype frmTest.txtName ne\nexpect frmTest.txtName text ne\n");
 }
 
+TEST(Acting, AClickKeepsTheSelectionThatComesWithTheFocus) {
+    expectPasses("start\npaste frmTest.txtName old\nfocus frmTest.chkWait\nclick frmTest.txtName\n"
+                 "expect frmTest.txtName selectedtext old\nclick frmTest.txtName\n"
+                 "expect frmTest.txtName selectedtext \"\"\ntype frmTest.txtName er\n"
+                 "expect frmTest.txtName text older\n");
+}
+
 TEST(Acting, PressesKeysByTheirCodes) {
     expectPasses("start\nkey frmTest.txtName 65\nkey frmTest.txtName 65 shift\nkey frmTest.txtName 97\n"
                  "key frmTest.txtName 13\nexpect frmTest.txtName text aA1\nkey frmTest.txtName 8\n"

@@ -37,6 +37,11 @@ TEST(ScriptRunner, FailsOnUnknownCommandsAndWrongCounts) {
     expectFails("end\n", "1: expected a command, found end");
 }
 
+TEST(ScriptRunner, PrintsNoControlCharacters) {
+    expectFails("\x1B[2J\n", "1: expected a command, found ?[2J");
+    EXPECT_EQ(runScript("\xFF\xFE\n").err, "test.zbs:1: expected text in UTF-8, found other bytes\n");
+}
+
 TEST(ScriptRunner, CarriesOutWhatStandsAboveABrokenLine) {
     const ScriptOutcome outcome = runScript("start\nclick frmTest.cmdTell\ntype \"\n");
     EXPECT_FALSE(outcome.passed);
