@@ -26,7 +26,7 @@ Node& addMessageNodes(NodeTree& tree, std::string_view name, std::string nodeTex
 /// Hangs items below a message by their depths. Only the direction of a step down counts, not its length.
 class ItemPlacer {
 public:
-    ItemPlacer(NodeTree& tree, Node& message) : tree_(&tree), last_(&message) {}
+    ItemPlacer(NodeTree& tree, Node* message) : tree_(&tree), last_(message) {}
 
     void add(long depth, std::string text) {
         Node& item = place(depth, std::move(text));
@@ -55,7 +55,7 @@ private:
 /// Takes the lines of a project file one by one.
 class SectionReader {
 public:
-    SectionReader(NodeTree& tree, EditorPane& pane) : tree_(tree), pane_(pane) {}
+    SectionReader(NodeTree& tree, EditorPane& pane) : tree_(tree), pane_(pane), items_(tree, nullptr) {}
 
     void line(std::string_view anyLine) {
         const std::string_view line = anyLine.substr(0, anyLine.find_last_not_of(' ') + 1);
@@ -72,7 +72,7 @@ public:
         }
         if (hasColon(line))
             takeHead(trimmed(line));
-        else if (items_)
+        else if (isOpen_)
             takeItem(line);
         comment_ = {};
     }
@@ -91,9 +91,8 @@ private:
         const bool ended = takeEnd(content);
         const std::string name = trim(before(content, ": "));
         Node& message = addMessageNodes(tree_, name, std::string(content), trimmed(comment_));
-        items_.reset();
-        if (!ended)
-            items_.emplace(tree_, message);
+        items_ = ItemPlacer(tree_, &message);
+        isOpen_ = !ended;
         pane_.InsertCbo(name);
     }
 
@@ -102,16 +101,16 @@ private:
         std::string_view content = trimmed(line);
         const bool ended = takeEnd(content);
         if (!content.empty())
-            items_->add(depth, normalizeItemText(content));
-        if (ended)
-            items_.reset();
+            items_.add(depth, normalizeItemText(content));
+        isOpen_ = !ended;
     }
 
     NodeTree& tree_;
     EditorPane& pane_;
     bool inSection_ = false;
     std::string_view comment_;
-    std::optional<ItemPlacer> items_; ///< while a message is open
+    ItemPlacer items_; ///< of the last message
+    bool isOpen_ = false;
 };
 
 } // namespace
@@ -142,8 +141,8 @@ std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record, On
     }
     if (!hasColon(nodeText))
         return {};
-    ItemPlacer items(tree, addMessageNodes(tree, record.getName(), std::string(nodeText),
-                                           std::string_view(head).substr(0, lineEnd)));
+    ItemPlacer items(tree, &addMessageNodes(tree, record.getName(), std::string(nodeText),
+                                            std::string_view(head).substr(0, lineEnd)));
     const std::string body = record.getBodyText();
     LineReader lines(body);
     while (const std::optional<std::string_view> line = lines.next()) {
