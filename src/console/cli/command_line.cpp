@@ -2,6 +2,7 @@
 
 #include "console/cli/build_verb.h"
 #include "console/cli/check_verb.h"
+#include "console/cli/history_verb.h"
 #include "console/cli/list_verb.h"
 #include "console/cli/script_verb.h"
 #include "platform/text.h"
@@ -48,6 +49,7 @@ std::vector<std::unique_ptr<Verb>> makeVerbs() {
     verbs.push_back(std::make_unique<BuildVerb>());
     verbs.push_back(std::make_unique<CheckVerb>());
     verbs.push_back(std::make_unique<ListVerb>());
+    verbs.push_back(std::make_unique<HistoryVerb>());
     verbs.push_back(std::make_unique<ScriptVerb>());
     return verbs;
 }

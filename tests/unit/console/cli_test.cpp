@@ -1,10 +1,13 @@
 #include "console/cli/command_line.h"
 #include "console/script/work_folder.h"
+#include "platform/file_layer.h"
 #include "platform/text_file.h"
+#include "shell/project_history.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -199,6 +202,28 @@ TEST_F(Cli, HelpsWithAnExampleForEachVerb) {
         EXPECT_NE(help.out.find("Example:\n  zbc " + verb->name() + " "), std::string::npos) << help.out;
     }
     EXPECT_EQ(runZbc({"--version"}).out.find("zbc "), 0U);
+}
+
+TEST_F(Cli, ListsKeptVersionsAndBringsThemBack) {
+    setenv("ZELTOBENCH_STATE", path("state").c_str(), 1);
+    EXPECT_EQ(runZbc({"history", project_}).out, "");
+    SystemFileLayer files;
+    ASSERT_TRUE(ProjectHistory(files, stateFolder()).keep(project_).ok());
+    const std::string kept = *readBytes(project_);
+    const Outcome list = runZbc({"history", project_});
+    EXPECT_EQ(list.status, 0);
+    EXPECT_THAT(list.out, testing::MatchesRegex("1  [0-9]+-[0-9]+-[0-9]+ [0-9]+:[0-9]+:[0-9]+ UTC  " +
+                                                std::to_string(kept.size()) + "\n"));
+    write("Demo.zbp", "changed");
+    const Outcome restored = runZbc({"history", project_, "--restore", "1"});
+    EXPECT_EQ(restored.err, "");
+    ASSERT_TRUE(restored.out.ends_with("\n"));
+    EXPECT_EQ(*readBytes(restored.out.substr(0, restored.out.size() - 1)), kept);
+    EXPECT_EQ(*readBytes(project_), "changed");
+    const Outcome missing = runZbc({"history", project_, "--restore", "7"});
+    EXPECT_EQ(missing.status, 3);
+    EXPECT_EQ(missing.err.find(project_ + ": version 7 cannot be brought back: "), 0U) << missing.err;
+    unsetenv("ZELTOBENCH_STATE");
 }
 
 TEST_F(Cli, RunsScriptsOverTheWholeProgram) {
