@@ -146,7 +146,7 @@ void List::selectRange(ListRow& from, ListRow& to) {
         select(&to);
         return;
     }
-    const auto [first, last] = std::minmax(positionOf(&from), positionOf(&to));
+    const auto [first, last] = std::minmax({positionOf(&from), positionOf(&to)});
     int position = 0;
     for (ListRow* row : shown()) {
         ++position;
