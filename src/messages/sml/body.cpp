@@ -1,0 +1,287 @@
+#include "messages/sml/body.h"
+
+#include "messages/sml/characters.h"
+#include "platform/number.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace zb::sml {
+
+namespace {
+
+constexpr std::size_t kMostCount = 32767; // counts have 16 bits and a sign
+constexpr std::size_t kListBound = 20;
+constexpr std::size_t kValueBound = 80;
+
+void appendNumber(std::string& text, std::size_t number) {
+    std::array<char, 24> buffer;
+    const auto [end, fault] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
+    text.append(buffer.data(), end);
+}
+
+bool isNameCharacter(char c, ItemType type) {
+    // A point among the values of a number item would be taken for one of its value.
+    return isLetter(c) || isDigit(c) || c == '_' ||
+           (c == '.' && (type == ItemType::list || isQuotedType(type)));
+}
+
+// The name in the characters that item names may have; empty when none of its own are left.
+std::string allowedName(std::string_view name, ItemType type) {
+    std::string allowed;
+    bool own = false;
+    for (const char c : name) {
+        if ((c & 0xC0) == 0x80)
+            continue; // the rest of a character that became one mark
+        own = own || isLetter(c) || isDigit(c);
+        allowed += isNameCharacter(c, type) ? c : '_';
+    }
+    if (!own)
+        return {};
+    if (isNumeric(allowed) ||
+        (type == ItemType::boolean && (isWord(allowed, "TRUE") || isWord(allowed, "FALSE"))))
+        allowed.insert(0, 1, '_');
+    return allowed;
+}
+
+std::string capitals(std::string text) {
+    for (char& c : text)
+        c = upperLetter(c);
+    return text;
+}
+
+std::string times(std::size_t number, std::string_view what) {
+    return std::to_string(number) + " " + std::string(what);
+}
+
+} // namespace
+
+void Body::clear() {
+    items_.clear();
+    openLists_.clear();
+    names_.clear();
+    values_.clear();
+    namesInUse_.clear();
+}
+
+std::size_t Body::add(ItemType type, std::size_t offset) {
+    const std::size_t index = items_.size();
+    Item& item = items_.emplace_back();
+    item.type = type;
+    item.offset = offset;
+    item.level = openLists_.size() + 1;
+    item.end = index + 1;
+    if (!openLists_.empty())
+        ++items_[openLists_.back()].children;
+    if (type == ItemType::list)
+        openLists_.push_back(index);
+    return index;
+}
+
+std::size_t Body::closeList() {
+    const std::size_t index = openLists_.back();
+    items_[index].end = items_.size();
+    openLists_.pop_back();
+    return index;
+}
+
+void Body::setName(Item& item, std::string_view name) {
+    item.nameBegin = names_.size();
+    item.nameLength = name.size();
+    names_ += name;
+}
+
+void Body::setValue(Item& item, std::string_view value) {
+    item.valueBegin = values_.size();
+    item.valueLength = value.size();
+    values_ += value;
+}
+
+std::string_view Body::name(const Item& item) const {
+    return std::string_view(names_).substr(item.nameBegin, item.nameLength);
+}
+
+std::string_view Body::value(const Item& item) const {
+    return std::string_view(values_).substr(item.valueBegin, item.valueLength);
+}
+
+bool Body::sameStructure(std::size_t left, std::size_t right) const {
+    const std::size_t size = items_[left].end - left;
+    if (items_[right].end - right != size)
+        return false;
+    for (std::size_t i = 0; i < size; ++i)
+        if (items_[left + i].type != items_[right + i].type ||
+            items_[left + i].children != items_[right + i].children)
+            return false;
+    return true;
+}
+
+bool Body::childrenAreAlike(std::size_t list) const {
+    const std::size_t first = list + 1;
+    for (std::size_t child = items_[first].end; child < items_[list].end; child = items_[child].end)
+        if (!sameStructure(first, child))
+            return false;
+    return true;
+}
+
+bool Body::sameValues(std::size_t list) const {
+    const std::size_t first = list + 1;
+    const std::size_t size = items_[first].end - first;
+    for (std::size_t i = items_[first].end; i < items_[list].end; ++i)
+        if (value(items_[i]) != value(items_[first + (i - first) % size]))
+            return false;
+    return true;
+}
+
+Body::Form Body::repeatedForm(std::size_t index, std::size_t bound, Findings& findings) const {
+    const Item& list = items_[index];
+    if (list.children > 1 && !childrenAreAlike(index)) {
+        findings.warn(list.offset,
+                      "the repetition of several different items has no form in a definition; the list was "
+                      "read with the items it shows");
+        return {list.children, false, false};
+    }
+    if (list.children > 1 && !sameValues(index))
+        findings.warn(list.offset, "the list repeats its first item; the values of the others are left out");
+    return {std::max(bound, list.children), true, true};
+}
+
+Body::Form Body::listForm(std::size_t index, Findings& findings) const {
+    const Item& list = items_[index];
+    const std::size_t declared = list.count.number;
+    const bool bounded = list.count.kind == Count::Kind::upTo;
+    if (list.repeats || list.count.kind == Count::Kind::open) {
+        const bool known = list.count.kind == Count::Kind::fixed || bounded;
+        return repeatedForm(index, known && declared > 0 ? declared : kListBound, findings);
+    }
+    if (bounded && list.children <= 1)
+        return {std::max(declared, list.children), true, false};
+    if (bounded)
+        findings.warn(list.offset, "a list of a variable count repeats one item, and this one holds " +
+                                       times(list.children, "items") +
+                                       "; it was read as a list of just these");
+    else if (list.count.kind == Count::Kind::fixed && declared != list.children)
+        findings.warn(list.offset, "the list is declared to hold " + times(declared, "items") +
+                                       " and holds " + std::to_string(list.children));
+    return {list.children, false, false};
+}
+
+// An item with a name in the place of its values.
+Body::Form Body::templateForm(const Item& item) const {
+    if (isQuotedType(item.type))
+        return {kValueBound, true, false};
+    return {1, false, false};
+}
+
+Body::Form Body::valueForm(const Item& item, Findings& findings) const {
+    const std::string_view unit = isQuotedType(item.type) ? "characters" : "values";
+    const std::size_t declared = item.count.number;
+    if (item.repeats || item.count.kind == Count::Kind::open)
+        return {std::max(item.values, kValueBound), true, false};
+    if (item.count.kind == Count::Kind::absent) {
+        const bool holdsAnything = item.type == ItemType::any && !item.valued;
+        const bool isTemplate = !item.valued && (item.nameIsGiven || holdsAnything);
+        return isTemplate ? templateForm(item) : Form{item.values, false, false};
+    }
+    if (declared < item.values)
+        findings.warn(item.offset, "the item is declared to hold " + times(declared, unit) + " and holds " +
+                                       std::to_string(item.values) + "; the count was raised");
+    if (item.count.kind == Count::Kind::upTo)
+        return {std::max(declared, item.values), true, false};
+    if (declared > item.values && item.valued)
+        findings.warn(item.offset, "the item is declared to hold " + times(declared, unit) + " and holds " +
+                                       std::to_string(item.values));
+    return {std::max(declared, item.values), false, false};
+}
+
+std::string Body::uniqueName(const Item& item, std::string wanted, Findings& findings) {
+    const auto [known, fresh] = namesInUse_.try_emplace(capitals(wanted), 1);
+    if (fresh)
+        return wanted;
+    std::size_t& number = known->second;
+    for (;;) {
+        std::string candidate = wanted + std::to_string(++number);
+        if (!namesInUse_.try_emplace(capitals(candidate), 1).second)
+            continue;
+        findings.note(item.offset, "a second item is named " + wanted + "; it became " + candidate);
+        return candidate;
+    }
+}
+
+std::string Body::nameFor(std::size_t index, const Form& form, Findings& findings) {
+    const Item& item = items_[index];
+    const std::string_view written = name(item);
+    if (!written.empty()) {
+        std::string allowed = allowedName(written, item.type);
+        if (allowed.empty())
+            findings.warn(item.offset,
+                          "the name " + std::string(written) + " has no letter that an item's name may have");
+        else if (allowed != written)
+            findings.note(item.offset, "the name " + std::string(written) + " became " + allowed);
+        if (!allowed.empty())
+            return uniqueName(item, std::move(allowed), findings);
+    }
+    if (item.type != ItemType::list || !form.variable)
+        return {};
+    // A list of a variable count has to have a name: it is named after what it repeats.
+    std::string element;
+    if (item.children > 0)
+        element = allowedName(name(items_[index + 1]), ItemType::u1);
+    return uniqueName(item, (element.empty() ? "LIST" : element) + "COUNT", findings);
+}
+
+void Body::appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const {
+    appendNumber(lines, item.level);
+    lines += ' ';
+    lines += typeWord(item.type);
+    lines += ' ';
+    appendNumber(lines, form.count);
+    if (form.variable)
+        lines += 'V';
+    if (!name.empty()) {
+        lines += ' ';
+        lines += name;
+    }
+    const std::string_view text = value(item);
+    if (isQuotedType(item.type)) {
+        lines += " '";
+        lines += text;
+        lines += '\'';
+    } else if (!text.empty()) {
+        lines += ' ';
+        lines += text;
+    }
+    if (item.key)
+        lines += " [K]";
+    lines += "\r\n";
+}
+
+bool Body::compose(std::string& lines, Findings& findings) {
+    constexpr std::size_t kUsualLine = 24;
+    namesInUse_.clear();
+    lines.reserve(values_.size() + names_.size() + items_.size() * kUsualLine);
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        const Item& item = items_[i];
+        if (item.leftOut)
+            continue;
+        if (std::max(item.values, item.children) > kMostCount) {
+            findings.fail(item.offset,
+                          "the item holds more than " + std::to_string(kMostCount) + " values or items");
+            return false;
+        }
+        Form form = item.type == ItemType::list ? listForm(i, findings) : valueForm(item, findings);
+        if (form.count > kMostCount) {
+            findings.warn(item.offset, "a count goes up to " + std::to_string(kMostCount) + "; " +
+                                           std::to_string(form.count) + " was lowered to that");
+            form.count = kMostCount;
+        }
+        appendLine(lines, item, form, nameFor(i, form, findings));
+        if (form.onlyFirstChild && item.children > 1)
+            for (std::size_t rest = items_[i + 1].end; rest < item.end; ++rest)
+                items_[rest].leftOut = true;
+    }
+    return true;
+}
+
+} // namespace zb::sml

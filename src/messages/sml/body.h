@@ -1,0 +1,92 @@
+#pragma once
+
+#include "messages/sml/findings.h"
+#include "messages/sml/item_type.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zb::sml {
+
+// How many items or characters an item is declared to hold.
+struct Count {
+    enum class Kind {
+        absent,
+        fixed,
+        upTo, // at most `number`
+        open, // any number
+    };
+    Kind kind = Kind::absent;
+    std::size_t number = 0;
+};
+
+struct Item {
+    ItemType type = ItemType::list;
+    Count count;
+    bool repeats = false; // a list that goes on with items of the form that it shows
+    bool valued = false;  // values were written, be it an empty text
+    bool key = false;
+    bool nameIsGiven = false; // by the language itself, not by a comment
+    bool leftOut = false;     // one more of what its list repeats
+    std::size_t offset = 0;
+    std::size_t level = 0;    // from 1
+    std::size_t children = 0; // of a list
+    std::size_t end = 0;      // the index past its subtree
+    std::size_t values = 0;   // how many; for a text its length in the code page
+    std::size_t nameBegin = 0, nameLength = 0;
+    std::size_t valueBegin = 0, valueLength = 0;
+};
+
+// The items of one message in the order of the text, and how they become item Texts.
+class Body {
+public:
+    void clear();
+    bool empty() const { return items_.empty(); }
+
+    // Appends an item below the open lists and gives its index. A list stays open until it is closed.
+    std::size_t add(ItemType type, std::size_t offset);
+    // Closes the innermost open list and gives its index.
+    std::size_t closeList();
+    std::size_t openLists() const { return openLists_.size(); }
+    // There is one.
+    Item& innermostList() { return items_[openLists_.back()]; }
+
+    Item& item(std::size_t index) { return items_[index]; }
+    void setName(Item& item, std::string_view name);
+    void setValue(Item& item, std::string_view value);
+    std::string_view name(const Item& item) const;
+    std::string_view value(const Item& item) const;
+
+    // One line for each item: level, blank, item Text, CR LF. All lists are closed. Nothing, and an error
+    // among the findings, when an item holds more than a count can tell.
+    bool compose(std::string& lines, Findings& findings);
+
+private:
+    struct Form {
+        std::size_t count = 0;
+        bool variable = false;
+        bool onlyFirstChild = false;
+    };
+    bool sameStructure(std::size_t left, std::size_t right) const;
+    bool childrenAreAlike(std::size_t list) const;
+    bool sameValues(std::size_t list) const;
+    Form listForm(std::size_t index, Findings& findings) const;
+    Form repeatedForm(std::size_t index, std::size_t bound, Findings& findings) const;
+    Form valueForm(const Item& item, Findings& findings) const;
+    Form templateForm(const Item& item) const;
+    std::string uniqueName(const Item& item, std::string wanted, Findings& findings);
+    std::string nameFor(std::size_t index, const Form& form, Findings& findings);
+    void appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const;
+
+    std::vector<Item> items_;
+    std::vector<std::size_t> openLists_;
+    std::string names_;
+    std::string values_;
+    std::unordered_map<std::string, std::size_t> namesInUse_; // upper-cased, with the last number given
+};
+
+} // namespace zb::sml

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "messages/sml/sml.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zb::sml {
+
+// Collects findings by their place in the text, and counts lines only once, at the end.
+class Findings {
+public:
+    explicit Findings(std::string_view text) : text_(text) {}
+
+    void note(std::size_t offset, std::string text) { add(SmlSeverity::note, offset, std::move(text)); }
+    void warn(std::size_t offset, std::string text) { add(SmlSeverity::warning, offset, std::move(text)); }
+    void fail(std::size_t offset, std::string text) { add(SmlSeverity::error, offset, std::move(text)); }
+
+    // The findings in the order of the text, with line and column.
+    std::vector<SmlFinding> take();
+
+private:
+    struct Entry {
+        SmlSeverity severity;
+        std::size_t offset;
+        std::string text;
+    };
+    void add(SmlSeverity severity, std::size_t offset, std::string text);
+
+    std::string_view text_;
+    std::vector<Entry> entries_;
+    std::size_t leftOut_ = 0;
+};
+
+// What stands at the offset, for "found ...": a word, or a mark in quotes, or the end of the file.
+std::string foundAt(std::string_view text, std::size_t offset);
+
+} // namespace zb::sml

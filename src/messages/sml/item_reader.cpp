@@ -1,0 +1,593 @@
+#include "messages/sml/item_reader.h"
+
+#include "messages/sml/head.h"
+#include "messages/sml/value.h"
+#include "platform/text.h"
+
+#include <algorithm>
+
+namespace zb::sml {
+
+namespace {
+
+constexpr std::size_t kDeepestLevel = 1000;
+
+// What a comment behind an item has to say as its name: one word, or a few that can be joined to one. A
+// sentence is no name.
+std::string nameFromComment(std::string_view words) {
+    constexpr std::size_t kLongest = 32;
+    constexpr std::size_t kMostWords = 4;
+    if (words.empty() || words.size() > kLongest)
+        return {};
+    std::string name;
+    std::size_t count = 1;
+    bool apart = false;
+    for (const char c : words) {
+        if (isLetter(c) || isDigit(c) || c == '_' || c == '.') {
+            count += apart ? 1 : 0;
+            name += apart ? "_" : "";
+            name += c;
+            apart = false;
+        } else if (name.empty() || (c & 0x80) != 0) {
+            return {};
+        } else {
+            apart = true;
+        }
+    }
+    const bool joined = count > 1 || apart;
+    if (count > kMostWords || (joined && !isLetter(name[0])) ||
+        name.find_first_not_of("0123456789.") == name.npos)
+        return {};
+    return name;
+}
+
+std::size_t parseCount(std::string_view digits) {
+    std::size_t number = 0;
+    for (const char c : digits)
+        number = std::min<std::size_t>(number * 10 + static_cast<std::size_t>(c - '0'), 1'000'000'000);
+    return number;
+}
+
+bool isDigits(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+} // namespace
+
+void ItemReader::clear() {
+    body_.clear();
+    hasLastItem_ = false;
+    lostComments_ = 0;
+}
+
+ItemReader::Outcome ItemReader::read() {
+    Step step = openItem();
+    while (step == Step::next && body_.openLists() > 0)
+        step = stepInList();
+    switch (step) {
+    case Step::cutShort:
+        return Outcome::cutShort;
+    case Step::broken:
+        return Outcome::broken;
+    default:
+        return Outcome::closed;
+    }
+}
+
+void ItemReader::skip() {
+    scanner_.skip();
+    for (const Comment& comment : scanner_.comments())
+        attachComment(comment);
+}
+
+void ItemReader::attachComment(const Comment& comment) {
+    std::string words = commentWords(comment.text);
+    if (words.starts_with('='))
+        words = trim(words.substr(1));
+    if (hasLastItem_ && !comment.onOwnLine) {
+        Item& item = body_.item(lastItem_);
+        if (words.ends_with("[K]")) {
+            item.key = true;
+            words = trim(words.substr(0, words.size() - 3));
+        }
+        if (words == body_.name(item))
+            return;
+        const std::string name = item.nameLength == 0 ? nameFromComment(words) : std::string();
+        if (!name.empty()) {
+            body_.setName(item, name);
+            return;
+        }
+    }
+    if (!words.empty() && lostComments_++ == 0)
+        firstLostComment_ = comment.offset;
+}
+
+void ItemReader::reportComments() {
+    if (lostComments_ == 1)
+        findings_.note(firstLostComment_, "a comment within the message has no place in a definition");
+    else if (lostComments_ > 1)
+        findings_.note(firstLostComment_, std::to_string(lostComments_) +
+                                              " comments within the message have no place in a definition");
+}
+
+bool ItemReader::atNextMessage() const {
+    return scanner_.passedLineEnd() && headFollows(scanner_.offset());
+}
+
+bool ItemReader::headFollows(std::size_t offset) const {
+    return headAt(scanner_.text(), offset) || atDirective(scanner_.text(), offset);
+}
+
+ItemReader::Step ItemReader::fail(const std::string& expected) {
+    findings_.fail(scanner_.offset(),
+                   "expected " + expected + ", found " + foundAt(scanner_.text(), scanner_.offset()));
+    return Step::broken;
+}
+
+ItemReader::Step ItemReader::cutShort() {
+    findings_.fail(scanner_.offset(), "expected \">\", found " + foundAt(scanner_.text(), scanner_.offset()) +
+                                          "; all items that were open are closed here");
+    while (body_.openLists() > 0)
+        body_.closeList();
+    return Step::cutShort;
+}
+
+ItemReader::Step ItemReader::stepInList() {
+    skip();
+    if (scanner_.atEnd())
+        return cutShort();
+    const char c = scanner_.peek();
+    switch (c) {
+    case '<':
+        return openItem();
+    case '>':
+        lastItem_ = body_.closeList();
+        scanner_.advance();
+        return Step::next;
+    case '.':
+        return stepAtPoint();
+    case '=':
+        return passGivenName() ? Step::next : Step::broken;
+    default:
+        break;
+    }
+    if (scanner_.atEllipsis())
+        return stepAtPoint();
+    if (atNextMessage())
+        return cutShort();
+    return isWordStart(c) ? addBareVariable() : fail("an item or \">\"");
+}
+
+ItemReader::Step ItemReader::stepAtPoint() {
+    if (!scanner_.atEllipsis())
+        return cutShort();
+    // The innermost open list is the last one that has not ended yet.
+    Item& list = body_.innermostList();
+    if (list.children == 0)
+        findings_.warn(scanner_.offset(), "nothing stands before \"...\" that could be repeated");
+    list.repeats = true;
+    scanner_.passEllipsis();
+    return Step::next;
+}
+
+// A name in the place of an item: whatever it stands for, it is a value of any type.
+ItemReader::Step ItemReader::addBareVariable() {
+    const std::size_t offset = scanner_.offset();
+    lastItem_ = body_.add(ItemType::any, offset);
+    hasLastItem_ = true;
+    giveName(lastItem_, passIndexedName(), offset);
+    return Step::next;
+}
+
+std::string_view ItemReader::passName() {
+    const std::size_t start = scanner_.offset();
+    scanner_.word();
+    while ((scanner_.peek() == '.' || scanner_.peek() == '-') && isWordCharacter(scanner_.peek(1))) {
+        scanner_.advance();
+        scanner_.word();
+    }
+    return scanner_.text().substr(start, scanner_.offset() - start);
+}
+
+// Of "name[0]" the name: which of its values is meant has no place here.
+std::string_view ItemReader::passIndexedName() {
+    const std::string_view name = passName();
+    std::size_t ahead = 1;
+    while (isDigit(scanner_.peek(ahead)))
+        ++ahead;
+    if (scanner_.peek() == '[' && ahead > 1 && scanner_.peek(ahead) == ']')
+        scanner_.advance(ahead + 1);
+    return name;
+}
+
+void ItemReader::giveName(std::size_t index, std::string_view name, std::size_t offset) {
+    Item& item = body_.item(index);
+    if (item.nameIsGiven) {
+        findings_.warn(offset, "an item has one name; " + std::string(name) + " is left out");
+        return;
+    }
+    body_.setName(item, name);
+    item.nameIsGiven = true;
+}
+
+bool ItemReader::passGivenName() {
+    scanner_.advance();
+    skip();
+    const std::size_t offset = scanner_.offset();
+    const std::string_view name = passName();
+    if (name.empty()) {
+        fail("a name behind \"=\"");
+        return false;
+    }
+    if (hasLastItem_)
+        giveName(lastItem_, name, offset);
+    return true;
+}
+
+ItemReader::Step ItemReader::openItem() {
+    const std::size_t offset = scanner_.offset();
+    if (upperLetter(scanner_.peek(1)) == 'S' && atNextMessage())
+        return cutShort();
+    if (body_.openLists() >= kDeepestLevel) {
+        findings_.fail(offset, "lists lie more than " + std::to_string(kDeepestLevel) + " levels deep");
+        return Step::broken;
+    }
+    scanner_.advance();
+    skip();
+    const std::size_t wordOffset = scanner_.offset();
+    const std::string_view word = scanner_.word();
+    const std::optional<ItemType> type = itemTypeOf(word);
+    if (!type)
+        return openUntypedItem(wordOffset, word);
+    if (isWord(word, "W"))
+        findings_.note(offset, "text with an encoding of its own became an item of any type");
+    const std::size_t index = body_.add(*type, offset);
+    lastItem_ = index;
+    hasLastItem_ = true;
+    const Step step = readBrackets(index);
+    return step != Step::next || *type == ItemType::list ? step : readValues(index);
+}
+
+ItemReader::Step ItemReader::openUntypedItem(std::size_t offset, std::string_view word) {
+    hasLastItem_ = true;
+    if (word.empty()) {
+        const char c = scanner_.peek();
+        if (scanner_.atEnd() || (c != '<' && c != '>' && !scanner_.atEllipsis()))
+            return fail("an item type");
+        findings_.warn(offset, "an item has no type; it was read as a list");
+        lastItem_ = body_.add(ItemType::list, offset);
+        return Step::next;
+    }
+    if (isDigit(word[0])) {
+        scanner_.moveTo(offset);
+        return fail("an item type");
+    }
+    // "<CPVAL>" is a value of any type.
+    const std::size_t index = lastItem_ = body_.add(ItemType::any, offset);
+    scanner_.moveTo(offset);
+    giveName(index, passName(), offset);
+    if (const Step step = readBrackets(index); step != Step::next)
+        return step;
+    if (scanner_.atEnd() || atNextMessage())
+        return cutShort();
+    if (scanner_.peek() != '>') {
+        findings_.fail(offset, "expected an item type, found " + foundAt(scanner_.text(), offset));
+        return Step::broken;
+    }
+    scanner_.advance();
+    return Step::next;
+}
+
+ItemReader::Step ItemReader::readBrackets(std::size_t index) {
+    for (;;) {
+        skip();
+        if (scanner_.peek() == '[') {
+            if (const Step step = readBracket(index); step != Step::next)
+                return step;
+            continue;
+        }
+        std::size_t ahead = 1;
+        while (isInlineSpace(scanner_.peek(ahead)) && scanner_.offset() + ahead < scanner_.text().size())
+            ++ahead;
+        if (scanner_.peek() != ',' || !isDigit(scanner_.peek(ahead)))
+            return Step::next;
+        scanner_.advance(ahead);
+        body_.item(index).count = {Count::Kind::fixed, parseCount(scanner_.valueWord())};
+    }
+}
+
+ItemReader::Step ItemReader::readBracket(std::size_t index) {
+    constexpr std::size_t kLongest = 200;
+    const std::size_t offset = scanner_.offset();
+    const std::string_view reach = scanner_.text().substr(offset + 1, kLongest);
+    const std::size_t end = reach.find_first_of("]<>\n");
+    if (end == std::string_view::npos || reach[end] != ']')
+        return fail("a count in brackets");
+    scanner_.advance(end + 2);
+    const std::string_view words = stripped(reach.substr(0, end));
+    Item& item = body_.item(index);
+    if (isDigits(words))
+        item.count = {Count::Kind::fixed, parseCount(words)};
+    else if (words == "..." || words == "\u2026")
+        item.count = {Count::Kind::open, 0};
+    else if (const auto define = defines_.find(words); define != defines_.end())
+        item.count = {Count::Kind::fixed, define->second};
+    else if (words.size() > 3 && isWord(words.substr(0, 3), "MAX") && !isWordStart(words[3]))
+        applyBound(item, stripped(words.substr(3)));
+    else if (!words.empty() && !applyRange(item, words, offset))
+        giveName(index, words, offset);
+    return Step::next;
+}
+
+// "[MAX 32]", "[MAX MAX_LENGTH]"
+bool ItemReader::applyBound(Item& item, std::string_view words) {
+    const auto define = defines_.find(words);
+    if (isDigits(words)) {
+        item.count = {Count::Kind::upTo, parseCount(words)};
+    } else if (define != defines_.end()) {
+        item.count = {Count::Kind::upTo, define->second};
+    } else {
+        item.count = {Count::Kind::open, 0};
+        findings_.warn(item.offset, "the count " + std::string(words) + " is defined nowhere");
+    }
+    return true;
+}
+
+// "[0..40]", "[5..]", "[..5]"; false for other words.
+bool ItemReader::applyRange(Item& item, std::string_view words, std::size_t offset) {
+    const std::size_t points = words.find("..");
+    if (points == std::string_view::npos)
+        return false;
+    const std::string_view least = stripped(words.substr(0, points));
+    const std::string_view most = stripped(words.substr(points + 2));
+    if ((!least.empty() && !isDigits(least)) || (!most.empty() && !isDigits(most)))
+        return false;
+    if (!most.empty() && parseCount(least) == parseCount(most) && !least.empty()) {
+        item.count = {Count::Kind::fixed, parseCount(most)};
+        return true;
+    }
+    if (most.empty())
+        item.count = {Count::Kind::open, parseCount(least)};
+    else
+        item.count = {Count::Kind::upTo, parseCount(most)};
+    if (parseCount(least) > 0)
+        findings_.note(offset, "a count has an upper bound only; the lower one, " + std::string(least) +
+                                   ", is left out");
+    return true;
+}
+
+ItemReader::Step ItemReader::readValues(std::size_t index) {
+    value_.begin();
+    words_.clear();
+    valueCount_ = 0;
+    Step step = Step::next;
+    while (step == Step::next) {
+        skip();
+        step = stepInValues(index);
+    }
+    if (step == Step::broken)
+        return step;
+    endValues(index);
+    return step == Step::closed ? Step::next : step;
+}
+
+ItemReader::Step ItemReader::stepInValues(std::size_t index) {
+    if (scanner_.atEnd())
+        return cutShort();
+    const char c = scanner_.peek();
+    if (c == '>') {
+        scanner_.advance();
+        return Step::closed;
+    }
+    if (isDigit(c) || c == '+' || c == '-' || (c == '.' && isDigit(scanner_.peek(1))))
+        return readNumber(index);
+    if (scanner_.atEllipsis()) {
+        scanner_.passEllipsis();
+        body_.item(index).repeats = true;
+        return Step::next;
+    }
+    if (isQuote(c))
+        return readString(index);
+    if (c == '.' || atNextMessage())
+        return cutShort();
+    if (isWordStart(c))
+        return readWord(index);
+    if (c == '[')
+        return readBracket(index);
+    if (c == ',' && valueCount_ > 0) {
+        findings_.warn(scanner_.offset(), "values are parted by white space; the comma was read as such");
+        scanner_.advance();
+        return Step::next;
+    }
+    if (c == '<') {
+        fail("\">\"");
+        return Step::closed;
+    }
+    return fail(std::string(expectedValue(body_.item(index).type)) + " or \">\"");
+}
+
+ItemReader::Step ItemReader::readString(std::size_t index) {
+    const std::size_t offset = scanner_.offset();
+    const char quote = scanner_.peek();
+    const bool isText = isQuotedType(body_.item(index).type);
+    if (!isText)
+        value_.begin();
+    scanner_.advance();
+    if (!passString(quote)) {
+        findings_.fail(offset, std::string("expected a closing ") + quote + " for the text that begins here");
+        return Step::broken;
+    }
+    body_.item(index).valued = true;
+    return isText ? Step::next : applyQuotedWords(index, offset);
+}
+
+// A quote right before a letter does not end a text: 'Joe's lot'.
+bool ItemReader::isQuoteWithin(std::size_t offset) const {
+    const std::string_view text = scanner_.text();
+    return offset + 1 < text.size() && isWordStart(text[offset + 1]);
+}
+
+// A quote behind a backslash ends the text when the item ends behind it: 'C:\'> .
+bool ItemReader::isEscapedQuote(std::size_t offset) const {
+    const std::string_view text = scanner_.text();
+    std::size_t next = offset + 1;
+    while (next < text.size() && isSpace(text[next]))
+        ++next;
+    if (next >= text.size() || text[next] != '>')
+        return true;
+    return next + 1 < text.size() && text[next + 1] == text[offset];
+}
+
+bool ItemReader::passString(char quote) {
+    const std::string_view text = scanner_.text();
+    std::size_t done = scanner_.offset();
+    for (std::size_t at = done; at < text.size(); ++at) {
+        const char c = text[at];
+        if (c == quote && !isQuoteWithin(at)) {
+            value_.appendText(text.substr(done, at - done));
+            scanner_.moveTo(at + 1);
+            return true;
+        }
+        if (c == '\\' && at + 1 < text.size() && text[at + 1] == quote && isEscapedQuote(at + 1)) {
+            value_.appendText(text.substr(done, at - done));
+            done = ++at;
+        } else if (c == '\\') {
+            value_.sawBackslash();
+        } else if (c == quote) {
+            findings_.warn(at, "a quote stands within the text that it begins");
+        } else if (c == '\n') {
+            std::size_t next = at + 1;
+            while (next < text.size() && isInlineSpace(text[next]))
+                ++next;
+            if (headFollows(next)) {
+                scanner_.moveTo(at);
+                return false;
+            }
+            // Blanks may be many, and are looked at once only.
+            at = next - 1;
+        }
+    }
+    scanner_.moveTo(text.size());
+    return false;
+}
+
+ItemReader::Step ItemReader::applyQuotedWords(std::size_t index, std::size_t offset) {
+    value_.end(nullptr);
+    std::string_view rest = value_.text();
+    while (!(rest = stripped(rest)).empty()) {
+        const std::size_t end = std::min(rest.find_first_of(" \t,"), rest.size());
+        if (end > 0)
+            if (const Step step = applyValue(index, rest.substr(0, end), offset); step != Step::next)
+                return step;
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return Step::next;
+}
+
+ItemReader::Step ItemReader::applyValue(std::size_t index, std::string_view word, std::size_t offset) {
+    const ItemType type = body_.item(index).type;
+    if (valueCount_ > 0)
+        words_ += ' ';
+    const ValueFault fault = appendValue(words_, type, word);
+    if (fault == ValueFault::notOfType || fault == ValueFault::outOfRange) {
+        findings_.fail(offset, "expected " + std::string(expectedValue(type)) + ", found " +
+                                   foundAt(scanner_.text(), offset));
+        return Step::broken;
+    }
+    if (fault == ValueFault::bareHex)
+        findings_.warn(offset, std::string(word) + " was read as a hexadecimal number");
+    ++valueCount_;
+    body_.item(index).valued = true;
+    return Step::next;
+}
+
+ItemReader::Step ItemReader::readNumber(std::size_t index) {
+    const std::size_t offset = scanner_.offset();
+    const std::string_view word = scanner_.valueWord();
+    Item& item = body_.item(index);
+    if (!isQuotedType(item.type))
+        return applyValue(index, word, offset);
+    item.valued = true;
+    if (item.type != ItemType::any)
+        return applyCharacterCode(word, offset);
+    if (valueCount_++ > 0)
+        value_.appendCharacter(' ');
+    value_.appendText(word);
+    return Step::next;
+}
+
+ItemReader::Step ItemReader::applyCharacterCode(std::string_view word, std::size_t offset) {
+    const std::optional<Integer> code = parseInteger(word);
+    if (!code || code->negative || code->magnitude > 0xFF) {
+        findings_.fail(offset, "expected a text or a character code from 0 to 255, found " +
+                                   foundAt(scanner_.text(), offset));
+        return Step::broken;
+    }
+    value_.appendCode(static_cast<unsigned char>(code->magnitude));
+    return Step::next;
+}
+
+ItemReader::Step ItemReader::readWord(std::size_t index) {
+    const std::size_t offset = scanner_.offset();
+    const std::string_view word = passIndexedName();
+    const ItemType type = body_.item(index).type;
+    if (type == ItemType::boolean || (type == ItemType::binary && word.size() <= 2)) {
+        std::string trial;
+        const ValueFault fault = appendValue(trial, type, word);
+        if (fault == ValueFault::none || fault == ValueFault::bareHex)
+            return applyValue(index, word, offset);
+    }
+    if (!isQuotedType(type) &&
+        (isWord(word, "T") || isWord(word, "F") || isWord(word, "TRUE") || isWord(word, "FALSE"))) {
+        scanner_.moveTo(offset);
+        return fail(std::string(expectedValue(type)));
+    }
+    if (body_.item(index).valued && !isQuotedType(type))
+        findings_.note(offset, "the name among the values became the name of the item");
+    giveName(index, word, offset);
+    return Step::next;
+}
+
+void ItemReader::endValues(std::size_t index) {
+    Item& item = body_.item(index);
+    if (!isQuotedType(item.type)) {
+        item.values = valueCount_;
+        body_.setValue(item, words_);
+        return;
+    }
+    const bool counted = item.valued && item.count.kind == Count::Kind::fixed;
+    value_.end(counted ? &item.count.number : nullptr);
+    item.values = value_.ansiLength();
+    body_.setValue(item, value_.text());
+    if (value_.changedApostrophe())
+        findings_.warn(item.offset, "a text holds no apostrophe; ` stands in its place");
+    if (value_.changedControl())
+        findings_.warn(item.offset, "a text is one line without control codes; blanks stand in their place");
+    if (value_.resolvedEscapes())
+        findings_.note(item.offset, "the declared count tells that backslashes are escapes");
+}
+
+bool atDirective(std::string_view text, std::size_t offset) {
+    Findings unused(text);
+    Scanner scanner(text, unused);
+    scanner.moveTo(offset);
+    if (scanner.peek() == '#')
+        return isLetter(scanner.peek(1));
+    const auto passSpace = [&] {
+        const std::size_t start = scanner.offset();
+        while (isInlineSpace(scanner.peek()) && !scanner.atEnd())
+            scanner.advance();
+        return scanner.offset() > start;
+    };
+    const std::string_view word = scanner.word();
+    if (isWord(word, "IF")) {
+        passSpace();
+        return scanner.peek() == '(';
+    }
+    if (!isWord(word, "EVERY") || !passSpace())
+        return false;
+    scanner.valueWord();
+    return passSpace() && isWord(scanner.word(), "SEND");
+}
+
+} // namespace zb::sml

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "messages/sml/body.h"
+#include "messages/sml/scanner.h"
+#include "messages/sml/text_value.h"
+
+#include <map>
+#include <string>
+
+namespace zb::sml {
+
+// The numbers of "#define" directives.
+using Defines = std::map<std::string, std::size_t, std::less<>>;
+
+// Reads one root item with all that lies in it.
+class ItemReader {
+public:
+    enum class Outcome {
+        closed,   // up to and with its ">"
+        cutShort, // the message ended before; an error is told, and all lists are closed
+        broken,   // not to be read; an error is told
+    };
+
+    ItemReader(Scanner& scanner, Findings& findings, Body& body, const Defines& defines,
+               const CodePage& codePage)
+        : scanner_(scanner), findings_(findings), body_(body), defines_(defines), value_(codePage) {}
+
+    // Begins a message.
+    void clear();
+    // The scanner stands at the "<".
+    Outcome read();
+    // Passes "= Name" behind the item that was closed last; false with an error when no name follows.
+    bool passGivenName();
+    // Passes white space and comments; a comment behind an item on its line belongs to it.
+    void skip();
+    // One finding for all comments that found no place.
+    void reportComments();
+
+private:
+    enum class Step { next, closed, cutShort, broken };
+
+    Step stepInList();
+    Step stepAtPoint();
+    Step openItem();
+    Step openUntypedItem(std::size_t offset, std::string_view word);
+    Step readBrackets(std::size_t index);
+    Step readBracket(std::size_t index);
+    bool applyBound(Item& item, std::string_view words);
+    bool applyRange(Item& item, std::string_view words, std::size_t offset);
+    Step readValues(std::size_t index);
+    Step stepInValues(std::size_t index);
+    Step readString(std::size_t index);
+    bool passString(char quote);
+    bool isQuoteWithin(std::size_t offset) const;
+    bool isEscapedQuote(std::size_t offset) const;
+    bool headFollows(std::size_t offset) const;
+    Step applyQuotedWords(std::size_t index, std::size_t offset);
+    Step applyValue(std::size_t index, std::string_view word, std::size_t offset);
+    Step readNumber(std::size_t index);
+    Step readWord(std::size_t index);
+    Step applyCharacterCode(std::string_view word, std::size_t offset);
+    void endValues(std::size_t index);
+    Step addBareVariable();
+    std::string_view passName();
+    std::string_view passIndexedName();
+    void giveName(std::size_t index, std::string_view name, std::size_t offset);
+    void attachComment(const Comment& comment);
+    bool atNextMessage() const;
+    Step fail(const std::string& expected);
+    Step cutShort();
+
+    Scanner& scanner_;
+    Findings& findings_;
+    Body& body_;
+    const Defines& defines_;
+    TextValue value_;
+    std::string words_; // the values of the item that is read
+    std::size_t valueCount_ = 0;
+    std::size_t lastItem_ = 0;
+    bool hasLastItem_ = false;
+    std::size_t lostComments_ = 0;
+    std::size_t firstLostComment_ = 0;
+};
+
+// Whether a directive, or a rule or timer of a simulator, begins at the offset: "#define", "if (", "every 5
+// send".
+bool atDirective(std::string_view text, std::size_t offset);
+
+} // namespace zb::sml

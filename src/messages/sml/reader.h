@@ -1,0 +1,81 @@
+#pragma once
+
+#include "messages/sml/head.h"
+#include "messages/sml/item_reader.h"
+#include "messages/sml/sml.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zb::sml {
+
+// A message as it was read, with the name that its file gives it.
+struct ReadMessage {
+    SmlMessage message;
+    std::string writtenName; // empty when the file gives none
+    std::size_t offset = 0;
+};
+
+// Reads a whole text, message by message.
+class Reader {
+public:
+    Reader(std::string_view text, const CodePage& codePage)
+        : findings_(text), scanner_(text, findings_), items_(scanner_, findings_, body_, defines_, codePage) {
+    }
+
+    SmlLibrary read();
+
+private:
+    // Between the messages.
+    void skipBetween();
+    void applyTrailingComment(const Comment& comment);
+    void gatherComment(const Comment& comment);
+    void readTopLevel();
+    bool headFollows() const;
+    bool passTitle();
+    void passDefine();
+    void passDirective();
+    void passRule();
+    bool passParenthesis();
+    void passUnknown();
+    void passToNextHead();
+
+    // Within a message.
+    enum class Step { next, body, ended, broken };
+    void readMessage(const Head& head);
+    bool checkNumbers(const Head& head);
+    Step readMarks(ReadMessage& read);
+    Step readMark(ReadMessage& read);
+    Step readMarkWord(ReadMessage& read);
+    Step readBracketedWait(ReadMessage& read);
+    bool passArrow(ReadMessage& read);
+    void applyHeadComment(ReadMessage& read, const Comment& comment);
+    bool readBody(bool bracketedHead);
+    Step readRoot();
+    Step stepBehindRoot(std::size_t& roots, bool& closerExpected);
+    Step endWithoutPoint();
+    void passBroken();
+    void finish(ReadMessage read);
+
+    Findings findings_;
+    Scanner scanner_;
+    Defines defines_;
+    Body body_;
+    ItemReader items_;
+    std::vector<ReadMessage> messages_;
+    std::string title_;
+    std::string leadingComment_; // the comment that stands before the next message
+    std::size_t leadingOffset_ = 0;
+    bool lastWasRead_ = false; // the last message, to which a comment on its last line belongs
+};
+
+// Takes the direction and the marks that SML has not, "<R>" and "<NL>", from the words of a comment; false,
+// and nothing taken, when it says anything else.
+bool applyMarks(SmlMessage& message, std::string_view words);
+
+// Gives every message a name that no other has: first those that bring one, then the rest by stream and
+// function. What a name or a description cannot hold is replaced.
+void nameMessages(std::vector<ReadMessage>& messages, Findings& findings);
+
+} // namespace zb::sml

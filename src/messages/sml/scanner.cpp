@@ -1,0 +1,142 @@
+#include "messages/sml/scanner.h"
+
+#include <algorithm>
+
+namespace zb::sml {
+
+void Scanner::skip() {
+    comments_.clear();
+    passedLineEnd_ = false;
+    lineEnds_ = 0;
+    while (offset_ < text_.size()) {
+        const char c = text_[offset_];
+        if (c > '/' && c != '\\')
+            return; // what begins a comment, and white space, lies below
+        if (c == '\n') {
+            passedLineEnd_ = true;
+            ++lineEnds_;
+            ++offset_;
+        } else if (isSpace(c)) {
+            ++offset_;
+        } else if (!passComment()) {
+            return;
+        }
+    }
+}
+
+bool Scanner::passComment() {
+    switch (text_[offset_]) {
+    case '*':
+        passCommentToLineEnd(1);
+        return true;
+    case '/':
+        if (peek(1) == '/') {
+            passCommentToLineEnd(2);
+            return true;
+        }
+        return peek(1) == '*' && passBlockComment("*/");
+    case '\\':
+        return peek(1) == '*' && passBlockComment("*\\");
+    case '#': {
+        // A directive is no comment.
+        const bool directive = isLetter(peek(1));
+        if (!directive)
+            passCommentToLineEnd(1);
+        return !directive;
+    }
+    default:
+        return false;
+    }
+}
+
+void Scanner::passCommentToLineEnd(std::size_t markLength) {
+    const std::size_t start = offset_;
+    const std::size_t end = std::min(text_.find('\n', start), text_.size());
+    addComment(start, text_.substr(start + markLength, end - start - markLength));
+    offset_ = end;
+}
+
+bool Scanner::passBlockComment(std::string_view closer) {
+    std::size_t& noneFrom = closer == "*/" ? noSlashCloserFrom_ : noBackslashCloserFrom_;
+    const std::size_t start = offset_;
+    const std::size_t end = start + 2 >= noneFrom ? std::string_view::npos : text_.find(closer, start + 2);
+    if (end == std::string_view::npos) {
+        noneFrom = std::min(noneFrom, start + 2);
+        findings_.fail(start, "the comment is not closed; it was taken to end with its line");
+        passCommentToLineEnd(2);
+        return true;
+    }
+    addComment(start, text_.substr(start + 2, end - start - 2));
+    offset_ = end + 2;
+    return true;
+}
+
+void Scanner::addComment(std::size_t offset, std::string_view text) {
+    comments_.push_back({offset, text, passedLineEnd_, lineEnds_ > 1});
+    lineEnds_ = 0;
+}
+
+std::string_view Scanner::word() {
+    const std::size_t start = offset_;
+    while (offset_ < text_.size() && isWordCharacter(text_[offset_]))
+        ++offset_;
+    return text_.substr(start, offset_ - start);
+}
+
+std::string_view Scanner::valueWord() {
+    const std::size_t start = offset_;
+    while (offset_ < text_.size()) {
+        const char c = text_[offset_];
+        if (isSpace(c) || isQuote(c) || c == '<' || c == '>' || c == '[' || c == ']' || c == ',' ||
+            c == '*' || c == '/' || c == '=' || c == '#' || (offset_ > start && atEllipsis()))
+            break;
+        ++offset_;
+    }
+    return text_.substr(start, offset_ - start);
+}
+
+void Scanner::passLine() {
+    offset_ = std::min(text_.find('\n', offset_), text_.size());
+}
+
+namespace {
+
+std::string_view withoutFrame(std::string_view line, bool framed) {
+    line = stripped(line);
+    const auto runAtFront = [&] { return std::min(line.find_first_not_of('*'), line.size()); };
+    const auto runAtBack = [&] {
+        const std::size_t last = line.find_last_not_of('*');
+        return last == std::string_view::npos ? line.size() : line.size() - 1 - last;
+    };
+    const std::size_t least = framed ? 1 : 2; // a single star may be a footnote mark
+    if (runAtFront() >= least)
+        line.remove_prefix(runAtFront());
+    if (runAtBack() >= least)
+        line.remove_suffix(runAtBack());
+    return stripped(line);
+}
+
+bool isBanner(std::string_view line) {
+    return line.size() >= 3 && line.find_first_not_of("*=-_#~/+ \t") == std::string_view::npos;
+}
+
+} // namespace
+
+std::string commentWords(std::string_view comment) {
+    const bool framed = comment.find('\n') != std::string_view::npos || comment.starts_with('*');
+    std::string words;
+    while (!comment.empty()) {
+        const std::size_t end = std::min(comment.find('\n'), comment.size());
+        const std::string_view line = withoutFrame(comment.substr(0, end), framed);
+        comment.remove_prefix(std::min(end + 1, comment.size()));
+        if (line.empty() || isBanner(line))
+            continue;
+        if (!words.empty())
+            words += ' ';
+        for (const char c : line)
+            words += isSpace(c) && c != ' ' ? ' ' : c;
+    }
+    return words;
+}
+
+} // namespace zb::sml

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "messages/sml/characters.h"
+#include "messages/sml/findings.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zb::sml {
+
+struct Comment {
+    std::size_t offset = 0;
+    std::string_view text;  // without its marks
+    bool onOwnLine = false; // a line end stands between it and what came before
+    bool afterBlankLine = false;
+};
+
+// A place in the text. All reading of SML goes through here, and goes forward only.
+class Scanner {
+public:
+    Scanner(std::string_view text, Findings& findings) : text_(text), findings_(findings) {}
+
+    std::string_view text() const { return text_; }
+    std::size_t offset() const { return offset_; }
+    void moveTo(std::size_t offset) { offset_ = offset; }
+    void advance(std::size_t count = 1) { offset_ += count; }
+    bool atEnd() const { return offset_ >= text_.size(); }
+    // A NUL, which is white space, at the end.
+    char peek(std::size_t ahead = 0) const {
+        return offset_ + ahead < text_.size() ? text_[offset_ + ahead] : '\0';
+    }
+    bool startsWith(std::string_view part) const { return text_.substr(offset_, part.size()) == part; }
+    bool atEllipsis() const { return startsWith("...") || startsWith("\u2026"); }
+    void passEllipsis() {
+        while (atEllipsis())
+            offset_ += 3;
+    }
+
+    // Passes white space and comments. What it found stands in `comments` and `passedLineEnd` until the next
+    // call.
+    void skip();
+    const std::vector<Comment>& comments() const { return comments_; }
+    bool passedLineEnd() const { return passedLineEnd_; }
+
+    // The run of word characters here; may be empty.
+    std::string_view word();
+    // What stands here up to white space or a mark that ends a value: the form of a number, right or wrong.
+    std::string_view valueWord();
+    void passLine();
+
+private:
+    bool passComment();
+    void passCommentToLineEnd(std::size_t markLength);
+    bool passBlockComment(std::string_view closer);
+    void addComment(std::size_t offset, std::string_view text);
+
+    std::string_view text_;
+    Findings& findings_;
+    std::size_t offset_ = 0;
+    std::vector<Comment> comments_;
+    bool passedLineEnd_ = false;
+    std::size_t lineEnds_ = 0;
+    // From here on no such closer follows: known once one was looked for in vain.
+    std::size_t noSlashCloserFrom_ = std::string_view::npos;
+    std::size_t noBackslashCloserFrom_ = std::string_view::npos;
+};
+
+// The words of a comment as one line, without the stars that frame it; empty for a banner.
+std::string commentWords(std::string_view comment);
+
+} // namespace zb::sml

@@ -1,0 +1,190 @@
+#include "messages/sml/value.h"
+
+#include "messages/sml/characters.h"
+#include "platform/number.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace zb::sml {
+
+namespace {
+
+struct IntegerRange {
+    std::uint64_t lowest; // its magnitude, below zero
+    std::uint64_t highest;
+};
+
+IntegerRange rangeOf(ItemType type) {
+    switch (type) {
+    case ItemType::i1:
+        return {0x80, 0x7F};
+    case ItemType::i2:
+        return {0x8000, 0x7FFF};
+    case ItemType::i4:
+        return {0x80000000, 0x7FFFFFFF};
+    case ItemType::i8:
+        return {0x8000000000000000, 0x7FFFFFFFFFFFFFFF};
+    case ItemType::u2:
+        return {0, 0xFFFF};
+    case ItemType::u4:
+        return {0, 0xFFFFFFFF};
+    case ItemType::u8:
+        return {0, std::numeric_limits<std::uint64_t>::max()};
+    default: // U1 and binary
+        return {0, 0xFF};
+    }
+}
+
+int baseOf(std::string_view digits) {
+    if (digits.size() < 3 || digits[0] != '0')
+        return 10;
+    switch (upperLetter(digits[1])) {
+    case 'X':
+        return 16;
+    case 'B':
+        return 2;
+    case 'O':
+        return 8;
+    default:
+        return 10;
+    }
+}
+
+std::optional<std::uint64_t> parseDigits(std::string_view digits, int base) {
+    std::uint64_t number = 0;
+    const auto [end, fault] = std::from_chars(digits.data(), digits.data() + digits.size(), number, base);
+    if (fault != std::errc() || end != digits.data() + digits.size())
+        return std::nullopt;
+    return number;
+}
+
+void appendInteger(std::string& words, const Integer& integer) {
+    std::array<char, 24> buffer;
+    const auto [end, fault] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), integer.magnitude);
+    if (integer.negative && integer.magnitude != 0)
+        words += '-';
+    words.append(buffer.data(), end);
+}
+
+bool inRange(const Integer& integer, ItemType type) {
+    const IntegerRange range = rangeOf(type);
+    return integer.magnitude <= (integer.negative ? range.lowest : range.highest);
+}
+
+// All digits, yet too many: a number, but none of ours.
+bool looksLikeInteger(std::string_view word) {
+    if (!word.empty() && (word[0] == '-' || word[0] == '+'))
+        word.remove_prefix(1);
+    const int base = baseOf(word);
+    word.remove_prefix(base == 10 ? 0 : 2);
+    return !word.empty() && word.find_first_not_of(base == 16 ? "0123456789abcdefABCDEF" : "0123456789") ==
+                                std::string_view::npos;
+}
+
+ValueFault appendWhole(std::string& words, ItemType type, std::string_view word) {
+    const std::optional<Integer> integer = parseInteger(word);
+    if (integer && inRange(*integer, type)) {
+        appendInteger(words, *integer);
+        return ValueFault::none;
+    }
+    if (integer || looksLikeInteger(word))
+        return ValueFault::outOfRange;
+    if (type != ItemType::binary || word.size() > 2)
+        return ValueFault::notOfType;
+    const std::optional<std::uint64_t> byte = parseDigits(word, 16);
+    if (!byte)
+        return ValueFault::notOfType;
+    appendInteger(words, {false, *byte});
+    return ValueFault::bareHex;
+}
+
+ValueFault appendBoolean(std::string& words, std::string_view word) {
+    const std::optional<Integer> integer = parseInteger(word);
+    if (isWord(word, "T") || isWord(word, "TRUE") || (integer && integer->magnitude != 0))
+        words += "True";
+    else if (isWord(word, "F") || isWord(word, "FALSE") || integer)
+        words += "False";
+    else
+        return ValueFault::notOfType;
+    return ValueFault::none;
+}
+
+ValueFault appendFloat(std::string& words, ItemType type, std::string_view word) {
+    if (!isNumeric(word)) {
+        const std::optional<Integer> integer = parseInteger(word);
+        if (!integer)
+            return ValueFault::notOfType;
+        appendInteger(words, *integer);
+        return ValueFault::none;
+    }
+    const std::optional<double> number = toNumber(word);
+    if (!number ||
+        (type == ItemType::f4 && std::abs(*number) > static_cast<double>(std::numeric_limits<float>::max())))
+        return ValueFault::outOfRange;
+    words += word;
+    return ValueFault::none;
+}
+
+} // namespace
+
+std::optional<Integer> parseInteger(std::string_view word) {
+    Integer integer;
+    if (!word.empty() && (word[0] == '-' || word[0] == '+')) {
+        integer.negative = word[0] == '-';
+        word.remove_prefix(1);
+    }
+    const int base = baseOf(word);
+    word.remove_prefix(base == 10 ? 0 : 2);
+    const std::optional<std::uint64_t> magnitude = parseDigits(word, base);
+    if (!magnitude)
+        return std::nullopt;
+    integer.magnitude = *magnitude;
+    return integer;
+}
+
+ValueFault appendValue(std::string& words, ItemType type, std::string_view word) {
+    switch (type) {
+    case ItemType::boolean:
+        return appendBoolean(words, word);
+    case ItemType::f4:
+    case ItemType::f8:
+        return appendFloat(words, type, word);
+    default:
+        return appendWhole(words, type, word);
+    }
+}
+
+std::string_view expectedValue(ItemType type) {
+    switch (type) {
+    case ItemType::boolean:
+        return "T, F, TRUE, FALSE, 0 or 1";
+    case ItemType::f4:
+        return "a number that four bytes hold";
+    case ItemType::f8:
+        return "a number";
+    case ItemType::i1:
+        return "a whole number from -128 to 127";
+    case ItemType::i2:
+        return "a whole number from -32768 to 32767";
+    case ItemType::i4:
+        return "a whole number of four bytes";
+    case ItemType::i8:
+        return "a whole number of eight bytes";
+    case ItemType::u2:
+        return "a whole number from 0 to 65535";
+    case ItemType::u4:
+        return "a whole number of four bytes, not below 0";
+    case ItemType::u8:
+        return "a whole number of eight bytes, not below 0";
+    case ItemType::binary:
+    case ItemType::u1:
+        return "a whole number from 0 to 255";
+    default:
+        return "a text";
+    }
+}
+
+} // namespace zb::sml

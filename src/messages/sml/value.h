@@ -1,0 +1,35 @@
+#pragma once
+
+#include "messages/sml/item_type.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The values of items, from the forms in which SML writes them to the words of an item Text.
+namespace zb::sml {
+
+struct Integer {
+    bool negative = false;
+    std::uint64_t magnitude = 0;
+};
+
+// "12", "-3", "+4", "0x1F", "0b101", "0o17"; nothing for other words and for what has more than 64 bits.
+std::optional<Integer> parseInteger(std::string_view word);
+
+enum class ValueFault {
+    none,
+    bareHex,   // read as hexadecimal, though nothing but a letter in it says so
+    notOfType, // not a value of the type
+    outOfRange,
+};
+
+// Appends the value's word for an item of this type, which is no list and no text; nothing is appended with a
+// fault other than bareHex.
+ValueFault appendValue(std::string& words, ItemType type, std::string_view word);
+
+// What a value of the type looks like, for a sentence: "a number from 0 to 255".
+std::string_view expectedValue(ItemType type);
+
+} // namespace zb::sml
