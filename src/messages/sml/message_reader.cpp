@@ -43,13 +43,14 @@ bool applyMarks(SmlMessage& message, std::string_view words) {
 
 bool Reader::checkNumbers(const Head& head) {
     const std::size_t offset = scanner_.offset();
-    if (head.stream > kHighestStream)
+    // Definitions let 128 pass.
+    if (head.stream == kHighestStream + 1)
+        findings_.warn(offset, "expected a stream from 0 to 127, found 128");
+    else if (head.stream > kHighestStream)
         findings_.fail(offset, "expected a stream from 0 to 127, found " + std::to_string(head.stream));
-    else if (head.function > kHighestFunction)
+    if (head.function > kHighestFunction)
         findings_.fail(offset, "expected a function from 0 to 255, found " + std::to_string(head.function));
-    else
-        return true;
-    return false;
+    return head.stream <= kHighestStream + 1 && head.function <= kHighestFunction;
 }
 
 void Reader::readMessage(const Head& head) {

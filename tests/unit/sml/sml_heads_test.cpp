@@ -74,8 +74,9 @@ INSTANTIATE_TEST_SUITE_P(
             "A: S1 F1 W H<->E\na_2: S1 F3 W H<->E\nwarning 2:1 a second message is named a; it became a_2\n"},
         Dialect{"NamesGoBeforeNamesWeGive", "S1F1 W. S1F1: S1F1.",
                 "S1F1_2: S1 F1 W H<->E\nS1F1: S1 F1 H<->E\n"},
-        Dialect{"StreamTooHigh", "S128F1 W <A 'x'>.\nS1F1.",
-                "S1F1: S1 F1 H<->E\nerror 1:1 expected a stream from 0 to 127, found 128\n"},
+        Dialect{"StreamTooHigh", "S129F1 W <A 'x'>.\nS128F1.",
+                "S128F1: S128 F1 H<->E\nerror 1:1 expected a stream from 0 to 127, found 129\n"
+                "warning 2:1 expected a stream from 0 to 127, found 128\n"},
         Dialect{"FunctionTooHigh", "S1F256.", "error 1:1 expected a function from 0 to 255, found 256\n"},
         Dialect{"WordsBeforeTheFirstHead", "This is a list\nof messages\nS1F1.",
                 "S1F1: S1 F1 H<->E\nerror 1:1 expected a message, found \"This\"\n"},

@@ -1,0 +1,165 @@
+#include "messages/library_store.h"
+
+#include "messages/mdf_text.h"
+#include "messages/smd_text_parser.h"
+#include "messages/sml/sml.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+
+namespace zb {
+
+namespace {
+
+std::uint64_t streamFunctionKey(int stream, int function) {
+    return (std::uint64_t{static_cast<std::uint32_t>(stream)} << 32U) | static_cast<std::uint32_t>(function);
+}
+
+LibraryFinding fromText(const TextFinding& finding) {
+    const bool isError = finding.severity == TextFinding::Severity::Error;
+    return {isError ? LibraryFinding::Severity::Error : LibraryFinding::Severity::Warning, finding.line, 0,
+            finding.text};
+}
+
+LibraryFinding fromSml(SmlFinding&& finding) {
+    LibraryFinding::Severity severity = LibraryFinding::Severity::Note;
+    if (finding.severity == SmlSeverity::warning)
+        severity = LibraryFinding::Severity::Warning;
+    else if (finding.severity == SmlSeverity::error)
+        severity = LibraryFinding::Severity::Error;
+    return {severity, finding.line, finding.column, std::move(finding.text)};
+}
+
+/// The body as numbered lines; items that have no item's form are told.
+std::string numberedBody(const SmdMessageText& message, TextFindings& findings) {
+    std::string lines;
+    lines.reserve(message.body.size());
+    SmdBodyReader reader(message.body, message.bodyLine, &findings);
+    SmdItemText item;
+    SECSItemRecord record;
+    while (reader.next(item)) {
+        const std::string status = record.parseText(item.text);
+        if (!status.empty())
+            findings.push_back({TextFinding::Severity::Error, item.line, status + ": " + item.text});
+        lines.append(std::to_string(item.level)).append(" ").append(item.text).append("\r\n");
+    }
+    return lines;
+}
+
+std::string composeHead(std::string_view name, std::string_view stream, std::string_view function, bool wait,
+                        bool reply, bool noLogging, std::string_view direction) {
+    std::string text;
+    text.append(name).append(": S").append(stream).append(" F").append(function);
+    text.append(wait ? " W" : "").append(reply ? " <R>" : "").append(noLogging ? " <NL>" : "");
+    return text.append(" ").append(direction);
+}
+
+} // namespace
+
+std::string composeNodeText(const SECSMessageRecord& record) {
+    return composeHead(record.getName(), record.getStreamText(), record.getFunctionText(), record.getWait(),
+                       record.getReply(), record.getNoLogging(), record.getDirection());
+}
+
+SECSLibraryStore::Records SECSLibraryStore::getByStreamFunction(std::string_view text) const {
+    SECSMessageRecord asked;
+    asked.parseNodeText("name: " + std::string(text), "");
+    const auto found = byStreamFunction_.find(streamFunctionKey(asked.getStream(), asked.getFunction()));
+    return found == byStreamFunction_.end() ? Records() : found->second;
+}
+
+SECSLibraryStore::Records SECSLibraryStore::getMessages() const {
+    Records records;
+    records.reserve(records_.size());
+    for (const auto& record : records_)
+        records.push_back(record.get());
+    return records;
+}
+
+std::vector<std::string> SECSLibraryStore::getRows() const {
+    std::vector<std::string> rows;
+    rows.reserve(records_.size());
+    for (const auto& record : records_)
+        rows.push_back(record->getName() + "\\" + record->getStreamText() + "\\" + record->getFunctionText() +
+                       "\\" + record->getDescription());
+    return rows;
+}
+
+std::string SECSLibraryStore::load(const std::string& textOrPath, int formatCode) {
+    if (formatCode == kFormatGem || formatCode == kFormatSemi)
+        return loadText(textOrPath, formatCode);
+    const Result<std::string> bytes = readBytes(textOrPath);
+    if (!bytes)
+        return bytes.error().description;
+    return loadText(decodeText(*bytes, codePage_), formatCode);
+}
+
+std::string SECSLibraryStore::loadText(std::string_view text, int formatCode) {
+    const std::size_t before = records_.size();
+    switch (formatCode) {
+    case kFormatGem:
+    case kFormatSemi:
+    case kFormatSmd:
+        loadSmd(text);
+        break;
+    case kFormatMdf:
+        loadMdf(text);
+        break;
+    case kFormatSml:
+        loadSml(text);
+        break;
+    default:
+        return "The format " + std::to_string(formatCode) + " is not known here";
+    }
+    return records_.size() > before ? "" : "There is no message";
+}
+
+void SECSLibraryStore::loadSmd(std::string_view text) {
+    TextFindings findings;
+    SmdTextSplitter splitter(text, &findings);
+    while (const std::optional<SmdMessageText> message = splitter.next()) {
+        const std::string body = numberedBody(*message, findings);
+        SECSMessageRecord record;
+        const std::string status = record.parseTexts(message->head, message->description, body);
+        if (!status.empty()) {
+            findings.push_back({TextFinding::Severity::Error, message->headLine, status});
+            continue;
+        }
+        // The head as a tree holds it, whatever parted its words in the file.
+        const std::string nodeText = composeNodeText(record);
+        if (record.getHeadText().size() != message->description.size() + 2 + nodeText.size())
+            record.parseTexts(nodeText, message->description, body);
+        add(std::move(record));
+    }
+    for (const TextFinding& finding : findings)
+        findings_.push_back(fromText(finding));
+}
+
+void SECSLibraryStore::loadMdf(std::string_view text) {
+    TextFindings findings;
+    for (SECSMessageRecord& record : parseMdf(text, findings))
+        add(std::move(record));
+    for (const TextFinding& finding : findings)
+        findings_.push_back(fromText(finding));
+}
+
+void SECSLibraryStore::loadSml(std::string_view text) {
+    SmlLibrary library = readSml(text, codePage_);
+    for (const SmlMessage& message : library.messages) {
+        SECSMessageRecord record;
+        record.parseTexts(composeHead(message.name, std::to_string(message.stream),
+                                      std::to_string(message.function), message.wait, message.autoReply,
+                                      message.noLogging, message.direction),
+                          message.description, message.body);
+        add(std::move(record));
+    }
+    for (SmlFinding& finding : library.findings)
+        findings_.push_back(fromSml(std::move(finding)));
+}
+
+void SECSLibraryStore::add(SECSMessageRecord record) {
+    auto owned = std::make_unique<SECSMessageRecord>(std::move(record));
+    byStreamFunction_[streamFunctionKey(owned->getStream(), owned->getFunction())].push_back(owned.get());
+    records_.push_back(std::move(owned));
+}
+
+} // namespace zb

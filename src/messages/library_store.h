@@ -1,0 +1,65 @@
+#pragma once
+
+#include "messages/message_record.h"
+#include "platform/code_page.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zb {
+
+/// Something to tell about a library's text.
+struct LibraryFinding {
+    enum class Severity { Note, Warning, Error };
+
+    Severity severity = Severity::Error;
+    std::size_t line = 0;   ///< from 1
+    std::size_t column = 0; ///< from 1; 0 where only the line is known
+    std::string text;
+
+    bool operator==(const LibraryFinding&) const = default;
+};
+
+/// The messages of one library: a built-in one, or a file of another project, driver or equipment maker.
+class SECSLibraryStore {
+public:
+    using Records = std::vector<const SECSMessageRecord*>;
+
+    /// The code page decodes files that are no Unicode, and measures the texts of SML.
+    explicit SECSLibraryStore(CodePage codePage) : codePage_(std::move(codePage)) {}
+
+    /// All messages of a stream and function, given as "S1 F13"; empty when there are none.
+    Records getByStreamFunction(std::string_view text) const;
+    /// One row a message: name, stream, function and description, joined by "\".
+    std::vector<std::string> getRows() const;
+    /// Adds the messages of a library's text (for the formats 1001 and 1002) or of a file (1003 to 1005). The
+    /// status is blank when at least one message was read; what else there is to tell stands in `findings`.
+    std::string load(const std::string& textOrPath, int formatCode);
+
+    /// In the order in which they were loaded.
+    Records getMessages() const;
+    /// Of all loads, in the order of the text.
+    const std::vector<LibraryFinding>& findings() const { return findings_; }
+
+private:
+    std::string loadText(std::string_view text, int formatCode);
+    void loadSmd(std::string_view text);
+    void loadMdf(std::string_view text);
+    void loadSml(std::string_view text);
+    void add(SECSMessageRecord record);
+
+    CodePage codePage_;
+    std::vector<std::unique_ptr<SECSMessageRecord>> records_;
+    std::unordered_map<std::uint64_t, Records> byStreamFunction_;
+    std::vector<LibraryFinding> findings_;
+};
+
+/// The MessageNode Text that the parts of a record make up.
+std::string composeNodeText(const SECSMessageRecord& record);
+
+} // namespace zb
