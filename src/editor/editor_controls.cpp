@@ -11,6 +11,7 @@ EditorControls::EditorControls(Desktop& desktop, ProjectCommands& commands)
     lvwSource.addColumn("Name", 1200);
     lvwSource.addColumn(" Sx, Fx", 900);
     lvwSource.addColumn("Description", 3000);
+    setFirstFocus(lvwSource);
     addTypeButtons();
     setToolTips();
     setShortcuts();
@@ -49,6 +50,7 @@ void EditorControls::addTypeButtons() {
 }
 
 void EditorControls::setToolTips() {
+    txtSourceFilter.setToolTip("Lists only the messages that hold this text");
     lvwSource.setToolTip("Drag messages from here onto the tree");
     cboSECSMessage.setToolTip("Selects a message of the tree by its name");
     txtStream.setToolTip("Stream, 0 to 128");

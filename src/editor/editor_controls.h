@@ -30,6 +30,8 @@ public:
     PopupMenu mnuPopup{*this, "mnuPopup"};
     StructureEntries popEntries{*this, "mnuPop", mnuPopup, mnuPopup};
 
+    /// Shows only those of the library's messages that hold its text.
+    TextField txtSourceFilter{*this, "txtSourceFilter"};
     /// The opened library's messages.
     List lvwSource{*this, "lvwSource", nullptr, List::Selection::Many};
     Combo cboSECSMessage{*this, "cboSECSMessage"};

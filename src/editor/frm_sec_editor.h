@@ -2,6 +2,7 @@
 
 #include "editor/editor_controls.h"
 #include "editor/item_pane.h"
+#include "editor/library_pane.h"
 #include "editor/message_pane.h"
 #include "editor/splitter.h"
 #include "editor/tree_commands.h"
@@ -86,6 +87,7 @@ public:
     ItemPane itemPane;
     TreeCommands treeCommands{*this};
     TreeInteraction treeInteraction{*this};
+    LibraryPane libraryPane{*this};
 };
 
 } // namespace zb

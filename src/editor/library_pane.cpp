@@ -1,0 +1,262 @@
+#include "editor/library_pane.h"
+
+#include "editor/frm_sec_editor.h"
+#include "messages/libraries/built_in.h"
+#include "messages/module_state.h"
+#include "messages/smd_reader.h"
+#include "platform/number.h"
+#include "platform/stores/desktop.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+namespace zb {
+
+namespace {
+
+/// The column whose text is padded so that its order is that of the numbers.
+constexpr int kStreamFunctionColumn = 1;
+
+std::string rightAligned(const std::string& number) {
+    constexpr std::size_t kWidth = 4;
+    return std::string(number.size() < kWidth ? kWidth - number.size() : 0, ' ') + number;
+}
+
+/// Name, stream, function, and all the rest, which may hold the separator itself.
+std::array<std::string, 4> fieldsOf(const std::string& row) {
+    std::array<std::string, 4> fields;
+    std::string_view rest = row;
+    for (std::size_t i = 0; i + 1 < fields.size(); ++i) {
+        const std::string_view field = before(rest, "\\");
+        fields[i] = field;
+        rest.remove_prefix(std::min(field.size() + 1, rest.size()));
+    }
+    fields.back() = rest;
+    return fields;
+}
+
+/// The entry of a drag from a row's second column: "   1,  13" is "S1 F13".
+std::string entryOf(const std::string& streamFunction) {
+    const std::string_view stream = before(streamFunction, ",");
+    const std::size_t behind = std::min(stream.size() + 1, streamFunction.size());
+    return "S" + trim(stream) + " F" + trim(std::string_view(streamFunction).substr(behind));
+}
+
+/// What a row shows, and its Key.
+struct RowTexts {
+    std::array<std::string, 3> cells;
+    std::string key;
+};
+
+RowTexts textsOf(const std::string& row, int formatCode) {
+    auto [name, stream, function, description] = fieldsOf(row);
+    const bool builtIn = formatCode == kFormatGem || formatCode == kFormatSemi;
+    return {{builtIn ? "S" + stream + "F" + function : name,
+             rightAligned(stream) + "," + rightAligned(function), std::move(description)},
+            name};
+}
+
+bool holdsText(const RowTexts& texts, std::string_view loweredFilter) {
+    return std::any_of(texts.cells.begin(), texts.cells.end(), [loweredFilter](const std::string& cell) {
+        return contains(lower(cell), loweredFilter);
+    });
+}
+
+ListRow& addRow(const RowTexts& texts, List& list) {
+    ListRow& row = list.add(texts.cells[0], texts.key);
+    row.setCell(1, texts.cells[1]);
+    row.setCell(2, texts.cells[2]);
+    return row;
+}
+
+} // namespace
+
+struct LibraryPane::FileLibrary {
+    int formatCode;
+    std::string_view panel;
+    std::string_view filter;
+    std::string_view extension;
+    std::string_view notInFormat;
+};
+
+const LibraryPane::FileLibrary LibraryPane::kSmd{
+    kFormatSmd, "Halvern SMD Message Definition File", "SMD Files (*.smd)|*.smd", "smd",
+    "The file is not a SMD format.\r\nIt will be opened Halvern SEMI Standard Library"};
+const LibraryPane::FileLibrary LibraryPane::kMdf{kFormatMdf, "PRI SECS Message Definition File",
+                                                 "MDF Files (*.mdf)|*.mdf", "mdf",
+                                                 "The file is not a MDF format."};
+const LibraryPane::FileLibrary LibraryPane::kSml{kFormatSml, "GWA SECS Message Definition File",
+                                                 "SML Files (*.sml)|*.sml", "sml",
+                                                 "The file is not a SML format"};
+
+void addLibraryRow(const std::string& row, int formatCode, List& list) {
+    addRow(textsOf(row, formatCode), list);
+}
+
+LibraryPane::LibraryPane(frmSECSEditor& window) : window_(window) {
+    wireMenu();
+    wireList();
+    openSemi();
+}
+
+void LibraryPane::setPanel(std::function<void(std::string_view)> panel) {
+    panel_ = std::move(panel);
+    showPanel(panelText_);
+}
+
+void LibraryPane::wireMenu() {
+    LibraryMenu& menu = window_.libraryMenu;
+    menu.mnuLIBGEM.onClick = [this, &menu] { openBuiltIn(menu.mnuLIBGEM, kFormatGem); };
+    menu.mnuLIBSEMI.onClick = [this] { openSemi(); };
+    menu.mnuLIBSMD.onClick = [this, &menu] { openFile(menu.mnuLIBSMD, kSmd); };
+    menu.mnuLIBMDF.onClick = [this, &menu] { openFile(menu.mnuLIBMDF, kMdf); };
+    menu.mnuLIBSML.onClick = [this, &menu] { openFile(menu.mnuLIBSML, kSml); };
+}
+
+void LibraryPane::wireList() {
+    List& list = window_.lvwSource;
+    list.onColumnClick = [&list](std::size_t column) {
+        list.setSorted(list.sorted(), static_cast<int>(column));
+    };
+    list.onMouseUp = [this](int, ListRow*) { window_.setPointer(Pointer::Default); };
+    list.onDragStart = [this] { return startDrag(); };
+    window_.tvwEdit.onDrop = [this](const DragData&, Node*) { dropRows(); };
+    window_.txtSourceFilter.onChange = [this] { fillList(); };
+}
+
+void LibraryPane::clearLibraryChecks() {
+    LibraryMenu& menu = window_.libraryMenu;
+    for (MenuEntry* entry :
+         {&menu.mnuLIBGEM, &menu.mnuLIBSEMI, &menu.mnuLIBSMD, &menu.mnuLIBMDF, &menu.mnuLIBSML})
+        entry->setChecked(false);
+}
+
+void LibraryPane::showPanel(std::string_view libraryName) {
+    panelText_ = libraryName;
+    if (panel_)
+        panel_(panelText_);
+}
+
+void LibraryPane::openSemi() {
+    openBuiltIn(window_.libraryMenu.mnuLIBSEMI, kFormatSemi);
+}
+
+void LibraryPane::openBuiltIn(MenuEntry& entry, int formatCode) {
+    const BusyPointer busy(window_);
+    const bool gem = formatCode == kFormatGem;
+    beginLibrary(entry);
+    showPanel(gem ? "Halvern GEM Standard Library" : "Halvern SEMI Standard Library");
+    for (const std::string& text : gem ? std::vector<std::string>{gemLibraryText()} : semiLibraryBlocks())
+        library_->load(text, formatCode);
+    listLibrary(formatCode);
+}
+
+void LibraryPane::openFile(MenuEntry& entry, const FileLibrary& kind) {
+    showPanel(kind.panel);
+    const ModuleState& state = window_.state();
+    const std::string path = window_.desktop().pickFile(
+        {"Open " + std::string(kind.panel), std::string(kind.filter), std::string(kind.extension),
+         state.ProjectPath.empty() ? applicationFolder_ : state.ProjectPath});
+    if (isBlank(path))
+        return;
+    const BusyPointer busy(window_);
+    beginLibrary(entry);
+    if (isBlank(library_->load(path, kind.formatCode))) {
+        listLibrary(kind.formatCode);
+        return;
+    }
+    window_.desktop().showBox(std::string(kind.notInFormat));
+    openSemi();
+}
+
+void LibraryPane::beginLibrary(MenuEntry& entry) {
+    clearLibraryChecks();
+    entry.setChecked(true);
+    rows_.clear();
+    fillList();
+    window_.lvwSource.setSorted(true, kStreamFunctionColumn);
+    library_ = std::make_unique<SECSLibraryStore>(window_.state().codePage);
+}
+
+void LibraryPane::listLibrary(int formatCode) {
+    formatCode_ = formatCode;
+    rows_ = library_->getRows();
+    fillList();
+}
+
+/// Lists the rows that hold the filter's text in any column. Selected rows stay so while they show.
+void LibraryPane::fillList() {
+    List& list = window_.lvwSource;
+    const std::string filter = lower(window_.txtSourceFilter.text());
+    std::set<std::string> selected;
+    for (const ListRow* row : list.selectedRows())
+        selected.insert(row->key());
+    selected.erase("");
+    list.clear();
+    for (const std::string& row : rows_) {
+        const RowTexts texts = textsOf(row, formatCode_);
+        if (!filter.empty() && !holdsText(texts, filter))
+            continue;
+        ListRow& added = addRow(texts, list);
+        if (selected.count(added.key()) > 0)
+            list.toggle(added);
+    }
+}
+
+std::optional<DragData> LibraryPane::startDrag() {
+    List& scratch = window_.List1;
+    scratch.clear();
+    std::string text;
+    for (const ListRow* row : window_.lvwSource.selectedRows()) {
+        const std::string entry = entryOf(row->cell(kStreamFunctionColumn));
+        scratch.add(entry);
+        text.append(text.empty() ? "" : "\r\n").append(entry);
+    }
+    return DragData{std::move(text), &window_.lvwSource};
+}
+
+/// A drop from elsewhere takes what the last drag carried, too: nothing but List1 counts.
+void LibraryPane::dropRows() {
+    const BusyPointer busy(window_);
+    window_.InitMsg();
+    std::vector<std::string> entries{""};
+    for (const auto& row : window_.List1.rows())
+        entries.push_back(row->text());
+    entries.emplace_back();
+    for (std::size_t i = 1; i + 1 < entries.size(); ++i)
+        dropEntry(entries[i - 1], entries[i], entries[i + 1]);
+}
+
+/// Puts the messages of one entry into the tree, and with a primary message its reply. An entry that comes
+/// twice waits for its twin, and a reply that is dragged itself for its own turn.
+void LibraryPane::dropEntry(const std::string& before, const std::string& entry, const std::string& after) {
+    if (entry == after)
+        return;
+    const std::size_t behindLetter = entry.find('F') + 1;
+    const std::string stem = entry.substr(0, behindLetter);
+    const long long function = toInteger(valueOf(entry.substr(behindLetter)), 0, 99999).value_or(0);
+    const bool takesReply = function % 2 != 0 && stem + std::to_string(function + 1) != after;
+    for (long long number = function; number <= function + (takesReply ? 1 : 0); ++number) {
+        const std::string wanted = stem + std::to_string(number);
+        addMessages(wanted, entry != before && wanted == entry);
+        window_.TreeView_ForeColor();
+    }
+}
+
+void LibraryPane::addMessages(const std::string& streamFunction, bool tellDuplicates) {
+    for (const SECSMessageRecord* record : library_->getByStreamFunction(streamFunction)) {
+        window_.display_DefSECSMsg(*record);
+        const std::string status =
+            addMessageToTree(window_.liveTree(), *record,
+                             tellDuplicates ? OnDuplicate::Tell : OnDuplicate::KeepSilent, window_.desktop());
+        if (status == "Key")
+            continue;
+        window_.InsertCbo(record->getName());
+        if (window_.cboSECSMessage.text().empty())
+            window_.cboFirstSelect();
+    }
+}
+
+} // namespace zb
