@@ -2,9 +2,9 @@
 
 #include "editor/frm_sec_editor.h"
 #include "messages/libraries/built_in.h"
+#include "messages/library_drop.h"
 #include "messages/module_state.h"
 #include "messages/smd_reader.h"
-#include "platform/number.h"
 #include "platform/stores/desktop.h"
 #include "platform/text.h"
 
@@ -221,36 +221,21 @@ std::optional<DragData> LibraryPane::startDrag() {
 void LibraryPane::dropRows() {
     const BusyPointer busy(window_);
     window_.InitMsg();
-    std::vector<std::string> entries{""};
+    std::vector<std::string> entries;
     for (const auto& row : window_.List1.rows())
         entries.push_back(row->text());
-    entries.emplace_back();
-    for (std::size_t i = 1; i + 1 < entries.size(); ++i)
-        dropEntry(entries[i - 1], entries[i], entries[i + 1]);
-}
-
-/// Puts the messages of one entry into the tree, and with a primary message its reply. An entry that comes
-/// twice waits for its twin, and a reply that is dragged itself for its own turn.
-void LibraryPane::dropEntry(const std::string& before, const std::string& entry, const std::string& after) {
-    if (entry == after)
-        return;
-    const std::size_t behindLetter = entry.find('F') + 1;
-    const std::string stem = entry.substr(0, behindLetter);
-    const long long function = toInteger(valueOf(entry.substr(behindLetter)), 0, 99999).value_or(0);
-    const bool takesReply = function % 2 != 0 && stem + std::to_string(function + 1) != after;
-    for (long long number = function; number <= function + (takesReply ? 1 : 0); ++number) {
-        const std::string wanted = stem + std::to_string(number);
-        addMessages(wanted, entry != before && wanted == entry);
+    for (const DropStep& step : planDrop(entries)) {
+        addMessages(step);
         window_.TreeView_ForeColor();
     }
 }
 
-void LibraryPane::addMessages(const std::string& streamFunction, bool tellDuplicates) {
-    for (const SECSMessageRecord* record : library_->getByStreamFunction(streamFunction)) {
+void LibraryPane::addMessages(const DropStep& step) {
+    for (const SECSMessageRecord* record : library_->getByStreamFunction(step.streamFunction)) {
         window_.display_DefSECSMsg(*record);
-        const std::string status =
-            addMessageToTree(window_.liveTree(), *record,
-                             tellDuplicates ? OnDuplicate::Tell : OnDuplicate::KeepSilent, window_.desktop());
+        const std::string status = addMessageToTree(
+            window_.liveTree(), *record, step.tellsDuplicates ? OnDuplicate::Tell : OnDuplicate::KeepSilent,
+            window_.desktop());
         if (status == "Key")
             continue;
         window_.InsertCbo(record->getName());

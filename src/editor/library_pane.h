@@ -15,6 +15,7 @@ class frmSECSEditor;
 class List;
 class MenuEntry;
 struct DragData;
+struct DropStep;
 
 /// The library at the left of the editor window: opens one library at a time, lists its messages, and puts
 /// those that are dragged onto the tree into the project.
@@ -50,8 +51,7 @@ private:
 
     std::optional<DragData> startDrag();
     void dropRows();
-    void dropEntry(const std::string& before, const std::string& entry, const std::string& after);
-    void addMessages(const std::string& streamFunction, bool tellDuplicates);
+    void addMessages(const DropStep& step);
 
     frmSECSEditor& window_;
     std::unique_ptr<SECSLibraryStore> library_;
