@@ -85,14 +85,27 @@ UserHands::Refusal UserHands::whyNot(const Control& control) const {
     return {};
 }
 
+UserHands::Refusal UserHands::whyNot(const Target& target) const {
+    if (Refusal refusal = whyNot(*target.control); !refusal.empty())
+        return refusal;
+    if (target.button != nullptr && !target.button->enabled())
+        return describe(*target.control) + "[" + target.button->key() + "] is disabled";
+    return {};
+}
+
 UserHands::Refusal UserHands::begin(const Target& target) {
+    ++begun_;
+    Refusal refusal = beginUncounted(target);
+    lastRefusal_ = refusal;
+    return refusal;
+}
+
+UserHands::Refusal UserHands::beginUncounted(const Target& target) {
     Control& control = *target.control;
     if (!isOpenPopupEntry(control, desktop_.openPopup()))
         desktop_.closePopup();
-    if (Refusal refusal = whyNot(control); !refusal.empty())
+    if (Refusal refusal = whyNot(target); !refusal.empty())
         return refusal;
-    if (target.button != nullptr && !target.button->enabled())
-        return describe(control) + "[" + target.button->key() + "] is disabled";
     const int index = indexOf(target);
     desktop_.activate(control.window());
     if (control.takesFocus() && !target.column)
@@ -152,7 +165,7 @@ UserHands::Refusal UserHands::runMenuEntry(Control& control) {
     auto& entry = as<MenuEntry>(control);
     PopupMenu* popup = entry.popup();
     if (popup != nullptr && !popup->isOpen())
-        return describe(*popup) + " is not open";
+        return lastRefusal_ = describe(*popup) + " is not open";
     if (hasEntriesBelow(entry)) {
         fire(entry.onOpen);
         return {};
@@ -254,11 +267,13 @@ UserHands::Refusal UserHands::focus(Control& control) {
 }
 
 UserHands::Refusal UserHands::activate(Window& window) {
+    ++begun_;
+    lastRefusal_.clear();
     desktop_.closePopup();
     if (!window.visible())
-        return window.name() + " is not shown";
+        return lastRefusal_ = window.name() + " is not shown";
     if (!desktop_.acceptsInput(window))
-        return window.name() + " stands behind a modal window";
+        return lastRefusal_ = window.name() + " stands behind a modal window";
     desktop_.activate(window);
     return {};
 }
@@ -279,8 +294,10 @@ UserHands::Refusal UserHands::keyDown(Control& control, KeyEvent key) {
 }
 
 UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key) {
-    if (Refusal refusal = whyNot(control); !refusal.empty())
-        return refusal;
+    ++begun_;
+    lastRefusal_ = whyNot(control);
+    if (!lastRefusal_.empty())
+        return lastRefusal_;
     fire(control.onKeyDown, key);
     if (Refusal refusal = whyNot(control); !refusal.empty())
         return refusal;

@@ -53,6 +53,12 @@ public:
     /// Closes an open pop-up without a choice.
     void dismiss();
 
+    /// Why the user cannot act on the target now; empty when nothing stands in the way.
+    Refusal whyNot(const Target& target) const;
+    /// How many actions were begun so far, and what became of the last.
+    int begun() const { return begun_; }
+    const Refusal& lastRefusal() const { return lastRefusal_; }
+
     Refusal focus(Control& control);
     Refusal activate(Window& window);
     /// The user closes the window by its frame.
@@ -103,6 +109,7 @@ public:
 private:
     Refusal whyNot(const Control& control) const;
     Refusal begin(const Target& target);
+    Refusal beginUncounted(const Target& target);
     Refusal strike(Control& control, KeyEvent key);
     Refusal press(const Target& target, KeyEvent modifiers);
     Refusal pressMember(const Target& target, KeyEvent modifiers);
@@ -112,6 +119,8 @@ private:
     Refusal runMenuEntry(Control& control);
 
     Desktop& desktop_;
+    int begun_ = 0;
+    Refusal lastRefusal_;
     int pressedIndex_ = 0; // of the node under the button that was pressed last
 };
 
