@@ -48,6 +48,8 @@ void ApplicationProgram::makeApplication() {
     application_ = std::make_unique<Application>(screen_, settings_, files_, generator_,
                                                  ApplicationFolders{applicationFolder_, {}});
     application_->codePage = codePage();
+    if (onMade)
+        onMade(*application_);
 }
 
 std::vector<std::string> ApplicationProgram::propertyNames() const {

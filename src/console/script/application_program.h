@@ -6,6 +6,7 @@
 #include "platform/settings.h"
 #include "shell/application.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -32,6 +33,9 @@ private:
 class ApplicationProgram final : public ScriptedProgram {
 public:
     ApplicationProgram(Screen& screen, std::string applicationFolder);
+
+    /// A screen that shows the windows is told of each application before it starts.
+    std::function<void(Application& application)> onMade;
 
     void start(const std::string& commandLine) override;
     bool running() const override;

@@ -27,6 +27,11 @@ std::string printable(std::string_view message) {
 
 } // namespace
 
+ScriptUser userOfStores() {
+    return {[](ScriptedProgram& program) { return std::make_unique<StoreHands>(program); },
+            [](ScriptedProgram& program) { return std::make_unique<StoreEyes>(program); }};
+}
+
 ScriptRunner::Outcome ScriptRunner::run(const std::string& file) {
     const auto bytes = readBytes(file);
     if (!bytes) {
@@ -49,9 +54,9 @@ ScriptRunner::Outcome ScriptRunner::runText(const std::string& name, const std::
         Foretold foretold(out_);
         ScriptScreen screen(foretold);
         const auto program = makeProgram_(screen, folders.application);
-        StoreHands hands(*program);
-        StoreEyes eyes(*program);
-        ScriptInterpreter interpreter({*program, hands, eyes, foretold, folders, out_});
+        const auto hands = user_.makeHands(*program);
+        const auto eyes = user_.makeEyes(*program);
+        ScriptInterpreter interpreter({*program, *hands, *eyes, foretold, folders, out_});
         screen.onModal = [&](Window& window) { interpreter.runDuring(window); };
         interpreter.run(script);
     } catch (const ScriptFailure& failure) {
