@@ -53,6 +53,8 @@ public:
     ~Binder() override;
 
     Control& control() const { return control_; }
+    /// The widget within the bound one that gets keys and focus.
+    virtual QWidget& keyWidget() const { return *widget_; }
     QWidget& widget() const { return *widget_; }
 
     /// The store is gone; only the widget is left to be let go of.
@@ -70,8 +72,6 @@ protected:
 
     /// Shows the store anew after a bell; called with `Showing` set.
     virtual void show(Change change) = 0;
-    /// The widget within the bound one that gets keys and focus.
-    virtual QWidget& keyWidget() const { return *widget_; }
     /// Called by the constructors of binders when all is in place.
     void start();
 

@@ -69,13 +69,13 @@ void runDrag(Binding& binding, QWidget& source, const DragData& data, const QStr
 }
 
 DragData dragDataOf(const Binding& binding, const QDropEvent& event) {
-    if (binding.drag && event.source() != nullptr)
+    if (binding.drag)
         return *binding.drag;
     return {fromQt(event.mimeData()->text()), nullptr};
 }
 
 bool acceptDrag(const Binding& binding, QDropEvent& event) {
-    const bool takes = (binding.drag && event.source() != nullptr) || event.mimeData()->hasText();
+    const bool takes = binding.drag || event.mimeData()->hasText();
     if (takes)
         event.acceptProposedAction();
     else

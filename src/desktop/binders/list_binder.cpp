@@ -194,7 +194,7 @@ bool ListBinder::drops(QEvent& event) {
     const DragData data = dragDataOf(binding(), drop);
     if (event.type() == QEvent::Drop)
         hands().drop(data, target);
-    else
+    else if (event.type() == QEvent::DragMove)
         hands().dragOver(data, target);
     return true;
 }

@@ -1,6 +1,7 @@
 #include "desktop/binders/text_field_binder.h"
 
 #include "desktop/binders/dragging.h"
+#include "desktop/key_codes.h"
 #include "desktop/qt_text.h"
 #include "platform/stores/text_field.h"
 
@@ -136,6 +137,10 @@ bool TextFieldBinder::keyPressed(QKeyEvent& event) {
         return true;
     if (movesByWord(event))
         return false;
+    if (const std::string text = meaningOf(event).text; !text.empty()) {
+        hands().insert(field_, text);
+        return true;
+    }
     if (Binder::keyPressed(event))
         return true;
     // What is left must not reach the widget: it would enter the character past the store.

@@ -137,7 +137,7 @@ bool TreeBinder::drops(QEvent& event) {
     const DragData data = dragDataOf(binding(), drop);
     if (event.type() == QEvent::Drop) {
         hands().drop(data, targetAt(place));
-    } else {
+    } else if (event.type() == QEvent::DragMove) {
         scrollAtEdge(place);
         hands().dragOver(data, targetAt(place));
     }

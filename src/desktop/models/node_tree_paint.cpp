@@ -80,7 +80,7 @@ void NodeTreeView::paintLines(QPainter& painter, const Node& node, const QRect& 
 
 void NodeTreeView::paintBox(QPainter& painter, const Node& node, const QRect& row) const {
     const QRect box = boxRect(node, row);
-    painter.setPen(palette().color(QPalette::Mid));
+    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRect(box.adjusted(0, 0, -1, -1));
     painter.setPen(palette().color(QPalette::Text));

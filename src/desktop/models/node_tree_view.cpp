@@ -196,16 +196,24 @@ void NodeTreeView::selectionMoved() {
 void NodeTreeView::showSelected() {
     Node* selected = nodes_ == nullptr ? nullptr : nodes_->store().nodes().selected();
     setAccessibleDescription(selected == nullptr ? QString() : toQt(selected->text()));
-    if (selected == nullptr)
-        return;
-    if (!isShown(*selected)) {
-        for (const Node* above = selected->parent(); above != nullptr; above = above->parent()) {
+    if (selected != nullptr)
+        reveal(*selected);
+}
+
+void NodeTreeView::reveal(Node& node) {
+    if (!isShown(node)) {
+        for (const Node* above = node.parent(); above != nullptr; above = above->parent()) {
             if (!above->expanded())
                 openedToShow_.insert(above);
         }
-        forgetRowsOf(*selected);
+        forgetRowsOf(node);
     }
-    scrollTo(nodes_->indexOf(selected));
+    scrollTo(nodes_->indexOf(&node));
+}
+
+QPoint NodeTreeView::placeBelowAll() const {
+    const int row = rowCount() - verticalScrollBar()->value() + 1;
+    return {viewport()->width() / 2, std::max(row * rowHeight(), viewport()->height() - 2)};
 }
 
 int NodeTreeView::rowsOfPage() const {

@@ -27,6 +27,10 @@ public:
     /// Brings the selected node into view. What the store holds closed above it is shown open, and stays
     /// closed in the store.
     void showSelected();
+    /// Shows what is closed above a node as open, and scrolls to it.
+    void reveal(Node& node);
+    /// A place below all nodes; it may lie outside the viewport.
+    QPoint placeBelowAll() const;
     /// The user opens or closes what lies below a node.
     void toggle(Node& node);
     int rowsOfPage() const;
