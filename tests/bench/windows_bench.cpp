@@ -1,0 +1,184 @@
+// From the event of a user's action to the painted window, against the number of messages. The budget is a
+// frame (16 ms) at 1,000 messages and 150 ms at 10,000.
+#include "bench/generated_project.h"
+#include "desktop/models/node_tree_view.h"
+#include "screen/support/palettes.h"
+#include "screen/support/program_on_screen.h"
+#include "support/temporary_folder.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMouseEvent>
+#include <QPushButton>
+
+#include <fstream>
+#include <map>
+#include <memory>
+
+namespace {
+
+using namespace zb;
+
+/// A window with a generated project, opened once for all figures of its size.
+struct Desk {
+    explicit Desk(std::size_t messages) : program(folder.path().string()) {
+        const auto path = folder.path() / "Large.zbp";
+        std::ofstream(path, std::ios::binary) << bench::projectText(messages);
+        program.application.start(path.string());
+        program.screen.mainWindow()->resize(1240, 760);
+        program.settle();
+    }
+
+    frmSECSEditor& editor() { return program.application.frmSECSEditor; }
+
+    /// All that the event has set off, and the whole window painted: more than the screen would have to do.
+    void paint() {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+        program.screen.mainWindow()->repaint();
+    }
+
+    Target item(int index) {
+        Target target = Target::whole(editor().tvwEdit);
+        target.node = editor().liveTree().at(index);
+        return target;
+    }
+
+    test::TemporaryFolder folder;
+    test::ProgramOnScreen program;
+};
+
+/// The windows that have been opened so far: a project of ten thousand messages takes longer to open than to
+/// measure.
+class Desks {
+public:
+    Desk& of(const benchmark::State& state) {
+        auto& desk = desks_[state.range(0)];
+        if (!desk)
+            desk = std::make_unique<Desk>(static_cast<std::size_t>(state.range(0)));
+        return *desk;
+    }
+
+private:
+    std::map<std::int64_t, std::unique_ptr<Desk>> desks_;
+};
+
+void sendKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+    QKeyEvent down(QEvent::KeyPress, key, modifiers, text);
+    QCoreApplication::sendEvent(&widget, &down);
+    QKeyEvent up(QEvent::KeyRelease, key, modifiers, text);
+    QCoreApplication::sendEvent(&widget, &up);
+}
+
+void ClickOnANode(benchmark::State& state, Desks& desks) {
+    Desk& desk = desks.of(state);
+    auto& view = desk.program.widget<NodeTreeView>(desk.editor(), "tvwEdit");
+    int index = 5;
+    for (auto _ : state) {
+        // Back and forth between the ends of the tree, so that each click scrolls.
+        index = index == 5 ? static_cast<int>(desk.editor().liveTree().count()) - 2 : 5;
+        Node& node = *desk.editor().liveTree().at(index);
+        view.reveal(node);
+        const QModelIndex row = static_cast<NodeTreeModel*>(view.model())->indexOf(&node);
+        const QPointF place(view.viewport()->width() - 2, view.visualRect(row).center().y());
+        QMouseEvent down(QEvent::MouseButtonPress, place, view.mapToGlobal(place), Qt::LeftButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(view.viewport(), &down);
+        QMouseEvent up(QEvent::MouseButtonRelease, place, view.mapToGlobal(place), Qt::LeftButton,
+                       Qt::NoButton, {});
+        QCoreApplication::sendEvent(view.viewport(), &up);
+        desk.paint();
+    }
+}
+
+void KeyInAField(benchmark::State& state, Desks& desks) {
+    Desk& desk = desks.of(state);
+    UserHands(desk.program.application.desktop).click(desk.item(6));
+    auto& line = desk.program.widget<QLineEdit>(desk.editor(), "txtItemName");
+    bool more = true;
+    for (auto _ : state) {
+        if (more)
+            sendKey(line, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+        else
+            sendKey(line, Qt::Key_Backspace, Qt::NoModifier, QString());
+        more = !more;
+        desk.paint();
+    }
+}
+
+void PasteIntoAField(benchmark::State& state, Desks& desks) {
+    Desk& desk = desks.of(state);
+    auto& line = desk.program.widget<QLineEdit>(desk.editor(), "txtDescription");
+    QGuiApplication::clipboard()->setText(QStringLiteral("A description from elsewhere"));
+    for (auto _ : state) {
+        sendKey(line, Qt::Key_A, Qt::ControlModifier, {});
+        sendKey(line, Qt::Key_V, Qt::ControlModifier, {});
+        desk.paint();
+    }
+}
+
+void AddAMessage(benchmark::State& state, Desks& desks) {
+    Desk& desk = desks.of(state);
+    auto& button = desk.program.widget<QPushButton>(desk.editor(), "cmdMsgAdd");
+    int number = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        desk.editor().txtStream.setText("99");
+        desk.editor().txtFunction.setText("2");
+        desk.editor().txtMsgName.setText("Added" + std::to_string(++number));
+        state.ResumeTiming();
+        button.click();
+        desk.paint();
+    }
+    if (desk.editor().liveTree().find("Added1") == nullptr)
+        state.SkipWithError("nothing was added");
+}
+
+void PasteAMessage(benchmark::State& state, Desks& desks) {
+    Desk& desk = desks.of(state);
+    Target separator = desk.item(1);
+    UserHands hands(desk.program.application.desktop);
+    hands.click(separator);
+    hands.click(Target::whole(*desk.editor().find("mnuCopy")));
+    // A click finds out what can be pasted here.
+    hands.click(separator);
+    std::string refusal;
+    const std::size_t before = desk.editor().liveTree().count();
+    for (auto _ : state) {
+        refusal = hands.click(Target::whole(*desk.editor().find("mnuPasteNext")));
+        desk.paint();
+    }
+    if (desk.editor().liveTree().count() == before)
+        state.SkipWithError(("nothing was pasted: " + refusal).c_str());
+}
+
+void measure(const char* name, void (*run)(benchmark::State&, Desks&), Desks& desks, int iterations) {
+    benchmark::RegisterBenchmark(name, [run, &desks](benchmark::State& state) { run(state, desks); })
+        ->Arg(1000)
+        ->Arg(10000)
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(iterations);
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "*.warning=false");
+    QApplication qt(argc, argv);
+    zb::test::dress(qt, zb::test::Shade::Light);
+    benchmark::Initialize(&argc, argv);
+    Desks desks;
+    measure("ClickOnANode", &ClickOnANode, desks, 100);
+    measure("KeyInAField", &KeyInAField, desks, 100);
+    measure("PasteIntoAField", &PasteIntoAField, desks, 100);
+    measure("AddAMessage", &AddAMessage, desks, 50);
+    measure("PasteAMessage", &PasteAMessage, desks, 20);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,59 @@
+#include "screen/script/foretold_screen.h"
+
+#include "console/script/script_failure.h"
+#include "desktop/message_boxes.h"
+#include "desktop/qt_text.h"
+
+#include <QAbstractButton>
+#include <QMessageBox>
+
+#include <utility>
+
+namespace zb::test {
+
+void ForetoldScreen::throwKept() {
+    if (const auto kept = std::exchange(kept_, nullptr))
+        std::rethrow_exception(kept);
+}
+
+template<typename Result, typename Ask>
+Result ForetoldScreen::keep(Result otherwise, Ask ask) {
+    if (kept_)
+        return otherwise;
+    try {
+        return ask();
+    } catch (...) {
+        kept_ = std::current_exception();
+        return otherwise;
+    }
+}
+
+Answer ForetoldScreen::showBox(const Box& box) {
+    return keep(Answer::Cancel, [&] {
+        const Answer answer = foretold_.showBox(box);
+        // The box comes up as the user would see it, and the answer is the press of a button.
+        const auto shown = makeBox(box, shown_.mainWindow());
+        shown->show();
+        const QList<QAbstractButton*> buttons = shown->buttons();
+        for (QAbstractButton* button : buttons) {
+            if (answerOf(*shown, shown->standardButton(button)) != answer)
+                continue;
+            button->click();
+            return answerOf(*shown, shown->result());
+        }
+        throw ScriptFailure("a button for the answer in the box", box.text);
+    });
+}
+
+std::string ForetoldScreen::pickFile(const FileDialog& dialog) {
+    return keep(std::string(), [&] { return foretold_.pickFile(dialog); });
+}
+
+void ForetoldScreen::runModal(Window& window) {
+    keep(0, [&] {
+        foretold_.runModal(window);
+        return 0;
+    });
+}
+
+} // namespace zb::test

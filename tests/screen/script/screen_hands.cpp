@@ -1,0 +1,371 @@
+#include "screen/script/screen_hands.h"
+
+#include "console/script/program.h"
+#include "desktop/binders/bar_binders.h"
+#include "desktop/binders/combo_binder.h"
+#include "desktop/models/list_model.h"
+#include "desktop/models/node_tree_view.h"
+#include "desktop/qt_text.h"
+#include "platform/stores/bars.h"
+#include "platform/stores/combo.h"
+#include "platform/stores/desktop.h"
+#include "platform/stores/list.h"
+#include "platform/stores/menu.h"
+#include "platform/stores/text_field.h"
+#include "platform/stores/tree.h"
+#include "platform/stores/window.h"
+#include "screen/script/qt_keys.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QFileSystemModel>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QScopeGuard>
+#include <QToolButton>
+#include <QTreeView>
+
+namespace zb::test {
+
+using Kind = Control::Kind;
+
+void ScreenHands::settle() {
+    QCoreApplication::sendPostedEvents();
+    screen_.flush();
+}
+
+Binder& ScreenHands::binderOf(const Control& control) {
+    return *screen_.binderOf(control.window())->binderOf(control);
+}
+
+// Refused beforehand, carried out by events, or not noticed by the window, which is a fault of the window.
+template<typename Act>
+Hands::Refusal ScreenHands::act(const Target& target, Act act) {
+    settle();
+    if (Refusal refusal = hands().whyNot(target); !refusal.empty())
+        return refusal;
+    const int begun = hands().begun();
+    act();
+    Refusal refusal =
+        hands().begun() == begun ? target.control->name() + " took no notice" : hands().lastRefusal();
+    settle();
+    return refusal;
+}
+
+void ScreenHands::press(const Spot& spot, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+    const QPointF place = spot.place;
+    QMouseEvent down(QEvent::MouseButtonPress, place, spot.widget->mapToGlobal(place), button, button,
+                     modifiers);
+    QCoreApplication::sendEvent(spot.widget, &down);
+}
+
+void ScreenHands::release(const Spot& spot, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+    const QPointF place = spot.place;
+    QMouseEvent up(QEvent::MouseButtonRelease, place, spot.widget->mapToGlobal(place), button, Qt::NoButton,
+                   modifiers);
+    QCoreApplication::sendEvent(spot.widget, &up);
+}
+
+void ScreenHands::clickSpot(const Spot& spot, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+    const QPointer<QWidget> widget(spot.widget);
+    press(spot, button, modifiers);
+    if (widget)
+        release(spot, button, modifiers);
+}
+
+ScreenHands::Spot ScreenHands::spotOf(const Target& target) {
+    Binder& binder = binderOf(*target.control);
+    QWidget& widget = binder.widget();
+    switch (target.control->kind()) {
+    case Kind::Toolbar:
+        if (target.button != nullptr) {
+            QToolButton* button = static_cast<ToolbarBinder&>(binder).buttonOf(*target.button);
+            return {button, button->rect().center()};
+        }
+        return {&widget, widget.rect().center()};
+    case Kind::Tree:
+        return spotInTree(target, widget);
+    case Kind::List:
+        return spotInList(target, widget);
+    // Behind the end of the text, and on the box of a check box.
+    case Kind::TextField:
+        return {&widget, {widget.width() - 4, widget.height() / 2}};
+    case Kind::CheckBox:
+    case Kind::Option:
+        return {&widget, {8, widget.height() / 2}};
+    default:
+        return {&widget, widget.rect().center()};
+    }
+}
+
+ScreenHands::Spot ScreenHands::spotInTree(const Target& target, QWidget& widget) {
+    auto& view = dynamic_cast<NodeTreeView&>(widget);
+    if (target.node == nullptr)
+        return {view.viewport(), view.placeBelowAll()};
+    view.reveal(*target.node);
+    const QModelIndex index = static_cast<NodeTreeModel*>(view.model())->indexOf(target.node);
+    return {view.viewport(), {view.viewport()->width() - 2, view.visualRect(index).center().y()}};
+}
+
+ScreenHands::Spot ScreenHands::spotInList(const Target& target, QWidget& widget) {
+    auto& view = dynamic_cast<QTreeView&>(widget);
+    if (target.column) {
+        QHeaderView& header = *view.header();
+        const int section = static_cast<int>(*target.column);
+        const int place = header.sectionViewportPosition(section) + header.sectionSize(section) / 2;
+        return {header.viewport(), {place, header.height() / 2}};
+    }
+    if (target.row == nullptr)
+        return {view.viewport(), {view.viewport()->width() / 2, view.viewport()->height() + 100000}};
+    const QModelIndex index = static_cast<ListModel*>(view.model())->indexOf(target.row);
+    view.scrollTo(index);
+    return {view.viewport(), {4, view.visualRect(index).center().y()}};
+}
+
+void ScreenHands::giveFocus(Control& control) {
+    const int begun = hands().begun();
+    binderOf(control).keyWidget().setFocus(Qt::TabFocusReason);
+    // The widget may have had the keyboard all along, while another window of the program was active.
+    if (hands().begun() == begun)
+        hands().focus(control);
+}
+
+Hands::Refusal ScreenHands::click(const Target& target) {
+    const Kind kind = target.control->kind();
+    if (kind == Kind::MenuEntry || kind == Kind::PopupMenu)
+        return clickEntry(target);
+    return act(target, [&] {
+        if (kind == Kind::Combo || kind == Kind::FolderField || kind == Kind::Label ||
+            (kind == Kind::Pane && binderOf(*target.control).widget().layout() != nullptr)) {
+            hands().click(target);
+            return;
+        }
+        if (kind == Kind::TextField)
+            giveFocus(*target.control);
+        clickSpot(spotOf(target), Qt::LeftButton);
+        if (kind == Kind::TextField)
+            hands().focus(*target.control);
+    });
+}
+
+Hands::Refusal ScreenHands::clickEntry(const Target& target) {
+    MenuBinder& menus = screen_.binderOf(target.control->window())->menus();
+    const auto* entry = dynamic_cast<const MenuEntry*>(target.control);
+    if (entry == nullptr)
+        return hands().click(target);
+    return act(target, [&] {
+        if (QMenu* menu = menus.menuOf(*entry)) {
+            menu->popup({0, 0});
+            menu->close();
+            return;
+        }
+        QAction* action = menus.actionOf(*entry);
+        QMenu* popup = entry->popup() == nullptr ? nullptr : menus.menuOf(*entry->popup());
+        if (popup == nullptr || !popup->isVisible()) {
+            action->trigger();
+            return;
+        }
+        popup->setActiveAction(action);
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QCoreApplication::sendEvent(popup, &enter);
+    });
+}
+
+Hands::Refusal ScreenHands::controlClick(const Target& target) {
+    if (target.row == nullptr)
+        return click(target);
+    return act(target, [&] { clickSpot(spotOf(target), Qt::LeftButton, Qt::ControlModifier); });
+}
+
+Hands::Refusal ScreenHands::rightClick(const Target& target) {
+    const Kind kind = target.control->kind();
+    if ((kind != Kind::Tree && kind != Kind::List) || target.column)
+        return act(target, [&] { hands().rightClick(target); });
+    return act(target, [&] { clickSpot(spotOf(target), Qt::RightButton); });
+}
+
+Hands::Refusal ScreenHands::doubleClick(const Target& target) {
+    if (target.node == nullptr && target.row == nullptr)
+        return click(target);
+    const int index = target.node == nullptr ? 0 : target.node->index();
+    if (Refusal refusal = click(target); !refusal.empty())
+        return refusal;
+    if (target.node != nullptr && static_cast<Tree*>(target.control)->nodes().at(index) != target.node)
+        return {};
+    if (target.row != nullptr && static_cast<List*>(target.control)->positionOf(target.row) == 0)
+        return {};
+    const Spot spot = spotOf(target);
+    const QPointF place = spot.place;
+    QMouseEvent twice(QEvent::MouseButtonDblClick, place, spot.widget->mapToGlobal(place), Qt::LeftButton,
+                      Qt::LeftButton, {});
+    QCoreApplication::sendEvent(spot.widget, &twice);
+    settle();
+    return {};
+}
+
+Hands::Refusal ScreenHands::dismiss() {
+    PopupMenu* popup = program_.desktop().openPopup();
+    if (popup == nullptr)
+        return "no pop-up stands open";
+    screen_.binderOf(popup->window())->menus().menuOf(*popup)->close();
+    settle();
+    return popup->isOpen() ? popup->name() + " stays open" : Refusal();
+}
+
+Hands::Refusal ScreenHands::focus(Control& control) {
+    if (!control.takesFocus())
+        return hands().focus(control);
+    return act(Target::whole(control), [&] { giveFocus(control); });
+}
+
+Hands::Refusal ScreenHands::activate(Window& window) {
+    settle();
+    screen_.binderOf(window)->form().activateWindow();
+    Refusal refusal = hands().activate(window);
+    settle();
+    return refusal;
+}
+
+Hands::Refusal ScreenHands::close(Window& window) {
+    settle();
+    if (!window.visible())
+        return hands().close(window);
+    const int begun = hands().begun();
+    screen_.binderOf(window)->form().close();
+    Refusal refusal = hands().begun() == begun ? window.name() + " took no notice" : hands().lastRefusal();
+    settle();
+    return refusal;
+}
+
+void ScreenHands::sendKey(QWidget& widget, KeyEvent key) {
+    const auto made = qtKeyOf(key);
+    const QPointer<QWidget> alive(&widget);
+    QKeyEvent down(QEvent::KeyPress, made->key, made->modifiers, made->text);
+    QCoreApplication::sendEvent(&widget, &down);
+    if (!alive)
+        return;
+    QKeyEvent up(QEvent::KeyRelease, made->key, made->modifiers, made->text);
+    QCoreApplication::sendEvent(&widget, &up);
+}
+
+Hands::Refusal ScreenHands::type(Control& control, std::string_view text) {
+    if (!control.takesFocus())
+        return hands().type(control, text);
+    for (const char character : text) {
+        if (!keyOfCharacter(character))
+            return hands().type(control, text);
+    }
+    if (Refusal refusal = focus(control); !refusal.empty())
+        return refusal;
+    screen_.binding().keysStay = true;
+    const auto over = qScopeGuard([this] { screen_.binding().keysStay = false; });
+    for (const char character : text) {
+        if (Refusal refusal = hands().whyNot(Target::whole(control)); !refusal.empty())
+            return refusal;
+        sendKey(binderOf(control).keyWidget(), *keyOfCharacter(character));
+    }
+    settle();
+    return {};
+}
+
+Hands::Refusal ScreenHands::key(Control& control, KeyEvent key) {
+    if (!control.takesFocus() || !qtKeyOf(key))
+        return hands().key(control, key);
+    if (Refusal refusal = focus(control); !refusal.empty())
+        return refusal;
+    screen_.binding().keysStay = true;
+    const auto over = qScopeGuard([this] { screen_.binding().keysStay = false; });
+    sendKey(binderOf(control).keyWidget(), key);
+    settle();
+    return {};
+}
+
+Hands::Refusal ScreenHands::paste(Control& control, std::string_view text) {
+    if (control.kind() != Kind::TextField)
+        return hands().paste(control, text);
+    if (Refusal refusal = focus(control); !refusal.empty())
+        return refusal;
+    QWidget& widget = binderOf(control).keyWidget();
+    QGuiApplication::clipboard()->setText(toQt(text));
+    for (const auto key : {Qt::Key_A, Qt::Key_V}) {
+        QKeyEvent down(QEvent::KeyPress, key, Qt::ControlModifier);
+        QCoreApplication::sendEvent(&widget, &down);
+    }
+    settle();
+    return {};
+}
+
+Hands::Refusal ScreenHands::choose(Control& control, std::string_view text) {
+    if (control.kind() == Kind::FolderField) {
+        return act(Target::whole(control), [&] {
+            const int begun = hands().begun();
+            auto& view = dynamic_cast<QTreeView&>(binderOf(control).widget());
+            if (auto* folders = dynamic_cast<QFileSystemModel*>(view.model()))
+                view.setCurrentIndex(folders->index(toQt(text)));
+            if (hands().begun() == begun || static_cast<FolderField&>(control).text() != text)
+                hands().choose(control, text);
+        });
+    }
+    if (control.kind() != Kind::Combo)
+        return hands().choose(control, text);
+    settle();
+    auto& box = dynamic_cast<StoreComboBox&>(binderOf(control).widget());
+    int row = box.findText(toQt(text), Qt::MatchFixedString | Qt::MatchCaseSensitive);
+    if (row < 0 && text.starts_with('#'))
+        row = toQt(text.substr(1)).toInt() - 1;
+    if (row < 0 || row >= box.count())
+        return hands().choose(control, text);
+    return act(Target::whole(control), [&] { emit box.activated(row); });
+}
+
+void ScreenHands::dropOn(const DragData& data, const Target& to) {
+    const Spot spot = spotOf(to);
+    QMimeData mime;
+    mime.setText(toQt(data.text));
+    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    // A drop passes over its place once by itself.
+    QDragEnterEvent enter(spot.place, actions, &mime, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(spot.widget, &enter);
+    QDropEvent fall(spot.place, actions, &mime, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(spot.widget, &fall);
+    settle();
+}
+
+Hands::Refusal ScreenHands::drag(const Target& from, const Target& to) {
+    const int index = to.node == nullptr ? 0 : to.node->index();
+    const Kind kind = from.control->kind();
+    const Refusal refusal = act(from, [&] {
+        if (kind == Kind::Tree || kind == Kind::List)
+            press(spotOf(from), Qt::LeftButton);
+        else if (kind == Kind::Pane)
+            hands().click(from);
+        else
+            giveFocus(*from.control);
+    });
+    if (!refusal.empty())
+        return refusal;
+    const auto data = hands().beginDrag(from);
+    if (!data)
+        return {};
+    if (to.node != nullptr && static_cast<Tree*>(to.control)->nodes().at(index) != to.node)
+        return to.control->name() + " has lost the target meanwhile";
+    if (Refusal cannot = hands().whyNot(to); !cannot.empty())
+        return cannot;
+    screen_.binding().drag = data;
+    dropOn(*data, to);
+    screen_.binding().drag.reset();
+    return {};
+}
+
+Hands::Refusal ScreenHands::drop(const DragData& data, const Target& to) {
+    settle();
+    if (Refusal refusal = hands().whyNot(to); !refusal.empty())
+        return refusal;
+    dropOn(data, to);
+    return {};
+}
+
+} // namespace zb::test

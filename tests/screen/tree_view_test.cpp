@@ -1,0 +1,117 @@
+#include "desktop/models/node_tree_model.h"
+#include "desktop/models/node_tree_view.h"
+#include "desktop/pictures/pictures.h"
+#include "platform/stores/desktop.h"
+#include "platform/stores/tree.h"
+#include "platform/stores/window.h"
+#include "support/silent_screen.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModelTester>
+#include <QCoreApplication>
+#include <QScrollBar>
+
+#include <memory>
+#include <random>
+
+namespace zb::test {
+namespace {
+
+struct TreeView : ::testing::Test {
+    TreeView() {
+        view.resize(300, 200);
+        view.setNodes(model);
+    }
+
+    Node& add(Node* parent, const std::string& text) {
+        Node& node = parent == nullptr ? store.nodes().add(nullptr, Relation::Last, text)
+                                       : store.nodes().add(parent, Relation::Child, text);
+        node.setExpanded(true);
+        return node;
+    }
+    QRect rectOf(const Node& node) const { return view.visualRect(model.indexOf(&node)); }
+
+    SilentScreen screen;
+    Desktop desktop{screen};
+    Window window{desktop, "frmTest"};
+    Tree store{window, "tvwTest"};
+    Pictures pictures;
+    NodeTreeModel model{store, pictures, nullptr};
+    NodeTreeView view;
+};
+
+TEST_F(TreeView, ModelStaysTrueThroughAnyOrderOfChanges) {
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    std::mt19937 random(7);
+    for (int step = 0; step < 2000; ++step) {
+        const int count = static_cast<int>(store.nodes().count());
+        Node* node =
+            count == 0 ? nullptr : store.nodes().at(1 + static_cast<int>(random() % unsigned(count)));
+        const auto relation = static_cast<Relation>(random() % 5);
+        if (node != nullptr && random() % 4 == 0)
+            store.nodes().remove(*node);
+        else
+            store.nodes().add(node, relation, "node").setExpanded(random() % 2 == 0);
+        if (random() % 50 == 0)
+            store.replaceNodes();
+    }
+    const auto& roots = model.roots();
+    std::size_t row = 0;
+    for (Node* root = store.nodes().firstRoot(); root != nullptr; root = root->next())
+        ASSERT_EQ(roots.at(row++), root);
+    EXPECT_EQ(row, roots.size());
+}
+
+TEST_F(TreeView, RowsStandBelowEachOtherInTheOrderOfTheTree) {
+    Node& first = add(nullptr, "first");
+    Node& child = add(&first, "child");
+    Node& second = add(nullptr, "second");
+    const int height = rectOf(first).height();
+    EXPECT_EQ(rectOf(child).top(), rectOf(first).top() + height);
+    EXPECT_EQ(rectOf(second).top(), rectOf(child).top() + height);
+    EXPECT_EQ(view.nodeAt(rectOf(child).center()), &child);
+    EXPECT_EQ(view.nodeAt(view.placeBelowAll()), nullptr);
+}
+
+TEST_F(TreeView, AClosedNodeHidesWhatIsBelowIt) {
+    Node& first = add(nullptr, "first");
+    Node& child = add(&first, "child");
+    Node& second = add(nullptr, "second");
+    first.setExpanded(false);
+    EXPECT_TRUE(rectOf(child).isNull());
+    EXPECT_EQ(rectOf(second).top(), rectOf(first).bottom() + 1);
+}
+
+TEST_F(TreeView, ASelectedNodeIsInViewAlthoughTheStoreHoldsItClosed) {
+    for (int i = 0; i < 100; ++i)
+        add(nullptr, "filler");
+    Node& closed = add(nullptr, "closed");
+    Node& child = add(&closed, "child");
+    closed.setExpanded(false);
+    store.nodes().select(&child);
+    EXPECT_TRUE(view.viewport()->rect().contains(rectOf(child).center()));
+    EXPECT_FALSE(closed.expanded());
+    view.toggle(closed);
+    EXPECT_TRUE(rectOf(child).isNull());
+}
+
+TEST_F(TreeView, ATreeOfAnyDepthIsShown) {
+    Node* node = &add(nullptr, "root");
+    for (int depth = 0; depth < 20000; ++depth)
+        node = &add(node, "deep");
+    store.nodes().select(node);
+    EXPECT_FALSE(rectOf(*node).isNull());
+    EXPECT_FALSE(view.grab().isNull());
+}
+
+TEST_F(TreeView, AFreshTreeTakesTheOldOnesPlace) {
+    add(nullptr, "old");
+    store.replaceNodes();
+    EXPECT_EQ(view.nodeAt({5, 5}), nullptr);
+    Node& fresh = add(nullptr, "fresh");
+    EXPECT_EQ(view.nodeAt({5, 5}), &fresh);
+}
+
+} // namespace
+} // namespace zb::test

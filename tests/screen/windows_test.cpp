@@ -1,0 +1,132 @@
+#include "desktop/qt_text.h"
+#include "screen/support/program_on_screen.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QMouseEvent>
+
+namespace zb::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+struct Windows : ::testing::Test {
+    Windows() {
+        program.application.start("");
+        program.application.showEditor();
+        program.settle();
+    }
+
+    frmSECSEditor& editor() { return program.application.frmSECSEditor; }
+    QLineEdit& line(const char* name) { return program.widget<QLineEdit>(editor(), name); }
+
+    void press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+        QKeyEvent down(QEvent::KeyPress, key, modifiers, text);
+        QCoreApplication::sendEvent(&widget, &down);
+        QKeyEvent up(QEvent::KeyRelease, key, modifiers, text);
+        QCoreApplication::sendEvent(&widget, &up);
+    }
+
+    ProgramOnScreen program{"/"};
+};
+
+TEST_F(Windows, ALockedFieldTakesNoCharacterButKeepsSelectionAndCopy) {
+    editor().txtStream.setText("12");
+    QLineEdit& stream = line("txtStream");
+    stream.setFocus();
+    press(stream, Qt::Key_X, Qt::NoModifier, "x");
+    EXPECT_TRUE(editor().txtStream.locked());
+    EXPECT_EQ(stream.text(), "12");
+    press(stream, Qt::Key_A, Qt::ControlModifier, "");
+    press(stream, Qt::Key_C, Qt::ControlModifier, "");
+    EXPECT_EQ(stream.selectedText(), "12");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "12");
+    EXPECT_EQ(stream.text(), "12");
+}
+
+TEST_F(Windows, TextOfAnInputMethodReplacesTheSelection) {
+    QLineEdit& description = line("txtDescription");
+    editor().txtDescription.setText("abc");
+    editor().txtDescription.setFocus();
+    editor().txtDescription.select(1, 3);
+    QInputMethodEvent typed;
+    typed.setCommitString(QStringLiteral("\uD55C\uAE00"));
+    QCoreApplication::sendEvent(&description, &typed);
+    EXPECT_EQ(editor().txtDescription.text(), "a\xED\x95\x9C\xEA\xB8\x80");
+    EXPECT_EQ(description.text(), toQt(editor().txtDescription.text()));
+}
+
+TEST_F(Windows, ACharacterThatUsKeyboardsLackEntersAField) {
+    QLineEdit& description = line("txtDescription");
+    description.setFocus();
+    press(description, Qt::Key_Adiaeresis, Qt::NoModifier, QStringLiteral("\u00e4"));
+    EXPECT_EQ(editor().txtDescription.text(), "\xC3\xA4");
+}
+
+TEST_F(Windows, TheMenuBarShowsTheMenusOfTheDocumentInFront) {
+    const auto names = [&] {
+        std::vector<std::string> found;
+        for (const QAction* action : program.screen.mainWindow()->menuBar()->actions())
+            found.push_back(fromQt(action->text()));
+        return found;
+    };
+    EXPECT_THAT(names(), ElementsAre("Project(&P)", "Edit(&E)", "View(&V)", "Insert(&I)", "Build(&B)",
+                                     "Tools(&T)", "Window(&W)", "Help(&H)"));
+    editor().hide();
+    EXPECT_THAT(names(), ElementsAre("Project(&P)", "Build(&B)", "Tools(&T)", "Window(&W)", "Help(&H)"));
+}
+
+TEST_F(Windows, ClosingByTheFrameAsksTheWindow) {
+    program.form(program.application.frmMain).close();
+    EXPECT_TRUE(program.application.ended());
+}
+
+TEST_F(Windows, TabReachesEveryFieldOfTheEditorInItsOrder) {
+    std::vector<std::string> expected;
+    for (const Control* control : editor().controls()) {
+        if (control->takesFocus() && control->usable() && control->kind() != Control::Kind::Option)
+            expected.push_back(control->name());
+    }
+    std::vector<std::string> reached;
+    QWidget* widget = &program.widget<QWidget>(editor(), expected.front().c_str());
+    for (int step = 0; step < 200 && reached.size() < expected.size(); ++step) {
+        const std::string name = fromQt(widget->objectName());
+        if (std::find(expected.begin(), expected.end(), name) != expected.end() && widget->isEnabled() &&
+            (widget->focusPolicy() & Qt::TabFocus))
+            reached.push_back(name);
+        widget = widget->nextInFocusChain();
+    }
+    EXPECT_EQ(reached, expected);
+}
+
+TEST_F(Windows, TheLayoutIsRememberedFromRunToRun) {
+    const TemporaryFolder folder;
+    const std::string file = (folder.path() / "windows.ini").string();
+    const auto runOnce = [&](QSize resizeTo) {
+        DesktopScreen screen;
+        SettingsStore settings = SettingsStore::inMemory();
+        SystemFileLayer files;
+        FixedGenerator generator;
+        Application application(screen, settings, files, generator, {"/", {}});
+        screen.attach(application.desktop, file);
+        application.start("");
+        if (resizeTo.isValid())
+            screen.mainWindow()->resize(resizeTo);
+        const QSize size = screen.mainWindow()->size();
+        screen.detach();
+        return size;
+    };
+    runOnce({777, 555});
+    EXPECT_EQ(runOnce({}), QSize(777, 555));
+}
+
+} // namespace
+} // namespace zb::test
