@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/result.h"
+
+#include <string>
+
+namespace zb {
+
+struct ModuleState;
+
+/// Whether a build may write to `path`. An existing file is emptied by the test; where there is none, one is
+/// made and removed again. A failure is shown, and answers false.
+bool checkFileAccess(ModuleState& state, const std::string& path);
+
+/// The same test without emptying: for files whose content must outlast a save that fails later.
+bool checkFileAccessKeeping(ModuleState& state, const std::string& path);
+
+/// The box that tells why a file cannot be written.
+void showFileError(ModuleState& state, const std::string& path, const FileError& error);
+
+} // namespace zb
