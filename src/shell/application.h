@@ -1,0 +1,82 @@
+#pragma once
+
+#include "build/build_commands.h"
+#include "editor/frm_find.h"
+#include "editor/frm_sec_editor.h"
+#include "messages/module_state.h"
+#include "messages/project_commands.h"
+#include "modeler/frm_tr_modeler.h"
+#include "platform/stores/desktop.h"
+#include "shell/frm_main.h"
+#include "shell/frm_new_project.h"
+#include "shell/project_lifecycle.h"
+#include "shell/small_dialogs.h"
+
+#include <string>
+
+namespace zb {
+
+/// The folders that a program takes for its own.
+struct ApplicationFolders {
+    std::string application; ///< where dialogs start while no project is open
+    std::string state;       ///< where previous versions of projects are kept; empty keeps none
+};
+
+/// The desktop comes into being before all that lies on it.
+struct DesktopOfProgram {
+    explicit DesktopOfProgram(Screen& screen) : programDesktop(screen) {}
+    Desktop programDesktop;
+};
+
+/// One running program: it owns one of everything. Any number can live side by side.
+class Application final : private DesktopOfProgram, public ModuleState, private ProjectCommands {
+public:
+    Application(Screen& screen, SettingsStore& settingsOfProgram, FileLayer& filesOfProgram,
+                Generator& generator, ApplicationFolders folders);
+
+    /// Loads the main window: takes a project from the command line, else the recent one, else none.
+    void start(const std::string& commandLine);
+    /// Whether the main window has been closed.
+    bool ended() const { return ended_; }
+    const ApplicationFolders& folders() const { return folders_; }
+    /// The code page of the settings, else of the locale; to be called again when the setting has changed.
+    void loadCodePage();
+
+    void showEditor();
+    void showModeler();
+
+    zb::frmMain frmMain;
+    zb::frmSECSEditor frmSECSEditor;
+    zb::frmFind frmFind;
+    zb::frmTRModeler frmTRModeler;
+    zb::frmNewProject frmNewProject;
+    zb::frmOption frmOption;
+    zb::frmResult frmResult;
+    zb::frmAbout frmAbout;
+
+    ProjectLifecycle projects;
+    BuildCommands builds;
+
+private:
+    void openStartedProject();
+    void exit();
+
+    void commandNew(Window& over) override;
+    void commandOpen(Window& over) override;
+    void commandSave(Window& over) override;
+    void commandSaveAs(Window& over) override;
+    void commandExit() override;
+    void commandBuildSmd(Window& over) override;
+    void commandBuildTmd(Window& over) override;
+    void commandBuildPlugIn(Window& over) override;
+    void commandOption(Window& over) override;
+    void commandEditor(Window& over) override;
+    void commandModeler(Window& over) override;
+    void commandAbout(Window& over) override;
+
+    Generator& generator_;
+    ApplicationFolders folders_;
+    bool ended_ = false;
+};
+
+} // namespace zb

@@ -1,0 +1,118 @@
+#include "shell/frm_main.h"
+
+#include "platform/stores/desktop.h"
+#include "platform/text.h"
+
+#include <array>
+#include <utility>
+
+namespace zb {
+
+namespace {
+
+constexpr std::array<std::string_view, 7> kProjectButtons{"Save",      "Print",  "SMD",    "TMD",
+                                                          "DriverGen", "Editor", "Modeler"};
+
+} // namespace
+
+frmMain::frmMain(ModuleState& state, ProjectCommands& commands)
+    : Window(state.desktop, "frmMain"), state_(state) {
+    setCaption(std::string(kApplicationTitle));
+    wireMenus(commands);
+    buildToolbar();
+    for (const char* panel : {"ProjectName", "Status", "ProjectType", "SECSLibrary"})
+        stbMain.addPanel(panel);
+}
+
+void frmMain::wireMenus(ProjectCommands& commands) {
+    mnuProject.onOpen = [this] {
+        if (!isBlank(state_.ProjectName))
+            return;
+        for (MenuEntry* entry : {&mnuSave, &mnuSaveAs, &mnuPrint})
+            entry->setEnabled(false);
+    };
+    runBusy(mnuNew, &ProjectCommands::commandNew, commands);
+    runBusy(mnuOpen, &ProjectCommands::commandOpen, commands);
+    mnuSave.onClick = [this, &commands] { commands.commandSave(*this); };
+    mnuSaveAs.onClick = [this, &commands] { commands.commandSaveAs(*this); };
+    mnuExit.onClick = [&commands] { commands.commandExit(); };
+    runBusy(mnuSMD, &ProjectCommands::commandBuildSmd, commands);
+    runBusy(mnuTMD, &ProjectCommands::commandBuildTmd, commands);
+    runBusy(mnuBuildZeltoPlugIn, &ProjectCommands::commandBuildPlugIn, commands);
+    runBusy(mnuOption, &ProjectCommands::commandOption, commands);
+    runBusy(mnuEditor, &ProjectCommands::commandEditor, commands);
+    runBusy(mnuModeler, &ProjectCommands::commandModeler, commands);
+    mnuAbout.onClick = [this, &commands] { commands.commandAbout(*this); };
+    mnuNew.setShortcut("Ctrl+N");
+    mnuOpen.setShortcut("Ctrl+O");
+    mnuSave.setShortcut("Ctrl+S");
+    mnuPrint.withSeparatorAbove();
+    mnuExit.withSeparatorAbove();
+}
+
+void frmMain::runBusy(MenuEntry& entry, void (ProjectCommands::*command)(Window&),
+                      ProjectCommands& commands) {
+    entry.onClick = [this, command, &commands] {
+        const BusyPointer busy(*this);
+        (commands.*command)(*this);
+    };
+}
+
+void frmMain::buildToolbar() {
+    const std::array<std::pair<const char*, MenuEntry*>, 9> buttons{{
+        {"New", &mnuNew},
+        {"Open", &mnuOpen},
+        {"Save", &mnuSave},
+        {"Print", &mnuPrint},
+        {"SMD", &mnuSMD},
+        {"TMD", &mnuTMD},
+        {"DriverGen", &mnuBuildZeltoPlugIn},
+        {"Editor", &mnuEditor},
+        {"Modeler", &mnuModeler},
+    }};
+    for (const auto& [key, entry] : buttons)
+        tbrMain.addButton(key, std::string(before(entry->caption(), "(")));
+    tbrMain.onButtonClick = [buttons](ToolbarButton& pressed) {
+        for (const auto& [key, entry] : buttons) {
+            if (pressed.key() == key)
+                return fire(entry->onClick);
+        }
+    };
+}
+
+void frmMain::disableProjectButtons() {
+    for (const std::string_view key : kProjectButtons)
+        tbrMain.button(key).setEnabled(false);
+    tbrMain.button("Editor").setValue(0);
+}
+
+void frmMain::enableProjectButtons() {
+    for (const std::string_view key : kProjectButtons)
+        tbrMain.button(key).setEnabled(true);
+}
+
+void frmMain::showEditorState() {
+    tbrMain.button("Editor").setValue(1);
+    tbrMain.button("SMD").setEnabled(true);
+    tbrMain.button("Modeler").setValue(0);
+    tbrMain.button("TMD").setEnabled(false);
+}
+
+void frmMain::showModelerState() {
+    tbrMain.button("Editor").setValue(0);
+    tbrMain.button("SMD").setEnabled(false);
+    tbrMain.button("Modeler").setValue(1);
+    tbrMain.button("TMD").setEnabled(true);
+}
+
+void frmMain::updateProjectPanels() {
+    stbMain.setText("ProjectName", state_.ProjectName);
+    stbMain.setText("Status", state_.ProjectPath);
+    stbMain.setText("ProjectType", state_.ProjectType == 1 ? "Host" : "Equipment");
+}
+
+void frmMain::setLibraryPanel(std::string_view library) {
+    stbMain.setText("SECSLibrary", library);
+}
+
+} // namespace zb

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "messages/module_state.h"
+#include "messages/project_commands.h"
+#include "platform/stores/bars.h"
+#include "platform/stores/menu.h"
+#include "platform/stores/window.h"
+
+#include <functional>
+
+namespace zb {
+
+/// The main window: which commands are live, and what the status bar shows.
+class frmMain final : public Window {
+public:
+    frmMain(ModuleState& state, ProjectCommands& commands);
+
+    /// Only New and Open work.
+    void disableProjectButtons();
+    /// A project is open.
+    void enableProjectButtons();
+    void showEditorState();
+    void showModelerState();
+    /// Writes the panels of the project from the project's state.
+    void updateProjectPanels();
+    void setLibraryPanel(std::string_view library);
+
+    /// Closes the program unless the user keeps it open.
+    std::function<void()> onClose;
+    void closeByFrame() override { fire(onClose); }
+
+    MenuEntry mnuProject{*this, "mnuProject", "Project(&P)"};
+    MenuEntry mnuNew{*this, "mnuNew", "New(&N)", &mnuProject};
+    MenuEntry mnuOpen{*this, "mnuOpen", "Open(&O)", &mnuProject};
+    MenuEntry mnuSave{*this, "mnuSave", "Save(&S)", &mnuProject};
+    MenuEntry mnuSaveAs{*this, "mnuSaveAs", "SaveAs(&E)", &mnuProject};
+    MenuEntry mnuPrint{*this, "mnuPrint", "Print(&P)", &mnuProject};
+    MenuEntry mnuExit{*this, "mnuExit", "Exit(&X)", &mnuProject};
+    MenuEntry mnuBuild{*this, "mnuBuild", "Build(&B)"};
+    MenuEntry mnuSMD{*this, "mnuSMD", "SECS Message Definitions(&S)", &mnuBuild};
+    MenuEntry mnuTMD{*this, "mnuTMD", "Transaction Modeling Definitions(&T)", &mnuBuild};
+    MenuEntry mnuBuildZeltoPlugIn{*this, "mnuBuildZeltoPlugIn", "ZeltoDriver Interface PlugIn(&P)",
+                                  &mnuBuild};
+    MenuEntry mnuTools{*this, "mnuTools", "Tools(&T)"};
+    MenuEntry mnuOption{*this, "mnuOption", "Option(&O)", &mnuTools};
+    MenuEntry mnuWindow{*this, "mnuWindow", "Window(&W)"};
+    MenuEntry mnuEditor{*this, "mnuEditor", "SECSEditor(&E)", &mnuWindow};
+    MenuEntry mnuModeler{*this, "mnuModeler", "TRModeler(&M)", &mnuWindow};
+    MenuEntry mnuHelp{*this, "mnuHelp", "Help(&H)"};
+    MenuEntry mnuAbout{*this, "mnuAbout", "About(&A)", &mnuHelp};
+    Toolbar tbrMain{*this, "tbrMain"};
+    StatusBar stbMain{*this, "stbMain"};
+
+private:
+    void buildToolbar();
+    void wireMenus(ProjectCommands& commands);
+    void runBusy(MenuEntry& entry, void (ProjectCommands::*command)(Window&), ProjectCommands& commands);
+
+    ModuleState& state_;
+};
+
+} // namespace zb

@@ -1,0 +1,65 @@
+#include "platform/stores/desktop.h"
+#include "platform/text.h"
+#include "shell/application.h"
+#include "shell/option_settings.h"
+#include "shell/project_files.h"
+#include "shell/project_lifecycle.h"
+
+namespace zb {
+
+bool ProjectLifecycle::openProject(const std::string& path) {
+    if (isBlank(path) && !askWhatToOpen())
+        return false;
+    makeProjectFolders(app_);
+    readProjectType(app_, app_.projectFilePath());
+    app_.frmMain.updateProjectPanels();
+    app_.frmSECSEditor.openEditorProject();
+    app_.frmTRModeler.openModelerProject();
+    return true;
+}
+
+bool ProjectLifecycle::askWhatToOpen() {
+    if (askToSave() == Goes::Nowhere)
+        return false;
+    const bool projectIsOpen = !isBlank(app_.ProjectName);
+    const std::string path =
+        app_.desktop.pickFile({"Open Project", "Zeltobench Project File(*.zbp)|*.zbp", "zbp",
+                               projectIsOpen ? app_.ProjectPath : app_.folders().application});
+    if (isBlank(path))
+        return false;
+    auto [folder, name] = splitProjectPath(path);
+    app_.ProjectName = std::move(name);
+    app_.ProjectPath = std::move(folder);
+    return true;
+}
+
+bool ProjectLifecycle::parseProjectPath(std::string path) {
+    if (path.empty())
+        return false;
+    if (path.front() == '"') {
+        path.erase(0, 1);
+        if (path.ends_with('"'))
+            path.pop_back();
+    }
+    const auto warn = [&](std::string text) {
+        app_.desktop.showBox(
+            {std::move(text), "Open Zeltobench Project", BoxIcon::Exclamation, BoxButtons::OK});
+    };
+    if (!path.ends_with("zbp")) {
+        warn("Invalid Zeltobench project file(" + path + ")");
+        return false;
+    }
+    auto [folder, name] = splitProjectPath(path);
+    if (isFile(joinPath(folder, name + ".zbp"))) {
+        app_.ProjectName = std::move(name);
+        app_.ProjectPath = std::move(folder);
+        return true;
+    }
+    warn("Cannot find project file(" + path + "),\r\ntherefore Zeltobench opens a blank project!");
+    writeSetting(app_.settings, kRecentProject, "");
+    app_.ProjectName.clear();
+    app_.ProjectPath.clear();
+    return false;
+}
+
+} // namespace zb

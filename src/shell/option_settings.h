@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zb {
+
+class SettingsStore;
+
+/// Names of the machine-wide settings.
+inline constexpr std::string_view kRecentProject = "RecentProject";
+inline constexpr std::string_view kSrcGen = "SRCGen";
+inline constexpr std::string_view kPlugInType = "PlugInType";
+inline constexpr std::string_view kAnsiCodePage = "AnsiCodePage";
+/// A per-user option, which the program only reads.
+inline constexpr std::string_view kMessageFormat = "MessageFormat";
+
+/// The mark of Yes in `SRCGen`; any other text counts as No.
+inline constexpr std::string_view kGenerateSource = "73";
+inline constexpr std::string_view kGenerateNoSource = "0";
+
+/// A setting without blanks around it; "" when it was never written.
+std::string readSetting(const SettingsStore& settings, std::string_view name);
+/// Fails silently.
+void writeSetting(SettingsStore& settings, std::string_view name, std::string_view value);
+
+/// Gives `SRCGen` and `PlugInType` their defaults, "0" and "1", where they have no value.
+void loadOptionDefaults(SettingsStore& settings);
+/// Full path of the last saved project.
+std::string getRecentProject(const SettingsStore& settings);
+
+} // namespace zb

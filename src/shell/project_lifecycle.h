@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+namespace zb {
+
+class Application;
+
+/// The project commands: what New, Open, Save, Save As and Exit do, whichever window they come from. Each
+/// lies in a file of its name.
+class ProjectLifecycle {
+public:
+    explicit ProjectLifecycle(Application& application) : app_(application) {}
+
+    /// True when a project was made. After a cancel no project has a name any more, though its messages stay.
+    bool newProject();
+
+    /// With a blank path it asks for one. True when a project was opened.
+    bool openProject(const std::string& path = {});
+    /// Takes a path from a command line or from the settings. True when `ProjectName` and `ProjectPath` were
+    /// set from it and the file exists.
+    bool parseProjectPath(std::string path);
+
+    /// The file is replaced in one step when all sections are written, or left as it was. False when it could
+    /// not be written.
+    bool saveProject();
+    void saveProjectAs();
+
+    enum class Exit { Leave, Stay };
+    Exit confirmExit();
+
+private:
+    enum class Goes { On, Nowhere };
+    /// "Do you want to save current project"; Yes saves, and a failed save goes on with the command.
+    Goes askToSave();
+    bool askWhatToOpen();
+
+    Application& app_;
+};
+
+} // namespace zb

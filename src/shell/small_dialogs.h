@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/stores/simple_controls.h"
+#include "platform/stores/text_field.h"
+#include "platform/stores/window.h"
+
+#include <string>
+#include <string_view>
+
+namespace zb {
+
+class SettingsStore;
+
+/// Whether source is generated, and what kind of driver plug-in the generator makes.
+class frmOption final : public Window {
+public:
+    frmOption(Desktop& desktop, SettingsStore& settings);
+
+    /// Runs modally. The kind of plug-in opens on ".NET(C#) Component", whatever is stored.
+    void request();
+
+    Pane fraGenSource{*this, "fraGenSource", "Generate Source"};
+    OptionGroup sourceChoices;
+    Option optSrcGen1{*this, "optSrcGen[1]", "Yes", sourceChoices, &fraGenSource};
+    Option optSrcGen2{*this, "optSrcGen[2]", "No", sourceChoices, &fraGenSource};
+    Pane fraDriverType{*this, "fraDriverType", "ZeltoPluIn Type"};
+    OptionGroup plugInTypes;
+    Option optZeltoPlugInType1{*this, "optZeltoPlugInType[1]", "ActiveX Dll", plugInTypes, &fraDriverType};
+    Option optZeltoPlugInType2{*this, "optZeltoPlugInType[2]", "ActiveX Control", plugInTypes,
+                               &fraDriverType};
+    Option optZeltoPlugInType3{*this, "optZeltoPlugInType[3]", "ActiveX Exe", plugInTypes, &fraDriverType};
+    Option optZeltoPlugInType4{*this, "optZeltoPlugInType[4]", "Java Component", plugInTypes, &fraDriverType};
+    Option optZeltoPlugInType5{*this, "optZeltoPlugInType[5]", ".NET(C#) Component", plugInTypes,
+                               &fraDriverType};
+    Button cmdSave{*this, "cmdSave", "&Save"};
+    Button cmdCancel{*this, "cmdCancel", "&Cancel"};
+
+private:
+    void save();
+
+    SettingsStore& settings_;
+};
+
+/// Shows the text that the generator gave back. It lives on between builds.
+class frmResult final : public Window {
+public:
+    explicit frmResult(Desktop& desktop);
+
+    void clearOldData();
+    /// Appends the text and CR LF.
+    void addErrorMsg(const std::string& message);
+
+    TextField rtbResult{*this, "rtbResult", nullptr, TextField::Lines::Many};
+    Button cmdOK{*this, "cmdOK", "&OK"};
+};
+
+/// The program's title, version and a legal notice.
+class frmAbout final : public Window {
+public:
+    explicit frmAbout(Desktop& desktop);
+
+    Label lblTitle{*this, "lblTitle"};
+    Label lblVersion{*this, "lblVersion"};
+    Label lblDescription{*this, "lblDescription"};
+    Label lblDisclaimer{*this, "lblDisclaimer"};
+    Button cmdOK{*this, "cmdOK", "OK"};
+    Button cmdSysInfo{*this, "cmdSysInfo", "&System Info..."};
+};
+
+} // namespace zb
