@@ -1,0 +1,50 @@
+#include "bench/generated_project.h"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <fstream>
+
+namespace zb::bench {
+
+std::string messageName(std::size_t number) {
+    return "Message" + std::to_string(number);
+}
+
+std::string projectText(std::size_t messages) {
+    std::string text = "\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n";
+    for (std::size_t number = 1; number <= messages; ++number) {
+        const std::string stream = std::to_string(number % 20 + 1);
+        const std::string function = std::to_string(number % 120 * 2 + 1);
+        text += "* Report " + std::to_string(number) + " of the equipment\r\n";
+        text += messageName(number) + ": S" + stream + " F" + function + " W H<-E\r\n";
+        text += "    U4 1 DATAID 0\r\n    U4 1 CEID " + std::to_string(number) + "\r\n    L 3\r\n";
+        for (int report = 1; report <= 3; ++report) {
+            const std::string suffix = std::to_string(report);
+            text += "        L 5\r\n            U4 1 RPTID" + suffix + " " + suffix + "\r\n";
+            text += "            A 16V PPID" + suffix + " 'RECIPE-1'\r\n            F4 1 PRESSURE" + suffix +
+                    " 12.5\r\n";
+            text +=
+                "            BOOLEAN 1 DOOR" + suffix + " True\r\n            U2 3 SLOTS" + suffix + " 1 2 3";
+            text += "\r\n";
+        }
+        text += "    A 6 MDLN 'HLVFAB'.\r\n";
+    }
+    return text;
+}
+
+std::size_t peakMemory() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
+}
+
+std::size_t currentMemory() {
+    std::ifstream statm("/proc/self/statm");
+    std::size_t total = 0;
+    std::size_t resident = 0;
+    statm >> total >> resident;
+    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+} // namespace zb::bench
