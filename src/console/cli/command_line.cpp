@@ -1,7 +1,9 @@
 #include "console/cli/command_line.h"
 
+#include "console/cli/add_verb.h"
 #include "console/cli/build_verb.h"
 #include "console/cli/check_verb.h"
+#include "console/cli/convert_verb.h"
 #include "console/cli/history_verb.h"
 #include "console/cli/list_verb.h"
 #include "console/cli/script_verb.h"
@@ -49,6 +51,8 @@ std::vector<std::unique_ptr<Verb>> makeVerbs() {
     verbs.push_back(std::make_unique<BuildVerb>());
     verbs.push_back(std::make_unique<CheckVerb>());
     verbs.push_back(std::make_unique<ListVerb>());
+    verbs.push_back(std::make_unique<ConvertVerb>());
+    verbs.push_back(std::make_unique<AddVerb>());
     verbs.push_back(std::make_unique<HistoryVerb>());
     verbs.push_back(std::make_unique<ScriptVerb>());
     return verbs;

@@ -1,7 +1,6 @@
 #include "console/cli/list_verb.h"
 
-#include "console/cli/loaded_project.h"
-#include "messages/message_record.h"
+#include "console/cli/message_source.h"
 #include "platform/text.h"
 
 #include <CLI/CLI.hpp>
@@ -15,60 +14,29 @@ namespace zb {
 
 namespace {
 
-struct ListedMessage {
-    SECSMessageRecord record;
-    long long items = 0;
-};
-
-/// All nodes below, lists included, without recursion, for trees of any depth.
-long long countBelow(const Node& root) {
-    long long count = 0;
-    const Node* node = root.child();
-    while (node != nullptr) {
-        ++count;
-        if (node->child() != nullptr) {
-            node = node->child();
-            continue;
-        }
-        while (node != &root && node->next() == nullptr)
-            node = node->parent();
-        node = node == &root ? nullptr : node->next();
-    }
-    return count;
-}
-
-std::vector<ListedMessage> messagesOf(const NodeTree& tree) {
-    std::vector<ListedMessage> messages;
-    for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next()) {
-        if (!isMessageNode(*node))
-            continue;
-        ListedMessage& message = messages.emplace_back();
-        const Node* description = node->previous();
-        message.record.parseNodeText(node->text(),
-                                     description == nullptr ? std::string() : description->text());
-        message.items = countBelow(*node);
-    }
-    return messages;
-}
-
 using Row = std::array<std::string, 6>;
 
-Row rowOf(const ListedMessage& message) {
-    const SECSMessageRecord& record = message.record;
+/// All items of a message, lists included.
+std::size_t itemCount(const SECSMessageRecord& record) {
+    const std::string body = record.getBodyText();
+    return static_cast<std::size_t>(std::count(body.begin(), body.end(), '\n'));
+}
+
+Row rowOf(const SECSMessageRecord& record) {
     return {record.getName(),
             "S" + record.getStreamText() + "F" + record.getFunctionText(),
             record.getWait() ? "W" : "-",
             record.getDirection(),
-            std::to_string(message.items),
+            std::to_string(itemCount(record)),
             record.getDescription()};
 }
 
 /// Columns are as wide as their longest text; nothing stands behind the last one.
-void printTable(std::ostream& out, const std::vector<ListedMessage>& messages) {
+void printTable(std::ostream& out, const SECSLibraryStore::Records& messages) {
     std::vector<Row> rows;
     std::array<std::size_t, 6> widths{};
-    for (const ListedMessage& message : messages) {
-        const Row& row = rows.emplace_back(rowOf(message));
+    for (const SECSMessageRecord* message : messages) {
+        const Row& row = rows.emplace_back(rowOf(*message));
         for (std::size_t i = 0; i < row.size(); ++i)
             widths[i] = std::max(widths[i], codePointCount(row[i]));
     }
@@ -80,9 +48,9 @@ void printTable(std::ostream& out, const std::vector<ListedMessage>& messages) {
     }
 }
 
-void printJson(std::ostream& out, const std::vector<ListedMessage>& messages) {
-    for (const ListedMessage& message : messages) {
-        const SECSMessageRecord& record = message.record;
+void printJson(std::ostream& out, const SECSLibraryStore::Records& messages) {
+    for (const SECSMessageRecord* message : messages) {
+        const SECSMessageRecord& record = *message;
         const nlohmann::ordered_json line{{"name", record.getName()},
                                           {"stream", record.getStream()},
                                           {"function", record.getFunction()},
@@ -90,7 +58,7 @@ void printJson(std::ostream& out, const std::vector<ListedMessage>& messages) {
                                           {"reply", record.getReply()},
                                           {"nologging", record.getNoLogging()},
                                           {"direction", record.getDirection()},
-                                          {"items", message.items},
+                                          {"items", itemCount(record)},
                                           {"description", record.getDescription()}};
         out << line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
     }
@@ -105,20 +73,20 @@ std::string ListVerb::example() const {
 }
 
 void ListVerb::declare(CLI::App& app) {
-    app.add_option("PROJECT", project_, "The project file, *.zbp")->type_name("FILE")->required();
+    app.add_option("PROJECT", source_, "A project *.zbp, a library *.smd, *.mdf or *.sml, or gem or semi")
+        ->type_name("FILE")
+        ->required();
     app.add_flag("--json", json_, "One JSON object a message");
 }
 
 int ListVerb::run(ConsoleStreams streams) {
-    LoadedProject project;
-    if (const int status = project.load(project_, streams); status != kExitDone)
-        return status;
-    const auto messages = messagesOf(project.tree);
+    MessageSource source;
+    const int status = source.load(source_, streams);
     if (json_)
-        printJson(streams.out, messages);
+        printJson(streams.out, source.messages());
     else
-        printTable(streams.out, messages);
-    return kExitDone;
+        printTable(streams.out, source.messages());
+    return status;
 }
 
 } // namespace zb

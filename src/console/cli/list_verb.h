@@ -6,17 +6,17 @@
 
 namespace zb {
 
-/// `zbc list PROJECT.zbp [--json]`
+/// `zbc list FILE|gem|semi [--json]`
 class ListVerb final : public Verb {
 public:
     std::string name() const override { return "list"; }
-    std::string summary() const override { return "List the messages of a project"; }
+    std::string summary() const override { return "List the messages of a project or library"; }
     std::string example() const override;
     void declare(CLI::App& app) override;
     int run(ConsoleStreams streams) override;
 
 private:
-    std::string project_;
+    std::string source_;
     bool json_ = false;
 };
 

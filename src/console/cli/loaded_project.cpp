@@ -51,11 +51,16 @@ int LoadedProject::load(const std::string& path, ConsoleStreams streams) {
         streams.err << path << ": not a project file: " << fault << '\n';
         return kExitFault;
     }
-    const SettingsStore settings(settingsFolder());
-    codePage = chooseCodePage(settings.readRegValue(kSettingsKey, "AnsiCodePage"), localeName());
+    codePage = codePageOfUser();
+    text = project.text;
     NoEditorPane pane;
     readSmdText(tree, project.text, pane);
     return kExitDone;
+}
+
+CodePage codePageOfUser() {
+    const SettingsStore settings(settingsFolder());
+    return chooseCodePage(settings.readRegValue(kSettingsKey, "AnsiCodePage"), localeName());
 }
 
 bool isMessageNode(const Node& node) {

@@ -1,0 +1,168 @@
+#include "console/cli/command_line.h"
+#include "console/script/work_folder.h"
+#include "platform/code_page.h"
+#include "platform/text_file.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace zb {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+    int status = 0;
+    std::string out;
+    std::string err;
+};
+
+/// A folder with a project, a library of each format, and settings of its own.
+class LibraryVerbs : public testing::Test {
+protected:
+    LibraryVerbs() {
+        setenv("ZELTOBENCH_CONFIG", (folder_.path() / "config").c_str(), 1);
+        write("demo.sml", "// Are you there\nAlive: S1F1 W.\nS1F2 <L <A[6] MDLN> <A 'V1'> // SOFTREV\n>.\n");
+        write("faulty.sml", "S1F1 W.\nS1F3 <U1 256>.\nS6F12 W <B 0>.\n");
+        write("P.zbp",
+              encodeUtf16("\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n* Mine\r\n"
+                          "IAmHere: S1 F2 H->E.\r\n## [EDIT MDL]\r\nkept as it is\r\n"));
+    }
+    ~LibraryVerbs() override { unsetenv("ZELTOBENCH_CONFIG"); }
+
+    std::string path(const std::string& name) const { return (folder_.path() / name).string(); }
+    void write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(path(name), std::ios::binary) << bytes;
+    }
+    std::string read(const std::string& name) const {
+        return decodeText(readBytes(path(name)).value(), CodePage(1252));
+    }
+
+    static Outcome run(const std::vector<std::string>& arguments) {
+        std::ostringstream out;
+        std::ostringstream err;
+        const int status = runConsole(arguments, {out, err});
+        return {status, out.str(), err.str()};
+    }
+    static void expect(const std::vector<std::string>& arguments, int status, const std::string& out,
+                       const std::string& err) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, status);
+        EXPECT_EQ(outcome.out, out);
+        EXPECT_EQ(outcome.err, err);
+    }
+
+    WorkFolder folder_;
+};
+
+TEST_F(LibraryVerbs, ListsBuiltInLibraries) {
+    const Outcome gem = run({"list", "gem"});
+    EXPECT_EQ(gem.status, 0);
+    EXPECT_EQ(gem.err, "");
+    EXPECT_EQ(std::count(gem.out.begin(), gem.out.end(), '\n'), 93);
+    EXPECT_EQ(gem.out.substr(0, gem.out.find('\n')),
+              "AreYouThere      S1F1    W  H<->E  0   Are You There Request");
+    const Outcome semi = run({"list", "semi"});
+    EXPECT_EQ(std::count(semi.out.begin(), semi.out.end(), '\n'), 357);
+}
+
+TEST_F(LibraryVerbs, ListsLibraryFiles) {
+    const std::string listed = "Alive  S1F1  W  H<->E  0  Are you there\nS1F2   S1F2  -  H<->E  3\n";
+    expect({"list", path("demo.sml")}, 0, listed, "");
+    run({"convert", path("demo.sml"), path("demo.smd")});
+    expect({"list", path("demo.smd")}, 0, listed, "");
+    run({"convert", path("demo.sml"), path("demo.mdf")});
+    expect({"list", path("demo.mdf")}, 0, listed, "");
+}
+
+TEST_F(LibraryVerbs, TellsWhatIsWrongWithALibrary) {
+    const std::string file = path("faulty.sml");
+    expect({"list", file}, 1, "S1F1   S1F1   W  H<->E  0\nS6F12  S6F12  W  H<->E  1\n",
+           file + ":2:10: expected a whole number from 0 to 255, found \"256\"\n" + file +
+               ":3:1: warning: W stands on an even function, which is a reply\n");
+    write("empty.sml", "");
+    expect({"list", path("empty.sml")}, 1, "",
+           path("empty.sml") + ": not a message library: no message could be read\n");
+    EXPECT_EQ(run({"list", path("none.smd")}).status, 3);
+}
+
+TEST_F(LibraryVerbs, ConvertsBetweenAllFormats) {
+    expect({"convert", path("demo.sml"), path("a.smd")}, 0, path("a.smd") + ": 2 messages\n", "");
+    const std::string banner = std::string(70, '*') + "\r\n";
+    const std::string smd =
+        banner + "* Are you there\r\n" + banner + "Alive: S1 F1 W H<->E.\r\n" + banner + "* \r\n" + banner +
+        "S1F2: S1 F2 H<->E\r\n    <L 2\r\n        <A 6 MDLN ''>\r\n        <A 2 SOFTREV 'V1'>\r\n"
+        "    >.\r\n";
+    EXPECT_EQ(read("a.smd"), smd);
+    std::string last = "a.smd";
+    for (const std::string next : {"b.mdf", "c.zbp", "d.sml", "e.mdf", "f.smd"}) {
+        expect({"convert", path(last), path(next)}, 0, path(next) + ": 2 messages\n", "");
+        last = next;
+    }
+    EXPECT_EQ(read("f.smd"), smd);
+    EXPECT_EQ(decodeProject(readBytes(path("c.zbp")).value()).text,
+              "\r\n###[PROJECT INFORMATION]\r\nProjectType=1\r\n## [EDIT SMD]\r\n* Are you there\r\nAlive: "
+              "S1 F1 W H<->E.\r\n"
+              "* \r\nS1F2: S1 F2 H<->E\r\n    L 2\r\n        A 6 MDLN ''\r\n        A 2 SOFTREV 'V1'.\r\n");
+}
+
+TEST_F(LibraryVerbs, ConvertsASelection) {
+    expect({"convert", "semi", path("a.smd"), "--messages", "s1f13,S6F11,OnLineData"}, 0,
+           path("a.smd") + ": 4 messages\n", "");
+    EXPECT_EQ(run({"list", path("a.smd")}).out.substr(0, 10), "OnLineData");
+    expect({"convert", "gem", path("b.smd"), "--messages", "S99F1"}, 1, "",
+           "gem: S99F1: there is no such message\n");
+    EXPECT_FALSE(fs::exists(path("b.smd")));
+}
+
+TEST_F(LibraryVerbs, ConvertWritesWhatCouldBeReadAndTellsTheRest) {
+    const std::string file = path("faulty.sml");
+    expect({"convert", file, path("a.smd")}, 1, path("a.smd") + ": 2 messages\n",
+           file + ":2:10: expected a whole number from 0 to 255, found \"256\"\n" + file +
+               ":3:1: warning: W stands on an even function, which is a reply\n");
+}
+
+TEST_F(LibraryVerbs, ConvertRefusesWhatItCannotWrite) {
+    expect({"convert", "gem", path("a.txt")}, 2, "",
+           "zbc: " + path("a.txt") + " does not end in .zbp, .smd, .mdf or .sml (see zbc --help)\n");
+    expect({"convert", "gem", path("P.zbp")}, 1, "",
+           path("P.zbp") + ": is there already: zbc add puts messages into a project\n");
+    EXPECT_EQ(run({"convert", "gem", path("none/a.smd")}).status, 3);
+}
+
+TEST_F(LibraryVerbs, AddPutsMessagesWithTheirRepliesIntoAProject) {
+    expect({"add", path("P.zbp"), path("demo.sml"), "Alive"}, 0, "Alive\nS1F2\n", "");
+    EXPECT_EQ(
+        decodeProject(readBytes(path("P.zbp")).value()).text,
+        "\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n* Mine\r\nIAmHere: S1 F2 H->E.\r\n"
+        "* Are you there\r\nAlive: S1 F1 W H<->E.\r\n* \r\nS1F2: S1 F2 H<->E\r\n    L 2\r\n        A 6 MDLN "
+        "''\r\n"
+        "        A 2 SOFTREV 'V1'.\r\n## [EDIT MDL]\r\nkept as it is\r\n");
+}
+
+TEST_F(LibraryVerbs, AddTellsADuplicateOnlyOfWhatWasNamed) {
+    expect({"add", path("P.zbp"), "semi", "S1F1"}, 0, "AreYouThere\nOnLineData\n", "");
+    expect({"add", path("P.zbp"), "semi", "areyouthere", "S1F3"}, 1, "S1F3\nS1F4\n",
+           path("P.zbp") + ": AreYouThere already exists.\n");
+}
+
+TEST_F(LibraryVerbs, AddTakesNothingWhenANameIsUnknown) {
+    const std::string before = readBytes(path("P.zbp")).value();
+    expect({"add", path("P.zbp"), "gem", "S1F3", "Nobody"}, 1, "", "gem: Nobody: there is no such message\n");
+    EXPECT_EQ(readBytes(path("P.zbp")).value(), before);
+}
+
+TEST_F(LibraryVerbs, AProjectWithoutMessagesGetsTheirSection) {
+    write("New.zbp", encodeUtf16("\r\n###[PROJECT INFORMATION]\r\nProjectType=1\r\n"));
+    expect({"add", path("New.zbp"), "semi", "S1F16"}, 0, "S1F16\n", "");
+    EXPECT_EQ(
+        decodeProject(readBytes(path("New.zbp")).value()).text,
+        "\r\n###[PROJECT INFORMATION]\r\nProjectType=1\r\n## [EDIT SMD]\r\n* Request OFF-LINE Acknowledge\r\n"
+        "S1F16: S1 F16 H<-E\r\n    B 1 OFLACK 0.\r\n");
+}
+
+} // namespace
+} // namespace zb
