@@ -64,7 +64,7 @@ TEST_F(LibraryVerbs, ListsBuiltInLibraries) {
     EXPECT_EQ(gem.err, "");
     EXPECT_EQ(std::count(gem.out.begin(), gem.out.end(), '\n'), 93);
     EXPECT_EQ(gem.out.substr(0, gem.out.find('\n')),
-              "AreYouThere      S1F1    W  H<->E  0   Are You There Request");
+              "AreYouThere      S1F1    W  H<->E  0  Are You There Request");
     const Outcome semi = run({"list", "semi"});
     EXPECT_EQ(std::count(semi.out.begin(), semi.out.end(), '\n'), 357);
 }

@@ -1,0 +1,76 @@
+// Reading message libraries of 10,000 messages, some 10 MB: what opening one costs between the file dialog
+// and the list.
+#include "messages/library_store.h"
+#include "messages/smd_text.h"
+#include "messages/sml_text.h"
+#include "support/temporary_folder.h"
+
+#include <benchmark/benchmark.h>
+
+namespace zb::bench {
+namespace {
+
+/// Messages as manuals have them: a list of groups, with texts, numbers and bytes, some 1,000 bytes each.
+std::string libraryText(std::size_t messages) {
+    std::string text;
+    for (std::size_t i = 0; i < messages; ++i) {
+        const std::string number = std::to_string(i);
+        const std::string stream = std::to_string(i % 127 + 1);
+        text += "* Message number " + number + " of the list\r\nMessage" + number + ": S" + stream + " F" +
+                std::to_string(i % 127 * 2 + 1) + " W H->E\r\n    L 3\r\n        U4 1 DATAID " + number +
+                "\r\n        A 20V LOTID 'Lot-" + number + "'\r\n        L 6\r\n";
+        for (std::size_t group = 0; group < 6; ++group) {
+            const std::string suffix = std::to_string(group);
+            text += "            L 4\r\n                U2 1 RPTID" + suffix + " " + number.substr(0, 4) +
+                    "\r\n                A 16 PPID" + suffix + " 'Recipe of step " + suffix +
+                    "'\r\n                B 3 STATE" + suffix + " 0 31 255\r\n                F4 3 VALUE" +
+                    suffix + " 1.5 -2.25 1E+03" + (group == 5 ? ".\r\n" : "\r\n");
+        }
+    }
+    return text;
+}
+
+/// A file of the format in a folder of its own.
+struct LibraryFile {
+    LibraryFile(std::int64_t messages, int format) {
+        SECSLibraryStore store{CodePage(1252)};
+        store.load(libraryText(static_cast<std::size_t>(messages)), kFormatGem);
+        const std::string text = format == kFormatSml ? composeSml(store.getMessages())
+                                                      : composeSmd(store.getMessages(), SmdForm::Build);
+        bytes = text.size();
+        test::writeFile(path, text);
+    }
+
+    test::TemporaryFolder folder;
+    std::filesystem::path path = folder / "library";
+    std::size_t bytes = 0;
+};
+
+void readLibrary(benchmark::State& state, int format) {
+    const LibraryFile file(state.range(0), format);
+    std::size_t messages = 0;
+    for (auto _ : state) {
+        SECSLibraryStore store{CodePage(1252)};
+        if (!store.load(file.path.string(), format).empty())
+            state.SkipWithError("the library is not read");
+        messages = store.getMessages().size();
+    }
+    if (messages != static_cast<std::size_t>(state.range(0)))
+        state.SkipWithError("messages are missing");
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(file.bytes));
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void ReadSmdLibrary(benchmark::State& state) {
+    readLibrary(state, kFormatSmd);
+}
+
+void ReadSmlLibrary(benchmark::State& state) {
+    readLibrary(state, kFormatSml);
+}
+
+BENCHMARK(ReadSmdLibrary)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReadSmlLibrary)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace zb::bench
