@@ -3,6 +3,7 @@
 #include "desktop/forms/forms.h"
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
+#include "editor/frm_find.h"
 #include "platform/stores/desktop.h"
 #include "platform/stores/menu.h"
 #include "platform/stores/window.h"
@@ -16,6 +17,7 @@
 #include <QMenuBar>
 #include <QProcess>
 #include <QScopeGuard>
+#include <QShortcut>
 #include <QStandardPaths>
 #include <QWindow>
 
@@ -83,6 +85,7 @@ WindowBinder& DesktopScreen::bind(Window& window) {
     place(window, frame, std::move(form));
     frame.binder = std::make_unique<WindowBinder>(window, shown, *binding_);
     finishForm(window, shown);
+    addSearchKey(window, shown);
     layout_.restore(shown);
     frame.binder->onChange = [this, &window] { follow(window); };
     follow(window);
@@ -195,6 +198,21 @@ void DesktopScreen::showMenus() {
     main_->menuBar()->clear();
     for (QAction* action : frames_.at(front).binder->menus().barActions())
         main_->menuBar()->addAction(action);
+}
+
+// F3 goes on with the search from either window; without one it asks what to look for.
+void DesktopScreen::addSearchKey(Window& window, QWidget& form) {
+    auto* find = dynamic_cast<frmFind*>(&window);
+    if (find == nullptr || main_ == nullptr)
+        return;
+    const auto search = [this, find] {
+        if (!find->visible())
+            find->showFind();
+        else if (binding_->hands.activate(*find).empty())
+            find->findNext();
+    };
+    for (QWidget* place : {static_cast<QWidget*>(main_.data()), &form})
+        connect(new QShortcut(Qt::Key_F3, place), &QShortcut::activated, &form, search);
 }
 
 void DesktopScreen::bringToFront(Window& window) {

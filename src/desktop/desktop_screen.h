@@ -66,6 +66,7 @@ private:
     void waitUntilSeen() const;
     void showPointer();
     void showMenus();
+    void addSearchKey(Window& window, QWidget& form);
     QWidget* parentForBoxes() const;
 
     Pictures pictures_;

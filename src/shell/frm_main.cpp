@@ -13,6 +13,12 @@ namespace {
 constexpr std::array<std::string_view, 7> kProjectButtons{"Save",      "Print",  "SMD",    "TMD",
                                                           "DriverGen", "Editor", "Modeler"};
 
+/// What the entry does, and the key that does it.
+std::string toolTipOf(const MenuEntry& entry) {
+    const std::string meaning(before(entry.caption(), "("));
+    return entry.shortcut().empty() ? meaning : meaning + " (" + entry.shortcut() + ")";
+}
+
 } // namespace
 
 frmMain::frmMain(ModuleState& state, ProjectCommands& commands)
@@ -71,7 +77,7 @@ void frmMain::buildToolbar() {
         {"Modeler", &mnuModeler},
     }};
     for (const auto& [key, entry] : buttons)
-        tbrMain.addButton(key, std::string(before(entry->caption(), "(")));
+        tbrMain.addButton(key, toolTipOf(*entry));
     tbrMain.onButtonClick = [buttons](ToolbarButton& pressed) {
         for (const auto& [key, entry] : buttons) {
             if (pressed.key() == key)
