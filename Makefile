@@ -24,6 +24,9 @@ test: build ## build and run every test
 bench: build ## measure open, walks, edits on generated projects
 	@scripts/bench $(BUILD)
 
+screenshots: build ## draw the pictures of the windows in docs/pictures
+	@scripts/screenshots $(BUILD)
+
 lint: setup ## formatting and static analysis; fails on any finding
 	@scripts/lint
 
@@ -36,4 +39,4 @@ asan: setup ## tests under the sanitizers, then a minute of each fuzzer
 clean: ## remove everything that was built
 	rm -rf out
 
-.PHONY: help setup build run test bench lint asan clean
+.PHONY: help setup build run test bench screenshots lint asan clean

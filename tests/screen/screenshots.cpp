@@ -6,17 +6,20 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QHash>
 #include <QMainWindow>
+#include <QTreeView>
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 
 namespace {
 
 using zb::test::ProgramOnScreen;
 
-constexpr int kColours = 256;
+constexpr int kColours = 48;
 
 // The colours that cover most of a picture: text is smoothed over few shades of few colours.
 QList<QRgb> mainColours(const QImage& picture) {
@@ -75,10 +78,31 @@ void selectSomething(zb::Application& application) {
     }
 }
 
+// A path that is the same wherever the pictures are drawn.
+const std::string kFolder = "/home/engineer/projects";
+
+void photographNewProject(ProgramOnScreen& program, Photographer& camera) {
+    zb::frmNewProject& dialog = program.application.frmNewProject;
+    const std::string real = std::filesystem::path(program.application.ProjectPath).parent_path().string();
+    dialog.drvProject.add("/ [system]");
+    dialog.drvProject.setText("/ [system]");
+    dialog.dirProject.setText(real);
+    dialog.txtLocation.setText(kFolder);
+    dialog.txtProjectName.setText("Etcher2");
+    dialog.show();
+    auto& folders = program.widget<QTreeView>(dialog, "dirProject");
+    const auto& model = dynamic_cast<const QFileSystemModel&>(*folders.model());
+    folders.setRootIndex(model.index(QString::fromStdString(real)));
+    camera.take(program.form(dialog), QStringLiteral("new-project"));
+    dialog.hide();
+}
+
 void photograph(ProgramOnScreen& program, Photographer& camera) {
     zb::Application& application = program.application;
     QMainWindow& main = *program.screen.mainWindow();
-    main.resize(1240, 760);
+    // At twice the scale a smaller window keeps the file small.
+    main.resize(main.devicePixelRatioF() > 1 ? QSize(1080, 600) : QSize(1240, 760));
+    application.frmMain.stbMain.setText("Status", kFolder + "/" + application.ProjectName);
     program.settle();
     selectSomething(application);
     camera.take(main, QStringLiteral("editor"));
@@ -86,10 +110,7 @@ void photograph(ProgramOnScreen& program, Photographer& camera) {
     application.frmFind.txtFindWhat.setText("S6F11");
     camera.take(program.form(application.frmFind), QStringLiteral("find"));
     application.frmFind.hide();
-    application.frmNewProject.txtLocation.setText(application.folders().application);
-    application.frmNewProject.dirProject.setText(application.folders().application);
-    application.frmNewProject.txtProjectName.setText("Etcher2");
-    camera.takeDialog(application.frmNewProject, QStringLiteral("new-project"));
+    photographNewProject(program, camera);
     camera.takeDialog(application.frmOption, QStringLiteral("option"));
     application.frmResult.addErrorMsg("Generated 42 classes for " + application.ProjectName);
     camera.takeDialog(application.frmResult, QStringLiteral("result"));
