@@ -16,7 +16,7 @@ using ::testing::IsEmpty;
 
 // Names in the forms that only hold others in their places.
 const std::set<std::string> kPlaces{"centralWidget", "mdiArea",    "menuBar",    "editorSplitter",
-                                    "treeColumn",    "paneColumn", "hiddenParts"};
+                                    "sourceColumn",  "treeColumn", "paneColumn", "hiddenParts"};
 
 bool isOurs(const QWidget& widget) {
     const std::string name = fromQt(widget.objectName());
