@@ -4,6 +4,7 @@
 #include "screen/support/program_on_screen.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 #include <QFileSystemModel>
@@ -92,7 +93,12 @@ void photographNewProject(ProgramOnScreen& program, Photographer& camera) {
     dialog.show();
     auto& folders = program.widget<QTreeView>(dialog, "dirProject");
     const auto& model = dynamic_cast<const QFileSystemModel&>(*folders.model());
-    folders.setRootIndex(model.index(QString::fromStdString(real)));
+    const QModelIndex root = model.index(QString::fromStdString(real));
+    folders.setRootIndex(root);
+    // The folders are read by a thread of the model's own.
+    const QDeadlineTimer deadline(5000);
+    while (model.rowCount(root) == 0 && !deadline.hasExpired())
+        program.settle();
     camera.take(program.form(dialog), QStringLiteral("new-project"));
     dialog.hide();
 }
@@ -127,8 +133,9 @@ int main(int argc, char* argv[]) {
     }
     const bool dark = QByteArray(argv[3]) == "dark";
     zb::test::dress(qt, dark ? zb::test::Shade::Dark : zb::test::Shade::Light);
+    const zb::Pictures pictures;
+    QApplication::setWindowIcon(pictures.icon("zeltobench"));
     ProgramOnScreen program("/");
-    QApplication::setWindowIcon(program.screen.pictures().icon("zeltobench"));
     program.application.start(argv[1]);
     Photographer camera(program, QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[4]));
     photograph(program, camera);
