@@ -12,11 +12,21 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
 
+// A search for any of several characters costs a call for each character, and most of a file is indentation.
+bool isBlankMark(char c) {
+    return c == ' ' || c == '\t' || c == '\r';
+}
+
+std::string_view strippedRight(std::string_view line) {
+    while (!line.empty() && isBlankMark(line.back()))
+        line.remove_suffix(1);
+    return line;
+}
+
 std::string_view stripped(std::string_view line) {
-    const std::size_t first = line.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos)
-        return {};
-    return line.substr(first, line.find_last_not_of(kBlanks) - first + 1);
+    while (!line.empty() && isBlankMark(line.front()))
+        line.remove_prefix(1);
+    return strippedRight(line);
 }
 
 bool isBracketLine(std::string_view content) {
@@ -54,7 +64,7 @@ Closing stripClosers(std::string_view& content) {
     if (closing.ended)
         content.remove_suffix(1);
     while (true) {
-        content = content.substr(0, content.find_last_not_of(kBlanks) + 1);
+        content = strippedRight(content);
         if (content.empty() || content.back() != '>')
             return closing;
         content.remove_suffix(1);
@@ -72,7 +82,7 @@ std::string cleanItemText(std::string_view text) {
         if (i == opening) {
             clean.append(text.substr(opening, closing - opening + 1));
             i = closing;
-        } else if (kBlanks.find(text[i]) == std::string_view::npos) {
+        } else if (!isBlankMark(text[i])) {
             clean += text[i];
         } else if (!clean.empty() && clean.back() != ' ') {
             clean += ' ';

@@ -79,7 +79,23 @@ void ItemReader::skip() {
         attachComment(comment);
 }
 
+// A comment that is nothing but a name, as most comments behind items are.
+bool ItemReader::attachNameAlone(const Comment& comment) {
+    if (!hasLastItem_ || comment.onOwnLine)
+        return false;
+    const std::string_view word = stripped(comment.text);
+    constexpr std::size_t kLongest = 32;
+    Item& item = body_.item(lastItem_);
+    if (item.nameLength > 0 || word.empty() || word.size() > kLongest || !isLetter(word.front()) ||
+        !std::all_of(word.begin(), word.end(), [](char c) { return isLetter(c) || isDigit(c) || c == '_'; }))
+        return false;
+    body_.setName(item, word);
+    return true;
+}
+
 void ItemReader::attachComment(const Comment& comment) {
+    if (attachNameAlone(comment))
+        return;
     std::string words = commentWords(comment.text);
     if (words.starts_with('='))
         words = trim(words.substr(1));
@@ -91,7 +107,7 @@ void ItemReader::attachComment(const Comment& comment) {
         }
         if (words == body_.name(item))
             return;
-        const std::string name = item.nameLength == 0 ? nameFromComment(words) : std::string();
+        const std::string name = item.nameLength > 0 ? std::string() : nameFromComment(words);
         if (!name.empty()) {
             body_.setName(item, name);
             return;

@@ -65,6 +65,7 @@ private:
     std::string_view passIndexedName();
     void giveName(std::size_t index, std::string_view name, std::size_t offset);
     void attachComment(const Comment& comment);
+    bool attachNameAlone(const Comment& comment);
     bool atNextMessage() const;
     Step fail(const std::string& expected);
     Step cutShort();

@@ -123,6 +123,11 @@ bool isBanner(std::string_view line) {
 } // namespace
 
 std::string commentWords(std::string_view comment) {
+    // Most comments are a word or two behind an item.
+    const std::string_view plain = stripped(comment);
+    if (!plain.empty() && isLetter(plain.front()) && plain.back() != '*' &&
+        std::all_of(plain.begin(), plain.end(), [](char c) { return c == ' ' || !isSpace(c); }))
+        return std::string(plain);
     const bool framed = comment.find('\n') != std::string_view::npos || comment.starts_with('*');
     std::string words;
     while (!comment.empty()) {
