@@ -269,7 +269,7 @@ ItemReader::Step ItemReader::openUntypedItem(std::size_t offset, std::string_vie
         const char c = scanner_.peek();
         if (scanner_.atEnd() || (c != '<' && c != '>' && !scanner_.atEllipsis()))
             return fail("an item type");
-        findings_.warn(offset, "an item has no type; it was read as a list");
+        findings_.fail(offset, "expected an item type; the item was read as a list");
         lastItem_ = body_.add(ItemType::list, offset);
         return Step::next;
     }

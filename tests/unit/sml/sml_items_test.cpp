@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
         Dialect{"QuotedNumbers", "<L <U2 '356'> <I4 '4 -4'> <B '0x0A'> <F4 \"1.5\"> <U4 ''>>",
                 "1 L 5\n2 U2 1 356\n2 I4 2 4 -4\n2 B 1 10\n2 F4 1 1.5\n2 U4 0\n"},
         Dialect{"NoType", "<\n<U1 29>\n>",
-                "1 L 1\n2 U1 1 29\nwarning 3:1 an item has no type; it was read as a list\n"},
+                "1 L 1\n2 U1 1 29\nerror 3:1 expected an item type; the item was read as a list\n"},
         Dialect{"OneLine", "<L[2]<U4 1><U4 2>>", "1 L 2\n2 U4 1 1\n2 U4 1 2\n"},
         Dialect{"SpacesEverywhere", "< L [ 2 ]\n< U2  1 >\n<A\t'x' > >  ", "1 L 2\n2 U2 1 1\n2 A 1 'x'\n"},
         Dialect{"BareHexadecimal", "<B 00 A4 0D 10>",
