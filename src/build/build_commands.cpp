@@ -11,11 +11,19 @@ namespace zb {
 
 bool BuildCommands::buildSmd() {
     const bool mdf = trim(state_.settings.getOption("MessageFormat")) == "mdf";
-    currentBuildPath_ = mdf ? state_.mdfFilePath() : state_.smdFilePath();
-    if (!checkFileAccess(state_, currentBuildPath_))
+    return mdf ? buildSmdTo(state_.mdfFilePath(), "BUILD_MDF")
+               : buildSmdTo(state_.smdFilePath(), "BUILD_SMD");
+}
+
+bool BuildCommands::buildSmdTo(const std::string& target, std::string_view mode) {
+    currentBuildPath_ = target;
+    fileError_.reset();
+    if (!checkFileAccess(state_, target))
         return false;
     SmdWriter writer(state_, pane_);
-    return isBlank(writer.buildMessageText(currentBuildPath_, mdf ? "BUILD_MDF" : "BUILD_SMD", liveTree_()));
+    const std::string status = writer.buildMessageText(target, mode, liveTree_());
+    fileError_ = writer.fileError();
+    return isBlank(status);
 }
 
 bool BuildCommands::buildTmd() {

@@ -1,12 +1,11 @@
 #include "console/cli/build_verb.h"
 
-#include "build/file_access.h"
+#include "build/build_commands.h"
 #include "console/cli/console_screen.h"
 #include "console/cli/findings.h"
 #include "console/cli/loaded_project.h"
 #include "messages/editor_pane.h"
 #include "messages/module_state.h"
-#include "messages/smd_writer.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
 #include "platform/stores/desktop.h"
@@ -44,11 +43,10 @@ struct HeadlessState {
 std::optional<std::string> buildInto(HeadlessState& headless, NodeTree& tree, const std::string& target,
                                      const char* mode) {
     NoEditorPane pane;
-    SmdWriter writer(headless.state, pane);
-    const bool built =
-        checkFileAccess(headless.state, target) && isBlank(writer.buildMessageText(target, mode, tree));
-    if (writer.fileError())
-        return writer.fileError()->description;
+    BuildCommands builds(headless.state, pane, [&tree]() -> NodeTree& { return tree; });
+    const bool built = builds.buildSmdTo(target, mode);
+    if (builds.fileError())
+        return builds.fileError()->description;
     return built ? std::nullopt : std::optional(headless.screen.lastText());
 }
 
