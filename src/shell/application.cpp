@@ -1,26 +1,11 @@
 #include "shell/application.h"
 
+#include "platform/locale.h"
 #include "platform/settings.h"
 #include "platform/text.h"
 #include "shell/option_settings.h"
 
-#include <clocale>
-#include <cstdlib>
-
 namespace zb {
-
-namespace {
-
-std::string localeName() {
-    for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-        const char* value = std::getenv(variable);
-        if (value != nullptr && *value != '\0')
-            return value;
-    }
-    return {};
-}
-
-} // namespace
 
 Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileLayer& filesOfProgram,
                          Generator& generator, ApplicationFolders folders)

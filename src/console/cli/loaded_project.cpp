@@ -2,27 +2,18 @@
 
 #include "messages/editor_pane.h"
 #include "messages/smd_reader.h"
+#include "platform/locale.h"
 #include "platform/settings.h"
 #include "platform/text_file.h"
 #include "platform/wildcard.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <ostream>
 
 namespace zb {
 
 namespace {
-
-std::string localeName() {
-    for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
-        const char* value = std::getenv(variable);
-        if (value != nullptr && *value != '\0')
-            return value;
-    }
-    return {};
-}
 
 /// Any of the lines by which a reader of projects finds its way.
 bool hasProjectLine(std::string_view text) {
