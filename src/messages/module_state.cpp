@@ -6,7 +6,10 @@ namespace zb {
 
 char pathSeparator() { return static_cast<char>(std::filesystem::path::preferred_separator); }
 
-std::string joinPath(const std::string& folder, const std::string& name) { return folder + pathSeparator() + name; }
+std::string joinPath(const std::string& folder, const std::string& name) {
+    const bool isRoot = folder.size() == 1 && folder.front() == pathSeparator();
+    return isRoot ? folder + name : folder + pathSeparator() + name;
+}
 
 std::string ModuleState::projectFilePath() const {
     return ProjectPath.empty() ? std::string() : joinPath(ProjectPath, ProjectName + ".zbp");

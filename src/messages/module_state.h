@@ -45,7 +45,7 @@ struct ModuleState {
 
 /// The file system's separator, with which project paths are built and split.
 char pathSeparator();
-/// `folder` + separator + `name`.
+/// `folder` + separator + `name`; behind the root, which is a separator already, `name` alone.
 std::string joinPath(const std::string& folder, const std::string& name);
 
 } // namespace zb

@@ -2,6 +2,7 @@
 
 #include "messages/module_state.h"
 #include "platform/number.h"
+#include "platform/result.h"
 #include "platform/stores/desktop.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
@@ -18,11 +19,24 @@ constexpr std::string_view kProjectInformation = "###[PROJECT INFORMATION]";
 constexpr int kHost = 1;
 constexpr int kEquipment = 2;
 
+// What else may stand in a folder's place is a failure of its making.
 std::error_code makeFolder(const std::string& path) {
     std::error_code error;
-    if (!fs::exists(path, error))
+    if (!fs::is_directory(path, error)) {
+        error.clear();
         fs::create_directory(path, error);
+    }
     return error;
+}
+
+// Bytes that are no text stay as they are: the file system may know a file by them.
+std::string withoutLastFour(std::string_view name) {
+    for (int character = 0; character < 4 && !name.empty(); ++character) {
+        while (name.size() > 1 && (static_cast<unsigned char>(name.back()) & 0xC0U) == 0x80U)
+            name.remove_suffix(1);
+        name.remove_suffix(1);
+    }
+    return std::string(name);
 }
 
 } // namespace
@@ -33,7 +47,7 @@ bool makeProjectFolders(ModuleState& state) {
         const std::error_code error = makeFolder(folder);
         if (!error)
             continue;
-        state.desktop.showBox("Cannot make directories!\r\n" + error.message() + "\r\n(" +
+        state.desktop.showBox("Cannot make directories!\r\n" + describeSystemError(error.value()) + "\r\n(" +
                               std::to_string(error.value()) + ")");
         return false;
     }
@@ -78,10 +92,10 @@ ProjectPlace splitProjectPath(const std::string& path) {
             whole = (here / path).string();
     }
     const auto last = whole.rfind(pathSeparator());
-    std::string name = last == std::string::npos ? whole : whole.substr(last + 1);
-    name.resize(name.size() < 4 ? 0 : name.size() - 4);
-    std::string folder = last == std::string::npos ? std::string() : whole.substr(0, last);
-    return {std::move(folder), std::move(name)};
+    if (last == std::string::npos)
+        return {{}, withoutLastFour(whole)};
+    // The root keeps its separator: an empty folder would mean that no project is open.
+    return {whole.substr(0, last == 0 ? 1 : last), withoutLastFour(std::string_view(whole).substr(last + 1))};
 }
 
 } // namespace zb

@@ -22,7 +22,7 @@ bool readProjectType(ModuleState& state, const std::string& path);
 bool isFile(const std::string& path);
 
 /// A project path taken apart at its last separator: the folder before it, and behind it the name less its
-/// last four characters. A relative path is made absolute first.
+/// last four characters. A relative path is made absolute first. A file in the root has the root as folder.
 struct ProjectPlace {
     std::string folder;
     std::string name;

@@ -47,8 +47,10 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(SplitProjectPath, TakesFolderAndNameApart) {
     EXPECT_EQ(splitProjectPath("/a/b/Line.zbp").folder, "/a/b");
     EXPECT_EQ(splitProjectPath("/a/b/Line.zbp").name, "Line");
-    EXPECT_EQ(splitProjectPath("/Line.zbp").folder, "");
+    EXPECT_EQ(splitProjectPath("/Line.zbp").folder, "/");
+    EXPECT_EQ(splitProjectPath("/Line.zbp").name, "Line");
     EXPECT_EQ(splitProjectPath("/a/Linezbp").name, "Lin") << "the last four characters go, whatever they are";
+    EXPECT_EQ(splitProjectPath("/a/Line가zbp").name, "Line") << "characters are counted, not bytes";
     EXPECT_EQ(splitProjectPath("/a/zbp").name, "");
 }
 
