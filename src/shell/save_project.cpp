@@ -7,6 +7,8 @@
 #include "shell/project_history.h"
 #include "shell/project_lifecycle.h"
 
+#include <cerrno>
+
 namespace zb {
 
 namespace {
@@ -21,6 +23,11 @@ bool ProjectLifecycle::saveProject() {
     const std::string path = app_.projectFilePath();
     if (!checkFileAccessKeeping(app_, path))
         return false;
+    // What cannot be read opened as an empty project, and could not be kept either.
+    if (const auto old = readBytes(path); !old && old.error().number != ENOENT) {
+        showFileError(app_, path, old.error());
+        return false;
+    }
     // The sections gather in memory and take the file's place together: a fault between two of them, or a
     // stop of the machine, leaves the whole old file.
     std::string text = projectHeader(app_.ProjectType);
