@@ -31,6 +31,16 @@ std::string fingerprint(std::string_view text) {
     return {digits.data(), end};
 }
 
+// Of a project's name, so much that what is put behind it leaves a name that file systems take.
+std::string beginning(std::string name) {
+    constexpr std::size_t kMostOfName = 200;
+    std::size_t end = std::min(name.size(), kMostOfName);
+    while (end > 0 && end < name.size() && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U)
+        --end;
+    name.resize(end);
+    return name;
+}
+
 std::string versionName(int number) {
     std::string digits = std::to_string(number);
     constexpr std::size_t kWidth = 6;
@@ -122,7 +132,7 @@ Result<fs::path> ProjectHistory::restore(const fs::path& projectFile, int number
     const Result<std::string> bytes = readBytes(wanted->path);
     if (!bytes)
         return bytes.error();
-    const std::string base = projectFile.stem().string() + "_version" + std::to_string(number);
+    const std::string base = beginning(projectFile.stem().string()) + "_version" + std::to_string(number);
     fs::path target = projectFile.parent_path() / (base + std::string(kExtension));
     std::error_code error;
     for (int copy = 2; fs::exists(target, error); ++copy)
@@ -137,7 +147,7 @@ fs::path ProjectHistory::folderOf(const fs::path& projectFile) const {
     fs::path whole = fs::weakly_canonical(projectFile, error);
     if (error)
         whole = fs::absolute(projectFile, error);
-    return stateFolder_ / "history" / (whole.stem().string() + "-" + fingerprint(whole.string()));
+    return stateFolder_ / "history" / (beginning(whole.stem().string()) + "-" + fingerprint(whole.string()));
 }
 
 } // namespace zb

@@ -68,6 +68,14 @@ TEST_F(History, TellsProjectsOfOneNameApart) {
     EXPECT_EQ(contents(), std::vector<std::string>{"one"});
 }
 
+TEST_F(History, KeepsProjectsWithTheLongestNames) {
+    project = folder / (std::string(251, 'n') + ".zbp");
+    save("one");
+    save("two");
+    EXPECT_EQ(contents(), std::vector<std::string>{"one"});
+    EXPECT_TRUE(history.restore(project, 1).ok());
+}
+
 TEST_F(History, RestoresUnderANewName) {
     save("one");
     save("two");
