@@ -22,7 +22,7 @@ std::string toolTipOf(const MenuEntry& entry) {
 } // namespace
 
 frmMain::frmMain(ModuleState& state, ProjectCommands& commands)
-    : Window(state.desktop, "frmMain"), state_(state) {
+    : Window(state.desktop, "frmMain"), ProjectMenu(*this, commands), state_(state) {
     setCaption(std::string(kApplicationTitle));
     wireMenus(commands);
     buildToolbar();
@@ -37,31 +37,16 @@ void frmMain::wireMenus(ProjectCommands& commands) {
         for (MenuEntry* entry : {&mnuSave, &mnuSaveAs, &mnuPrint})
             entry->setEnabled(false);
     };
-    runBusy(mnuNew, &ProjectCommands::commandNew, commands);
-    runBusy(mnuOpen, &ProjectCommands::commandOpen, commands);
+    // A save shows no hourglass in this window.
     mnuSave.onClick = [this, &commands] { commands.commandSave(*this); };
     mnuSaveAs.onClick = [this, &commands] { commands.commandSaveAs(*this); };
-    mnuExit.onClick = [&commands] { commands.commandExit(); };
-    runBusy(mnuSMD, &ProjectCommands::commandBuildSmd, commands);
-    runBusy(mnuTMD, &ProjectCommands::commandBuildTmd, commands);
-    runBusy(mnuBuildZeltoPlugIn, &ProjectCommands::commandBuildPlugIn, commands);
-    runBusy(mnuOption, &ProjectCommands::commandOption, commands);
-    runBusy(mnuEditor, &ProjectCommands::commandEditor, commands);
-    runBusy(mnuModeler, &ProjectCommands::commandModeler, commands);
+    runBusy(mnuSMD, commands, &ProjectCommands::commandBuildSmd);
+    runBusy(mnuTMD, commands, &ProjectCommands::commandBuildTmd);
+    runBusy(mnuBuildZeltoPlugIn, commands, &ProjectCommands::commandBuildPlugIn);
+    runBusy(mnuOption, commands, &ProjectCommands::commandOption);
+    runBusy(mnuEditor, commands, &ProjectCommands::commandEditor);
+    runBusy(mnuModeler, commands, &ProjectCommands::commandModeler);
     mnuAbout.onClick = [this, &commands] { commands.commandAbout(*this); };
-    mnuNew.setShortcut("Ctrl+N");
-    mnuOpen.setShortcut("Ctrl+O");
-    mnuSave.setShortcut("Ctrl+S");
-    mnuPrint.withSeparatorAbove();
-    mnuExit.withSeparatorAbove();
-}
-
-void frmMain::runBusy(MenuEntry& entry, void (ProjectCommands::*command)(Window&),
-                      ProjectCommands& commands) {
-    entry.onClick = [this, command, &commands] {
-        const BusyPointer busy(*this);
-        (commands.*command)(*this);
-    };
 }
 
 void frmMain::buildToolbar() {

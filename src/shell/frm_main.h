@@ -2,6 +2,7 @@
 
 #include "messages/module_state.h"
 #include "messages/project_commands.h"
+#include "messages/standard_menus.h"
 #include "platform/stores/bars.h"
 #include "platform/stores/menu.h"
 #include "platform/stores/window.h"
@@ -11,7 +12,7 @@
 namespace zb {
 
 /// The main window: which commands are live, and what the status bar shows.
-class frmMain final : public Window {
+class frmMain final : public Window, public ProjectMenu {
 public:
     frmMain(ModuleState& state, ProjectCommands& commands);
 
@@ -29,13 +30,6 @@ public:
     std::function<void()> onClose;
     void closeByFrame() override { fire(onClose); }
 
-    MenuEntry mnuProject{*this, "mnuProject", "Project(&P)"};
-    MenuEntry mnuNew{*this, "mnuNew", "New(&N)", &mnuProject};
-    MenuEntry mnuOpen{*this, "mnuOpen", "Open(&O)", &mnuProject};
-    MenuEntry mnuSave{*this, "mnuSave", "Save(&S)", &mnuProject};
-    MenuEntry mnuSaveAs{*this, "mnuSaveAs", "SaveAs(&E)", &mnuProject};
-    MenuEntry mnuPrint{*this, "mnuPrint", "Print(&P)", &mnuProject};
-    MenuEntry mnuExit{*this, "mnuExit", "Exit(&X)", &mnuProject};
     MenuEntry mnuBuild{*this, "mnuBuild", "Build(&B)"};
     MenuEntry mnuSMD{*this, "mnuSMD", "SECS Message Definitions(&S)", &mnuBuild};
     MenuEntry mnuTMD{*this, "mnuTMD", "Transaction Modeling Definitions(&T)", &mnuBuild};
@@ -54,7 +48,6 @@ public:
 private:
     void buildToolbar();
     void wireMenus(ProjectCommands& commands);
-    void runBusy(MenuEntry& entry, void (ProjectCommands::*command)(Window&), ProjectCommands& commands);
 
     ModuleState& state_;
 };

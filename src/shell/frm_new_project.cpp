@@ -121,6 +121,7 @@ void frmNewProject::typeClicked(int type) {
 void frmNewProject::accept() {
     const std::string name = trim(txtProjectName.text());
     if (name.empty()) {
+        txtProjectName.setFocus();
         desktop().showBox({"Insert ProjectName", "New Project", BoxIcon::None, BoxButtons::OK});
         return;
     }
@@ -141,6 +142,7 @@ bool frmNewProject::checkProjectNameChars(const std::string& name) {
     for (std::size_t at = 0; at < name.size();) {
         const std::size_t length = decodeCharacter(name, at).length;
         if (!isProjectNameCharacter(state_.codePage.ansiValue(name.substr(at, length)))) {
+            txtProjectName.setFocus();
             txtProjectName.select(leading + at, leading + at + length);
             return false;
         }
