@@ -130,7 +130,7 @@ void pick(Context& context, const Call& call) {
 }
 
 void during(Context& context, const Call& call) {
-    context.foretold.sayDuring(call.command);
+    context.foretold.sayDuring(call.word(0), call.command);
 }
 
 constexpr std::array kCommands{

@@ -1,7 +1,6 @@
 #include "console/script/foretold.h"
 
 #include "console/script/matching.h"
-#include "console/script/script_failure.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -35,8 +34,8 @@ std::optional<Shown> takeFirst(std::deque<Shown>& shown) {
 
 } // namespace
 
-void Foretold::sayDuring(const ScriptCommand& during) {
-    durings_.push_back(&during);
+void Foretold::sayDuring(std::string window, const ScriptCommand& during) {
+    durings_.push_back({std::move(window), &during});
 }
 
 Answer Foretold::answerBox(const Box& box) {
@@ -45,15 +44,15 @@ Answer Foretold::answerBox(const Box& box) {
     const auto buttons = buttonNames(box.buttons);
     if (buttons.size() > 1) {
         if (answers_.empty())
-            throw ScriptFailure("an answer said beforehand",
-                                "the box " + quote(box.text) + " with the buttons " + join(buttons, ","));
+            fail("an answer said beforehand",
+                 "the box " + quote(box.text) + " with the buttons " + join(buttons, ","));
         const auto said = answers_.front();
         answers_.pop_front();
         answer = said.what;
         if (std::find(buttons.begin(), buttons.end(), answerName(answer)) == buttons.end())
-            throw ScriptFailure("a box with the button " + std::string(answerName(answer)) +
-                                    " (answer of line " + std::to_string(said.line) + ")",
-                                "the box " + quote(box.text) + " with the buttons " + join(buttons, ","));
+            fail("a box with the button " + std::string(answerName(answer)) + " (answer of line " +
+                     std::to_string(said.line) + ")",
+                 "the box " + quote(box.text) + " with the buttons " + join(buttons, ","));
     }
     boxes_.push_back(box);
     print(out_, {{"box", box.text},
@@ -67,7 +66,7 @@ Answer Foretold::answerBox(const Box& box) {
 std::string Foretold::answerDialog(const FileDialog& dialog) {
     count();
     if (picks_.empty())
-        throw ScriptFailure("a file picked beforehand", "the file dialog " + quote(dialog.title));
+        fail("a file picked beforehand", "the file dialog " + quote(dialog.title));
     std::string path = std::move(picks_.front().what);
     picks_.pop_front();
     dialogs_.push_back(dialog);
@@ -82,10 +81,10 @@ std::string Foretold::answerDialog(const FileDialog& dialog) {
 const ScriptCommand& Foretold::takeDuring(const std::string& window) {
     count();
     const auto found = std::find_if(durings_.begin(), durings_.end(),
-                                    [&](const ScriptCommand* during) { return during->words[1] == window; });
+                                    [&](const During& during) { return during.window == window; });
     if (found == durings_.end())
-        throw ScriptFailure("\"during " + window + "\" said beforehand", window + " shown modally");
-    const ScriptCommand& during = **found;
+        fail("\"during " + window + "\" said beforehand", window + " shown modally");
+    const ScriptCommand& during = *found->command;
     durings_.erase(found);
     return during;
 }
@@ -109,14 +108,21 @@ std::optional<Foretold::Unused> Foretold::firstUnused() const {
     if (!picks_.empty())
         offer(picks_.front().line, "\"pick " + picks_.front().what + "\"");
     if (!durings_.empty())
-        offer(durings_.front()->line, "\"during " + durings_.front()->words[1] + "\"");
+        offer(durings_.front().command->line, "\"during " + durings_.front().window + "\"");
     return first;
 }
 
 void Foretold::count() {
     if (++shown_ > kMostBoxes)
-        throw ScriptFailure("at most " + std::to_string(kMostBoxes) + " boxes and dialogs behind one command",
-                            "more of them");
+        fail("at most " + std::to_string(kMostBoxes) + " boxes and dialogs behind one command",
+             "more of them");
+}
+
+void Foretold::fail(const std::string& expected, const std::string& found) {
+    ScriptFailure failure(expected, found);
+    if (!failure_)
+        failure_ = failure;
+    throw failure;
 }
 
 std::string_view iconName(BoxIcon icon) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "console/script/script_failure.h"
 #include "console/script/script_text.h"
 #include "platform/stores/screen.h"
 
@@ -21,7 +22,7 @@ public:
     void sayAnswer(std::size_t line, Answer answer) { answers_.push_back({line, answer}); }
     void sayPick(std::size_t line, std::string path) { picks_.push_back({line, std::move(path)}); }
     /// The command must live as long as this does.
-    void sayDuring(const ScriptCommand& during);
+    void sayDuring(std::string window, const ScriptCommand& during);
 
     /// Each throws ScriptFailure when nothing that fits was said.
     /// @{
@@ -29,6 +30,9 @@ public:
     std::string answerDialog(const FileDialog& dialog);
     const ScriptCommand& takeDuring(const std::string& window);
     /// @}
+    /// The first failure that any of them has thrown: a handler of the program that keeps faults to itself
+    /// must not swallow it.
+    const std::optional<ScriptFailure>& failure() const { return failure_; }
 
     /// The oldest one that was not looked at yet, which counts as looked at then.
     std::optional<Box> lookAtBox();
@@ -53,14 +57,21 @@ private:
         What what;
     };
 
+    struct During {
+        std::string window;
+        const ScriptCommand* command;
+    };
+
     void count();
+    [[noreturn]] void fail(const std::string& expected, const std::string& found);
 
     std::ostream& out_;
     std::deque<Said<Answer>> answers_;
     std::deque<Said<std::string>> picks_;
-    std::deque<const ScriptCommand*> durings_;
+    std::deque<During> durings_;
     std::deque<Box> boxes_;
     std::deque<FileDialog> dialogs_;
+    std::optional<ScriptFailure> failure_;
     int shown_ = 0;
 };
 

@@ -65,6 +65,11 @@ void ScriptInterpreter::runCommand(const ScriptCommand& command) {
         failure.setLine(command.line);
         keepFirst(failure);
     }
+    if (const auto& unforeseen = context_.foretold.failure(); unforeseen && !first_) {
+        ScriptFailure failure(*unforeseen);
+        failure.setLine(command.line);
+        keepFirst(failure);
+    }
     if (first_)
         throw ScriptFailure(*first_);
 }

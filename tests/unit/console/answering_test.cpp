@@ -85,6 +85,12 @@ TEST(Answering, LooksAtBoxesInTheirOrder) {
         "4: expected a file dialog with \"no\", found \"Project File(*.zbp)|*.zbp\" in \"Open Project\"");
 }
 
+TEST(Answering, FailsAlsoWhereTheProgramKeepsFaultsToItself) {
+    expectFails("start\nclick frmTest.cmdHush\n",
+                "2: expected an answer said beforehand, found the box \"Save \\\"it\\\"?\\r\\nNow\" with the "
+                "buttons Yes,No,Cancel");
+}
+
 TEST(Answering, SurvivesFaultsOfTheProgram) {
     expectFails("start\nclick frmTest.cmdThrow\n",
                 "2: expected the program to carry on, found a fault in it: out of paper");

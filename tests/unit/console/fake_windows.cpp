@@ -59,6 +59,13 @@ void TestWindow::wireButtons() {
         log(desktop().pickFile({"Open Project", "Project File(*.zbp)|*.zbp", "zbp", "somewhere"}));
     };
     cmdThrow.onClick = [] { throw std::runtime_error("out of paper"); };
+    cmdHush.onClick = [this] {
+        try {
+            cmdAsk.onClick();
+        } catch (const std::exception&) {
+            log("hushed up");
+        }
+    };
     cmdLoop.onClick = [this] {
         for (;;)
             desktop().showBox("again");

@@ -32,6 +32,7 @@ public:
     Button cmdPick{*this, "cmdPick", "&Pick"};
     Button cmdDialog{*this, "cmdDialog", "&Dialog"};
     Button cmdThrow{*this, "cmdThrow", "Throw"};
+    Button cmdHush{*this, "cmdHush", "Hush"};
     Button cmdLoop{*this, "cmdLoop", "Loop"};
     Pane picPane{*this, "picPane", "Pane"};
     Button cmdInPane{*this, "cmdInPane", "In pane", &picPane};
