@@ -2,6 +2,7 @@
 #include "console/script/script_context.h"
 #include "console/script/script_failure.h"
 #include "console/script/script_files.h"
+#include "console/script/xml_check.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 
@@ -98,6 +99,8 @@ void expectXml(Context& /*context*/, const Call& call) {
     if (const auto roots = elementsOf(document); roots != 1)
         throw ScriptFailure("well-formed XML in " + call.word(0),
                             std::to_string(roots) + " elements at its root");
+    if (const std::string fault = findXmlFault(bytes); !fault.empty())
+        throw ScriptFailure("well-formed XML in " + call.word(0), fault);
     std::string found;
     try {
         found = pugi::xpath_query(call.word(1).c_str()).evaluate_string(document);

@@ -57,15 +57,6 @@ void writeFile(Context& context, const Call& call) {
         throw ScriptFailure("utf8, utf16 or ansi", encoding);
 }
 
-void copy(Context& /*context*/, const Call& call) {
-    const fs::path target = call.word(1);
-    makeFolders(target.parent_path());
-    std::error_code error;
-    fs::copy(call.word(0), target, fs::copy_options::recursive | fs::copy_options::overwrite_existing, error);
-    if (error)
-        throw ScriptFailure("a copy of " + call.word(0) + " at " + call.word(1), error.message());
-}
-
 /// Whether the path, links above it followed, lies inside the folder.
 bool liesBelow(const fs::path& path, const fs::path& folder) {
     std::error_code error;
@@ -75,6 +66,43 @@ bool liesBelow(const fs::path& path, const fs::path& folder) {
         return false;
     const fs::path relative = parent.lexically_relative(fs::weakly_canonical(folder, error));
     return !error && !relative.empty() && *relative.begin() != "..";
+}
+
+/// A copy of what nobody may write, such as a checked-out sample, is for the program to write on.
+void copyFile(const fs::path& from, const fs::path& to, std::error_code& error) {
+    fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
+    if (!error)
+        fs::permissions(to, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add, error);
+}
+
+void copyFolder(const fs::path& from, const fs::path& to, std::error_code& error) {
+    makeFolders(to);
+    for (fs::directory_iterator entry(from, error); !error && entry != fs::end(entry);) {
+        const fs::path target = to / entry->path().filename();
+        if (entry->is_directory(error))
+            copyFolder(entry->path(), target, error);
+        else if (!error)
+            copyFile(entry->path(), target, error);
+        if (!error)
+            entry.increment(error);
+    }
+}
+
+void copy(Context& /*context*/, const Call& call) {
+    const fs::path source = call.word(0);
+    const fs::path target = call.word(1);
+    std::error_code error;
+    const bool isFolder = fs::is_directory(source, error);
+    // The copy would be copied in its turn, without an end.
+    if (isFolder && liesBelow(target, source))
+        throw ScriptFailure("a target outside " + call.word(0), call.word(1));
+    makeFolders(target.parent_path());
+    if (isFolder)
+        copyFolder(source, target, error);
+    else
+        copyFile(source, fs::is_directory(target, error) ? target / source.filename() : target, error);
+    if (error)
+        throw ScriptFailure("a copy of " + call.word(0) + " at " + call.word(1), error.message());
 }
 
 void remove(Context& context, const Call& call) {

@@ -61,6 +61,35 @@ TEST(ScriptFiles, LooksAtXml) {
               std::string::npos);
 }
 
+TEST(ScriptFiles, TakesNothingButWellFormedXml) {
+    const auto look = [](const std::string& xml) {
+        return "writefile ${WORK}/a.xml\n" + xml + "\nend\nexpectxml ${WORK}/a.xml count(/*) 1\n";
+    };
+    for (const std::string xml :
+         {"<!-- a - b --><a x='\"&lt;>' y=\"&#x41;\">]] &amp;&#65;<![CDATA[&<]]><?p <&?></a><!-- c -->",
+          "<?xml version=\"1.0\"?><!DOCTYPE a [<!ENTITY e 'x'>]><a>&e;</a>"})
+        expectPasses(look(xml));
+    const std::string message = "expected well-formed XML";
+    for (const std::string xml : {"<a>x & y</a>", "<a>&nbsp;</a>", "<a>&#1;</a>", "<a x='&'/>", "<a x='<'/>",
+                                  "<a x='1' x='2'/>", "<a/>text", "text<a/>", "<a/>&amp;",
+                                  "<a><!-- b -- c --></a>", "<a>]]></a>", "\"<a>\\u0001</a>\""}) {
+        const ScriptOutcome outcome = runScript(look(xml));
+        EXPECT_NE(outcome.err.find(message), std::string::npos) << xml << "\n" << outcome.err;
+    }
+    const ScriptOutcome outcome = runScript("writefile ${WORK}/a.xml ansi\n<a>\u00e9</a>\nend\n"
+                                            "expectxml ${WORK}/a.xml count(/*) 1\n");
+    EXPECT_NE(outcome.err.find("bytes that are no UTF-8"), std::string::npos) << outcome.err;
+    expectPasses("writefile ${WORK}/a.xml utf16\n<a>\u00e9</a>\nend\nexpectxml ${WORK}/a.xml /a \u00e9\n");
+}
+
+TEST(ScriptFiles, CopiesNoFolderIntoItself) {
+    const auto outcome = runScript("mkdir ${WORK}/a/b\ncopy ${WORK}/a ${WORK}/a/b/c\n");
+    EXPECT_NE(outcome.err.find(":2: expected a target outside "), std::string::npos) << outcome.err;
+    expectPasses(
+        "mkdir ${WORK}/a/b\ncopy ${WORK}/a ${WORK}/ab\nexpectfolder ${WORK}/ab/b\n"
+        "writefile ${WORK}/a/f\n  1\nend\ncopy ${WORK}/a/f ${WORK}/ab\nexpectcontains ${WORK}/ab/f 1\n");
+}
+
 TEST(ScriptFiles, MakesCopiesAndRemoves) {
     expectPasses(
         "mkdir ${WORK}/a/b\nexpectfolder ${WORK}/a/b\nwritefile ${WORK}/a/b/c.txt\n  1\nend\n"
