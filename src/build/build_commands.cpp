@@ -23,7 +23,12 @@ bool BuildCommands::buildSmdTo(const std::string& target, std::string_view mode)
     SmdWriter writer(state_, pane_);
     const std::string status = writer.buildMessageText(target, mode, liveTree_());
     fileError_ = writer.fileError();
-    return isBlank(status);
+    if (!isBlank(status))
+        return false;
+    // The walk keeps silent about a full disk and the like.
+    if (fileError_)
+        showFileError(state_, target, *fileError_);
+    return !fileError_;
 }
 
 bool BuildCommands::buildTmd() {

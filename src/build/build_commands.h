@@ -31,7 +31,7 @@ public:
 
     /// What the last buildSmd wrote to.
     const std::string& currentBuildPath() const { return currentBuildPath_; }
-    /// Why its walk could not write the file, also where no box told so.
+    /// Why its walk could not write the file; a box has told so.
     const std::optional<FileError>& fileError() const { return fileError_; }
 
 private:
