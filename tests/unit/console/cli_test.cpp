@@ -3,6 +3,7 @@
 #include "platform/file_layer.h"
 #include "platform/text_file.h"
 #include "shell/project_history.h"
+#include "support/ordinary_user.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -176,6 +177,29 @@ TEST_F(Cli, TellsOfFilesThatCannotBeRead) {
     fs::create_symlink(path("loop"), path("loop"));
     expectFault({"list", path("loop")}, 3,
                 path("loop") + ": cannot be read: Too many levels of symbolic links\n");
+}
+
+TEST_F(Cli, TellsOfFilesThatTheUserMayNotRead) {
+    fs::permissions(project_, fs::perms(0));
+    const test::OrdinaryUser user(folder_.path());
+    for (const char* verb : {"list", "check", "build", "script"})
+        expectFault({verb, project_}, 3, project_ + ": cannot be read: Permission denied\n");
+}
+
+TEST_F(Cli, TakesOddNamesAndLongPaths) {
+    const std::string bytes = *readBytes(project_);
+    const std::string deep = "d/" + std::string(120, 'a') + "/" + std::string(150, 'b');
+    fs::create_directories(path(deep));
+    for (const std::string& name :
+         {std::string("two words"), std::string("a[1]{x}"), std::string("라인"), deep + "/Long"}) {
+        const std::string file = write(name + ".zbp", bytes);
+        const std::string stem = fs::path(file).stem().string();
+        const Outcome run = runZbc({"build", file});
+        EXPECT_EQ(run.err, "");
+        EXPECT_EQ(run.out,
+                  (fs::path(file).parent_path() / "ZeltoInfo" / stem).string() + ".smd: 2 messages\n");
+        EXPECT_EQ(runZbc({"check", file}).status, 0);
+    }
 }
 
 TEST_F(Cli, RefusesWrongUsageOnOneLine) {
