@@ -106,15 +106,18 @@ std::vector<ProjectHistory::Version> ProjectHistory::versions(const fs::path& pr
     if (stateFolder_.empty())
         return found;
     std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folderOf(projectFile), error)) {
+    for (fs::directory_iterator at(folderOf(projectFile), error); !error && at != fs::directory_iterator();
+         at.increment(error)) {
+        const fs::directory_entry& entry = *at;
         const std::string stem = entry.path().stem().string();
         Version version;
         const auto [end, fault] = std::from_chars(stem.data(), stem.data() + stem.size(), version.number);
         if (fault != std::errc() || end != stem.data() + stem.size() ||
             entry.path().extension() != kExtension)
             continue;
-        version.bytes = entry.file_size(error);
-        version.time = entry.last_write_time(error);
+        std::error_code ignored;
+        version.bytes = entry.file_size(ignored);
+        version.time = entry.last_write_time(ignored);
         version.path = entry.path();
         found.push_back(std::move(version));
     }
