@@ -20,6 +20,8 @@ inline constexpr int kFormatSml = 1005;
 class SECSMessageRecord {
 public:
     const std::string& getName() const { return name_; }
+    /// The name once more, as the editor window and the dialogs know it.
+    const std::string& MessageName() const { return name_; }
     const std::string& getDescription() const { return description_; }
     /// A stream or function that is not numeric reads as -1.
     int getStream() const;
@@ -31,6 +33,8 @@ public:
     const std::string& getDirection() const { return direction_; }
     bool getWait() const { return wait_; }
     bool getReply() const { return reply_; }
+    /// The same flag, as the dialogs know it.
+    bool autoreply() const { return reply_; }
     bool getNoLogging() const { return noLogging_; }
     /// Description, CR LF, MessageNode Text.
     std::string getHeadText() const;

@@ -43,7 +43,7 @@ SECSMessageStore::Records SECSMessageStore::getByStreamFunction(std::string_view
 std::string SECSMessageStore::addMessageText(std::string_view smdText) {
     auto record = std::make_unique<SECSMessageRecord>();
     std::string status = record->takeSmd(smdText, SECSMessageRecord::BodyCheck::None);
-    if (!status.empty()) {
+    if (record->getStream() < 0 || record->getFunction() < 0) {
         entries_.push_back({nullptr, std::string(smdText)});
         return status;
     }

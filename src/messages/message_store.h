@@ -25,8 +25,9 @@ public:
     const SECSMessageRecord* getByName(std::string_view name) const;
     /// `text` has the form "S1 F2"; empty when there is none.
     Records getByStreamFunction(std::string_view text) const;
-    /// Parses and adds one message; the status is empty on success. A text that is no message gives no
-    /// record, yet it keeps its place among what is written: a save must not drop it.
+    /// Parses and adds one message; the status is empty on success. A text without stream and function gives
+    /// no record, yet it keeps its place among what is written: a save must not drop it. Lesser faults of a
+    /// head, as a missing direction, leave a record, since a walk lets them pass.
     std::string addMessageText(std::string_view smdText);
     /// Writes what the mode asks for: a build to `path`, a save's section to the end of `projectSections`,
     /// and nothing for the other modes. The error is the system's.

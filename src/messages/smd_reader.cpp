@@ -88,8 +88,8 @@ private:
     }
 
     void takeHead(std::string_view content) {
-        const bool ended = takeEnd(content);
         const std::string name = trim(before(content, ": "));
+        const bool ended = takeEnd(content);
         Node& message = addMessageNodes(tree_, name, std::string(content), trimmed(comment_));
         items_ = ItemPlacer(tree_, &message);
         isOpen_ = !ended;

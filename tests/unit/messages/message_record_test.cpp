@@ -150,6 +150,7 @@ TEST(MessageStore, ATextThatIsNoMessageGivesNoRecordYetIsWritten) {
     EXPECT_NE(store.addMessageText("* \r\nnote: this is text.\r\n"), "");
     EXPECT_EQ(store.addMessageText("* a\r\nM: S1 F1 H->E.\r\n"), "");
     EXPECT_EQ(store.getMessages().size(), 1U);
+    EXPECT_TRUE(store.getMessages()[0]->MessageName() == "M" && !store.getMessages()[0]->autoreply());
     std::string sections = "before\r\n";
     SystemFileLayer files;
     EXPECT_TRUE(store.writeFile(files, "", "SAVE_PROJECT", &sections).ok());
