@@ -6,7 +6,11 @@
 int main(int argc, char** argv) {
     const zb::ConsoleStreams streams{std::cout, std::cerr};
     try {
-        return zb::runConsole({argv + 1, argv + argc}, streams);
+        const int status = zb::runConsole({argv + 1, argv + argc}, streams);
+        if (std::cout.flush())
+            return status;
+        std::cerr << "zbc: standard output cannot be written\n";
+        return zb::kExitFileFault;
     } catch (const std::exception& fault) {
         std::cerr << "zbc: " << fault.what() << '\n';
         return zb::kExitFileFault;

@@ -89,15 +89,19 @@ int BuildVerb::run(ConsoleStreams streams) {
     }
     // A build stops at its first fault and fills up values on its way, so all faults are looked for before
     // it.
-    const auto findings = checkDefinitions(project.tree, project.codePage);
+    const auto faults = errorsOf(checkDefinitions(project.tree, project.codePage));
     const auto fault = buildInto(headless, project.tree, target.string(), mdf ? "BUILD_MDF" : "BUILD_SMD");
     if (!fault) {
+        if (project.tree.empty()) {
+            streams.out << project_ << ": no messages, so no file is built\n";
+            return kExitDone;
+        }
         streams.out << target.string() << ": " << headless.state.SECSMessageStore->getMessages().size()
                     << " messages\n";
         return kExitDone;
     }
-    if (countErrors(findings) != 0) {
-        printFindings(streams.err, project_, findings);
+    if (!faults.empty()) {
+        printFindings(streams.err, project_, faults);
         return kExitFault;
     }
     streams.err << target.string() << ": cannot be written: " << *fault << '\n';

@@ -6,7 +6,7 @@
 
 namespace zb {
 
-/// `zbc check PROJECT.zbp [--json]`
+/// `zbc check PROJECT.zbp [--json] [--warnings]`
 class CheckVerb final : public Verb {
 public:
     std::string name() const override { return "check"; }
@@ -18,6 +18,7 @@ public:
 private:
     std::string project_;
     bool json_ = false;
+    bool warnings_ = false;
 };
 
 } // namespace zb

@@ -1,6 +1,7 @@
 #include "console/cli/findings.h"
 
-#include <algorithm>
+#include "console/cli/printable.h"
+
 #include <nlohmann/json.hpp>
 #include <ostream>
 
@@ -9,12 +10,12 @@ namespace zb {
 void printFindings(std::ostream& stream, const std::string& file,
                    const std::vector<DefinitionFinding>& findings) {
     for (const DefinitionFinding& finding : findings) {
-        stream << file << ": " << finding.message << ": ";
+        stream << file << ": " << printable(finding.message) << ": ";
         if (!finding.itemPath.empty())
             stream << finding.itemPath << ": ";
         if (finding.severity == DefinitionFinding::Severity::Warning)
             stream << "warning: ";
-        stream << finding.text << '\n';
+        stream << printable(finding.text) << '\n';
     }
 }
 
@@ -31,11 +32,11 @@ void printFindingsAsJson(std::ostream& stream, const std::string& file,
     }
 }
 
-std::size_t countErrors(const std::vector<DefinitionFinding>& findings) {
-    const auto isError = [](const DefinitionFinding& finding) {
-        return finding.severity == DefinitionFinding::Severity::Error;
-    };
-    return static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), isError));
+std::vector<DefinitionFinding> errorsOf(std::vector<DefinitionFinding> findings) {
+    std::erase_if(findings, [](const DefinitionFinding& finding) {
+        return finding.severity != DefinitionFinding::Severity::Error;
+    });
+    return findings;
 }
 
 } // namespace zb

@@ -15,7 +15,7 @@ void printFindings(std::ostream& stream, const std::string& file,
 /// One JSON object a line.
 void printFindingsAsJson(std::ostream& stream, const std::string& file,
                          const std::vector<DefinitionFinding>& findings);
-/// How many of them stop a build.
-std::size_t countErrors(const std::vector<DefinitionFinding>& findings);
+/// Those that stop a build.
+std::vector<DefinitionFinding> errorsOf(std::vector<DefinitionFinding> findings);
 
 } // namespace zb

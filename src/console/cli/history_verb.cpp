@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 #include <chrono>
 #include <ctime>
+#include <limits>
 #include <ostream>
 
 namespace zb {
@@ -50,7 +51,7 @@ void HistoryVerb::declare(CLI::App& app) {
         ->required();
     app.add_option("--restore", restore_, "The version to bring back")
         ->type_name("N")
-        ->check(CLI::PositiveNumber);
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()));
 }
 
 int HistoryVerb::run(ConsoleStreams streams) {

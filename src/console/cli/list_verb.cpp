@@ -1,6 +1,7 @@
 #include "console/cli/list_verb.h"
 
 #include "console/cli/message_source.h"
+#include "console/cli/printable.h"
 #include "platform/text.h"
 
 #include <CLI/CLI.hpp>
@@ -43,7 +44,7 @@ void printTable(std::ostream& out, const SECSLibraryStore::Records& messages) {
     for (const Row& row : rows) {
         std::string line;
         for (std::size_t i = 0; i < row.size(); ++i)
-            line += row[i] + std::string(widths[i] - codePointCount(row[i]) + 2, ' ');
+            line += printable(row[i]) + std::string(widths[i] - codePointCount(row[i]) + 2, ' ');
         out << trimRight(line) << '\n';
     }
 }

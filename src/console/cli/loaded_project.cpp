@@ -4,6 +4,7 @@
 #include "messages/smd_reader.h"
 #include "platform/locale.h"
 #include "platform/settings.h"
+#include "platform/text.h"
 #include "platform/text_file.h"
 #include "platform/wildcard.h"
 
@@ -20,7 +21,7 @@ bool hasProjectLine(std::string_view text) {
     constexpr std::array<std::string_view, 2> kMarkers{"###[PROJECT INFORMATION]", "## [EDIT SMD]"};
     LineReader lines(text);
     while (const auto line = lines.next()) {
-        if (std::find(kMarkers.begin(), kMarkers.end(), *line) != kMarkers.end())
+        if (std::find(kMarkers.begin(), kMarkers.end(), trimRight(*line)) != kMarkers.end())
             return true;
     }
     return false;

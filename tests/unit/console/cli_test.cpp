@@ -109,6 +109,32 @@ TEST_F(Cli, TellsFaultsAsJson) {
         << run.out;
 }
 
+TEST_F(Cli, TellsWarningsWhenAskedFor) {
+    const std::string file =
+        write("Odd.zbp", encodeUtf16("## [EDIT SMD]\r\n* a\r\nOdd: S1 F1\r\n    L 1V 5.\r\n"));
+    const std::string faults = file + ": Odd: 1: Insert item name\n";
+    expectFault({"check", file}, 1, faults);
+    expectFault({"check", file, "--warnings"}, 1,
+                file + ": Odd: warning: The head has no direction\n" + faults + file +
+                    ": Odd: 1: warning: A list has no value\n");
+}
+
+TEST_F(Cli, TellsADamagedNameOnItsLine) {
+    const std::string file =
+        write("Odd.zbp", encodeUtf16("## [EDIT SMD]  \r\n* a\r\nO\rd\x1B: S129 F1 H->E.\r\n"));
+    expectFault({"check", file}, 1,
+                file + ": O d : You must insert a positive number less than 128 in the stream\n");
+    EXPECT_EQ(runZbc({"list", file}).out, "O d   S129F1  -  H->E  0  a\n");
+}
+
+TEST_F(Cli, BuildsNoFileOfNoMessages) {
+    const std::string file = write("Empty.zbp", encodeUtf16("## [EDIT SMD]\r\n"));
+    const Outcome run = runZbc({"build", file});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, file + ": no messages, so no file is built\n");
+    EXPECT_FALSE(fs::exists(path("ZeltoInfo/Empty.smd")));
+}
+
 TEST_F(Cli, BuildsBesideTheProject) {
     const Outcome run = runZbc({"build", project_});
     EXPECT_EQ(run.err, "");
