@@ -1,9 +1,7 @@
 #include "bench/generated_project.h"
 
+#include <malloc.h>
 #include <sys/resource.h>
-#include <unistd.h>
-
-#include <fstream>
 
 namespace zb::bench {
 
@@ -39,12 +37,9 @@ std::size_t peakMemory() {
     return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
 }
 
-std::size_t currentMemory() {
-    std::ifstream statm("/proc/self/statm");
-    std::size_t total = 0;
-    std::size_t resident = 0;
-    statm >> total >> resident;
-    return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+std::size_t allocatedMemory() {
+    const struct mallinfo2 use = mallinfo2();
+    return use.uordblks + use.hblkhd;
 }
 
 } // namespace zb::bench

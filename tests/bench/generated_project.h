@@ -14,7 +14,7 @@ std::string messageName(std::size_t number);
 
 /// The highest memory use of this process so far, in bytes.
 std::size_t peakMemory();
-/// The memory in use now, in bytes.
-std::size_t currentMemory();
+/// What is allocated now, in bytes.
+std::size_t allocatedMemory();
 
 } // namespace zb::bench

@@ -34,19 +34,19 @@ void Open(benchmark::State& state) {
     state.counters["peakMB"] = static_cast<double>(peakMemory()) / 1e6;
 }
 
+// What a node takes beside the characters of its Text.
 void MemoryOfATree(benchmark::State& state) {
-    const std::string text = projectText(static_cast<std::size_t>(state.range(0)));
-    double perNode = 0;
-    for (auto _ : state) {
-        const std::size_t before = currentMemory();
-        Opened opened(state.range(0));
-        std::size_t texts = 0;
-        for (int index = 1; const Node* node = opened.tree().at(index); ++index)
-            texts += node->text().capacity() > 15 ? node->text().capacity() + 1 : 0;
-        perNode = static_cast<double>(currentMemory() - before - texts) /
-                  static_cast<double>(opened.tree().count());
-    }
-    state.counters["bytesANode"] = perNode;
+    Opened opened(state.range(0));
+    NodeTree& tree = opened.tree();
+    std::size_t characters = 0;
+    for (int index = 1; const Node* node = tree.at(index); ++index)
+        characters += node->text().capacity() > 15 ? node->text().capacity() + 1 : 0;
+    const std::size_t nodes = tree.count();
+    const std::size_t before = allocatedMemory();
+    for (auto _ : state)
+        opened.program.application.frmSECSEditor.tvwEdit.replaceNodes();
+    const std::size_t freed = before - allocatedMemory();
+    state.counters["bytesANode"] = static_cast<double>(freed - characters) / static_cast<double>(nodes);
 }
 
 void SaveWalk(benchmark::State& state) {
