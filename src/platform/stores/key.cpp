@@ -50,6 +50,16 @@ std::optional<char> characterOfKey(KeyEvent key) {
     return characterOfKeypad(key.code);
 }
 
+std::optional<KeyEvent> keyOfShortcut(std::string_view shortcut) {
+    constexpr std::string_view kControl = "Ctrl+";
+    if (shortcut == "Del")
+        return KeyEvent{kKeyDelete, 0};
+    if (shortcut.size() != kControl.size() + 1 || !shortcut.starts_with(kControl))
+        return std::nullopt;
+    const char letter = shortcut.back();
+    return letter >= 'A' && letter <= 'Z' ? std::optional(KeyEvent{letter, kControlKey}) : std::nullopt;
+}
+
 std::optional<KeyEvent> keyOfCharacter(char character) {
     if (character >= 'a' && character <= 'z')
         return KeyEvent{character - ('a' - 'A'), 0};

@@ -10,6 +10,8 @@ namespace zb {
 struct KeyEvent {
     int code = 0;
     int shift = 0;
+
+    friend bool operator==(const KeyEvent&, const KeyEvent&) = default;
 };
 
 inline constexpr int kShiftKey = 1;
@@ -39,5 +41,8 @@ std::optional<char> characterOfKey(KeyEvent key);
 
 /// The key that enters an ASCII character on a US keyboard; none for characters that it lacks.
 std::optional<KeyEvent> keyOfCharacter(char character);
+
+/// The key that a menu entry names as its shortcut: "Del", or "Ctrl+" and a letter; none for other texts.
+std::optional<KeyEvent> keyOfShortcut(std::string_view shortcut);
 
 } // namespace zb

@@ -2,6 +2,7 @@
 
 #include "platform/stores/combo.h"
 #include "platform/stores/list.h"
+#include "platform/stores/menu.h"
 #include "platform/stores/simple_controls.h"
 #include "platform/stores/text_field.h"
 #include "platform/stores/tree.h"
@@ -117,6 +118,19 @@ void moveInCombo(Combo& combo, int code) {
 }
 
 } // namespace
+
+MenuEntry* entryOfKey(const Control& control, KeyEvent key) {
+    if (control.kind() == Kind::TextField)
+        return nullptr;
+    for (Control* other : control.window().controls()) {
+        if (other->kind() != Kind::MenuEntry)
+            continue;
+        auto& entry = static_cast<MenuEntry&>(*other);
+        if (!entry.shortcut().empty() && entry.popup() == nullptr && keyOfShortcut(entry.shortcut()) == key)
+            return &entry;
+    }
+    return nullptr;
+}
 
 void pressByClick(Control& control) {
     if (control.kind() == Kind::CheckBox) {

@@ -334,10 +334,14 @@ UserHands::Refusal UserHands::type(Control& control, std::string_view text) {
     return {};
 }
 
-// Down, the key's effect and up, whatever has the focus.
+// Down, the key's effect and up, whatever has the focus. A key of the menu bar never comes to the control.
 UserHands::Refusal UserHands::strike(Control& control, KeyEvent key) {
     if (Refusal refusal = whyNot(control); !refusal.empty())
         return refusal;
+    if (MenuEntry* entry = entryOfKey(control, key); entry != nullptr && whyNot(*entry).empty()) {
+        fire(entry->onClick);
+        return {};
+    }
     if (keyDownHere(control, key).empty())
         keyUp(control, key);
     return {};

@@ -25,6 +25,24 @@ public:
     void openPopup(PopupMenu& /*menu*/) override {}
 };
 
+class KeyedWindow : public Window {
+public:
+    explicit KeyedWindow(Desktop& desktop) : Window(desktop, "frmKeyed") {
+        remove.setShortcut("Del");
+        popupRemove.setShortcut("Del");
+        remove.onClick = [this] { log += "remove "; };
+        popupRemove.onClick = [this] { log += "popup "; };
+        tree.onKeyDown = [this](KeyEvent key) { log += std::to_string(key.code) + " "; };
+    }
+    std::string log;
+    MenuEntry edit{*this, "mnuEdit", "Edit"};
+    MenuEntry remove{*this, "mnuDelete", "Delete", &edit};
+    PopupMenu popup{*this, "mnuPopup"};
+    MenuEntry popupRemove{*this, "mnuPopDelete", "Delete", &popup};
+    Tree tree{*this, "tvwTree"};
+    TextField field{*this, "txtField"};
+};
+
 class TwoFields : public Window {
 public:
     TwoFields(Desktop& desktop, std::string name, std::string& log) : Window(desktop, std::move(name)) {
@@ -166,6 +184,34 @@ TEST_F(Focus, APopupStandsWhileItsCommandShowsADialog) {
     EXPECT_EQ(hands_.click(Target::whole(entry)), "");
     EXPECT_TRUE(stood);
     EXPECT_FALSE(popup.isOpen());
+}
+
+TEST(Keys, RunTheEntriesOfTheMenuBarOutsideTextFields) {
+    ModalScreen screen;
+    Desktop desktop(screen);
+    KeyedWindow window(desktop);
+    window.show();
+    UserHands hands(desktop);
+    EXPECT_EQ(hands.key(window.tree, {kKeyDelete, kShiftKey}), "");
+    EXPECT_EQ(hands.key(window.tree, {kKeyDelete, 0}), "");
+    EXPECT_EQ(window.log, "46 remove ");
+    window.edit.setEnabled(false);
+    EXPECT_EQ(hands.key(window.tree, {kKeyDelete, 0}), "");
+    EXPECT_EQ(window.log, "46 remove 46 ");
+    window.edit.setEnabled(true);
+    window.field.setText("ab");
+    window.field.selectAll();
+    EXPECT_EQ(hands.key(window.field, {kKeyLeft, kShiftKey}), "");
+    EXPECT_EQ(hands.key(window.field, {kKeyDelete, 0}), "");
+    EXPECT_EQ(window.field.text(), "a");
+    EXPECT_EQ(window.log, "46 remove 46 ");
+}
+
+TEST(Keys, AreReadFromShortcuts) {
+    EXPECT_EQ(keyOfShortcut("Del"), (KeyEvent{kKeyDelete, 0}));
+    EXPECT_EQ(keyOfShortcut("Ctrl+X"), (KeyEvent{'X', kControlKey}));
+    for (const char* other : {"", "X", "Ctrl+", "Ctrl+x", "Ctrl+F3", "Shift+X"})
+        EXPECT_EQ(keyOfShortcut(other), std::nullopt) << other;
 }
 
 } // namespace
