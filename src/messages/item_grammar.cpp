@@ -19,6 +19,10 @@ bool hasSignOrPoint(std::string_view word) {
 }
 
 bool isQuoted(std::string_view text) {
+    // The key mark stands behind the quoted value: a key item that was saved must come back as it was.
+    constexpr std::string_view kKeyMark = " [K]";
+    if (text.ends_with(kKeyMark))
+        text = trimmed(text.substr(0, text.size() - kKeyMark.size()));
     const std::size_t opening = text.find('\'');
     return opening != std::string_view::npos && text.rfind('\'') != opening && text.back() == '\'';
 }
