@@ -33,10 +33,12 @@ struct ModuleState {
     /// The messages of the last walk over the tree. Never null.
     std::unique_ptr<zb::SECSMessageStore> SECSMessageStore = std::make_unique<zb::SECSMessageStore>();
 
-    /// While a project is saved: where its sections gather before the file is replaced in one step; else null.
+    /// While a project is saved: where its sections gather before the file is replaced in one step; else
+    /// null.
     std::string* projectSections = nullptr;
 
-    /// The files that a project owns. `projectFilePath` is empty when `ProjectPath` is; the others test nothing.
+    /// The files that a project owns. `projectFilePath` is empty when `ProjectPath` is; the others test
+    /// nothing.
     std::string projectFilePath() const;
     std::string smdFilePath() const;
     std::string mdfFilePath() const;

@@ -12,7 +12,9 @@ Control::Control(Kind kind, Window& window, std::string name, Control* pane)
     window_.add(*this);
 }
 
-Control::~Control() { window_.remove(*this); }
+Control::~Control() {
+    window_.remove(*this);
+}
 
 void Control::setEnabled(bool enabled) {
     if (enabled_ == enabled)
@@ -54,14 +56,20 @@ bool Control::takesFocus() const {
     case Kind::Combo:
     case Kind::FolderField:
     case Kind::List:
-    case Kind::Tree: return true;
-    default: return false;
+    case Kind::Tree:
+        return true;
+    default:
+        return false;
     }
 }
 
-bool Control::focused() const { return window_.desktop().hasFocus(*this); }
+bool Control::focused() const {
+    return window_.desktop().hasFocus(*this);
+}
 
-void Control::setFocus() { window_.desktop().focus(*this); }
+void Control::setFocus() {
+    window_.desktop().focus(*this);
+}
 
 void Control::ring(Change change) const {
     if (bell)

@@ -81,7 +81,8 @@ public:
     std::function<void(KeyEvent)> onKeyDown;
     std::function<void(KeyEvent)> onKeyUp;
 
-    /// A drag starts on the control as a whole, and a drop on it. Trees and lists have their own for their members.
+    /// A drag starts on the control as a whole, and a drop on it. Trees and lists have their own for their
+    /// members.
     std::function<std::optional<DragData>()> onDragData;
     std::function<void(const DragData&)> onDropData;
 
@@ -103,7 +104,7 @@ private:
 };
 
 /// Runs a handler when there is one. The handler is copied first: it may replace itself.
-template <typename... Args, typename... Given>
+template<typename... Args, typename... Given>
 void fire(const std::function<void(Args...)>& handler, Given&&... given) {
     if (handler) {
         const auto running = handler;

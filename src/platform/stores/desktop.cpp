@@ -21,7 +21,9 @@ bool Desktop::acceptsInput(const Window& window) const {
     const Window* modal = standingModal();
     if (modal == nullptr || modal == &window)
         return true;
-    const auto place = [&](const Window* wanted) { return std::find(windows_.begin(), windows_.end(), wanted); };
+    const auto place = [&](const Window* wanted) {
+        return std::find(windows_.begin(), windows_.end(), wanted);
+    };
     return place(&window) > place(modal);
 }
 

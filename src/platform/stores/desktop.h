@@ -46,8 +46,12 @@ public:
     void focus(Control& control);
 
     Answer showBox(Box box);
-    Answer showBox(std::string text) { return showBox(Box{std::move(text), {}, BoxIcon::None, BoxButtons::OK}); }
-    Answer showBox(std::string text, BoxIcon icon) { return showBox(Box{std::move(text), {}, icon, BoxButtons::OK}); }
+    Answer showBox(std::string text) {
+        return showBox(Box{std::move(text), {}, BoxIcon::None, BoxButtons::OK});
+    }
+    Answer showBox(std::string text, BoxIcon icon) {
+        return showBox(Box{std::move(text), {}, icon, BoxButtons::OK});
+    }
     std::string pickFile(const FileDialog& dialog) { return screen_.pickFile(dialog); }
 
     PopupMenu* openPopup() const { return popup_; }

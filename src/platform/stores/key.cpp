@@ -14,28 +14,36 @@ struct PrintingKey {
 
 // The keys of the main block that print something other than a letter.
 constexpr std::array<PrintingKey, 22> kPrintingKeys{{
-    {32, ' ', ' '},   {48, '0', ')'},   {49, '1', '!'},  {50, '2', '@'},  {51, '3', '#'},  {52, '4', '$'},
-    {53, '5', '%'},   {54, '6', '^'},   {55, '7', '&'},  {56, '8', '*'},  {57, '9', '('},  {186, ';', ':'},
-    {187, '=', '+'},  {188, ',', '<'},  {189, '-', '_'}, {190, '.', '>'}, {191, '/', '?'}, {192, '`', '~'},
-    {219, '[', '{'},  {220, '\\', '|'}, {221, ']', '}'}, {222, '\'', '"'},
+    {32, ' ', ' '},  {48, '0', ')'},   {49, '1', '!'},  {50, '2', '@'},   {51, '3', '#'},  {52, '4', '$'},
+    {53, '5', '%'},  {54, '6', '^'},   {55, '7', '&'},  {56, '8', '*'},   {57, '9', '('},  {186, ';', ':'},
+    {187, '=', '+'}, {188, ',', '<'},  {189, '-', '_'}, {190, '.', '>'},  {191, '/', '?'}, {192, '`', '~'},
+    {219, '[', '{'}, {220, '\\', '|'}, {221, ']', '}'}, {222, '\'', '"'},
 }};
 
 std::optional<char> characterOfKeypad(int code) {
     if (code >= 96 && code <= 105)
         return static_cast<char>('0' + (code - 96));
     switch (code) {
-    case 106: return '*';
-    case 107: return '+';
-    case 109: return '-';
-    case 110: return '.';
-    case 111: return '/';
-    default: return std::nullopt;
+    case 106:
+        return '*';
+    case 107:
+        return '+';
+    case 109:
+        return '-';
+    case 110:
+        return '.';
+    case 111:
+        return '/';
+    default:
+        return std::nullopt;
     }
 }
 
 } // namespace
 
-bool isDigitKey(int code) { return (code >= 48 && code <= 57) || (code >= 96 && code <= 105); }
+bool isDigitKey(int code) {
+    return (code >= 48 && code <= 57) || (code >= 96 && code <= 105);
+}
 
 std::optional<char> characterOfKey(KeyEvent key) {
     if ((key.shift & (kControlKey | kAltKey)) != 0)

@@ -59,12 +59,18 @@ Node* arrowTarget(const NodeTree& nodes, int code) {
     if (code == kKeyHome || from == nullptr)
         return nodes.firstRoot();
     switch (code) {
-    case kKeyEnd: return deepestShown(nodes.lastRoot());
-    case kKeyUp: return shownAbove(*from);
-    case kKeyDown: return shownBelow(*from);
-    case kKeyLeft: return arrowLeft(*from);
-    case kKeyRight: return arrowRight(*from);
-    default: return nullptr;
+    case kKeyEnd:
+        return deepestShown(nodes.lastRoot());
+    case kKeyUp:
+        return shownAbove(*from);
+    case kKeyDown:
+        return shownBelow(*from);
+    case kKeyLeft:
+        return arrowLeft(*from);
+    case kKeyRight:
+        return arrowRight(*from);
+    default:
+        return nullptr;
     }
 }
 
@@ -86,11 +92,20 @@ void moveInList(List& list, int code) {
     const int last = static_cast<int>(rows.size());
     int target = here;
     switch (code) {
-    case kKeyHome: target = 1; break;
-    case kKeyEnd: target = last; break;
-    case kKeyUp: target = here - 1; break;
-    case kKeyDown: target = here + 1; break;
-    default: return;
+    case kKeyHome:
+        target = 1;
+        break;
+    case kKeyEnd:
+        target = last;
+        break;
+    case kKeyUp:
+        target = here - 1;
+        break;
+    case kKeyDown:
+        target = here + 1;
+        break;
+    default:
+        return;
     }
     target = std::clamp(target, 1, last);
     if (target == here)
@@ -156,7 +171,9 @@ void applyKey(Control& control, KeyEvent key) {
         return;
     }
     switch (control.kind()) {
-    case Kind::TextField: static_cast<TextField&>(control).enterKey(key); break;
+    case Kind::TextField:
+        static_cast<TextField&>(control).enterKey(key);
+        break;
     case Kind::CheckBox:
     case Kind::Option:
         if (key.code == kKeySpace)
@@ -166,10 +183,17 @@ void applyKey(Control& control, KeyEvent key) {
         if (key.code == kKeySpace || key.code == kKeyEnter)
             pressByClick(control);
         break;
-    case Kind::Combo: moveInCombo(static_cast<Combo&>(control), key.code); break;
-    case Kind::List: moveInList(static_cast<List&>(control), key.code); break;
-    case Kind::Tree: moveInTree(static_cast<Tree&>(control), key.code); break;
-    default: break;
+    case Kind::Combo:
+        moveInCombo(static_cast<Combo&>(control), key.code);
+        break;
+    case Kind::List:
+        moveInList(static_cast<List&>(control), key.code);
+        break;
+    case Kind::Tree:
+        moveInTree(static_cast<Tree&>(control), key.code);
+        break;
+    default:
+        break;
     }
 }
 

@@ -11,8 +11,8 @@ class MenuEntry;
 /// button, moves a selection. Escape presses the window's cancel button.
 void applyKey(Control& control, KeyEvent key);
 
-/// The entry of the window's menu bar that the key runs while the control has the focus; null for none. Fields of
-/// text keep their keys to themselves. Whether the entry can be used now is not asked.
+/// The entry of the window's menu bar that the key runs while the control has the focus; null for none.
+/// Fields of text keep their keys to themselves. Whether the entry can be used now is not asked.
 MenuEntry* entryOfKey(const Control& control, KeyEvent key);
 
 /// Presses a button, toggles a check box, turns an option on, with all that follows.

@@ -5,9 +5,13 @@
 
 namespace zb {
 
-void PopupMenu::open() { window().desktop().popup(*this); }
+void PopupMenu::open() {
+    window().desktop().popup(*this);
+}
 
-bool PopupMenu::isOpen() const { return window().desktop().openPopup() == this; }
+bool PopupMenu::isOpen() const {
+    return window().desktop().openPopup() == this;
+}
 
 PopupMenu* MenuEntry::popup() const {
     Control* above = menu_;

@@ -19,7 +19,8 @@ public:
     std::function<void()> onClosed;
 };
 
-/// An entry of the menu bar, of a sub menu or of a pop-up. An entry that others name as their menu opens them.
+/// An entry of the menu bar, of a sub menu or of a pop-up. An entry that others name as their menu opens
+/// them.
 class MenuEntry : public Control {
 public:
     /// `menu` is the entry or pop-up above; null for the menu bar itself.

@@ -13,9 +13,13 @@ void Node::setText(std::string text) {
     changed();
 }
 
-Node* Node::firstSibling() { return parent_ != nullptr ? parent_->firstChild_ : tree_->firstRoot_; }
+Node* Node::firstSibling() {
+    return parent_ != nullptr ? parent_->firstChild_ : tree_->firstRoot_;
+}
 
-Node* Node::lastSibling() { return parent_ != nullptr ? parent_->lastChild_ : tree_->lastRoot_; }
+Node* Node::lastSibling() {
+    return parent_ != nullptr ? parent_->lastChild_ : tree_->lastRoot_;
+}
 
 int Node::level() const {
     int level = 0;
@@ -44,7 +48,9 @@ void Node::setBackColor(OptionalColor color) {
     changed();
 }
 
-OptionalColor Node::foreColor() const { return foreColor_ ? foreColor_ : tree_->ordinaryForeColor_; }
+OptionalColor Node::foreColor() const {
+    return foreColor_ ? foreColor_ : tree_->ordinaryForeColor_;
+}
 
 void Node::setForeColor(OptionalColor color) {
     foreColor_ = color;
@@ -156,10 +162,14 @@ NodeTree::Place NodeTree::placeOf(Node* relative, Relation relation) const {
     if (relative == nullptr)
         return relation == Relation::First ? Place{nullptr, nullptr} : Place{nullptr, lastRoot_};
     switch (relation) {
-    case Relation::First: return {relative->parent_, nullptr};
-    case Relation::Last: return {relative->parent_, relative->lastSibling()};
-    case Relation::Previous: return {relative->parent_, relative->previous_};
-    default: return {relative->parent_, relative};
+    case Relation::First:
+        return {relative->parent_, nullptr};
+    case Relation::Last:
+        return {relative->parent_, relative->lastSibling()};
+    case Relation::Previous:
+        return {relative->parent_, relative->previous_};
+    default:
+        return {relative->parent_, relative};
     }
 }
 

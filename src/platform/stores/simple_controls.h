@@ -78,7 +78,8 @@ private:
 /// One choice of a group.
 class Option : public Control {
 public:
-    Option(Window& window, std::string name, std::string caption, OptionGroup& group, Control* pane = nullptr);
+    Option(Window& window, std::string name, std::string caption, OptionGroup& group,
+           Control* pane = nullptr);
 
     bool on() const { return on_; }
     /// Turning an option on turns the others of its group off. No click is told.

@@ -6,7 +6,9 @@ namespace zb {
 
 namespace {
 
-bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+bool isContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
 
 std::size_t characterStart(std::string_view text, std::size_t position) {
     position = std::min(position, text.size());
@@ -95,11 +97,20 @@ void TextField::replaceSelection(std::string_view text) {
 void TextField::moveCaret(KeyEvent key) {
     std::size_t target = caret_;
     switch (key.code) {
-    case kKeyLeft: target = before(caret_); break;
-    case kKeyRight: target = behind(caret_); break;
-    case kKeyHome: target = 0; break;
-    case kKeyEnd: target = text_.size(); break;
-    default: break;
+    case kKeyLeft:
+        target = before(caret_);
+        break;
+    case kKeyRight:
+        target = behind(caret_);
+        break;
+    case kKeyHome:
+        target = 0;
+        break;
+    case kKeyEnd:
+        target = text_.size();
+        break;
+    default:
+        break;
     }
     const bool extend = (key.shift & kShiftKey) != 0;
     select(extend ? anchor_ : target, target);

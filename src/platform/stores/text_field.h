@@ -42,8 +42,8 @@ public:
     void enterKey(KeyEvent key);
     /// A character from an input method or a key of another layout; it replaces the selection.
     void insert(std::string_view characters);
-    /// The whole text is replaced by `text`: one change, none when it stays the same. A field of one line takes
-    /// what stands before the first line break.
+    /// The whole text is replaced by `text`: one change, none when it stays the same. A field of one line
+    /// takes what stands before the first line break.
     void paste(std::string_view text);
     /// @}
 

@@ -66,8 +66,8 @@ public:
 
     /// Key down, its effect, key up.
     Refusal key(Control& control, KeyEvent key);
-    /// Types the text key by key. The control has the focus at the start; all keys go to it, wherever the focus goes
-    /// meanwhile. Text that a US keyboard lacks is refused as a whole.
+    /// Types the text key by key. The control has the focus at the start; all keys go to it, wherever the
+    /// focus goes meanwhile. Text that a US keyboard lacks is refused as a whole.
     Refusal type(Control& control, std::string_view text);
     /// Selects the whole text and pastes by the mouse: no key event.
     Refusal paste(Control& control, std::string_view text);

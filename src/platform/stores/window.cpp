@@ -11,7 +11,9 @@ namespace zb {
 
 namespace {
 
-bool canTakeFocus(const Control* control) { return control->takesFocus() && control->usable(); }
+bool canTakeFocus(const Control* control) {
+    return control->takesFocus() && control->usable();
+}
 
 } // namespace
 
@@ -19,7 +21,9 @@ Window::Window(Desktop& desktop, std::string name) : desktop_(desktop), name_(st
     desktop_.add(*this);
 }
 
-Window::~Window() { desktop_.remove(*this); }
+Window::~Window() {
+    desktop_.remove(*this);
+}
 
 void Window::setCaption(std::string caption) {
     caption_ = std::move(caption);
@@ -33,13 +37,21 @@ void Window::setPointer(Pointer pointer) {
     ring(Change::State);
 }
 
-void Window::show() { desktop_.show(*this); }
+void Window::show() {
+    desktop_.show(*this);
+}
 
-void Window::hide() { desktop_.hide(*this); }
+void Window::hide() {
+    desktop_.hide(*this);
+}
 
-void Window::showModal() { desktop_.showModal(*this); }
+void Window::showModal() {
+    desktop_.showModal(*this);
+}
 
-void Window::closeByFrame() { hide(); }
+void Window::closeByFrame() {
+    hide();
+}
 
 Control* Window::find(std::string_view name) const {
     const auto found = byName_.find(std::string(name));

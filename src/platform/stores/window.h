@@ -47,8 +47,8 @@ public:
 
     /// The control that has the focus whenever the window is active; may be null.
     Control* focusControl() const { return focusControl_; }
-    /// Which control gets the focus when the window comes up, as long as none had it yet; without it the first one
-    /// that can be used.
+    /// Which control gets the focus when the window comes up, as long as none had it yet; without it the
+    /// first one that can be used.
     void setFirstFocus(Control& control) { focusControl_ = &control; }
 
     /// The button that Escape presses; may be null.
