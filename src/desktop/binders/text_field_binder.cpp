@@ -116,6 +116,8 @@ bool TextFieldBinder::eventFilter(QObject* watched, QEvent* event) {
             settling_ = false;
             const Showing showing(binding());
             showSelection();
+            // The press that brings the focus keeps what the program has selected then.
+            return field_.anchor() != field_.caret();
         }
         return false;
     case QEvent::InputMethod:
@@ -174,16 +176,17 @@ bool TextFieldBinder::inputMethod(QInputMethodEvent& event) {
 
 bool TextFieldBinder::drops(QEvent& event) {
     auto& drop = static_cast<QDropEvent&>(event);
+    if (!field_.onDropData) {
+        drop.ignore();
+        return true;
+    }
     if (event.type() != QEvent::Drop) {
         acceptDrag(binding(), drop);
         return true;
     }
     const DragData data = dragDataOf(binding(), drop);
     drop.acceptProposedAction();
-    if (field_.onDropData)
-        hands().drop(data, Target::whole(field_));
-    else
-        hands().insert(field_, firstLine(data.text));
+    hands().drop(data, Target::whole(field_));
     return true;
 }
 

@@ -28,6 +28,8 @@
 #include <QToolButton>
 #include <QTreeView>
 
+#include <filesystem>
+
 namespace zb::test {
 
 using Kind = Control::Kind;
@@ -299,7 +301,8 @@ Hands::Refusal ScreenHands::paste(Control& control, std::string_view text) {
 }
 
 Hands::Refusal ScreenHands::choose(Control& control, std::string_view text) {
-    if (control.kind() == Kind::FolderField) {
+    std::error_code error;
+    if (control.kind() == Kind::FolderField && std::filesystem::is_directory(std::string(text), error)) {
         return act(Target::whole(control), [&] {
             const int begun = hands().begun();
             auto& view = dynamic_cast<QTreeView&>(binderOf(control).widget());
