@@ -55,7 +55,7 @@ Result<void> makeFolders(FileLayer& files, const fs::path& folder) {
         return {};
     if (folder.has_parent_path() && folder.parent_path() != folder) {
         if (const Result<void> parent = makeFolders(files, folder.parent_path()); !parent)
-            return parent;
+            return parent.error();
     }
     const Result<void> made = files.makeFolder(folder);
     return made || made.error().number == EEXIST ? Result<void>() : made;
@@ -92,10 +92,10 @@ Result<void> ProjectHistory::keep(const fs::path& projectFile) {
     }
     const fs::path folder = folderOf(projectFile);
     if (const Result<void> made = makeFolders(files_, folder); !made)
-        return made;
+        return made.error();
     const int number = kept.empty() ? 1 : kept.back().number + 1;
     if (const Result<void> written = replaceFile(files_, folder / versionName(number), *now); !written)
-        return written;
+        return written.error();
     for (std::size_t i = 0; i + kMostVersions < kept.size() + 1; ++i)
         static_cast<void>(files_.remove(kept[i].path));
     return {};
