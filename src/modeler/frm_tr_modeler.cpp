@@ -5,11 +5,16 @@
 
 namespace zb {
 
-frmTRModeler::frmTRModeler(ModuleState& state, ProjectCommands& commands)
-    : Window(state.desktop, "frmTRModeler"), state_(state), menus_(*this, commands) {
+frmTRModeler::frmTRModeler(ModelerState& state, ProjectCommands& commands)
+    : ModelerControls(state.desktop, commands), state_(state), addSequence_(state) {
     setCaption("TRModeler");
-    menus_.runBusy(menus_.mnuTMD, &ProjectCommands::commandBuildTmd);
-    menus_.runBusy(menus_.mnuEditor, &ProjectCommands::commandEditor);
+    menus.runBusy(menus.mnuTMD, &ProjectCommands::commandBuildTmd);
+    menus.runBusy(menus.mnuEditor, &ProjectCommands::commandEditor);
+}
+
+void frmTRModeler::useDialogs(frmTRMessage& messages, frmTRItem& items) {
+    messageDialog_ = &messages;
+    itemDialog_ = &items;
 }
 
 void frmTRModeler::newModelerProject() {
@@ -30,5 +35,10 @@ std::string frmTRModeler::saveModelerProject() {
 void frmTRModeler::clearAllTRMsgDef() {
     sections_.clear();
 }
+
+void frmTRModeler::displayAddedTRMessage(std::string_view /*name*/) {}
+void frmTRModeler::displayUpdatedTRMessage(std::string_view /*name*/) {}
+void frmTRModeler::displayAddedTRItem(std::string_view /*message*/, std::string_view /*item*/) {}
+void frmTRModeler::displayUpdatedTRItem(std::string_view /*message*/, std::string_view /*item*/) {}
 
 } // namespace zb

@@ -1,20 +1,27 @@
 #pragma once
 
-#include "messages/module_state.h"
-#include "messages/project_commands.h"
-#include "messages/standard_menus.h"
+#include "modeler/frm_add_sequence.h"
 #include "modeler/model_sections.h"
-#include "platform/stores/window.h"
+#include "modeler/model_views.h"
+#include "modeler/modeler_controls.h"
+#include "modeler/modeler_state.h"
 
 #include <string>
+#include <string_view>
 
 namespace zb {
 
-/// The window of the transaction model. It keeps the model's part of the project file and leads to the shared
-/// commands.
-class frmTRModeler final : public Window {
+class frmTRItem;
+class frmTRMessage;
+
+/// The window in which the transaction model is seen and edited. Its trees and its table are views of the
+/// store; the rows of the sequences are the document.
+class frmTRModeler final : public ModelerControls, public ModelViews {
 public:
-    frmTRModeler(ModuleState& state, ProjectCommands& commands);
+    frmTRModeler(ModelerState& state, ProjectCommands& commands);
+
+    /// The dialogs that the commands lead to; they are made behind the window and outlive no command.
+    void useDialogs(frmTRMessage& messages, frmTRItem& items);
 
     void newModelerProject();
     /// Reads the model from the project's file; a file that cannot be read gives an empty model.
@@ -24,10 +31,17 @@ public:
     /// Drops all transaction definitions.
     void clearAllTRMsgDef();
 
+    void displayAddedTRMessage(std::string_view name) override;
+    void displayUpdatedTRMessage(std::string_view name) override;
+    void displayAddedTRItem(std::string_view message, std::string_view item) override;
+    void displayUpdatedTRItem(std::string_view message, std::string_view item) override;
+
 private:
-    ModuleState& state_;
-    StandardMenus menus_;
+    ModelerState& state_;
     ModelSections sections_;
+    frmAddSequence addSequence_;
+    frmTRMessage* messageDialog_ = nullptr;
+    frmTRItem* itemDialog_ = nullptr;
 };
 
 } // namespace zb

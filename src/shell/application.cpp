@@ -9,14 +9,15 @@ namespace zb {
 
 Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileLayer& filesOfProgram,
                          Generator& generator, ApplicationFolders folders)
-    : DesktopOfProgram(screen), ModuleState(programDesktop, settingsOfProgram, filesOfProgram),
+    : DesktopOfProgram(screen), ModelerState(programDesktop, settingsOfProgram, filesOfProgram),
       frmMain(*this, *this), frmSECSEditor(*this, *this),
       frmFind(programDesktop, [this]() -> NodeTree& { return frmSECSEditor.liveTree(); }),
-      frmTRModeler(*this, *this), frmNewProject(*this, folders.application),
-      frmOption(programDesktop, settingsOfProgram), frmResult(programDesktop), frmAbout(programDesktop),
-      projects(*this),
+      frmTRModeler(*this, *this), frmTRMessage(*this, frmTRModeler), frmTRItem(*this, frmTRModeler),
+      frmNewProject(*this, folders.application), frmOption(programDesktop, settingsOfProgram),
+      frmResult(programDesktop), frmAbout(programDesktop), projects(*this),
       builds(*this, frmSECSEditor, [this]() -> NodeTree& { return frmSECSEditor.liveTree(); }),
       generator_(generator), folders_(std::move(folders)) {
+    frmTRModeler.useDialogs(frmTRMessage, frmTRItem);
     frmMain.onClose = [this] { exit(); };
     frmSECSEditor.onFind = [this] { frmFind.showFind(); };
     frmSECSEditor.libraryPane.setApplicationFolder(folders_.application);

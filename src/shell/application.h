@@ -3,9 +3,11 @@
 #include "build/build_commands.h"
 #include "editor/frm_find.h"
 #include "editor/frm_sec_editor.h"
-#include "messages/module_state.h"
 #include "messages/project_commands.h"
+#include "modeler/frm_tr_item.h"
+#include "modeler/frm_tr_message.h"
 #include "modeler/frm_tr_modeler.h"
+#include "modeler/modeler_state.h"
 #include "platform/stores/desktop.h"
 #include "shell/frm_main.h"
 #include "shell/frm_new_project.h"
@@ -29,7 +31,7 @@ struct DesktopOfProgram {
 };
 
 /// One running program: it owns one of everything. Any number can live side by side.
-class Application final : private DesktopOfProgram, public ModuleState, private ProjectCommands {
+class Application final : private DesktopOfProgram, public ModelerState, private ProjectCommands {
 public:
     Application(Screen& screen, SettingsStore& settingsOfProgram, FileLayer& filesOfProgram,
                 Generator& generator, ApplicationFolders folders);
@@ -49,6 +51,8 @@ public:
     zb::frmSECSEditor frmSECSEditor;
     zb::frmFind frmFind;
     zb::frmTRModeler frmTRModeler;
+    zb::frmTRMessage frmTRMessage;
+    zb::frmTRItem frmTRItem;
     zb::frmNewProject frmNewProject;
     zb::frmOption frmOption;
     zb::frmResult frmResult;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/stores/list.h"
+#include "platform/stores/simple_controls.h"
+#include "platform/stores/text_field.h"
+#include "platform/stores/window.h"
+
+#include <string>
+
+namespace zb {
+
+struct ModelerState;
+
+/// Asks for the name of a new sequence.
+class frmAddSequence final : public Window {
+public:
+    explicit frmAddSequence(ModelerState& state);
+
+    Label lblSequence{*this, "lblSequence", "Define Sequence Name"};
+    TextField txtSequence{*this, "txtSequence"};
+    Button cmdAdd{*this, "cmdAdd", "&Add"};
+    Button cmdCancel{*this, "cmdCancel", "&Cancel"};
+
+    /// Runs modally; `listItems` are the sequences that stand already.
+    void requestSequenceName(const List& listItems);
+    /// The name asked for; empty when no sequence is to be added.
+    std::string SequenceName;
+
+private:
+    ModelerState& state_;
+};
+
+} // namespace zb

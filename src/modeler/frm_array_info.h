@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/stores/list.h"
+#include "platform/stores/simple_controls.h"
+#include "platform/stores/text_field.h"
+#include "platform/stores/window.h"
+
+#include <string>
+#include <string_view>
+
+namespace zb {
+
+class SECSMessageRecord;
+
+/// How many of the variable lists around a data item still have no count. The walk knows a list as left only
+/// when the next variable list comes, and of several items of one name the last one counts.
+int checkDimension(const SECSMessageRecord& message, std::string_view name);
+
+/// Asks for the array index of a data item that lies inside variable lists.
+class frmArrayInfo final : public Window {
+public:
+    explicit frmArrayInfo(Desktop& desktop);
+
+    Label lblItem{*this, "lblItem", "Item"};
+    TextField txtItem{*this, "txtItem"};
+    List lvwArray{*this, "lvwArray"};
+    /// Lies over the cell that is being edited.
+    TextField txtValue{*this, "txtValue"};
+    Button cmdOK{*this, "cmdOK", "&OK"};
+    Button cmdCancel{*this, "cmdCancel", "&Cancel"};
+
+    /// Returns when the dialog has closed; an item without a dimension closes it unseen.
+    void requestArrayIndex(const SECSMessageRecord& message, std::string_view name);
+    /// The index text ("[1;2]"); empty when there is none or the user cancelled.
+    std::string ArrayInfo;
+    /// The number of dimensions that were found.
+    int Dimension = 0;
+    /// The row whose cell `txtValue` lies over; null for none.
+    ListRow* editedRow() const { return editedRow_; }
+
+private:
+    ListRow* editedRow_ = nullptr;
+};
+
+} // namespace zb

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/stores/simple_controls.h"
+#include "platform/stores/text_field.h"
+#include "platform/stores/window.h"
+
+#include <string>
+#include <string_view>
+
+namespace zb {
+
+/// Asks for the value that a TR item takes in a statement.
+class frmSetTRItemValue final : public Window {
+public:
+    explicit frmSetTRItemValue(Desktop& desktop);
+
+    Label lblInformation{*this, "lblInformation"};
+    Label lblSetItemValue{*this, "lblSetItemValue", "Set Item Value"};
+    TextField txtTRItemName{*this, "txtTRItemName"};
+    Label lblEqual{*this, "lblEqual", "="};
+    TextField txtTRItemValue{*this, "txtTRItemValue"};
+    Button cmdSet{*this, "cmdSet", "&Set"};
+    Button cmdCancel{*this, "cmdCancel", "&Cancel"};
+
+    /// Runs modally. `type` is "STRING" or "NUMERIC".
+    void reqeustTRItemValue(std::string_view name, std::string_view type);
+    /// The value; empty when the user cancelled.
+    std::string TRItemValue;
+
+private:
+    std::string itemType_;
+};
+
+} // namespace zb

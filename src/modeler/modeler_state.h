@@ -1,0 +1,18 @@
+#pragma once
+
+#include "messages/module_state.h"
+#include "modeler/tr_model_store.h"
+
+#include <memory>
+
+namespace zb {
+
+/// The slots of a running program from the modeler upwards.
+struct ModelerState : ModuleState {
+    using ModuleState::ModuleState;
+
+    /// Null until a project has been created or opened; replaced by the next one.
+    std::unique_ptr<zb::TRModelStore> TRModelStore;
+};
+
+} // namespace zb

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace zb {
+
+struct XmlAttribute {
+    std::string name;
+    std::string value;
+    bool operator==(const XmlAttribute&) const = default;
+};
+
+/// A name that an XML element cannot bear.
+class XmlNameError : public std::runtime_error {
+public:
+    explicit XmlNameError(std::string_view name)
+        : std::runtime_error("\"" + std::string(name) + "\" is no XML name") {}
+};
+
+/// An element of an XML document: a value, with its attributes and children in order. An element holds text
+/// or children; with both, the text comes first.
+class XmlElement {
+public:
+    /// Throws XmlNameError for a name that is no XML Name.
+    explicit XmlElement(std::string name);
+
+    const std::string& name() const { return name_; }
+    const std::string& text() const { return text_; }
+    void setText(std::string text) { text_ = std::move(text); }
+    const std::vector<XmlAttribute>& attributes() const { return attributes_; }
+    const std::vector<XmlElement>& children() const { return children_; }
+    std::vector<XmlElement>& children() { return children_; }
+    /// The child as it stands in this element, until the next change of the children.
+    XmlElement& append(XmlElement child);
+
+    bool operator==(const XmlElement&) const = default;
+
+private:
+    friend XmlElement& setElementAttribute(XmlElement& element, std::string_view name, std::string value);
+    std::string name_;
+    std::string text_;
+    std::vector<XmlAttribute> attributes_;
+    std::vector<XmlElement> children_;
+};
+
+/// Whether an element may bear the name: Name of XML 1.0, fifth edition, 2.3.
+bool isXmlName(std::string_view name);
+
+/// The first child of exactly that name; null when there is none.
+XmlElement* findChildElement(XmlElement& parent, std::string_view name);
+/// An element with one text; throws as the constructor does.
+XmlElement createTextElement(std::string name, std::string text);
+XmlElement createElement(std::string name);
+/// Sets or adds the attribute, and gives the element back.
+XmlElement& setElementAttribute(XmlElement& element, std::string_view name, std::string value);
+/// "" when the attribute is absent.
+const std::string& getElementAttribute(const XmlElement& element, std::string_view name);
+
+} // namespace zb
