@@ -4,31 +4,21 @@
 #include "platform/stores/combo.h"
 #include "platform/stores/desktop.h"
 #include "platform/stores/key_effects.h"
-#include "platform/stores/list.h"
 #include "platform/stores/menu.h"
 #include "platform/stores/simple_controls.h"
 #include "platform/stores/text_field.h"
-#include "platform/stores/tree.h"
-#include "platform/stores/window.h"
+#include "platform/stores/user_hands_parts.h"
 
-#include <algorithm>
 #include <charconv>
 #include <filesystem>
 
 namespace zb {
 
+using namespace hands;
+
 namespace {
 
 using Kind = Control::Kind;
-
-template<typename Store>
-Store& as(Control& control) {
-    return static_cast<Store&>(control);
-}
-
-std::string describe(const Control& control) {
-    return control.window().name() + "." + control.name();
-}
 
 bool isOpenPopupEntry(const Control& control, const PopupMenu* popup) {
     return popup != nullptr && control.kind() == Kind::MenuEntry &&
@@ -49,23 +39,6 @@ bool hasEntriesBelow(const MenuEntry& entry) {
     return std::any_of(all.begin(), all.end(), [&](const Control* other) {
         return other->kind() == Kind::MenuEntry && static_cast<const MenuEntry*>(other)->menu() == &entry;
     });
-}
-
-bool holds(const List& list, const ListRow* row) {
-    return std::any_of(list.rows().begin(), list.rows().end(),
-                       [&](const auto& candidate) { return candidate.get() == row; });
-}
-
-/// Of the target's node, 0 without one.
-int indexOf(const Target& target) {
-    return target.node == nullptr ? 0 : target.node->index();
-}
-
-/// Whether a handler has left the target, whose node had that index, in its place.
-bool isThere(const Target& target, int index) {
-    if (target.node != nullptr)
-        return as<Tree>(*target.control).nodes().at(index) == target.node;
-    return target.row == nullptr || holds(as<List>(*target.control), target.row);
 }
 
 } // namespace
@@ -285,77 +258,6 @@ UserHands::Refusal UserHands::close(Window& window) {
     return {};
 }
 
-UserHands::Refusal UserHands::keyDown(Control& control, KeyEvent key) {
-    if (!control.takesFocus())
-        return describe(control) + " takes no keys";
-    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
-        return refusal;
-    return keyDownHere(control, key);
-}
-
-UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key) {
-    ++begun_;
-    lastRefusal_ = whyNot(control);
-    if (!lastRefusal_.empty())
-        return lastRefusal_;
-    fire(control.onKeyDown, key);
-    if (Refusal refusal = whyNot(control); !refusal.empty())
-        return refusal;
-    applyKey(control, key);
-    return {};
-}
-
-void UserHands::keyUp(Control& control, KeyEvent key) {
-    if (control.window().visible())
-        fire(control.onKeyUp, key);
-}
-
-UserHands::Refusal UserHands::key(Control& control, KeyEvent key) {
-    if (!control.takesFocus())
-        return describe(control) + " takes no keys";
-    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
-        return refusal;
-    return strike(control, key);
-}
-
-UserHands::Refusal UserHands::type(Control& control, std::string_view text) {
-    if (!control.takesFocus())
-        return describe(control) + " takes no keys";
-    for (const char character : text) {
-        if (!keyOfCharacter(character))
-            return "a US keyboard has no key for all of \"" + std::string(text) + "\"";
-    }
-    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
-        return refusal;
-    for (const char character : text) {
-        if (Refusal refusal = strike(control, *keyOfCharacter(character)); !refusal.empty())
-            return refusal;
-    }
-    return {};
-}
-
-// Down, the key's effect and up, whatever has the focus. A key of the menu bar never comes to the control.
-UserHands::Refusal UserHands::strike(Control& control, KeyEvent key) {
-    if (Refusal refusal = whyNot(control); !refusal.empty())
-        return refusal;
-    if (MenuEntry* entry = entryOfKey(control, key); entry != nullptr && whyNot(*entry).empty()) {
-        fire(entry->onClick);
-        return {};
-    }
-    if (keyDownHere(control, key).empty())
-        keyUp(control, key);
-    return {};
-}
-
-UserHands::Refusal UserHands::insert(Control& control, std::string_view text) {
-    if (control.kind() != Kind::TextField)
-        return describe(control) + " is no text field";
-    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
-        return refusal;
-    as<TextField>(control).insert(text);
-    return {};
-}
-
 UserHands::Refusal UserHands::choose(Combo& combo, std::size_t position) {
     if (Refusal refusal = begin(Target::whole(combo)); !refusal.empty())
         return refusal;
@@ -373,17 +275,6 @@ UserHands::Refusal UserHands::extendTo(List& list, ListRow& row) {
         return refusal;
     list.selectRange(*list.selected(), row);
     fire(list.onMouseDown, static_cast<int>(MouseButton::Left), &row);
-    return {};
-}
-
-UserHands::Refusal UserHands::paste(Control& control, std::string_view text) {
-    if (control.kind() != Kind::TextField)
-        return describe(control) + " is no text field";
-    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
-        return refusal;
-    auto& field = as<TextField>(control);
-    field.selectAll();
-    field.paste(text);
     return {};
 }
 
@@ -415,50 +306,6 @@ UserHands::Refusal UserHands::choose(Control& control, std::string_view text) {
     return {};
 }
 
-std::optional<DragData> UserHands::beginDrag(const Target& from) {
-    Control& control = *from.control;
-    if (!stillThere(from))
-        return std::nullopt;
-    if (control.kind() == Kind::Tree) {
-        auto& tree = as<Tree>(control);
-        return from.node != nullptr && tree.onDragStart ? tree.onDragStart(*from.node) : std::nullopt;
-    }
-    if (control.kind() == Kind::List) {
-        auto& list = as<List>(control);
-        return from.row != nullptr && list.onDragStart ? list.onDragStart() : std::nullopt;
-    }
-    if (control.onDragData)
-        return control.onDragData();
-    if (control.kind() != Kind::TextField)
-        return std::nullopt;
-    std::string selected = as<TextField>(control).selectedText();
-    return selected.empty() ? std::nullopt : std::optional(DragData{std::move(selected), &control});
-}
-
-UserHands::Refusal UserHands::drag(const Target& from, const Target& to) {
-    // The press on the source may take the target away.
-    const int index = indexOf(to);
-    if (Refusal refusal = begin(from); !refusal.empty())
-        return refusal;
-    if (from.control->kind() == Kind::Pane)
-        fire(as<Pane>(*from.control).onPress);
-    pressPart(from, MouseButton::Left, {});
-    const std::optional<DragData> data = beginDrag(from);
-    if (!data)
-        return {};
-    return isThere(to, index) ? drop(*data, to) : describe(*to.control) + " has lost the target meanwhile";
-}
-
-void UserHands::dragOver(const DragData& data, const Target& to) {
-    Control& control = *to.control;
-    if (!whyNot(control).empty())
-        return;
-    if (control.kind() == Kind::Tree)
-        fire(as<Tree>(control).onDragOver, data, to.node);
-    else if (control.kind() == Kind::List)
-        fire(as<List>(control).onDragOver, data, to.row);
-}
-
 UserHands::Refusal UserHands::reach(Tree& tree, Node& node) {
     if (Refusal refusal = begin(Target::whole(tree)); !refusal.empty())
         return refusal;
@@ -474,28 +321,6 @@ UserHands::Refusal UserHands::reach(List& list, ListRow& row) {
         return refusal;
     list.select(&row);
     fire(list.onRowClick, row);
-    return {};
-}
-
-UserHands::Refusal UserHands::drop(const DragData& data, const Target& to) {
-    desktop_.closePopup();
-    Control& control = *to.control;
-    if (Refusal refusal = whyNot(control); !refusal.empty())
-        return refusal;
-    if (control.kind() == Kind::Tree) {
-        auto& tree = as<Tree>(control);
-        const int index = indexOf(to);
-        fire(tree.onDragOver, data, to.node);
-        if (isThere(to, index))
-            fire(tree.onDrop, data, to.node);
-    } else if (control.kind() == Kind::List) {
-        auto& list = as<List>(control);
-        fire(list.onDragOver, data, to.row);
-        if (isThere(to, 0))
-            fire(list.onDrop, data, to.row);
-    } else {
-        fire(control.onDropData, data);
-    }
     return {};
 }
 
