@@ -27,6 +27,9 @@ bench: build ## measure open, walks, edits on generated projects
 screenshots: build ## draw the pictures of the windows in docs/pictures
 	@scripts/screenshots $(BUILD)
 
+package: build ## make a Debian package of both programs in out/package
+	cpack --config $(BUILD)/CPackConfig.cmake -G DEB -B out/package
+
 lint: setup ## formatting and static analysis; fails on any finding
 	@scripts/lint
 
@@ -39,4 +42,4 @@ asan: setup ## tests under the sanitizers, then a minute of each fuzzer
 clean: ## remove everything that was built
 	rm -rf out
 
-.PHONY: help setup build run test bench screenshots lint asan clean
+.PHONY: help setup build run test bench screenshots package lint asan clean

@@ -29,6 +29,8 @@ std::string commandLine() {
 int main(int argc, char* argv[]) {
     QApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zeltobench"));
+    // The name of the entry in the desktop's menu: its icon stands for the windows.
+    QGuiApplication::setDesktopFileName(QStringLiteral("com.halvernworks.zeltobench"));
     QApplication::setQuitOnLastWindowClosed(false);
 
     zb::DesktopScreen screen;
