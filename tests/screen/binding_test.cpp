@@ -15,12 +15,14 @@ namespace {
 using ::testing::IsEmpty;
 
 // Names in the forms that only hold others in their places.
-const std::set<std::string> kPlaces{"centralWidget", "mdiArea",    "menuBar",    "editorSplitter",
-                                    "sourceColumn",  "treeColumn", "paneColumn", "hiddenParts"};
+bool isPlace(const std::string& name) {
+    static const std::set<std::string> kPlaces{"centralWidget", "mdiArea", "menuBar", "hiddenParts"};
+    return kPlaces.contains(name) || name.ends_with("Splitter") || name.ends_with("Column");
+}
 
 bool isOurs(const QWidget& widget) {
     const std::string name = fromQt(widget.objectName());
-    return !name.empty() && !name.starts_with("qt_") && !kPlaces.contains(name);
+    return !name.empty() && !name.starts_with("qt_") && !isPlace(name);
 }
 
 std::set<std::string> namesOf(const Window& window) {

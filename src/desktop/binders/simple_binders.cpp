@@ -1,6 +1,8 @@
 #include "desktop/binders/simple_binders.h"
 
 #include "desktop/binders/dragging.h"
+#include "desktop/forms/picture_box.h"
+#include "desktop/pictures/pictures.h"
 #include "desktop/qt_text.h"
 #include "platform/stores/simple_controls.h"
 
@@ -58,6 +60,9 @@ PaneBinder::PaneBinder(Control& control, QWidget& widget, Binding& binding)
 void PaneBinder::show(Change /*change*/) {
     if (auto* frame = qobject_cast<QGroupBox*>(&widget()))
         frame->setTitle(toQt(control().caption()));
+    else if (auto* picture = dynamic_cast<PictureBox*>(&widget()))
+        picture->setPicture(binding().pictures.icon(fromQt(picture->property("picture").toString())),
+                            toQt(control().caption()));
     else
         widget().setAccessibleName(toQt(control().caption()));
 }

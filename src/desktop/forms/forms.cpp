@@ -1,18 +1,29 @@
 #include "desktop/forms/forms.h"
 
+#include "desktop/forms/cell_editor.h"
 #include "desktop/forms/editor_splitter.h"
+#include "desktop/forms/shared_splitter.h"
 #include "editor/frm_sec_editor.h"
+#include "modeler/frm_array_info.h"
 
 #include "ui_frmAbout.h"
+#include "ui_frmAddSequence.h"
+#include "ui_frmArrayInfo.h"
 #include "ui_frmFind.h"
 #include "ui_frmMain.h"
 #include "ui_frmNewProject.h"
 #include "ui_frmOption.h"
 #include "ui_frmResult.h"
 #include "ui_frmSECSEditor.h"
+#include "ui_frmSetTRItemValue.h"
+#include "ui_frmTRItem.h"
+#include "ui_frmTRMessage.h"
 #include "ui_frmTRModeler.h"
 
+#include <QAbstractItemView>
+#include <QLabel>
 #include <QMainWindow>
+#include <QSplitter>
 
 #include <array>
 
@@ -33,14 +44,39 @@ struct Form {
 };
 
 constexpr std::array kForms{
-    Form{"frmMain", &make<Ui::frmMain, QMainWindow>}, Form{"frmSECSEditor", &make<Ui::frmSECSEditor>},
-    Form{"frmTRModeler", &make<Ui::frmTRModeler>},    Form{"frmFind", &make<Ui::frmFind>},
-    Form{"frmNewProject", &make<Ui::frmNewProject>},  Form{"frmOption", &make<Ui::frmOption>},
-    Form{"frmResult", &make<Ui::frmResult>},          Form{"frmAbout", &make<Ui::frmAbout>},
+    Form{"frmMain", &make<Ui::frmMain, QMainWindow>},
+    Form{"frmSECSEditor", &make<Ui::frmSECSEditor>},
+    Form{"frmTRModeler", &make<Ui::frmTRModeler>},
+    Form{"frmTRMessage", &make<Ui::frmTRMessage>},
+    Form{"frmTRItem", &make<Ui::frmTRItem>},
+    Form{"frmArrayInfo", &make<Ui::frmArrayInfo>},
+    Form{"frmSetTRItemValue", &make<Ui::frmSetTRItemValue>},
+    Form{"frmAddSequence", &make<Ui::frmAddSequence>},
+    Form{"frmFind", &make<Ui::frmFind>},
+    Form{"frmNewProject", &make<Ui::frmNewProject>},
+    Form{"frmOption", &make<Ui::frmOption>},
+    Form{"frmResult", &make<Ui::frmResult>},
+    Form{"frmAbout", &make<Ui::frmAbout>},
 };
 
-// Labels name their fields to screen readers by being their buddies; fields without one have their tool tip.
+struct Share {
+    const char* splitter;
+    int percentOfFirst;
+};
+
+// Where the splitters stand until the user moves them.
+constexpr std::array kShares{
+    Share{"modelerSplitter", 40}, Share{"treeSplitter", 60}, Share{"tableSplitter", 50},
+    Share{"messageSplitter", 45}, Share{"itemSplitter", 50},
+};
+
+// Labels name their fields to screen readers by being their buddies, though not lists and trees; fields
+// without one have their tool tip.
 void nameForReaders(QWidget& form) {
+    for (const QLabel* label : form.findChildren<QLabel*>()) {
+        if (auto* view = qobject_cast<QAbstractItemView*>(label->buddy()))
+            view->setAccessibleName(label->text());
+    }
     for (QWidget* widget : form.findChildren<QWidget*>()) {
         if (widget->accessibleName().isEmpty() && !widget->toolTip().isEmpty())
             widget->setAccessibleName(widget->toolTip());
@@ -61,8 +97,15 @@ void finishForm(Window& window, QWidget& form) {
     nameForReaders(form);
     if (auto* hidden = form.findChild<QWidget*>(QStringLiteral("hiddenParts")))
         hidden->hide();
+    for (const Share& share : kShares) {
+        // The splitter owns what keeps its shares, the form what works on it.
+        if (auto* splitter = form.findChild<QSplitter*>(QLatin1String(share.splitter)))
+            new SharedSplitter(*splitter, share.percentOfFirst);
+    }
+    if (auto* dialog = dynamic_cast<frmArrayInfo*>(&window))
+        new CellEditor(*dialog, form);
     if (auto* editor = dynamic_cast<frmSECSEditor*>(&window))
-        new EditorSplitter(*editor, form); // the form owns it
+        new EditorSplitter(*editor, form);
 }
 
 } // namespace zb

@@ -1,0 +1,71 @@
+#include "desktop/forms/cell_editor.h"
+
+#include "desktop/models/list_model.h"
+#include "modeler/frm_array_info.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QTreeView>
+
+namespace zb {
+
+namespace {
+
+constexpr int kValueColumn = 1;
+
+/// Rows as high as the field that lies over them.
+class TallRows final : public QStyledItemDelegate {
+public:
+    TallRows(int height, QObject* parent) : QStyledItemDelegate(parent), height_(height) {}
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index).expandedTo({0, height_});
+    }
+
+private:
+    int height_;
+};
+
+} // namespace
+
+CellEditor::CellEditor(frmArrayInfo& dialog, QWidget& form)
+    : QObject(&form), dialog_(dialog), view_(*form.findChild<QTreeView*>(QStringLiteral("lvwArray"))),
+      line_(*form.findChild<QLineEdit*>(QStringLiteral("txtValue"))) {
+    // Within the viewport a cell that is scrolled out of view takes its field along.
+    line_.setParent(view_.viewport());
+    line_.setFrame(false);
+    line_.setAutoFillBackground(true);
+    QWidget::setTabOrder(&view_, &line_);
+    view_.setItemDelegate(new TallRows(line_.sizeHint().height(), &view_));
+    line_.installEventFilter(this);
+    view_.viewport()->installEventFilter(this);
+    connect(view_.header(), &QHeaderView::sectionResized, this, [this] { follow(); });
+    connect(view_.verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { follow(); });
+    connect(view_.horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { follow(); });
+    connect(view_.selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { follow(); });
+}
+
+bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (watched == &line_ && (type == QEvent::Show || type == QEvent::FocusIn))
+        follow();
+    else if (watched == view_.viewport() && type == QEvent::Resize)
+        follow();
+    return false;
+}
+
+void CellEditor::follow() {
+    const ListRow* row = dialog_.editedRow();
+    if (row == nullptr || line_.isHidden())
+        return;
+    const auto& model = static_cast<const ListModel&>(*view_.model());
+    const QModelIndex cell = model.indexOf(row).siblingAtColumn(kValueColumn);
+    if (cell.isValid())
+        line_.setGeometry(view_.visualRect(cell));
+}
+
+} // namespace zb
