@@ -6,6 +6,8 @@
 #include "platform/text.h"
 #include "platform/text_file.h"
 
+#include <algorithm>
+
 namespace zb {
 
 namespace {
@@ -43,6 +45,13 @@ std::string numberedBody(const SmdMessageText& message, TextFindings& findings) 
         lines.append(std::to_string(item.level)).append(" ").append(item.text).append("\r\n");
     }
     return lines;
+}
+
+/// Tabs part the words of a head as well as blanks do.
+std::string withBlanksForTabs(std::string_view head) {
+    std::string text(head);
+    std::replace(text.begin(), text.end(), '\t', ' ');
+    return text;
 }
 
 std::string composeHead(std::string_view name, std::string_view stream, std::string_view function, bool wait,
@@ -119,7 +128,8 @@ void SECSLibraryStore::loadSmd(std::string_view text) {
     while (const std::optional<SmdMessageText> message = splitter.next()) {
         const std::string body = numberedBody(*message, findings);
         SECSMessageRecord record;
-        const std::string status = record.parseTexts(message->head, message->description, body);
+        const std::string status =
+            record.parseTexts(withBlanksForTabs(message->head), message->description, body);
         if (!status.empty()) {
             findings.push_back({TextFinding::Severity::Error, message->headLine, status});
             continue;

@@ -1,9 +1,11 @@
 #include "messages/mdf_text.h"
 
 #include "messages/item_grammar.h"
+#include "messages/smd_text_parser.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <utility>
@@ -77,6 +79,37 @@ std::string_view marksOf(const SECSMessageRecord& record, const std::string& hea
     return colon == std::string_view::npos ? std::string_view() : nodeText.substr(colon + 2);
 }
 
+// A tab that belongs to a text is written as an escape; one that stands in the file parts words, like a
+// blank.
+constexpr std::string_view kBlanks = " \t";
+
+std::string_view withoutBlanks(std::string_view text) {
+    const std::size_t first = std::min(text.find_first_not_of(kBlanks), text.size());
+    text.remove_prefix(first);
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+std::string_view takeField(std::string_view& rest) {
+    const std::size_t end = std::min(rest.find_first_of(kBlanks), rest.size());
+    const std::string_view field = rest.substr(0, end);
+    rest = withoutBlanks(rest.substr(end));
+    return field;
+}
+
+std::string headOf(std::string_view field) {
+    std::string head(field);
+    std::replace(head.begin(), head.end(), '\t', ' ');
+    return unescaped(head);
+}
+
+/// What the program wrote is taken as it stands; tabs and a type in lower case come from elsewhere.
+std::string itemOf(std::string_view field) {
+    const std::string_view type = field.substr(0, field.find_first_of(kBlanks));
+    const bool isForeign = field.find('\t') != std::string_view::npos ||
+                           std::any_of(type.begin(), type.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+    return isForeign ? unescaped(cleanItemText(field)) : unescaped(field);
+}
+
 /// Gathers the lines of one message until the next begins.
 class MdfReader {
 public:
@@ -86,7 +119,7 @@ public:
     void line(std::string_view line, std::size_t number) {
         number_ = number;
         std::string_view rest = line;
-        const std::string_view keyword = takeWord(rest);
+        const std::string_view keyword = takeField(rest);
         if (keyword == "MESSAGE")
             begin(rest);
         else if (!open_)
@@ -94,7 +127,7 @@ public:
         else if (keyword == "DESCRIPTION")
             description_ = unescaped(rest);
         else if (keyword == "HEAD")
-            head_ = unescaped(rest);
+            head_ = headOf(rest);
         else if (keyword == "ITEM")
             item(rest);
         else if (keyword == "END")
@@ -135,7 +168,7 @@ private:
     }
 
     void item(std::string_view rest) {
-        const std::string_view word = takeWord(rest);
+        const std::string_view word = takeField(rest);
         int level = 0;
         const auto [last, error] = std::from_chars(word.data(), word.data() + word.size(), level);
         if (error != std::errc() || last != word.data() + word.size() || level < 1 || level > level_ + 1 ||
@@ -143,7 +176,7 @@ private:
             tell("The level of the item does not follow from the line before");
             level = level_ == 0 ? 1 : level_;
         }
-        const std::string text = unescaped(rest);
+        const std::string text = itemOf(rest);
         SECSItemRecord record;
         if (const std::string status = record.parseText(text); !status.empty())
             tell(status + ": " + text);
@@ -197,7 +230,7 @@ std::vector<SECSMessageRecord> parseMdf(std::string_view text, TextFindings& fin
     LineReader lines(text);
     bool begun = false;
     while (const std::optional<std::string_view> line = lines.next()) {
-        const std::string_view content = trimmed(*line);
+        const std::string_view content = withoutBlanks(*line);
         if (content.empty())
             continue;
         const bool isFirst = !std::exchange(begun, true);

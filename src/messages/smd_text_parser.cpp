@@ -72,7 +72,8 @@ Closing stripClosers(std::string_view& content) {
     }
 }
 
-/// Blanks and tabs outside of the quoted value become single blanks, and the type is upper-cased.
+} // namespace
+
 std::string cleanItemText(std::string_view text) {
     std::string clean;
     clean.reserve(text.size());
@@ -93,8 +94,6 @@ std::string cleanItemText(std::string_view text) {
                    [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
     return clean;
 }
-
-} // namespace
 
 void SmdTextSplitter::tell(TextFinding::Severity severity, std::string text) {
     if (findings_ != nullptr)

@@ -20,6 +20,10 @@ struct TextFinding {
 };
 using TextFindings = std::vector<TextFinding>;
 
+/// An item as a tree holds it: blanks and tabs outside of the quoted value become single blanks, and the type
+/// is upper-cased.
+std::string cleanItemText(std::string_view text);
+
 /// One message within a longer text; all views lead into that text.
 struct SmdMessageText {
     std::string_view description;

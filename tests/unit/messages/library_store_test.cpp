@@ -90,6 +90,11 @@ TEST_F(LibraryStore, SmdMayBeWrittenCarelessly) {
     EXPECT_EQ(texts(store), (Lines{"Title\r\nA: S1 F1 W H->E\r\n1 L 2\r\n2 A 3 N 'a  b'\r\n2 U1 1 0\r\n"}));
 }
 
+TEST_F(LibraryStore, TabsPartTheWordsOfAHead) {
+    EXPECT_EQ(store.load(write("a.smd", "A:\tS1\tF1\tW\tH->E\t\n<L 0>.\n"), kFormatSmd), "");
+    EXPECT_EQ(texts(store), (Lines{"\r\nA: S1 F1 W H->E\r\n1 L 0\r\n"}));
+}
+
 TEST_F(LibraryStore, SmdMayBeInProjectForm) {
     EXPECT_EQ(store.load(crlf({"* T", "A: S1 F1 H->E", "    L 1", "        U1 1 0."}), kFormatGem), "");
     EXPECT_EQ(texts(store), (Lines{"T\r\nA: S1 F1 H->E\r\n1 L 1\r\n2 U1 1 0\r\n"}));

@@ -26,6 +26,18 @@ TEST(MdfText, ReadsBackWhatItWrites) {
     EXPECT_EQ(composeMdf({&records[0], &records[1]}), kText);
 }
 
+TEST(MdfText, MayBeWrittenCarelessly) {
+    TextFindings findings;
+    const std::vector<SECSMessageRecord> records =
+        parseMdf("MDF 1\t\n\tMESSAGE\tA \t\nDESCRIPTION  a\tb\t\nHEAD\tS1\tF1 W\tH->E\t\n"
+                 "ITEM\t1\tl\t2\t\n  ITEM 2 a\t3  N 'a  b'\n ITEM 2 u1 1 0 \nEND\t\n",
+                 findings);
+    EXPECT_THAT(findings, IsEmpty());
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].getHeadText(), "a\tb\r\nA: S1 F1 W H->E");
+    EXPECT_EQ(records[0].getBodyText(), crlf({"1 L 2", "2 A 3 N 'a  b'", "2 U1 1 0"}));
+}
+
 TEST(MdfText, AnyTextStaysOnItsLine) {
     SECSMessageRecord record;
     const std::string description = " \\ tab\t cr\r lf\n \\n end ";
