@@ -24,14 +24,31 @@ std::string rightAligned(const std::string& number) {
     return std::string(number.size() < kWidth ? kWidth - number.size() : 0, ' ') + number;
 }
 
-/// Name, stream, function, and all the rest, which may hold the separator itself.
+bool isNumber(std::string_view field) {
+    return !field.empty() && field.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// Where the name ends: before the first two numbers in a row, since a name may hold the separator itself.
+std::size_t nameLength(std::string_view row) {
+    for (std::size_t end = row.find('\\'); end != std::string_view::npos; end = row.find('\\', end + 1)) {
+        std::string_view rest = row.substr(end + 1);
+        const std::string_view stream = before(rest, "\\");
+        rest.remove_prefix(std::min(stream.size() + 1, rest.size()));
+        if (isNumber(stream) && isNumber(before(rest, "\\")))
+            return end;
+    }
+    return before(row, "\\").size();
+}
+
+/// Name, stream, function, and all the rest, which may hold the separator, too.
 std::array<std::string, 4> fieldsOf(const std::string& row) {
     std::array<std::string, 4> fields;
     std::string_view rest = row;
+    std::size_t length = nameLength(rest);
     for (std::size_t i = 0; i + 1 < fields.size(); ++i) {
-        const std::string_view field = before(rest, "\\");
-        fields[i] = field;
-        rest.remove_prefix(std::min(field.size() + 1, rest.size()));
+        fields[i] = rest.substr(0, length);
+        rest.remove_prefix(std::min(length + 1, rest.size()));
+        length = before(rest, "\\").size();
     }
     fields.back() = rest;
     return fields;
