@@ -163,6 +163,10 @@ ItemReader::Step ItemReader::stepInList() {
         return stepAtPoint();
     case '=':
         return passGivenName() ? Step::next : Step::broken;
+    case ',':
+        findings_.warn(scanner_.offset(), "items are parted by white space; the comma was read as such");
+        scanner_.advance();
+        return Step::next;
     default:
         break;
     }

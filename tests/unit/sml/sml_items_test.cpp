@@ -55,6 +55,10 @@ INSTANTIATE_TEST_SUITE_P(
                 "1 L 1\n2 U1 1 29\nerror 3:1 expected an item type; the item was read as a list\n"},
         Dialect{"OneLine", "<L[2]<U4 1><U4 2>>", "1 L 2\n2 U4 1 1\n2 U4 1 2\n"},
         Dialect{"SpacesEverywhere", "< L [ 2 ]\n< U2  1 >\n<A\t'x' > >  ", "1 L 2\n2 U2 1 1\n2 A 1 'x'\n"},
+        Dialect{"CommasBetweenItems", "<L <U4 1> , <U4 2>,\n>",
+                "1 L 2\n2 U4 1 1\n2 U4 1 2\n"
+                "warning 2:11 items are parted by white space; the comma was read as such\n"
+                "warning 2:19 items are parted by white space; the comma was read as such\n"},
         Dialect{"BareHexadecimal", "<B 00 A4 0D 10>",
                 "1 B 4 0 164 13 10\nwarning 2:7 A4 was read as a hexadecimal number\n"
                 "warning 2:10 0D was read as a hexadecimal number\n"},
