@@ -3,10 +3,12 @@
 #include "desktop/forms/forms.h"
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
+#include "desktop/start/beginning.h"
 #include "editor/frm_find.h"
 #include "platform/stores/desktop.h"
 #include "platform/stores/menu.h"
 #include "platform/stores/window.h"
+#include "shell/frm_main.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -54,6 +56,10 @@ void DesktopScreen::attach(Desktop& desktop, const std::string& layoutFile) {
     for (Window* window : windows)
         bind(*window);
     showMenus();
+    if (auto* main = dynamic_cast<frmMain*>(desktop.find("frmMain"));
+        main != nullptr && documents_ != nullptr)
+        beginning_ = std::make_unique<Beginning>(*main, *documents_, *binding_);
+    followBeginning();
 }
 
 void DesktopScreen::detach() {
@@ -62,6 +68,7 @@ void DesktopScreen::detach() {
             layout_.remember(frame.binder->form());
         frame.binder.reset();
     }
+    beginning_.reset();
     // What lies in the main window goes with it.
     frames_.clear();
     main_ = nullptr;
@@ -115,6 +122,7 @@ void DesktopScreen::place(Window& window, Frame& frame, std::unique_ptr<QWidget>
 
 void DesktopScreen::follow(Window& window) {
     Frame& frame = frames_.at(&window);
+    followBeginning();
     if (frame.shown != window.visible()) {
         frame.shown = window.visible();
         if (frame.shown)
@@ -125,6 +133,15 @@ void DesktopScreen::follow(Window& window) {
     }
     frame.binder->form().setCursor(window.pointer() == Pointer::Sizing ? Qt::SplitHCursor : Qt::ArrowCursor);
     showPointer();
+}
+
+void DesktopScreen::followBeginning() {
+    const auto& windows = binding_->desktop.windows();
+    const bool documentShown = std::any_of(windows.begin(), windows.end(), [](const Window* window) {
+        return window->visible() && kindOf(*window) == FrameKind::Document;
+    });
+    if (beginning_)
+        beginning_->follow(documentShown);
 }
 
 void DesktopScreen::showFrame(const Window& window, Frame& frame) {
@@ -243,6 +260,8 @@ Answer DesktopScreen::showBox(const Box& box) {
 }
 
 std::string DesktopScreen::pickFile(const FileDialog& dialog) {
+    if (std::string file = beginning_ ? beginning_->takeFile() : std::string(); !file.empty())
+        return file;
     ++waiting_;
     const auto over = qScopeGuard([this] {
         --waiting_;
@@ -273,6 +292,8 @@ void DesktopScreen::forget(Window& window) {
     const auto found = frames_.find(&window);
     if (found == frames_.end())
         return;
+    if (kindOf(window) == FrameKind::Main)
+        beginning_.reset();
     found->second.binder->abandon();
     found->second.binder.reset();
     if (found->second.document != nullptr)

@@ -20,6 +20,8 @@ class QMdiArea;
 
 namespace zb {
 
+class Beginning;
+
 /// The Qt windows of one program. Dialogs stand before the main window, document windows within it; the menu
 /// bar shows the menus of the document in front.
 class DesktopScreen : public QObject, public Screen {
@@ -36,6 +38,8 @@ public:
     const Pictures& pictures() const { return pictures_; }
     Binding& binding() const { return *binding_; }
     QMainWindow* mainWindow() const { return main_; }
+    /// Null before `attach`.
+    Beginning* beginning() const { return beginning_.get(); }
     /// Shows at once what has been put off until the event loop runs.
     void flush();
 
@@ -61,6 +65,7 @@ private:
     WindowBinder& bind(Window& window);
     void place(Window& window, Frame& frame, std::unique_ptr<QWidget> form);
     void follow(Window& window);
+    void followBeginning();
     void showFrame(const Window& window, Frame& frame);
     void hideFrame(const Window& window, Frame& frame);
     void waitUntilSeen() const;
@@ -76,6 +81,7 @@ private:
     std::map<const Window*, QEventLoop*> modalLoops_;
     QPointer<QMainWindow> main_;
     QMdiArea* documents_ = nullptr;
+    std::unique_ptr<Beginning> beginning_;
     const Window* menusOf_ = nullptr;
     bool busyPointer_ = false;
     int waiting_ = 0; // boxes and dialogs that wait for the user, whatever runs behind them

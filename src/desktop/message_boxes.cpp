@@ -4,6 +4,7 @@
 
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QStandardPaths>
 
 namespace zb {
 
@@ -82,6 +83,16 @@ std::string askFile(const FileDialog& dialog, QWidget* parent) {
     shown.setFileMode(QFileDialog::ExistingFile);
     shown.setNameFilters(filtersOf(toQt(dialog.filter)));
     shown.setDefaultSuffix(toQt(dialog.extension));
+    if (shown.exec() != QDialog::Accepted || shown.selectedFiles().isEmpty())
+        return {};
+    return fromQt(shown.selectedFiles().constFirst());
+}
+
+std::string askFolder(const QString& title, const QString& button, QWidget* parent) {
+    QFileDialog shown(parent, title, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    shown.setFileMode(QFileDialog::Directory);
+    shown.setOption(QFileDialog::ShowDirsOnly);
+    shown.setLabelText(QFileDialog::Accept, button);
     if (shown.exec() != QDialog::Accepted || shown.selectedFiles().isEmpty())
         return {};
     return fromQt(shown.selectedFiles().constFirst());

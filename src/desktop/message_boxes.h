@@ -5,6 +5,7 @@
 #include <memory>
 
 class QMessageBox;
+class QString;
 class QWidget;
 
 namespace zb {
@@ -13,8 +14,10 @@ namespace zb {
 std::unique_ptr<QMessageBox> makeBox(const Box& box, QWidget* parent);
 Answer answerOf(const QMessageBox& box, int button);
 
-/// Both wait for the user.
+/// All wait for the user. A folder is asked for with a dialog whose button bears the caption; the empty text
+/// means none.
 Answer askBox(const Box& box, QWidget* parent);
 std::string askFile(const FileDialog& dialog, QWidget* parent);
+std::string askFolder(const QString& title, const QString& button, QWidget* parent);
 
 } // namespace zb

@@ -123,6 +123,16 @@ void photograph(ProgramOnScreen& program, Photographer& camera) {
     camera.takeDialog(application.frmAbout, QStringLiteral("about"));
 }
 
+bool photographStart(const QString& folder, const QString& suffix) {
+    ProgramOnScreen program("/");
+    program.application.start("");
+    program.screen.mainWindow()->resize(860, 520);
+    program.screen.mainWindow()->activateWindow();
+    Photographer camera(program, folder, suffix);
+    camera.take(*program.screen.mainWindow(), QStringLiteral("start"));
+    return !camera.failed();
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -135,9 +145,12 @@ int main(int argc, char* argv[]) {
     zb::test::dress(qt, dark ? zb::test::Shade::Dark : zb::test::Shade::Light);
     const zb::Pictures pictures;
     QApplication::setWindowIcon(pictures.icon("zeltobench"));
+    const QString folder = QString::fromLocal8Bit(argv[2]);
+    const QString suffix = QString::fromLocal8Bit(argv[4]);
+    const bool startTaken = photographStart(folder, suffix);
     ProgramOnScreen program("/");
     program.application.start(argv[1]);
-    Photographer camera(program, QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[4]));
+    Photographer camera(program, folder, suffix);
     photograph(program, camera);
-    return camera.failed() ? 1 : 0;
+    return startTaken && !camera.failed() ? 0 : 1;
 }

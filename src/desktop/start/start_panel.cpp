@@ -1,0 +1,126 @@
+#include "desktop/start/start_panel.h"
+
+#include "desktop/pictures/pictures.h"
+
+#include <QCommandLinkButton>
+#include <QEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace zb {
+
+namespace {
+
+constexpr int kPictureSize = 56;
+constexpr int kWayPictureSize = 28;
+constexpr int kWayMargins = 28;
+constexpr qreal kCorner = 4;
+
+/// Styles give these buttons no mark of the focus.
+class WayButton final : public QCommandLinkButton {
+public:
+    using QCommandLinkButton::QCommandLinkButton;
+
+private:
+    void paintEvent(QPaintEvent* event) override {
+        QCommandLinkButton::paintEvent(event);
+        if (!hasFocus())
+            return;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+    }
+};
+
+// Buttons of this kind write the line below their caption at 9 points, whatever the font of the rest.
+QFont fontOfMeanings(QFont font) {
+    font.setPointSizeF(9);
+    return font;
+}
+
+} // namespace
+
+StartPanel::StartPanel(QWidget& place, const Pictures& pictures, Ways ways) : QScrollArea(&place) {
+    setObjectName(QStringLiteral("startPanel"));
+    setAccessibleName(QStringLiteral("Start"));
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+    setBackgroundRole(QPalette::Base);
+
+    auto* sheet = new QWidget(this); // the scroll area owns it
+    auto* row = new QHBoxLayout(sheet);
+    auto* column = new QVBoxLayout;
+    row->addStretch();
+    row->addLayout(column);
+    row->addStretch();
+    column->setSpacing(4);
+    column->addStretch(2);
+    addHead(*column, pictures);
+    first_ = addWay(*column, QStringLiteral("startNew"), pictures.icon("new"), QStringLiteral("&New project"),
+                    QStringLiteral("An empty one, in a folder of its own (Ctrl+N)"), std::move(ways.makeNew));
+    addWay(*column, QStringLiteral("startOpen"), pictures.icon("open"), QStringLiteral("&Open project"),
+           QStringLiteral("A project file, *.zbp (Ctrl+O)"), std::move(ways.open));
+    addWay(*column, QStringLiteral("startExample"), pictures.icon("editor"),
+           QStringLiteral("Open the &example"),
+           QStringLiteral("A copy of the messages of a plasma etcher, in a folder of your choice"),
+           std::move(ways.openExample));
+    column->addStretch(3);
+    setWidget(sheet);
+    hide();
+    place.installEventFilter(this);
+}
+
+void StartPanel::addHead(QVBoxLayout& column, const Pictures& pictures) {
+    auto* picture = new QLabel;
+    picture->setPixmap(
+        pictures.icon("zeltobench").pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatioF()));
+    column.addWidget(picture, 0, Qt::AlignHCenter);
+    auto* title = new QLabel(QStringLiteral("No project is open"));
+    title->setForegroundRole(QPalette::Text);
+    QFont large = title->font();
+    large.setPointSizeF(large.pointSizeF() * 1.6);
+    title->setFont(large);
+    column.addWidget(title, 0, Qt::AlignHCenter);
+    column.addSpacing(12);
+}
+
+QWidget* StartPanel::addWay(QVBoxLayout& column, const QString& name, const QIcon& icon,
+                            const QString& caption, const QString& meaning, std::function<void()> way) {
+    auto* button = new WayButton(caption, meaning);
+    button->setObjectName(name);
+    button->setIcon(icon);
+    button->setIconSize(QSize(kWayPictureSize, kWayPictureSize));
+    button->setMinimumWidth(kWayPictureSize + kWayMargins +
+                            QFontMetrics(fontOfMeanings(font())).horizontalAdvance(meaning));
+    button->setAutoDefault(true); // Enter presses it as well as the blank
+    connect(button, &QAbstractButton::clicked, this, std::move(way));
+    column.addWidget(button);
+    return button;
+}
+
+void StartPanel::setShown(bool shown) {
+    if (shown == !isHidden())
+        return;
+    if (shown) {
+        setGeometry(parentWidget()->rect());
+        raise();
+        show();
+        first_->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    // Focus that is lost by hiding would wander on as if the user had pressed Tab.
+    if (QWidget* focused = window()->focusWidget(); focused != nullptr && isAncestorOf(focused))
+        focused->clearFocus();
+    hide();
+}
+
+bool StartPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == parentWidget() && event->type() == QEvent::Resize)
+        setGeometry(parentWidget()->rect());
+    return QScrollArea::eventFilter(watched, event);
+}
+
+} // namespace zb

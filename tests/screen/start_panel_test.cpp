@@ -1,0 +1,160 @@
+#include "desktop/start/beginning.h"
+#include "desktop/start/start_panel.h"
+#include "platform/stores/window.h"
+#include "screen/support/program_on_screen.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+namespace zb::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::UnorderedElementsAre;
+
+const std::filesystem::path kExample = std::filesystem::path(ZB_SOURCE_FOLDER) / "examples/etcher/Etcher.zbp";
+
+struct Start : ::testing::Test {
+    void start(const std::string& commandLine) {
+        {
+            const BusyPointer busy(program.application.frmMain);
+            program.application.start(commandLine);
+        }
+        program.settle();
+    }
+
+    StartPanel& panel() { return *program.screen.mainWindow()->findChild<StartPanel*>(); }
+    QPushButton& way(const char* name) { return *panel().findChild<QPushButton*>(QLatin1String(name)); }
+    void press(Qt::Key key) {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(program.screen.mainWindow()->focusWidget(), &event);
+        }
+    }
+    std::string focused() {
+        const QWidget* widget = program.screen.mainWindow()->focusWidget();
+        return widget == nullptr ? "" : widget->objectName().toStdString();
+    }
+    void openExampleIn(const std::filesystem::path& chosen) {
+        program.screen.beginning()->pickFolder = [chosen] { return chosen.string(); };
+        way("startExample").click();
+        program.settle();
+    }
+
+    TemporaryFolder folder;
+    ProgramOnScreen program{"/"};
+};
+
+TEST_F(Start, WithoutAProjectTheMainWindowShowsHowToBegin) {
+    start("");
+    EXPECT_TRUE(panel().isVisible());
+    EXPECT_EQ(panel().size(), panel().parentWidget()->size());
+    program.screen.mainWindow()->resize(700, 500);
+    program.settle();
+    EXPECT_EQ(panel().size(), panel().parentWidget()->size());
+}
+
+TEST_F(Start, AProjectOfTheCommandLineOpensWithoutAFlash) {
+    struct Counter : QObject {
+        int shows = 0;
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            shows += event->type() == QEvent::Show ? 1 : 0;
+            return false;
+        }
+    } counter;
+    panel().installEventFilter(&counter);
+    std::filesystem::copy(kExample, folder / "Etcher.zbp");
+    start((folder / "Etcher.zbp").string());
+    EXPECT_EQ(program.application.ProjectName, "Etcher");
+    EXPECT_FALSE(panel().isVisible());
+    EXPECT_EQ(counter.shows, 0);
+}
+
+TEST_F(Start, TheExampleIsCopiedToTheChosenFolderAndOpened) {
+    start("");
+    openExampleIn(folder.path());
+    EXPECT_EQ(program.application.projectFilePath(), (folder / "Etcher" / "Etcher.zbp").string());
+    EXPECT_EQ(readFile(folder / "Etcher" / "Etcher.zbp"), readFile(kExample));
+    EXPECT_TRUE(program.application.frmSECSEditor.visible());
+    EXPECT_FALSE(panel().isVisible());
+}
+
+TEST_F(Start, ACopyThatIsThereAlreadyStays) {
+    std::filesystem::create_directory(folder / "Etcher");
+    writeFile(folder / "Etcher" / "Etcher.zbp", "mine");
+    start("");
+    openExampleIn(folder.path());
+    EXPECT_EQ(program.application.projectFilePath(), (folder / "Etcher-2" / "Etcher.zbp").string());
+    EXPECT_EQ(readFile(folder / "Etcher" / "Etcher.zbp"), "mine");
+}
+
+TEST_F(Start, AFolderThatTakesNoCopyIsToldAndThePanelStays) {
+    writeFile(folder / "file", "");
+    start("");
+    QString told;
+    QTimer::singleShot(0, &program.screen, [&told] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            told = box->text();
+            box->button(QMessageBox::Ok)->click();
+        }
+    });
+    openExampleIn(folder / "file");
+    EXPECT_THAT(told.toStdString(),
+                HasSubstr("The example cannot be copied to " + (folder / "file").string()));
+    EXPECT_TRUE(panel().isVisible());
+    EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAre("file"));
+}
+
+TEST_F(Start, NoFolderChosenChangesNothing) {
+    start("");
+    openExampleIn({});
+    EXPECT_TRUE(panel().isVisible());
+    EXPECT_EQ(program.application.ProjectName, "");
+}
+
+TEST_F(Start, NewThatIsCancelledFindsThePanelAndItsFocusAsTheyWere) {
+    start("");
+    bool asked = false;
+    QTimer::singleShot(0, &program.screen, [&] {
+        asked = program.application.frmNewProject.visible();
+        EXPECT_TRUE(panel().isVisible());
+        program.form(program.application.frmNewProject).close();
+    });
+    way("startNew").click();
+    program.settle();
+    EXPECT_TRUE(asked);
+    EXPECT_TRUE(panel().isVisible());
+    EXPECT_EQ(focused(), "startNew");
+}
+
+TEST_F(Start, TheKeyboardReachesEveryWayAndEnterTakesIt) {
+    start("");
+    EXPECT_EQ(focused(), "startNew");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "startOpen");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "startExample");
+    program.screen.beginning()->pickFolder = [this] { return folder.path().string(); };
+    press(Qt::Key_Return);
+    program.settle();
+    EXPECT_EQ(program.application.ProjectName, "Etcher");
+}
+
+TEST_F(Start, TheEditorShownWithoutAProjectTakesThePlace) {
+    start("");
+    program.application.showEditor();
+    program.settle();
+    EXPECT_FALSE(panel().isVisible());
+    program.application.frmSECSEditor.hide();
+    program.settle();
+    EXPECT_TRUE(panel().isVisible());
+}
+
+} // namespace
+} // namespace zb::test
