@@ -10,6 +10,7 @@
 
 namespace zb {
 
+class Combo;
 class SECSMessageRecord;
 
 /// How many of the variable lists around a data item still have no count. The walk knows a list as left only
@@ -39,7 +40,20 @@ public:
     ListRow* editedRow() const { return editedRow_; }
 
 private:
+    void showRows();
+    void editCell(ListRow& row);
+    void valueChanged();
+    void cutToNumber();
+    void accept();
+    void cancel();
+
     ListRow* editedRow_ = nullptr;
+    bool cutting_ = false;
 };
+
+/// Asks for the index of the data item that was chosen in a combo. The combo's text gets the index behind
+/// it; it is emptied when the user gave none, so that an item that needs an index cannot stand without. A
+/// blank text asks nothing, and a null message leaves the combo as it is.
+void askForArrayIndex(Combo& combo, const SECSMessageRecord* message, frmArrayInfo& dialog);
 
 } // namespace zb

@@ -28,6 +28,8 @@ public:
     std::string TRItemValue;
 
 private:
+    void accept();
+
     std::string itemType_;
 };
 

@@ -109,7 +109,11 @@ constexpr std::array kBar{kEnabled, kVisible};
 constexpr std::array kToolbarButton{
     Rule{"enabled", [](const Place& at) -> PropertyValue { return buttonOf(at).enabled(); }},
     Rule{"value", [](const Place& at) { return number(buttonOf(at).value()); }},
-    Rule{"image", [](const Place& at) { return number(buttonOf(at).image()); }},
+    Rule{"image",
+         [](const Place& at) -> PropertyValue {
+             const std::string& name = buttonOf(at).picture();
+             return name.empty() ? number(buttonOf(at).image()) : name;
+         }},
 };
 constexpr std::array kStatusPanel{
     Rule{"text", [](const Place& at) -> PropertyValue { return at.panel->text; }},

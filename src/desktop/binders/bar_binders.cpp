@@ -90,8 +90,11 @@ void ToolbarBinder::show(Change /*change*/) {
 
 void ToolbarBinder::showButtons() {
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
-        buttons_[i]->setEnabled(toolbar_.buttons()[i].enabled());
-        buttons_[i]->setChecked(toolbar_.buttons()[i].value() == 1);
+        const ToolbarButton& button = toolbar_.buttons()[i];
+        buttons_[i]->setEnabled(button.enabled());
+        buttons_[i]->setChecked(button.value() == 1);
+        if (!button.picture().empty())
+            buttons_[i]->setIcon(binding().pictures.icon(button.picture()));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "platform/text.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace zb {
 
@@ -18,6 +19,11 @@ void ToolbarButton::setValue(int value) {
 
 void ToolbarButton::setImage(int image) {
     image_ = image;
+    owner_->ring(Change::Rows);
+}
+
+void ToolbarButton::setPicture(std::string name) {
+    picture_ = std::move(name);
     owner_->ring(Change::Rows);
 }
 

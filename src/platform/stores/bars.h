@@ -22,6 +22,9 @@ public:
     /// The number of its picture, 0 for none.
     int image() const { return image_; }
     void setImage(int image);
+    /// The name of its picture, for buttons whose pictures have names; else empty.
+    const std::string& picture() const { return picture_; }
+    void setPicture(std::string name);
 
 private:
     friend class Toolbar;
@@ -32,6 +35,7 @@ private:
     bool enabled_ = true;
     int value_ = 0;
     int image_ = 0;
+    std::string picture_;
 };
 
 class Toolbar : public Control {

@@ -1,0 +1,212 @@
+#include "modeler/condition_builder.h"
+
+#include "messages/message_record.h"
+#include "modeler/condition_text.h"
+#include "modeler/frm_array_info.h"
+#include "platform/stores/desktop.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+namespace zb {
+
+namespace {
+
+std::string pictureName(const ToolbarButton& button, bool pressed) {
+    std::string name = button.key();
+    if (name == "==")
+        name = "Equal";
+    else if (name == "!=")
+        name = "NotEqual";
+    return name + (pressed ? "_Pressed" : "_Unpressed");
+}
+
+/// Of two buttons one is always pressed.
+void pressOnly(Toolbar& bar, const ToolbarButton& pressed) {
+    for (ToolbarButton& button : bar.buttons())
+        button.setValue(&button == &pressed ? 1 : 0);
+}
+
+void press(Toolbar& bar, const ToolbarButton& pressed) {
+    pressOnly(bar, pressed);
+    for (ToolbarButton& button : bar.buttons())
+        button.setPicture(pictureName(button, &button == &pressed));
+}
+
+/// One more than the number in the last row's id.
+std::string nextId(const List& list, char letter) {
+    int number = 0;
+    if (list.count() > 0) {
+        const std::string& last = list.rows().back()->text();
+        std::from_chars(last.data() + 1, last.data() + last.size(), number);
+    }
+    return letter + std::to_string(number + 1);
+}
+
+void addRow(List& list, char letter, std::string condition) {
+    const std::string id = nextId(list, letter);
+    list.add(id, id).setCell(1, std::move(condition));
+}
+
+/// Everything behind the first character.
+void selectFromSecondCharacter(TextField& field) {
+    const std::string& text = field.text();
+    field.select(text.empty() ? 0 : decodeCharacter(text, 0).length, text.size());
+}
+
+} // namespace
+
+void acceptTextDrops(Control& field, std::function<void(const std::string&)> take) {
+    field.onDropData = [take = std::move(take)](const DragData& data) {
+        if (data.form == DragData::Form::Text)
+            take(data.text);
+    };
+}
+
+ConditionBuilder::ConditionBuilder(ConditionControls& controls, frmArrayInfo& arrayDialog, ConditionHome home)
+    : controls_(controls), arrayDialog_(arrayDialog), home_(std::move(home)) {
+    controls_.cmbDataItem.onChoose = [this] {
+        controls_.txtDataItemValue.setText("");
+        askForArrayIndex(controls_.cmbDataItem, home_.messageOfIndex(), arrayDialog_);
+    };
+    for (Toolbar* bar : {&controls_.tlbOperator1, &controls_.tlbOperator2})
+        bar->onButtonClick = [bar](const ToolbarButton& button) { press(*bar, button); };
+    controls_.cmdAddCondition.onClick = [this] { addSimpleCondition(); };
+    controls_.cmdEdit.onClick = [this] { addComplexCondition(); };
+    if (home_.enterInValue == ConditionHome::EnterInValue::AddsCondition) {
+        controls_.txtDataItemValue.onKeyDown = [this](KeyEvent key) {
+            if (key.code == kKeyEnter)
+                addSimpleCondition();
+        };
+    }
+    controls_.txtOperand2.onKeyDown = [this](KeyEvent key) {
+        if (key.code == kKeyEnter)
+            addComplexCondition();
+    };
+    for (TextField* operand : {&controls_.txtOperand1, &controls_.txtOperand2})
+        acceptTextDrops(*operand, [operand](const std::string& id) { operand->setText(id); });
+    for (List* list : {&controls_.lvwSimpleCondition, &controls_.lvwComplexCondition}) {
+        list->onDragStart = [list]() -> std::optional<DragData> {
+            if (const ListRow* row = list->selected(); row != nullptr)
+                return DragData{row->text(), list};
+            return std::nullopt;
+        };
+    }
+    reset();
+}
+
+void ConditionBuilder::reset() {
+    press(controls_.tlbOperator1, controls_.tlbOperator1.button("=="));
+    press(controls_.tlbOperator2, controls_.tlbOperator2.button("and"));
+    controls_.txtDataItemValue.setText("");
+    controls_.txtOperand1.setText("");
+    controls_.txtOperand2.setText("");
+    controls_.lvwSimpleCondition.clear();
+    controls_.lvwComplexCondition.clear();
+}
+
+const ToolbarButton* ConditionBuilder::pressedButton(const Toolbar& bar) const {
+    const ToolbarButton* pressed = nullptr;
+    for (const ToolbarButton& button : bar.buttons()) {
+        if (button.value() != 1)
+            continue;
+        pressed = &button;
+        if (home_.reading == ConditionHome::OperatorReading::FirstPressed)
+            break;
+    }
+    return pressed;
+}
+
+void ConditionBuilder::addSimpleCondition() {
+    const Combo& item = controls_.cmbDataItem;
+    if (isBlank(item.text()) || isBlank(controls_.txtDataItemValue.text()))
+        return;
+    const ToolbarButton* comparison = pressedButton(controls_.tlbOperator1);
+    if (comparison == nullptr || !formValue())
+        return;
+    const std::string condition =
+        simpleCondition(item.text(), comparison->key(), controls_.txtDataItemValue.text());
+    const auto& rows = controls_.lvwSimpleCondition.rows();
+    if (std::any_of(rows.begin(), rows.end(), [&](const auto& row) { return row->cell(1) == condition; }))
+        refuseDuplicate(condition);
+    else
+        addRow(controls_.lvwSimpleCondition, 'S', condition);
+}
+
+bool ConditionBuilder::formValue() {
+    TextField& field = controls_.txtDataItemValue;
+    const ConditionValueForm form = conditionValueForm(typeOfDataItem());
+    if (!isConditionValue(form, field.text())) {
+        refuseValue(form == ConditionValueForm::Boolean ? "Insert Boolean Type Value!"
+                                                        : "Insert Numeric Type Value!");
+        return false;
+    }
+    // The field itself takes the apostrophes, so that a second click quotes the quoted text.
+    if (form == ConditionValueForm::Quoted)
+        field.setText("'" + field.text() + "'");
+    return true;
+}
+
+std::string ConditionBuilder::typeOfDataItem() const {
+    const SECSMessageRecord* message = home_.selectedMessage();
+    if (message == nullptr)
+        return {};
+    const std::string_view name = before(controls_.cmbDataItem.text(), "[");
+    std::string type;
+    for (const SECSItemRecord& item : message->getItems()) {
+        if (item.getName() == name)
+            type = item.getType();
+    }
+    return type;
+}
+
+void ConditionBuilder::refuseValue(std::string text) {
+    desktop().showBox(std::move(text), BoxIcon::Information);
+    TextField& field = controls_.txtDataItemValue;
+    // The focus puts the caret behind the text, so it comes first.
+    field.setFocus();
+    selectFromSecondCharacter(field);
+}
+
+void ConditionBuilder::refuseDuplicate(const std::string& condition) {
+    desktop().showBox("Defined Condition\r\n" + condition, BoxIcon::Exclamation);
+    controls_.txtDataItemValue.setText("");
+    controls_.cmbDataItem.setText("");
+    Toolbar& bar = controls_.tlbOperator1;
+    const ToolbarButton& first = bar.buttons().front();
+    if (home_.afterDuplicate == ConditionHome::AfterDuplicate::PressFirst)
+        press(bar, first);
+    else
+        pressOnly(bar, first);
+}
+
+void ConditionBuilder::addComplexCondition() {
+    const std::string& left = controls_.txtOperand1.text();
+    const std::string& right = controls_.txtOperand2.text();
+    if (isBlank(left) || isBlank(right))
+        return;
+    if (const ToolbarButton* word = pressedButton(controls_.tlbOperator2); word != nullptr)
+        addRow(controls_.lvwComplexCondition, 'C', left + " " + word->key() + " " + right);
+}
+
+std::string ConditionBuilder::conditionOfId(std::string_view id) const {
+    const List* list = nullptr;
+    if (id.starts_with('S'))
+        list = &controls_.lvwSimpleCondition;
+    else if (id.starts_with('C'))
+        list = &controls_.lvwComplexCondition;
+    const ListRow* row = list == nullptr ? nullptr : list->find(id);
+    return row == nullptr ? std::string() : row->cell(1);
+}
+
+std::optional<std::string> ConditionBuilder::expandCondition(std::string_view condition) const {
+    return zb::expandCondition(condition, [this](std::string_view id) { return conditionOfId(id); });
+}
+
+std::optional<std::string> ConditionBuilder::finishedConditionOf(std::string_view id) const {
+    return expandCondition(conditionOfId(id));
+}
+
+} // namespace zb
