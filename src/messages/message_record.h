@@ -36,6 +36,8 @@ public:
     /// The same flag, as the dialogs know it.
     bool autoreply() const { return reply_; }
     bool getNoLogging() const { return noLogging_; }
+    /// The MessageNode Text.
+    const std::string& getNodeText() const { return nodeText_; }
     /// Description, CR LF, MessageNode Text.
     std::string getHeadText() const;
     /// One line an item: depth number, blank, item Text.

@@ -17,22 +17,35 @@ void frmTRModeler::useDialogs(frmTRMessage& messages, frmTRItem& items) {
     itemDialog_ = &items;
 }
 
+void frmTRModeler::makeStore() {
+    state_.TRModelStore = std::make_unique<TRModelStore>();
+    state_.TRModelStore->setProjectType(state_.ProjectType);
+}
+
 void frmTRModeler::newModelerProject() {
+    makeStore();
     sections_.clear();
+    if (state_.ProjectType == 2)
+        state_.TRModelStore->clearTRMessages();
 }
 
 void frmTRModeler::openModelerProject() {
     const BusyPointer busy(*this);
+    makeStore();
     const auto bytes = readBytes(state_.projectFilePath());
-    sections_ = bytes ? ModelSections::parse(decodeProject(*bytes).text) : ModelSections();
+    const std::string text = bytes ? decodeProject(*bytes).text : std::string();
+    state_.TRModelStore->loadModelText(text);
+    sections_ = ModelSections::parse(text);
 }
 
 std::string frmTRModeler::saveModelerProject() {
     const BusyPointer busy(*this);
-    return sections_.compose();
+    return sections_.compose(state_.TRModelStore ? state_.TRModelStore->saveModel() : std::string());
 }
 
 void frmTRModeler::clearAllTRMsgDef() {
+    if (state_.TRModelStore)
+        state_.TRModelStore->clearTRMessages();
     sections_.clear();
 }
 

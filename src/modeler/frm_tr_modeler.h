@@ -37,6 +37,8 @@ public:
     void displayUpdatedTRItem(std::string_view message, std::string_view item) override;
 
 private:
+    void makeStore();
+
     ModelerState& state_;
     ModelSections sections_;
     frmAddSequence addSequence_;

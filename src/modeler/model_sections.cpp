@@ -1,21 +1,12 @@
 #include "modeler/model_sections.h"
 
+#include "modeler/project_lines.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 
 namespace zb {
 
 namespace {
-
-constexpr std::string_view kHeaderMarker = "###[PROJECT INFORMATION]";
-constexpr std::string_view kMessagesMarker = "## [EDIT SMD]";
-constexpr std::string_view kSequenceMarker = "###[SEQUENCE TABLE]";
-
-enum class Section { Header, Messages, Model, Sequences };
-
-bool opensSection(std::string_view line) {
-    return trimmed(line.substr(0, 2)) == "##";
-}
 
 // Blank lines at the end belong to the marker that follows.
 void dropBlankEnd(std::vector<std::string>& lines) {
@@ -27,44 +18,34 @@ void dropBlankEnd(std::vector<std::string>& lines) {
 
 ModelSections ModelSections::parse(std::string_view projectText) {
     ModelSections sections;
-    Section section = Section::Header;
+    ProjectLines sorter;
     LineReader lines(projectText);
     while (const auto line = lines.next()) {
-        if (*line == kSequenceMarker) {
-            section = Section::Sequences;
-            continue;
-        }
-        if (section != Section::Sequences && opensSection(*line)) {
-            if (trimmed(*line) == kMessagesMarker)
-                section = Section::Messages;
-            else if (*line == kHeaderMarker)
-                section = Section::Header;
-            else
-                section = Section::Model;
-        }
-        if (section == Section::Model)
-            sections.model_.emplace_back(*line);
-        else if (section == Section::Sequences)
+        const auto section = sorter.take(*line);
+        if (section == ProjectLines::Section::Foreign)
+            sections.foreign_.emplace_back(*line);
+        else if (section == ProjectLines::Section::Sequences)
             sections.sequences_.emplace_back(*line);
     }
-    dropBlankEnd(sections.model_);
+    dropBlankEnd(sections.foreign_);
     dropBlankEnd(sections.sequences_);
     return sections;
 }
 
 void ModelSections::clear() {
-    model_.clear();
+    foreign_.clear();
     sequences_.clear();
 }
 
-std::string ModelSections::compose() const {
+std::string ModelSections::compose(std::string_view modelText) const {
     std::string text;
     const auto append = [&](std::string_view line) {
         text += line;
         text += "\r\n";
     };
-    for (const std::string& line : model_)
+    for (const std::string& line : foreign_)
         append(line);
+    text += modelText;
     for (int blank = 0; blank < 3; ++blank)
         append("");
     append(kSequenceMarker);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "modeler/named_records.h"
 #include "platform/xml_element.h"
 
 #include <optional>
@@ -9,10 +10,8 @@
 namespace zb {
 
 /// A named value of a received TR message.
-class TRItemRecord {
+class TRItemRecord final : public NamedRecord {
 public:
-    const std::string& Name() const { return name_; }
-    void setName(std::string name) { name_ = std::move(name); }
     /// The source: the name of a data item, with an index where it lies in variable lists.
     const std::string& Value() const { return value_; }
     void setValue(std::string value) { value_ = std::move(value); }
@@ -29,7 +28,6 @@ public:
     void setConditionNode(std::optional<XmlElement> node) { conditionNode_ = std::move(node); }
 
 private:
-    std::string name_;
     std::string value_;
     std::string absValue_;
     std::string statementText_;

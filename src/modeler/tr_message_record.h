@@ -8,17 +8,14 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace zb {
 
 /// One named use of a SECS message on the side that the project models.
-class TRMessageRecord {
+class TRMessageRecord final : public NamedRecord {
 public:
-    using Items = std::vector<std::unique_ptr<TRItemRecord>>;
+    using Items = NamedRecords<TRItemRecord>::Records;
 
-    const std::string& Name() const { return name_; }
-    void setName(std::string name) { name_ = std::move(name); }
     /// Name of the SECS message; empty or "NONE" when none is selected.
     const std::string& SECSMessage() const { return secsMessage_; }
     void setSECSMessage(std::string name) { secsMessage_ = std::move(name); }
@@ -28,7 +25,7 @@ public:
     bool Report() const { return report_; }
     void setReport(bool report) { report_ = report; }
     /// In the order of adding.
-    const Items& TRItems() const { return items_; }
+    const Items& TRItems() const { return items_.records(); }
     /// 1 towards the host, 2 towards the equipment.
     int Direction() const { return direction_; }
     void setDirection(int direction) { direction_ = direction; }
@@ -37,22 +34,22 @@ public:
     void setDataBlock(std::optional<SECSMessageRecord> block) { dataBlock_ = std::move(block); }
 
     /// False, and nothing is added, when an item of that name stands there already.
-    bool addTRItem(std::unique_ptr<TRItemRecord> item);
+    bool addTRItem(std::unique_ptr<TRItemRecord> item) { return items_.add(std::move(item)); }
     /// Null when there is none; the name is compared exactly.
-    TRItemRecord* getTRItem(std::string_view name) const;
-    void deleteTRItem(std::string_view name);
+    TRItemRecord* getTRItem(std::string_view name) const { return items_.find(name); }
+    /// Without effect for a name that is not there.
+    void deleteTRItem(std::string_view name) { items_.remove(name); }
     /// Makes room for the data of a message to be sent.
     void newDataBlock() { dataBlock_.reset(); }
     /// The data block as an element "DataBlock"; none when there is no data block.
     std::optional<XmlElement> DataBlockNode() const;
 
 private:
-    std::string name_;
     std::string secsMessage_;
     std::string condition_;
     bool report_ = false;
     int direction_ = 0;
-    Items items_;
+    NamedRecords<TRItemRecord> items_;
     std::optional<SECSMessageRecord> dataBlock_;
 };
 

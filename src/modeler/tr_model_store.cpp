@@ -1,38 +1,22 @@
 #include "modeler/tr_model_store.h"
 
-#include <algorithm>
+#include "modeler/model_reader.h"
+#include "modeler/model_writer.h"
+#include "platform/text_file.h"
 
 namespace zb {
 
-void TRModelStore::addTRMessage(std::unique_ptr<TRMessageRecord> record) {
-    if (byName_.emplace(record->Name(), record.get()).second)
-        messages_.push_back(std::move(record));
+void TRModelStore::loadModel(const std::string& path) {
+    if (const auto bytes = readBytes(path))
+        loadModelText(decodeProject(*bytes).text);
 }
 
-TRMessageRecord* TRModelStore::getTRMessage(std::string_view name) const {
-    const auto found = byName_.find(std::string(name));
-    return found == byName_.end() ? nullptr : found->second;
+void TRModelStore::loadModelText(std::string_view projectText) {
+    readModel(projectText, *this);
 }
-
-void TRModelStore::deleteTRMessage(std::string_view name) {
-    const auto found = byName_.find(std::string(name));
-    if (found == byName_.end())
-        return;
-    const TRMessageRecord* record = found->second;
-    byName_.erase(found);
-    messages_.erase(std::find_if(messages_.begin(), messages_.end(),
-                                 [&](const auto& message) { return message.get() == record; }));
-}
-
-void TRModelStore::clearTRMessages() {
-    byName_.clear();
-    messages_.clear();
-}
-
-void TRModelStore::loadModel(const std::string& /*path*/) {}
 
 std::string TRModelStore::saveModel() const {
-    return {};
+    return composeModel(*this);
 }
 
 } // namespace zb

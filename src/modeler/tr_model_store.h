@@ -5,8 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <vector>
+#include <utility>
 
 namespace zb {
 
@@ -18,9 +17,9 @@ inline constexpr int kToEquip = 2;
 /// are the model: who changes a fetched record changes it.
 class TRModelStore {
 public:
-    using Messages = std::vector<std::unique_ptr<TRMessageRecord>>;
+    using Messages = NamedRecords<TRMessageRecord>::Records;
 
-    const Messages& TRMessages() const { return messages_; }
+    const Messages& TRMessages() const { return messages_.records(); }
     /// 1 models the host, any other number the equipment.
     void setProjectType(int type) { projectType_ = type; }
     int ProjectType() const { return projectType_; }
@@ -30,23 +29,25 @@ public:
 
     /// Appends the record. The caller has seen to it that the name is free; a second record of a name is not
     /// taken.
-    void addTRMessage(std::unique_ptr<TRMessageRecord> record);
+    void addTRMessage(std::unique_ptr<TRMessageRecord> record) { messages_.add(std::move(record)); }
     /// Null when there is none; the name is compared exactly.
-    TRMessageRecord* getTRMessage(std::string_view name) const;
+    TRMessageRecord* getTRMessage(std::string_view name) const { return messages_.find(name); }
     /// Without effect for a name that is not there.
-    void deleteTRMessage(std::string_view name);
-    void clearTRMessages();
-    /// Reads the messages from the model's section of the project file. A file without one leaves the store
-    /// empty.
+    void deleteTRMessage(std::string_view name) { messages_.remove(name); }
+    void clearTRMessages() { messages_.clear(); }
+    /// Reads the messages from the model's section of the project file. A file without one, or one that
+    /// cannot be read, adds none; of a damaged section everything is taken that can be told apart. Called
+    /// when the project type is set.
     void loadModel(const std::string& path);
+    /// The same from the decoded text of a project file.
+    void loadModelText(std::string_view projectText);
     /// The model's section, to stand between the SECS messages and the sequence table; empty for an empty
     /// model.
     std::string saveModel() const;
 
 private:
     int projectType_ = 1;
-    Messages messages_;
-    std::unordered_map<std::string, TRMessageRecord*> byName_;
+    NamedRecords<TRMessageRecord> messages_;
 };
 
 } // namespace zb

@@ -14,21 +14,21 @@ constexpr const char* kProject = "\r\n###[PROJECT INFORMATION]\r\nProjectType=2\
 
 TEST(ModelSections, TakesTheLinesBehindTheMessages) {
     const ModelSections sections = ModelSections::parse(kProject);
-    EXPECT_EQ(sections.modelLines(), (Lines{"###[MODEL]", "message A", "", "  item B"}));
+    EXPECT_EQ(sections.foreignLines(), (Lines{"###[MODEL]", "message A", "", "  item B"}));
     EXPECT_EQ(sections.sequenceLines(), (Lines{"SeqName\u00FFMain\u00FF\u00FF"}));
 }
 
 TEST(ModelSections, WritesBackWhatItRead) {
     const ModelSections sections = ModelSections::parse(kProject);
-    EXPECT_EQ(sections.compose(), "###[MODEL]\r\nmessage A\r\n\r\n  item B\r\n"
-                                  "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\nSeqName\u00FFMain\u00FF\u00FF\r\n");
-    EXPECT_EQ(ModelSections::parse(sections.compose()).compose(), sections.compose());
+    EXPECT_EQ(sections.compose(""), "###[MODEL]\r\nmessage A\r\n\r\n  item B\r\n"
+                                    "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\nSeqName\u00FFMain\u00FF\u00FF\r\n");
+    EXPECT_EQ(ModelSections::parse(sections.compose("")).compose(""), sections.compose(""));
 }
 
 TEST(ModelSections, OfAProjectWithoutAModelAreTheEmptySequenceTable) {
     const ModelSections sections = ModelSections::parse("\r\n###[PROJECT INFORMATION]\r\nProjectType=1\r\n");
-    EXPECT_TRUE(sections.modelLines().empty());
-    EXPECT_EQ(sections.compose(), "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\n");
+    EXPECT_TRUE(sections.foreignLines().empty());
+    EXPECT_EQ(sections.compose(""), "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\n");
 }
 
 TEST(ModelSections, KeepLinesThatLookLikeMarkersInsideTheSequenceTable) {
@@ -39,7 +39,7 @@ TEST(ModelSections, KeepLinesThatLookLikeMarkersInsideTheSequenceTable) {
 TEST(ModelSections, AreEmptyOnceCleared) {
     ModelSections sections = ModelSections::parse(kProject);
     sections.clear();
-    EXPECT_EQ(sections.compose(), "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\n");
+    EXPECT_EQ(sections.compose(""), "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\n");
 }
 
 } // namespace

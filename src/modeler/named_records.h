@@ -1,0 +1,110 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace zb {
+
+template<typename Record>
+class NamedRecords;
+
+/// What a record of the model is known by.
+class NamedRecord {
+public:
+    NamedRecord() = default;
+    NamedRecord(const NamedRecord&) = delete;
+    NamedRecord& operator=(const NamedRecord&) = delete;
+
+    const std::string& Name() const { return name_; }
+    void setName(std::string name) {
+        name_ = std::move(name);
+        if (namesChanged_ != nullptr)
+            *namesChanged_ = true;
+    }
+
+protected:
+    ~NamedRecord() = default;
+
+private:
+    template<typename Record>
+    friend class NamedRecords;
+    std::string name_;
+    bool* namesChanged_ = nullptr; ///< of the collection that owns the record
+};
+
+/// An ordered collection that owns its records and finds them by their names in constant time, also when a
+/// record was renamed where it stands.
+template<typename Record>
+class NamedRecords {
+public:
+    using Records = std::vector<std::unique_ptr<Record>>;
+
+    NamedRecords() = default;
+    NamedRecords(const NamedRecords&) = delete;
+    NamedRecords& operator=(const NamedRecords&) = delete;
+
+    const Records& records() const { return records_; }
+
+    /// False, and nothing is added, when a record of that name stands there already.
+    bool add(std::unique_ptr<Record> record) {
+        indexNames();
+        if (!byName_.emplace(record->Name(), record.get()).second)
+            return false;
+        record->namesChanged_ = &namesChanged_;
+        records_.push_back(std::move(record));
+        return true;
+    }
+
+    /// Null when there is none; names are compared exactly.
+    Record* find(std::string_view name) const {
+        indexNames();
+        const auto found = byName_.find(name);
+        return found == byName_.end() ? nullptr : found->second;
+    }
+
+    void remove(std::string_view name) {
+        Record* record = find(name);
+        if (record == nullptr)
+            return;
+        // The name may lie in the record itself.
+        byName_.erase(byName_.find(name));
+        records_.erase(std::find_if(records_.begin(), records_.end(),
+                                    [&](const auto& owned) { return owned.get() == record; }));
+        // Behind it may stand a record that was given the same name.
+        namesChanged_ = records_.size() != byName_.size();
+    }
+
+    void clear() {
+        byName_.clear();
+        records_.clear();
+        namesChanged_ = false;
+    }
+
+private:
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
+    };
+
+    void indexNames() const {
+        if (!namesChanged_)
+            return;
+        byName_.clear();
+        for (const auto& record : records_)
+            byName_.emplace(record->Name(), record.get());
+        namesChanged_ = false;
+    }
+
+    Records records_;
+    mutable std::unordered_map<std::string, Record*, Hash, std::equal_to<>> byName_;
+    mutable bool namesChanged_ = false;
+};
+
+} // namespace zb
