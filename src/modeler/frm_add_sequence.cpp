@@ -1,17 +1,80 @@
 #include "modeler/frm_add_sequence.h"
 
 #include "modeler/modeler_state.h"
+#include "modeler/sequence_rows.h"
+#include "platform/stores/desktop.h"
+#include "platform/text.h"
+
+#include <algorithm>
 
 namespace zb {
+
+namespace {
+
+constexpr int kKeyMinus = 189; // with Shift the underscore
+
+bool isUsedIn(const TRModelStore& model, std::string_view name) {
+    const std::string wanted = upper(name);
+    return std::any_of(model.TRMessages().begin(), model.TRMessages().end(),
+                       [&](const auto& record) { return upper(record->Name()) == wanted; });
+}
+
+} // namespace
 
 frmAddSequence::frmAddSequence(ModelerState& state) : Window(state.desktop, "frmAddSequence"), state_(state) {
     setCaption("AddSequence");
     setCancelButton(cmdCancel);
+    txtSequence.onKeyDown = [this](KeyEvent key) { txtSequence.setLocked(!mayEnter(key)); };
+    cmdAdd.onClick = [this] { add(); };
+    cmdCancel.onClick = [this] {
+        SequenceName.clear();
+        hide();
+    };
 }
 
-void frmAddSequence::requestSequenceName(const List& /*listItems*/) {
+void frmAddSequence::requestSequenceName(const List& listItems) {
     SequenceName.clear();
+    sequences_ = &listItems;
+    txtSequence.setText("");
+    setFirstFocus(txtSequence);
     showModal();
+}
+
+// A name begins with a letter and goes on with letters, digits and underscores, so that an XML element can
+// bear it.
+bool frmAddSequence::mayEnter(KeyEvent key) const {
+    if (key.code >= 'A' && key.code <= 'Z')
+        return true;
+    const bool inside = isDigitKey(key.code) || key.code == kKeyBackspace || key.code == kKeyEnter ||
+                        (key.code == kKeyMinus && key.shift == kShiftKey);
+    return inside && !txtSequence.text().empty();
+}
+
+void frmAddSequence::add() {
+    const std::string name = txtSequence.text();
+    if (const std::string fault = whyNot(name); !fault.empty()) {
+        desktop().showBox(fault, BoxIcon::Information);
+        txtSequence.selectAll();
+        txtSequence.setFocus();
+        return;
+    }
+    SequenceName = trim(name);
+    hide();
+}
+
+std::string frmAddSequence::whyNot(const std::string& name) const {
+    // The name of a head row stands in its first column, so that this one is empty and only a blank name
+    // meets it: two sequences may share a name.
+    const std::string trimmedName = upper(trim(name));
+    for (const auto& row : sequences_->rows()) {
+        if (isSequenceHead(*row) && upper(row->cell(2)) == trimmedName)
+            return name + " was already used in Sequence!";
+    }
+    if (state_.SECSMessageStore->getByName(name) != nullptr)
+        return name + " was already used in SECSMessages!";
+    if (state_.TRModelStore && isUsedIn(*state_.TRModelStore, name))
+        return name + " was already used in TRMessages!";
+    return {};
 }
 
 } // namespace zb

@@ -27,7 +27,13 @@ public:
     std::string SequenceName;
 
 private:
+    bool mayEnter(KeyEvent key) const;
+    void add();
+    /// What the name is used for already; empty when it is free.
+    std::string whyNot(const std::string& name) const;
+
     ModelerState& state_;
+    const List* sequences_ = nullptr;
 };
 
 } // namespace zb

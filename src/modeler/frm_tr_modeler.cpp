@@ -1,20 +1,35 @@
 #include "modeler/frm_tr_modeler.h"
 
+#include "modeler/frm_tr_item.h"
+#include "modeler/frm_tr_message.h"
+#include "modeler/model_nodes.h"
+#include "modeler/sequence_table.h"
+#include "modeler/tr_object_table.h"
 #include "platform/stores/desktop.h"
 #include "platform/text_file.h"
 
 namespace zb {
 
 frmTRModeler::frmTRModeler(ModelerState& state, ProjectCommands& commands)
-    : ModelerControls(state.desktop, commands), state_(state), addSequence_(state) {
+    : ModelerControls(state.desktop, commands), state_(state), addSequence_(state), treeCommands_(*this),
+      tableCommands_(*this), sequenceCommands_(*this, addSequence_) {
     setCaption("TRModeler");
     menus.runBusy(menus.mnuTMD, &ProjectCommands::commandBuildTmd);
     menus.runBusy(menus.mnuEditor, &ProjectCommands::commandEditor);
+    displayModel();
 }
 
 void frmTRModeler::useDialogs(frmTRMessage& messages, frmTRItem& items) {
     messageDialog_ = &messages;
     itemDialog_ = &items;
+}
+
+bool frmTRModeler::isDialogVisible() const {
+    return messageDialog_->visible() || itemDialog_->visible();
+}
+
+std::string_view frmTRModeler::rootOf(const Tree& tree) const {
+    return &tree == &tvwRcvTRMsg ? kReceiveRoot : kSendRoot;
 }
 
 void frmTRModeler::makeStore() {
@@ -24,34 +39,158 @@ void frmTRModeler::makeStore() {
 
 void frmTRModeler::newModelerProject() {
     makeStore();
-    sections_.clear();
+    lvwSequence.clear();
+    foreign_.clear();
     if (state_.ProjectType == 2)
         state_.TRModelStore->clearTRMessages();
+    displayModel();
 }
 
 void frmTRModeler::openModelerProject() {
     const BusyPointer busy(*this);
+    initializeTreeView(tvwRcvTRMsg);
+    initializeTreeView(tvwSndTRMsg);
     makeStore();
     const auto bytes = readBytes(state_.projectFilePath());
     const std::string text = bytes ? decodeProject(*bytes).text : std::string();
     state_.TRModelStore->loadModelText(text);
-    sections_ = ModelSections::parse(text);
+    foreign_ = ForeignSections::parse(text);
+    displayModel();
+    lvwSequence.clear();
+    loadSequenceTable(text, lvwSequence);
 }
 
 std::string frmTRModeler::saveModelerProject() {
     const BusyPointer busy(*this);
-    return sections_.compose(state_.TRModelStore ? state_.TRModelStore->saveModel() : std::string());
+    std::string text = foreign_.text();
+    if (const TRModelStore* model = store(); model != nullptr)
+        text += model->saveModel();
+    // Last, so that the table stands at the end of the file.
+    saveSequenceTable(text, lvwSequence);
+    return text;
 }
 
 void frmTRModeler::clearAllTRMsgDef() {
     if (state_.TRModelStore)
         state_.TRModelStore->clearTRMessages();
-    sections_.clear();
+    foreign_.clear();
+    displayModel();
+    lvwSequence.clear();
+    current_ = ModelSelection();
 }
 
-void frmTRModeler::displayAddedTRMessage(std::string_view /*name*/) {}
-void frmTRModeler::displayUpdatedTRMessage(std::string_view /*name*/) {}
-void frmTRModeler::displayAddedTRItem(std::string_view /*message*/, std::string_view /*item*/) {}
-void frmTRModeler::displayUpdatedTRItem(std::string_view /*message*/, std::string_view /*item*/) {}
+void frmTRModeler::initializeTreeView(Tree& tree) {
+    plantRoot(tree, rootOf(tree));
+}
+
+void frmTRModeler::displayModel() {
+    initializeTreeView(tvwRcvTRMsg);
+    initializeTreeView(tvwSndTRMsg);
+    if (const TRModelStore* model = store(); model != nullptr) {
+        for (const auto& record : model->TRMessages()) {
+            if (record->Direction() == model->SentDirection()) {
+                addMessageNode(tvwSndTRMsg, record->Name(), kSentPicture);
+            } else if (record->Direction() == model->ReceivedDirection()) {
+                if (Node* node = addMessageNode(tvwRcvTRMsg, record->Name(), kReceivedPicture))
+                    addTRItemNodes(tvwRcvTRMsg, *node, *record);
+            }
+        }
+    }
+    Node* root = tvwRcvTRMsg.nodes().firstRoot();
+    selectTreeNode(tvwRcvTRMsg, root);
+    tvwRcvTRMsg.nodes().select(root);
+    showTRObjects(kReceiveRoot);
+}
+
+void frmTRModeler::showTRObjects(std::string_view name) {
+    fillTRObjectTable(lvwTRObject, store(), name);
+}
+
+void frmTRModeler::selectTreeNode(Tree& tree, const Node* node) {
+    current_.tree = &tree;
+    if (node == nullptr)
+        return;
+    if (levelOf(*node) == ModelLevel::Item) {
+        current_.message = node->parent()->text();
+        current_.item = node->text();
+    } else {
+        current_.message = node->text();
+        current_.item.clear();
+    }
+}
+
+void frmTRModeler::displayAddedTRMessage(std::string_view name) {
+    const TRMessageRecord* record = recordOf(name);
+    if (record == nullptr)
+        return;
+    Node* node = addMessageNode(treeOf(*record), name, isSent(*record) ? kSentPicture : kReceivedPicture);
+    if (node != nullptr && !isSent(*record))
+        addTRItemNodes(tvwRcvTRMsg, *node, *record);
+    showMessage(*record, node);
+}
+
+void frmTRModeler::displayUpdatedTRMessage(std::string_view name) {
+    if (const TRMessageRecord* record = recordOf(name); record != nullptr)
+        showMessage(*record, findMessageNode(treeOf(*record), name));
+}
+
+void frmTRModeler::showMessage(const TRMessageRecord& record, Node* node) {
+    current_.message = record.Name();
+    current_.item.clear();
+    if (node == nullptr)
+        return;
+    showTRObjects(isSent(record) ? kSendRoot : std::string_view(record.Name()));
+    reveal(treeOf(record), *node);
+}
+
+void frmTRModeler::displayAddedTRItem(std::string_view message, std::string_view item) {
+    const TRMessageRecord* record = recordOf(message);
+    if (record == nullptr)
+        return;
+    current_.message = message;
+    current_.item = item;
+    if (!isSent(*record)) {
+        Node* node = findMessageNode(tvwRcvTRMsg, message);
+        if (node == nullptr || addItemNode(tvwRcvTRMsg, *node, item, kUserItemPicture) == nullptr)
+            return;
+    }
+    showTRObjects(message);
+}
+
+void frmTRModeler::displayUpdatedTRItem(std::string_view message, std::string_view item) {
+    current_.message = message;
+    current_.item = item;
+    showTRObjects(message);
+}
+
+const TRMessageRecord* frmTRModeler::recordOf(std::string_view name) const {
+    return store() == nullptr ? nullptr : store()->getTRMessage(name);
+}
+
+bool frmTRModeler::isSent(const TRMessageRecord& record) const {
+    return record.Direction() == store()->SentDirection();
+}
+
+Tree& frmTRModeler::treeOf(const TRMessageRecord& record) {
+    return isSent(record) ? tvwSndTRMsg : tvwRcvTRMsg;
+}
+
+bool frmTRModeler::TRMessageExists(std::string_view name) const {
+    return recordOf(name) != nullptr;
+}
+
+std::string frmTRModeler::getDirectionText(std::string_view name) const {
+    const TRMessageRecord* record = recordOf(name);
+    if (record == nullptr)
+        return {};
+    switch (record->Direction()) {
+    case kToEquip:
+        return "ToEquip";
+    case kToHost:
+        return "ToHost";
+    default:
+        return {};
+    }
+}
 
 } // namespace zb

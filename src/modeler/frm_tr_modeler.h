@@ -1,10 +1,13 @@
 #pragma once
 
+#include "modeler/foreign_sections.h"
 #include "modeler/frm_add_sequence.h"
-#include "modeler/model_sections.h"
+#include "modeler/model_tree_commands.h"
 #include "modeler/model_views.h"
 #include "modeler/modeler_controls.h"
 #include "modeler/modeler_state.h"
+#include "modeler/sequence_commands.h"
+#include "modeler/tr_object_commands.h"
 
 #include <string>
 #include <string_view>
@@ -13,6 +16,13 @@ namespace zb {
 
 class frmTRItem;
 class frmTRMessage;
+
+/// What the user pointed at last in the modeler window.
+struct ModelSelection {
+    Tree* tree = nullptr; ///< the tree that was clicked last; may be null
+    std::string message;  ///< the root's or message's node key; for an item the message that it belongs to
+    std::string item;     ///< empty when no item is selected
+};
 
 /// The window in which the transaction model is seen and edited. Its trees and its table are views of the
 /// store; the rows of the sequences are the document.
@@ -36,14 +46,47 @@ public:
     void displayAddedTRItem(std::string_view message, std::string_view item) override;
     void displayUpdatedTRItem(std::string_view message, std::string_view item) override;
 
+    /// Leaves the tree with nothing but its selected root.
+    void initializeTreeView(Tree& tree);
+    /// Builds both trees and the table from the store, with the root of the received messages selected.
+    void displayModel();
+    /// Shows in the table what a node of that text stands for.
+    void showTRObjects(std::string_view name);
+    /// Makes the tree the current one, and the node's message and item with it; a null node leaves these two.
+    void selectTreeNode(Tree& tree, const Node* node);
+
+    /// Compared exactly.
+    bool TRMessageExists(std::string_view name) const;
+    /// "ToEquip" or "ToHost"; empty for a name that is not in the store.
+    std::string getDirectionText(std::string_view name) const;
+
+    ModelSelection& current() { return current_; }
+    /// Null until a project has been created or opened.
+    TRModelStore* store() const { return state_.TRModelStore.get(); }
+    /// The key of the tree's root.
+    std::string_view rootOf(const Tree& tree) const;
+    frmTRMessage& messageDialog() { return *messageDialog_; }
+    frmTRItem& itemDialog() { return *itemDialog_; }
+    /// While one of them stands, the panes have no pop-ups.
+    bool isDialogVisible() const;
+
 private:
     void makeStore();
+    const TRMessageRecord* recordOf(std::string_view name) const;
+    bool isSent(const TRMessageRecord& record) const;
+    Tree& treeOf(const TRMessageRecord& record);
+    /// Shows what was added or changed; a null node is one that no tree has.
+    void showMessage(const TRMessageRecord& record, Node* node);
 
     ModelerState& state_;
-    ModelSections sections_;
+    ForeignSections foreign_;
+    ModelSelection current_;
     frmAddSequence addSequence_;
     frmTRMessage* messageDialog_ = nullptr;
     frmTRItem* itemDialog_ = nullptr;
+    ModelTreeCommands treeCommands_;
+    TRObjectCommands tableCommands_;
+    SequenceCommands sequenceCommands_;
 };
 
 } // namespace zb

@@ -1,5 +1,5 @@
 #include "modeler/fact_text.h"
-#include "modeler/model_sections.h"
+#include "modeler/foreign_sections.h"
 #include "modeler/tr_model_store.h"
 #include "platform/text_file.h"
 #include "unit/modeler/generated_model.h"
@@ -110,9 +110,7 @@ TEST(ModelText, NoLineButItsOwnLooksLikeASection) {
                 line->starts_with("###[TRANSACTION MODEL]") || line->starts_with("## [TR MESSAGE]");
             ASSERT_EQ(line->starts_with("#"), isOwn) << *line;
         }
-        const ModelSections sections = ModelSections::parse(throughAFile(text));
-        ASSERT_TRUE(sections.foreignLines().empty());
-        ASSERT_TRUE(sections.sequenceLines().empty());
+        ASSERT_EQ(ForeignSections::parse(throughAFile(text)).text(), "");
     }
 }
 

@@ -1,0 +1,260 @@
+#include "modeler/model_tree_commands.h"
+
+#include "modeler/frm_tr_item.h"
+#include "modeler/frm_tr_message.h"
+#include "modeler/frm_tr_modeler.h"
+#include "modeler/model_nodes.h"
+
+#include <string>
+
+namespace zb {
+
+namespace {
+
+constexpr int kRightButton = 2;
+constexpr int kPageUp = 33;
+
+const Node* selectedOf(const Tree& tree, ModelLevel level) {
+    const Node* node = tree.nodes().selected();
+    return node != nullptr && levelOf(*node) == level ? node : nullptr;
+}
+
+} // namespace
+
+ModelTreeCommands::ModelTreeCommands(frmTRModeler& window) : window_(window) {
+    for (Tree* tree : {&window_.tvwRcvTRMsg, &window_.tvwSndTRMsg}) {
+        tree->onMouseDown = [this, tree](int, Node* node) { press(*tree, node); };
+        tree->onMouseUp = [this, tree](int button, Node*) {
+            if (button == kRightButton)
+                openPopup(*tree);
+        };
+        tree->onKeyDown = [this, tree](KeyEvent key) { keyDown(*tree, key.code); };
+        tree->onKeyUp = [this, tree](KeyEvent key) { keyUp(*tree, key.code); };
+        tree->onDragStart = [tree](Node& node) { return DragData{node.text(), tree}; };
+    }
+    wireReceived();
+    wireSent();
+}
+
+void ModelTreeCommands::wireReceived() {
+    Tree& tree = window_.tvwRcvTRMsg;
+    const auto withSelected = [&tree](ModelLevel level, auto command) {
+        return [&tree, level, command] {
+            Node* node = tree.nodes().selected();
+            if (node != nullptr && levelOf(*node) == level)
+                command(*node);
+        };
+    };
+    window_.mnuAddRcvTRMsg.onClick = [this] { window_.messageDialog().addRcvTRMessage(); };
+    window_.mnuUpdateRcvTRMsg.onClick = withSelected(ModelLevel::Message, [this](const Node& node) {
+        window_.messageDialog().updateRcvTRMessage(std::string(node.text()));
+    });
+    window_.mnuDeleteRcvTRMsg.onClick =
+        withSelected(ModelLevel::Message, [this, &tree](Node& node) { deleteTRMessageNode(tree, node); });
+    window_.mnuAddTRItem.onClick = withSelected(ModelLevel::Message, [this](const Node& node) {
+        window_.itemDialog().addTRItem(std::string(node.text()));
+    });
+    window_.mnuUpdateTRItem.onClick = withSelected(ModelLevel::Item, [this](const Node& node) {
+        const std::string message = node.parent()->text();
+        window_.itemDialog().updateTRItem(message, itemKey(message, node.text()));
+    });
+    window_.mnuDeleteTRItem.onClick =
+        withSelected(ModelLevel::Item, [this, &tree](Node& node) { deleteTRItemNode(tree, node); });
+    window_.mnuRemoveErrorsRcvTRMsg.onClick = [this, &tree] {
+        removeErrorNodes(tree);
+        showRoot(tree);
+    };
+    window_.mnuClearAllRcvTRMsg.onClick = [this, &tree] {
+        clearTree(tree);
+        showRoot(tree);
+    };
+}
+
+void ModelTreeCommands::wireSent() {
+    Tree& tree = window_.tvwSndTRMsg;
+    window_.mnuAddSndTRMsg.onClick = [this] { window_.messageDialog().addSndTRMessage(); };
+    window_.mnuUpdateSndTRMsg.onClick = [this, &tree] {
+        if (const Node* node = selectedOf(tree, ModelLevel::Message); node != nullptr)
+            window_.messageDialog().updateSndTRMessage(std::string(node->text()));
+    };
+    window_.mnuDeleteSndTRMsg.onClick = [this, &tree] {
+        if (selectedOf(tree, ModelLevel::Message) != nullptr)
+            deleteTRMessageNode(tree, *tree.nodes().selected());
+    };
+    window_.mnuRemoveErrorsSndTRMsg.onClick = [this, &tree] {
+        removeErrorNodes(tree);
+        showRoot(tree);
+    };
+    window_.mnuClearAllSndTRMsg.onClick = [this, &tree] {
+        clearTree(tree);
+        showRoot(tree);
+    };
+}
+
+void ModelTreeCommands::showRoot(Tree& tree) {
+    window_.showTRObjects(window_.rootOf(tree));
+    window_.selectTreeNode(tree, tree.nodes().firstRoot());
+}
+
+void ModelTreeCommands::press(Tree& tree, Node* node) {
+    if (node != nullptr) {
+        tree.nodes().select(node);
+        if (levelOf(*node) != ModelLevel::Root)
+            node->setForeColor(kUnmarkedColor);
+    }
+    follow(tree, node);
+}
+
+void ModelTreeCommands::follow(Tree& tree, const Node* node) {
+    window_.selectTreeNode(tree, node);
+    if (&tree == &window_.tvwSndTRMsg)
+        window_.showTRObjects(kSendRoot);
+    else if (node != nullptr && levelOf(*node) != ModelLevel::Item)
+        window_.showTRObjects(node->text());
+    if (node != nullptr)
+        followInDialogs(tree, *node);
+}
+
+void ModelTreeCommands::followInDialogs(const Tree& tree, const Node& node) {
+    const std::string text = node.text();
+    switch (levelOf(node)) {
+    case ModelLevel::Root:
+        return;
+    case ModelLevel::Message:
+        if (!window_.messageDialog().visible())
+            return;
+        if (&tree == &window_.tvwRcvTRMsg)
+            window_.messageDialog().updateRcvTRMessage(text);
+        else
+            window_.messageDialog().updateSndTRMessage(text);
+        return;
+    case ModelLevel::Item:
+        if (window_.itemDialog().visible()) {
+            const std::string message = node.parent()->text();
+            window_.itemDialog().updateTRItem(message, itemKey(message, text));
+        }
+        return;
+    }
+}
+
+void ModelTreeCommands::keyDown(Tree& tree, int code) {
+    if (code == kKeyDelete && tree.nodes().selected() != nullptr)
+        deleteNode(tree, *tree.nodes().selected());
+}
+
+// The keys from Page Up to the arrows have moved the selection by now.
+void ModelTreeCommands::keyUp(Tree& tree, int code) {
+    if (code >= kPageUp && code <= kKeyDown && tree.nodes().selected() != nullptr)
+        follow(tree, tree.nodes().selected());
+}
+
+void ModelTreeCommands::deleteNode(Tree& tree, Node& node) {
+    switch (levelOf(node)) {
+    case ModelLevel::Root:
+        return;
+    case ModelLevel::Message:
+        deleteTRMessageNode(tree, node);
+        return;
+    case ModelLevel::Item:
+        deleteTRItemNode(tree, node);
+        return;
+    }
+}
+
+void ModelTreeCommands::deleteTRMessageNode(Tree& tree, Node& node) {
+    const int position = node.next() == nullptr ? 1 : node.next()->index();
+    const std::string name = node.text();
+    removeChildNodes(tree, node);
+    tree.nodes().remove(node);
+    if (TRModelStore* model = window_.store(); model != nullptr)
+        model->deleteTRMessage(name);
+    if (const Node* next = tree.nodes().at(position); next != nullptr)
+        selectPosition(tree, position, std::string(next->text()));
+}
+
+void ModelTreeCommands::deleteTRItemNode(Tree& tree, Node& node) {
+    const std::string message = node.parent()->text();
+    TRMessageRecord* record = window_.store() == nullptr ? nullptr : window_.store()->getTRMessage(message);
+    if (record == nullptr)
+        return;
+    const int position = node.next() != nullptr ? node.index() : node.parent()->index();
+    record->deleteTRItem(std::string(node.text()));
+    tree.nodes().remove(node);
+    selectPosition(tree, position, message);
+}
+
+// Positions have closed up behind what was removed, so that another node than the next sibling can stand
+// there, or none.
+void ModelTreeCommands::selectPosition(Tree& tree, int position, std::string_view shown) {
+    Node* node = tree.nodes().at(position);
+    if (node == nullptr)
+        return;
+    reveal(tree, *node);
+    window_.showTRObjects(shown);
+    window_.selectTreeNode(tree, node);
+}
+
+void ModelTreeCommands::removeErrorNodes(Tree& tree) {
+    for (int position = static_cast<int>(tree.nodes().count()); position > 0; --position) {
+        Node* node = tree.nodes().at(position);
+        if (node == nullptr || levelOf(*node) != ModelLevel::Message || !isErrorMark(node->foreColor()) ||
+            !window_.TRMessageExists(node->text()))
+            continue;
+        const std::string name = node->text();
+        removeChildNodes(tree, *node);
+        tree.nodes().remove(*node);
+        window_.store()->deleteTRMessage(name);
+    }
+}
+
+void ModelTreeCommands::clearTree(Tree& tree) {
+    const Node* root = tree.nodes().firstRoot();
+    if (TRModelStore* model = window_.store(); model != nullptr && root != nullptr) {
+        for (const Node* node = root->child(); node != nullptr; node = node->next())
+            model->deleteTRMessage(node->text());
+    }
+    window_.initializeTreeView(tree);
+}
+
+void ModelTreeCommands::openPopup(Tree& tree) {
+    if (window_.isDialogVisible())
+        return;
+    if (&tree == &window_.tvwRcvTRMsg) {
+        setRcvPopupState();
+        window_.mnuRcvTRMsgPopup.open();
+    } else {
+        setSndPopupState();
+        window_.mnuSndTRMsgPopup.open();
+    }
+}
+
+void ModelTreeCommands::setRcvPopupState() {
+    const Tree& tree = window_.tvwRcvTRMsg;
+    setRootEntries(tree, window_.mnuAddRcvTRMsg, window_.mnuRemoveErrorsRcvTRMsg,
+                   window_.mnuClearAllRcvTRMsg);
+    const bool message = selectedOf(tree, ModelLevel::Message) != nullptr;
+    for (MenuEntry* entry : {&window_.mnuUpdateRcvTRMsg, &window_.mnuDeleteRcvTRMsg, &window_.mnuAddTRItem})
+        entry->setEnabled(message);
+    const bool item = selectedOf(tree, ModelLevel::Item) != nullptr;
+    for (MenuEntry* entry : {&window_.mnuUpdateTRItem, &window_.mnuDeleteTRItem})
+        entry->setEnabled(item);
+}
+
+void ModelTreeCommands::setSndPopupState() {
+    const Tree& tree = window_.tvwSndTRMsg;
+    setRootEntries(tree, window_.mnuAddSndTRMsg, window_.mnuRemoveErrorsSndTRMsg,
+                   window_.mnuClearAllSndTRMsg);
+    const bool message = selectedOf(tree, ModelLevel::Message) != nullptr;
+    for (MenuEntry* entry : {&window_.mnuUpdateSndTRMsg, &window_.mnuDeleteSndTRMsg})
+        entry->setEnabled(message);
+}
+
+void ModelTreeCommands::setRootEntries(const Tree& tree, MenuEntry& add, MenuEntry& removeErrors,
+                                       MenuEntry& clearAll) {
+    const bool root = selectedOf(tree, ModelLevel::Root) != nullptr;
+    add.setEnabled(root);
+    removeErrors.setEnabled(root && hasMarkedMessage(tree));
+    clearAll.setEnabled(root && tree.nodes().count() > 1);
+}
+
+} // namespace zb

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string_view>
+
+namespace zb {
+
+class frmTRModeler;
+class MenuEntry;
+class Node;
+class Tree;
+
+/// What the user does in the two trees of the modeler: presses, keys, drags and the commands of their
+/// pop-ups. A command that has lost its node ends quietly.
+class ModelTreeCommands {
+public:
+    explicit ModelTreeCommands(frmTRModeler& window);
+
+    /// The commands that are no single step. They take messages and items out of the store together with
+    /// their nodes.
+    /// @{
+    void deleteTRMessageNode(Tree& tree, Node& node);
+    void deleteTRItemNode(Tree& tree, Node& node);
+    /// Removes the messages that a failed build has marked.
+    void removeErrorNodes(Tree& tree);
+    /// Removes all messages of this tree; sequences go on naming them.
+    void clearTree(Tree& tree);
+    /// @}
+
+private:
+    void wireReceived();
+    void wireSent();
+    void press(Tree& tree, Node* node);
+    /// Shows in the table and in the open dialogs what is selected.
+    void follow(Tree& tree, const Node* node);
+    void followInDialogs(const Tree& tree, const Node& node);
+    void keyDown(Tree& tree, int code);
+    void keyUp(Tree& tree, int code);
+    void deleteNode(Tree& tree, Node& node);
+    void openPopup(Tree& tree);
+    void setRcvPopupState();
+    void setSndPopupState();
+    void setRootEntries(const Tree& tree, MenuEntry& add, MenuEntry& removeErrors, MenuEntry& clearAll);
+    void showRoot(Tree& tree);
+    void selectPosition(Tree& tree, int position, std::string_view shown);
+
+    frmTRModeler& window_;
+};
+
+} // namespace zb

@@ -1,0 +1,69 @@
+#include "modeler/sequence_commands.h"
+
+#include "modeler/frm_add_sequence.h"
+#include "modeler/frm_tr_modeler.h"
+#include "modeler/model_nodes.h"
+#include "modeler/sequence_rows.h"
+
+namespace zb {
+
+namespace {
+
+constexpr int kRightButton = 2;
+
+} // namespace
+
+SequenceCommands::SequenceCommands(frmTRModeler& window, frmAddSequence& addDialog)
+    : window_(window), addDialog_(addDialog) {
+    List& list = window_.lvwSequence;
+    list.onMouseDown = [this](int, ListRow* row) { press(row); };
+    list.onMouseUp = [this](int button, ListRow*) {
+        if (button == kRightButton)
+            openPopup();
+    };
+    list.onDragOver = [this](const DragData&, ListRow* row) { dragOver(row); };
+    list.onDrop = [this](const DragData& data, ListRow* row) { drop(data, row); };
+    window_.mnuSeqAddSequence.onClick = [this] { addSequence(); };
+    window_.mnuSeqDelete.onClick = [&list] {
+        if (list.selected() != nullptr)
+            deleteSequenceRow(list, *list.selected());
+    };
+    window_.mnuSeqClearAll.onClick = [&list] { list.clear(); };
+}
+
+void SequenceCommands::press(ListRow* row) {
+    window_.lvwSequence.select(row);
+    if (row != nullptr)
+        row->setForeColor(kUnmarkedColor);
+}
+
+void SequenceCommands::openPopup() {
+    if (window_.isDialogVisible())
+        return;
+    ListRow* row = window_.lvwSequence.selected();
+    if (row != nullptr)
+        row->setForeColor(kUnmarkedColor);
+    window_.mnuSeqDelete.setEnabled(row != nullptr);
+    window_.mnuSeqClearAll.setEnabled(window_.lvwSequence.count() > 0);
+    window_.mnuSeqPopup.open();
+}
+
+void SequenceCommands::addSequence() {
+    addDialog_.requestSequenceName(window_.lvwSequence);
+    if (!addDialog_.SequenceName.empty())
+        addSequenceHead(window_.lvwSequence, addDialog_.SequenceName);
+}
+
+void SequenceCommands::dragOver(ListRow* row) {
+    if (row != nullptr)
+        press(row);
+}
+
+void SequenceCommands::drop(const DragData& data, ListRow* row) {
+    if (row == nullptr || data.form != DragData::Form::Text || !window_.TRMessageExists(data.text))
+        return;
+    row->setForeColor(kUnmarkedColor);
+    insertSequenceItem(window_.lvwSequence, *row, window_.getDirectionText(data.text), data.text);
+}
+
+} // namespace zb

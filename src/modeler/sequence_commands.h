@@ -1,0 +1,28 @@
+#pragma once
+
+namespace zb {
+
+class frmAddSequence;
+class frmTRModeler;
+class ListRow;
+struct DragData;
+
+/// What the user does in the list of sequences: presses, the commands of its pop-up, and the drops that
+/// build a sequence.
+class SequenceCommands {
+public:
+    SequenceCommands(frmTRModeler& window, frmAddSequence& addDialog);
+
+private:
+    /// Selects the row under the pointer and takes its error mark off; a press beside all rows selects none.
+    void press(ListRow* row);
+    void openPopup();
+    void addSequence();
+    void dragOver(ListRow* row);
+    void drop(const DragData& data, ListRow* row);
+
+    frmTRModeler& window_;
+    frmAddSequence& addDialog_;
+};
+
+} // namespace zb
