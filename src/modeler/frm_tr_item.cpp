@@ -1,17 +1,191 @@
 #include "modeler/frm_tr_item.h"
 
+#include "modeler/model_views.h"
 #include "modeler/modeler_state.h"
+#include "modeler/statement_node.h"
+#include "modeler/statement_text.h"
+#include "platform/stores/desktop.h"
+#include "platform/text.h"
+
+#include <memory>
+#include <utility>
 
 namespace zb {
 
+namespace {
+
+constexpr const char* kUpdateCaption = "&Update";
+constexpr const char* kString = "STRING";
+constexpr const char* kNumeric = "NUMERIC";
+
+} // namespace
+
 frmTRItem::frmTRItem(ModelerState& state, ModelViews& views)
     : Window(state.desktop, "frmTRItem"), state_(state), views_(views), arrayDialog_(state.desktop),
-      valueDialog_(state.desktop) {
+      valueDialog_(state.desktop), conditions_(builder, arrayDialog_, conditionHome()) {
     setCancelButton(cmdCancel);
     txtSECSMessage.setReadOnly(true);
+    cmbItemValue.onChoose = [this] { askForArrayIndex(cmbItemValue, selectedMessage(), arrayDialog_); };
+    chkKeepVisible.onChange = [this] { keepVisible_ = chkKeepVisible.checked(); };
+    cmdUpdate.onClick = [this] { update(); };
+    cmdCancel.onClick = [this] { cancel(); };
+    onActivate = [this] { chkKeepVisible.setChecked(keepVisible_); };
+    onDeactivate = [this] { leave(); };
+    connectStatements();
 }
 
-void frmTRItem::addTRItem(std::string_view /*messageName*/) {}
-void frmTRItem::updateTRItem(std::string_view /*messageName*/, std::string_view /*itemKey*/) {}
+ConditionHome frmTRItem::conditionHome() {
+    ConditionHome home;
+    home.reading = ConditionHome::OperatorReading::LastPressed;
+    home.afterDuplicate = ConditionHome::AfterDuplicate::MarkFirst;
+    home.enterInValue = ConditionHome::EnterInValue::DoesNothing;
+    home.selectedMessage = [this] { return selectedMessage(); };
+    home.messageOfIndex = home.selectedMessage;
+    return home;
+}
+
+const SECSMessageRecord* frmTRItem::selectedMessage() const {
+    return selectedMessage_ ? &*selectedMessage_ : nullptr;
+}
+
+TRMessageRecord* frmTRItem::trMessage() const {
+    return state_.TRModelStore ? state_.TRModelStore->getTRMessage(messageName_) : nullptr;
+}
+
+void frmTRItem::addTRItem(std::string_view messageName) {
+    if (!begin(messageName))
+        return;
+    setCaption("Add TRItem - " + messageName_);
+    show();
+    cmdUpdate.setCaption("&Add");
+}
+
+void frmTRItem::updateTRItem(std::string_view messageName, std::string_view itemKey) {
+    if (!begin(messageName))
+        return;
+    const std::string name = replaceAll(itemKey, messageName_ + "_", "");
+    cmdUpdate.setCaption(kUpdateCaption);
+    txtTRItemName.setEnabled(false);
+    txtTRItemName.setText(name);
+    if (const TRItemRecord* item = trMessage()->getTRItem(name); item != nullptr)
+        showItem(*item);
+    setCaption("Update TRItem - " + messageName_ + "-" + name);
+    show();
+}
+
+bool frmTRItem::begin(std::string_view messageName) {
+    const TRMessageRecord* message =
+        state_.TRModelStore ? state_.TRModelStore->getTRMessage(messageName) : nullptr;
+    if (message == nullptr)
+        return false;
+    clearTRItemDialog();
+    statements_.initStatementTree();
+    messageName_ = message->Name();
+    const SECSMessageRecord* selected = state_.SECSMessageStore->getByName(message->SECSMessage());
+    if (selected == nullptr) {
+        selectedMessage_.reset();
+        desktop().showBox("Select SECSMessage for '" + messageName_ + "'", BoxIcon::Critical);
+        return false;
+    }
+    selectedMessage_ = *selected;
+    txtSECSMessage.setText(selected->MessageName());
+    fillItemCombos(*selectedMessage_);
+    return true;
+}
+
+void frmTRItem::clearTRItemDialog() {
+    currentNode_ = nullptr;
+    for (Control* control : controls()) {
+        if (control->kind() == Control::Kind::TextField)
+            static_cast<TextField*>(control)->setText("");
+        else if (control->kind() == Control::Kind::Combo)
+            static_cast<Combo*>(control)->clear();
+        else if (control->kind() == Control::Kind::List)
+            static_cast<List*>(control)->clear();
+        control->setEnabled(true);
+    }
+    tvwStatement.nodes().clear();
+    optString.setOn(true);
+}
+
+void frmTRItem::fillItemCombos(const SECSMessageRecord& message) {
+    conditions_.reset();
+    builder.cmbDataItem.clear();
+    cmbItemValue.clear();
+    for (const SECSItemRecord& item : message.getItems()) {
+        if (isBlank(item.getName()) || item.getType() == "L")
+            continue;
+        builder.cmbDataItem.add(item.getName());
+        cmbItemValue.add(item.getName());
+    }
+}
+
+void frmTRItem::showItem(const TRItemRecord& item) {
+    (item.Type() == kString ? optString : optNumeric).setOn(true);
+    cmbItemValue.setText(item.Value());
+    txtABSValue.setText(item.ABSValue());
+    if (!item.StatementText().empty() && item.StatementText() != kNoStatements)
+        statements_.showStatementText(item.StatementText());
+}
+
+void frmTRItem::update() {
+    const std::string name = trim(txtTRItemName.text());
+    if (name.empty()) {
+        desktop().showBox("Insert TRItem Name!", BoxIcon::Critical);
+        return;
+    }
+    TRMessageRecord* message = trMessage();
+    if (cmdUpdate.caption() == kUpdateCaption) {
+        TRItemRecord* item = message != nullptr ? message->getTRItem(txtTRItemName.text()) : nullptr;
+        if (item == nullptr) {
+            cmdUpdate.setCaption("Add");
+            update();
+            return;
+        }
+        fillRecord(*item);
+        views_.displayUpdatedTRItem(messageName_, item->Name());
+    } else if (message == nullptr || !addItem(*message, name)) {
+        return;
+    }
+    if (!keepVisible_)
+        hide();
+}
+
+bool frmTRItem::addItem(TRMessageRecord& message, const std::string& name) {
+    auto item = std::make_unique<TRItemRecord>();
+    item->setName(name);
+    fillRecord(*item);
+    if (!message.addTRItem(std::move(item))) {
+        desktop().showBox(name + " already exist.", BoxIcon::Critical);
+        txtTRItemName.setFocus();
+        txtTRItemName.selectAll();
+        return false;
+    }
+    views_.displayAddedTRItem(messageName_, name);
+    addTRItem(messageName_);
+    return true;
+}
+
+std::string frmTRItem::itemType() const {
+    return optString.on() ? kString : kNumeric;
+}
+
+void frmTRItem::fillRecord(TRItemRecord& item) const {
+    item.setType(itemType());
+    item.setValue(trim(cmbItemValue.text()));
+    item.setABSValue(trim(txtABSValue.text()));
+    item.setStatementText(statementTextOf(*statements_.root()));
+    item.setConditionNode(conditionNodeOf(*statements_.root()));
+}
+
+void frmTRItem::cancel() {
+    keepVisible_ = false;
+    hide();
+}
+
+void frmTRItem::leave() {
+    if (!keepVisible_ && !arrayDialog_.visible() && !valueDialog_.visible())
+        hide();
+}
 
 } // namespace zb

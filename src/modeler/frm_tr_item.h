@@ -1,17 +1,22 @@
 #pragma once
 
-#include "modeler/condition_controls.h"
+#include "messages/message_record.h"
+#include "modeler/condition_builder.h"
 #include "modeler/frm_array_info.h"
 #include "modeler/frm_set_tr_item_value.h"
+#include "modeler/statement_tree.h"
 #include "platform/stores/menu.h"
 #include "platform/stores/tree.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace zb {
 
 class ModelViews;
+class TRItemRecord;
+class TRMessageRecord;
 struct ModelerState;
 
 /// The dialog in which an item of a received TR message is created or changed.
@@ -44,15 +49,55 @@ public:
     MenuEntry mnuSetValue{*this, "mnuSetValue", "&Set Value", &mnuPopup};
     MenuEntry mnuDelete{*this, "mnuDelete", "&Delete ", &mnuPopup};
 
+    /// Opens for a new item of the message. Without effect for an unknown message.
     void addTRItem(std::string_view messageName);
-    /// `itemKey` is the message name, "_" and the item name.
+    /// Opens for an item. `itemKey` is the message name, "_" and the item name. An item that is not there
+    /// comes up as a name alone, and is added when the dialog is accepted.
     void updateTRItem(std::string_view messageName, std::string_view itemKey);
 
 private:
+    void connectStatements();
+    /// Clears the dialog and takes over the message with its SECS message; false when it has none to offer.
+    bool begin(std::string_view messageName);
+    void clearTRItemDialog();
+    void fillItemCombos(const SECSMessageRecord& message);
+    void showItem(const TRItemRecord& item);
+
+    void update();
+    bool addItem(TRMessageRecord& message, const std::string& name);
+    void fillRecord(TRItemRecord& item) const;
+    /// "STRING" or "NUMERIC".
+    std::string itemType() const;
+    void cancel();
+    void leave();
+
+    std::optional<DragData> dragStatement(Pane& picture, std::string_view type);
+    void dropOnStatement(const DragData& data, Node& node);
+    void dropPicture();
+    void dropCondition(const std::string& id);
+    void openPopup(Node& node);
+    void setValue();
+    void deleteStatement();
+
+    ConditionHome conditionHome();
+    const SECSMessageRecord* selectedMessage() const;
+    /// The message that owns the item; null when it has gone meanwhile.
+    TRMessageRecord* trMessage() const;
+
     ModelerState& state_;
     ModelViews& views_;
+    bool keepVisible_ = false;
+    std::string messageName_;
+    /// As it was when the dialog opened.
+    std::optional<SECSMessageRecord> selectedMessage_;
     frmArrayInfo arrayDialog_;
     frmSetTRItemValue valueDialog_;
+    StatementTree statements_{tvwStatement};
+    ConditionBuilder conditions_;
+    /// The statement that is being dragged.
+    std::string statementType_;
+    /// The node of the last drop or pop-up.
+    Node* currentNode_ = nullptr;
 };
 
 } // namespace zb
