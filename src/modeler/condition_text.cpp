@@ -3,6 +3,7 @@
 #include "platform/number.h"
 #include "platform/text.h"
 
+#include <unordered_set>
 #include <vector>
 
 namespace zb {
@@ -30,9 +31,9 @@ std::optional<Operands> operandsOf(std::string_view condition) {
     return Operands{condition.substr(0, first), word, condition.substr(second + 1)};
 }
 
-/// What is still to be written, the next piece last.
+/// What is still to be done, the next piece last: write a text, expand an id, or leave one that is done.
 struct Piece {
-    enum class Kind { Text, Id };
+    enum class Kind { Text, Id, Done };
     Kind kind;
     std::string text;
 };
@@ -43,6 +44,7 @@ struct Piece {
 std::optional<std::string> expandCondition(std::string_view condition, const ConditionLookup& conditionOfId) {
     std::string result;
     std::vector<Piece> open;
+    std::unordered_set<std::string> within; // the ids whose conditions are being written
     const auto begin = [&](std::string_view text) {
         result += '(';
         if (const std::optional<Operands> parts = operandsOf(text)) {
@@ -62,10 +64,13 @@ std::optional<std::string> expandCondition(std::string_view condition, const Con
         open.pop_back();
         if (piece.kind == Piece::Kind::Text) {
             result += piece.text;
+        } else if (piece.kind == Piece::Kind::Done) {
+            within.erase(piece.text);
         } else {
             const std::string found = conditionOfId(piece.text);
-            if (found.empty())
+            if (found.empty() || !within.insert(piece.text).second)
                 return std::nullopt;
+            open.push_back({Piece::Kind::Done, piece.text});
             begin(found);
         }
         if (result.size() > kLongestCondition)
