@@ -19,6 +19,7 @@
 #include <QMenuBar>
 #include <QProcess>
 #include <QScopeGuard>
+#include <QScreen>
 #include <QShortcut>
 #include <QStandardPaths>
 #include <QWindow>
@@ -90,10 +91,12 @@ WindowBinder& DesktopScreen::bind(Window& window) {
     std::unique_ptr<QWidget> form = makeForm(window.name());
     QWidget& shown = *form;
     place(window, frame, std::move(form));
+    layout_.restore(shown);
     frame.binder = std::make_unique<WindowBinder>(window, shown, *binding_);
     finishForm(window, shown);
     addSearchKey(window, shown);
-    layout_.restore(shown);
+    if (frame.document == nullptr)
+        activation_.watch(shown);
     frame.binder->onChange = [this, &window] { follow(window); };
     follow(window);
     return *frame.binder;
@@ -153,6 +156,8 @@ void DesktopScreen::showFrame(const Window& window, Frame& frame) {
     } else {
         const bool modal = binding_->desktop.modalWindow() == &window;
         form.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+        if (kindOf(window) == FrameKind::Dialog)
+            placeDialog(window, form);
         form.show();
         if (kindOf(window) == FrameKind::Main)
             waitUntilSeen();
@@ -161,6 +166,33 @@ void DesktopScreen::showFrame(const Window& window, Frame& frame) {
         if (Binder* binder = frame.binder->binderOf(*control))
             binder->followFocus();
     }
+}
+
+// A dialog comes up over the middle of the window that it belongs to; those that work along with the
+// modeler's trees leave the trees in sight. Later it comes up where the user has put it.
+void DesktopScreen::placeDialog(const Window& window, QWidget& form) const {
+    const QWidget* active = QApplication::activeWindow();
+    const bool ours = std::any_of(frames_.begin(), frames_.end(), [&](const auto& entry) {
+        return entry.second.binder && &entry.second.binder->form() == active;
+    });
+    const QWidget* owner = ours && active != &form ? active : main_.data();
+    if (owner == nullptr)
+        return;
+    form.winId(); // makes the window, which belongs before its owner
+    owner->winId();
+    form.windowHandle()->setTransientParent(owner->windowHandle());
+    if (form.property(kRemembered).toBool())
+        return;
+    form.setProperty(kRemembered, true);
+    const bool aside = window.name() == "frmTRMessage" || window.name() == "frmTRItem";
+    const QWidget* place = aside ? main_.data() : owner;
+    const QRect around = place->geometry();
+    QPoint corner = around.center() - form.rect().center();
+    if (aside)
+        corner = around.bottomRight() - QPoint(form.width() + 24, form.height() + 48);
+    const QRect screen = place->screen()->availableGeometry();
+    form.move(qBound(screen.left(), corner.x(), qMax(screen.left(), screen.right() - form.width())),
+              qBound(screen.top(), corner.y(), qMax(screen.top(), screen.bottom() - form.height())));
 }
 
 // What comes next may read a large project; the window must not wait for it.
@@ -233,20 +265,52 @@ void DesktopScreen::addSearchKey(Window& window, QWidget& form) {
 }
 
 void DesktopScreen::bringToFront(Window& window) {
-    WindowBinder& binder = bind(window);
+    bind(window);
     const Showing showing(*binding_);
     if (frames_.at(&window).document != nullptr)
         documents_->setActiveSubWindow(frames_.at(&window).document);
-    else if (window.visible()) {
-        binder.form().raise();
-        binder.form().activateWindow();
-    }
+    QWidget* shown = topLevelOf(window);
+    if (window.visible() && shown != nullptr && shown->isVisible())
+        activation_.bringToFront(*shown);
     showMenus();
 }
 
+QWidget* DesktopScreen::topLevelOf(const Window& window) const {
+    const auto found = frames_.find(&window);
+    if (found == frames_.end())
+        return nullptr;
+    return found->second.document != nullptr ? main_.data() : &found->second.binder->form();
+}
+
+// The main window stands for the document within it.
+void DesktopScreen::userTurnedTo(const QWidget& form) {
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (binding_->showing > 0 || (modal != nullptr && modal != &form))
+        return;
+    const Window* active = binding_->desktop.activeWindow();
+    if (active != nullptr && topLevelOf(*active) == &form)
+        return;
+    Window* front = nullptr;
+    for (Window* window : binding_->desktop.windows()) {
+        if (window->visible() && topLevelOf(*window) == &form)
+            front = window;
+    }
+    if (front != nullptr && binding_->desktop.acceptsInput(*front))
+        binding_->hands.activate(*front);
+}
+
+// Behind a box or a dialog the keyboard goes back to the window that was active all the while.
+void DesktopScreen::returnToActive() {
+    const Window* active = binding_->desktop.activeWindow();
+    QWidget* form = active == nullptr ? nullptr : topLevelOf(*active);
+    if (form != nullptr && form->isVisible())
+        activation_.bringToFront(*form);
+}
+
 QWidget* DesktopScreen::parentForBoxes() const {
-    QWidget* active = QApplication::activeWindow();
-    return active != nullptr ? active : main_.data();
+    const Window* active = binding_->desktop.activeWindow();
+    QWidget* form = active == nullptr ? nullptr : topLevelOf(*active);
+    return form != nullptr && form->isVisible() ? form : main_.data();
 }
 
 Answer DesktopScreen::showBox(const Box& box) {
@@ -254,6 +318,7 @@ Answer DesktopScreen::showBox(const Box& box) {
     const auto over = qScopeGuard([this] {
         --waiting_;
         showPointer();
+        returnToActive();
     });
     showPointer();
     return askBox(box, parentForBoxes());
@@ -266,6 +331,7 @@ std::string DesktopScreen::pickFile(const FileDialog& dialog) {
     const auto over = qScopeGuard([this] {
         --waiting_;
         showPointer();
+        returnToActive();
     });
     showPointer();
     return askFile(dialog, parentForBoxes());
@@ -282,6 +348,7 @@ void DesktopScreen::runModal(Window& window) {
     modalLoops_.erase(&window);
     --waiting_;
     showPointer();
+    returnToActive();
 }
 
 void DesktopScreen::openPopup(PopupMenu& menu) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/activation.h"
 #include "desktop/layout_memory.h"
 #include "desktop/pictures/pictures.h"
 #include "desktop/window_binder.h"
@@ -72,11 +73,16 @@ private:
     void showPointer();
     void showMenus();
     void addSearchKey(Window& window, QWidget& form);
+    void placeDialog(const Window& window, QWidget& form) const;
+    void userTurnedTo(const QWidget& form);
+    void returnToActive();
+    QWidget* topLevelOf(const Window& window) const;
     QWidget* parentForBoxes() const;
 
     Pictures pictures_;
     LayoutMemory layout_;
     std::unique_ptr<Binding> binding_;
+    Activation activation_{[this](QWidget& form) { userTurnedTo(form); }};
     std::map<const Window*, Frame> frames_;
     std::map<const Window*, QEventLoop*> modalLoops_;
     QPointer<QMainWindow> main_;

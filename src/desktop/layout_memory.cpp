@@ -2,7 +2,6 @@
 
 #include "desktop/qt_text.h"
 
-#include <QHeaderView>
 #include <QSplitter>
 #include <QTreeView>
 #include <QWidget>
@@ -24,14 +23,15 @@ void LayoutMemory::open(const std::string& file) {
 void LayoutMemory::restore(QWidget& form) const {
     if (settings_ == nullptr)
         return;
-    form.restoreGeometry(settings_->value(keyOf(form, QStringLiteral("geometry"))).toByteArray());
+    const QByteArray geometry = settings_->value(keyOf(form, QStringLiteral("geometry"))).toByteArray();
+    form.setProperty(kRemembered, form.restoreGeometry(geometry));
     for (QSplitter* splitter : form.findChildren<QSplitter*>()) {
         const bool known =
             splitter->restoreState(settings_->value(keyOf(form, splitter->objectName())).toByteArray());
-        splitter->setProperty("remembered", known);
+        splitter->setProperty(kRemembered, known);
     }
     for (QTreeView* list : form.findChildren<QTreeView*>())
-        list->header()->restoreState(settings_->value(keyOf(form, list->objectName())).toByteArray());
+        list->setProperty(kColumnWidths, settings_->value(keyOf(form, list->objectName())));
 }
 
 void LayoutMemory::remember(QWidget& form) {
@@ -42,7 +42,7 @@ void LayoutMemory::remember(QWidget& form) {
     for (const QSplitter* splitter : form.findChildren<QSplitter*>())
         settings_->setValue(keyOf(form, splitter->objectName()), splitter->saveState());
     for (const QTreeView* list : form.findChildren<QTreeView*>())
-        settings_->setValue(keyOf(form, list->objectName()), list->header()->saveState());
+        settings_->setValue(keyOf(form, list->objectName()), list->property(kColumnWidths));
 }
 
 } // namespace zb

@@ -9,6 +9,13 @@ class QWidget;
 
 namespace zb {
 
+/// Properties of widgets: whether a window or splitter stands as it did in an earlier run, and the widths
+/// that the user gave the columns of a list, by their texts.
+/// @{
+inline constexpr char kRemembered[] = "remembered";
+inline constexpr char kColumnWidths[] = "columnWidths";
+/// @}
+
 /// Remembers the size and place of windows, their splitters and the widths of their columns in a file of its
 /// own.
 class LayoutMemory {

@@ -36,6 +36,7 @@ void Binder::start() {
     keyWidget().installEventFilter(this);
     const Showing showing(binding_);
     showState();
+    show(Change::State);
     show(Change::Rows);
     show(Change::Value);
     show(Change::Selection);

@@ -4,6 +4,7 @@
 #include "platform/stores/user_hands.h"
 
 #include <QObject>
+#include <QPoint>
 #include <QPointer>
 #include <QWidget>
 
@@ -30,6 +31,10 @@ struct Binding {
     bool keysStay = false;
     /// What is being dragged within the program.
     std::optional<DragData> drag;
+    /// What was taken up by keys, to be let fall by keys.
+    std::optional<DragData> taken;
+    /// Where a pop-up opens that a key has asked for; elsewhere it opens where the pointer is.
+    std::optional<QPoint> popupPlace;
 };
 
 /// Marks a span in which widgets follow the stores.

@@ -3,8 +3,10 @@
 #include "desktop/binders/binder.h"
 #include "desktop/qt_text.h"
 
+#include <QClipboard>
 #include <QDrag>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QMimeData>
 #include <QPainter>
 #include <QPixmap>
@@ -25,6 +27,42 @@ QStringList linesOf(const QStringList& texts) {
         lines << QStringLiteral("… %1 more").arg(texts.size() - kMostLines);
     return lines;
 }
+
+/// A frame around the widget on which a drag may fall.
+class DropMark final : public QWidget {
+public:
+    explicit DropMark(QWidget& target) : QWidget(&target) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setGeometry(target.rect());
+        show();
+        raise();
+    }
+
+    static DropMark* of(const QWidget& target) {
+        for (QObject* child : target.children()) {
+            if (auto* mark = dynamic_cast<DropMark*>(child))
+                return mark;
+        }
+        return nullptr;
+    }
+
+private:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
+};
+
+void mark(QWidget& target, bool marked) {
+    DropMark* shown = DropMark::of(target);
+    if (marked && shown == nullptr)
+        new DropMark(target); // the target owns it
+    else if (!marked && shown != nullptr)
+        delete shown;
+}
+
+constexpr char kTakenFormat[] = "application/x-zeltobench-drag";
 
 QPixmap pictureOf(const QWidget& source, const QStringList& texts) {
     const QStringList lines = linesOf(texts);
@@ -57,13 +95,20 @@ QPixmap pictureOf(const QWidget& source, const QStringList& texts) {
 } // namespace
 
 void runDrag(Binding& binding, QWidget& source, const DragData& data, const QStringList& texts) {
+    runDrag(binding, source, data, texts.isEmpty() ? QPixmap() : pictureOf(source, texts));
+}
+
+void runDrag(Binding& binding, QWidget& source, const DragData& data, const QPixmap& picture) {
     binding.drag = data;
     auto content = std::make_unique<QMimeData>();
-    content->setText(toQt(data.text));
+    if (data.form == DragData::Form::Picture)
+        content->setImageData(picture.toImage());
+    else
+        content->setText(toQt(data.text));
     QDrag drag(&source);
     drag.setMimeData(content.release()); // the drag owns it
-    if (!texts.isEmpty())
-        drag.setPixmap(pictureOf(source, texts));
+    if (!picture.isNull())
+        drag.setPixmap(picture);
     drag.exec(Qt::CopyAction | Qt::MoveAction, Qt::CopyAction);
     binding.drag.reset();
 }
@@ -74,13 +119,44 @@ DragData dragDataOf(const Binding& binding, const QDropEvent& event) {
     return {fromQt(event.mimeData()->text()), nullptr};
 }
 
-bool acceptDrag(const Binding& binding, QDropEvent& event) {
-    const bool takes = binding.drag || event.mimeData()->hasText();
+bool followDrag(const Binding& binding, QWidget& target, QEvent& event) {
+    if (event.type() == QEvent::DragLeave) {
+        mark(target, false);
+        return false;
+    }
+    auto& drop = static_cast<QDropEvent&>(event);
+    const bool takes = binding.drag || drop.mimeData()->hasText();
     if (takes)
-        event.acceptProposedAction();
+        drop.acceptProposedAction();
     else
-        event.ignore();
+        drop.ignore();
+    mark(target, takes && event.type() != QEvent::Drop);
     return takes;
+}
+
+void takeUp(Binding& binding, const std::optional<DragData>& data) {
+    if (!data)
+        return;
+    binding.taken = data;
+    auto content = std::make_unique<QMimeData>();
+    if (data->form == DragData::Form::Text)
+        content->setText(toQt(data->text));
+    content->setData(QLatin1String(kTakenFormat), {});
+    QGuiApplication::clipboard()->setMimeData(content.release()); // the clipboard owns it
+}
+
+bool holdsTaken(const Binding& binding) {
+    const QMimeData* content = QGuiApplication::clipboard()->mimeData();
+    return binding.taken && content != nullptr && content->hasFormat(QLatin1String(kTakenFormat));
+}
+
+std::optional<DragData> takenUp(const Binding& binding) {
+    if (holdsTaken(binding))
+        return binding.taken;
+    const QMimeData* content = QGuiApplication::clipboard()->mimeData();
+    return content != nullptr && content->hasText()
+               ? std::optional(DragData{fromQt(content->text()), nullptr})
+               : std::nullopt;
 }
 
 } // namespace zb

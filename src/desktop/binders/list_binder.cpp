@@ -1,12 +1,11 @@
 #include "desktop/binders/list_binder.h"
 
-#include "desktop/binders/dragging.h"
+#include "desktop/layout_memory.h"
 #include "desktop/models/list_model.h"
+#include "desktop/qt_text.h"
 #include "desktop/units.h"
 #include "platform/stores/list.h"
 
-#include <QApplication>
-#include <QDropEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -18,30 +17,8 @@
 
 namespace zb {
 
-namespace {
-
-KeyEvent modifiersOf(const QMouseEvent& event) {
-    int shift = event.modifiers().testFlag(Qt::ShiftModifier) ? kShiftKey : 0;
-    if (event.modifiers().testFlag(Qt::ControlModifier))
-        shift |= kControlKey;
-    return {0, shift};
-}
-
-UserHands::MouseButton buttonOf(const QMouseEvent& event) {
-    return event.button() == Qt::RightButton ? UserHands::MouseButton::Right : UserHands::MouseButton::Left;
-}
-
-QStringList textsOf(const List& list) {
-    QStringList texts;
-    for (const ListRow* row : list.selectedRows())
-        texts << QString::fromStdString(row->text());
-    return texts;
-}
-
-} // namespace
-
 ListBinder::ListBinder(List& list, QTreeView& view, Binding& binding)
-    : Binder(list, view, binding), list_(list), view_(view),
+    : ItemBinder(list, view, binding), list_(list), view_(view),
       model_(new ListModel(list, binding.pictures, this)) {
     view_.setModel(model_);
     view_.setRootIsDecorated(false);
@@ -50,8 +27,7 @@ ListBinder::ListBinder(List& list, QTreeView& view, Binding& binding)
     view_.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view_.setSelectionMode(list.selection() == List::Selection::Many ? QAbstractItemView::ExtendedSelection
                                                                      : QAbstractItemView::SingleSelection);
-    view_.viewport()->installEventFilter(this);
-    view_.viewport()->setAcceptDrops(static_cast<bool>(list.onDrop));
+    view_.viewport()->setAcceptDrops(takesDrops());
     view_.header()->setSectionsClickable(true);
     view_.header()->setHighlightSections(false);
     connect(view_.header(), &QHeaderView::sectionClicked, this, [this](int section) {
@@ -59,6 +35,8 @@ ListBinder::ListBinder(List& list, QTreeView& view, Binding& binding)
         target.column = static_cast<std::size_t>(section);
         hands().click(target);
     });
+    connect(view_.header(), &QHeaderView::sectionResized, this,
+            [this](int section, int /*before*/, int width) { rememberWidth(section, width); });
     start();
     flush();
 }
@@ -80,6 +58,7 @@ void ListBinder::flush() {
     const Showing showing(binding());
     rereadRows();
     showColumns();
+    fitLastColumn();
     showSelection();
 }
 
@@ -90,17 +69,48 @@ void ListBinder::rereadRows() {
 }
 
 void ListBinder::showColumns() {
-    const auto& columns = list_.columns();
-    view_.setHeaderHidden(columns.empty());
+    QStringList columns;
+    for (const ListColumn& column : list_.columns())
+        columns << toQt(column.text);
+    view_.setHeaderHidden(columns.isEmpty());
     // Widths are the user's once a column stands.
-    for (std::size_t i = shownColumns_; i < columns.size(); ++i) {
-        if (columns[i].width > 0)
-            view_.header()->resizeSection(static_cast<int>(i), toPixels(columns[i].width));
-    }
-    shownColumns_ = columns.size();
+    if (std::exchange(shownColumns_, columns) != columns)
+        showWidths();
     view_.header()->setSortIndicatorShown(list_.sorted());
     if (list_.sorted())
         view_.header()->setSortIndicator(list_.sortKey(), Qt::AscendingOrder);
+}
+
+// A list may show several sets of columns in turn; each column comes back as wide as the user made it.
+void ListBinder::showWidths() {
+    const QVariantMap widths = view_.property(kColumnWidths).toMap();
+    const auto& columns = list_.columns();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const int told = toPixels(columns[i].width);
+        const int width = widths.value(toQt(columns[i].text), told).toInt();
+        if (width > 0)
+            view_.header()->resizeSection(static_cast<int>(i), width);
+    }
+}
+
+// The last column takes what the view has left, and more only when its texts do.
+void ListBinder::fitLastColumn() {
+    constexpr std::size_t kMostRows = 500; // a library's texts are not measured one by one
+    const int last = static_cast<int>(shownColumns_.size()) - 1;
+    if (last < 0 || list_.count() > kMostRows)
+        return;
+    const QAbstractItemView& view = view_;
+    view_.header()->resizeSection(
+        last, std::max(view.sizeHintForColumn(last), view_.header()->sectionSizeHint(last)));
+}
+
+void ListBinder::rememberWidth(int section, int width) {
+    // The last column takes what the view has left.
+    if (isShowing() || rowsAreOld_ || section + 1 >= shownColumns_.size())
+        return;
+    QVariantMap widths = view_.property(kColumnWidths).toMap();
+    widths[shownColumns_[section]] = width;
+    view_.setProperty(kColumnWidths, widths);
 }
 
 void ListBinder::showSelection() {
@@ -126,85 +136,47 @@ Target ListBinder::targetAt(const QPoint& place) const {
     return target;
 }
 
-bool ListBinder::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == view_.viewport())
-        return viewportEvent(*event);
-    return Binder::eventFilter(watched, event);
+Target ListBinder::selectedTarget() const {
+    Target target = Target::whole(list_);
+    target.row = list_.selected();
+    return target;
 }
 
-bool ListBinder::viewportEvent(QEvent& event) {
-    switch (event.type()) {
-    case QEvent::MouseButtonPress:
-        mousePressed(static_cast<QMouseEvent&>(event));
-        return true;
-    case QEvent::MouseButtonDblClick: {
-        const auto& mouse = static_cast<QMouseEvent&>(event);
-        if (mouse.button() == Qt::LeftButton)
-            hands().doublePress(targetAt(mouse.position().toPoint()));
-        return true;
-    }
-    case QEvent::MouseMove:
-        mouseMoved(static_cast<QMouseEvent&>(event));
-        return true;
-    case QEvent::MouseButtonRelease:
-        mouseReleased(static_cast<QMouseEvent&>(event));
-        return true;
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop:
-        return drops(event);
-    default:
-        return false;
-    }
+QRect ListBinder::placeOf(const Target& target) const {
+    return view_.visualRect(model_->indexOf(target.row));
 }
 
-void ListBinder::mousePressed(const QMouseEvent& event) {
-    flush();
-    pressedAt_ = event.position().toPoint();
-    pressed_ = targetAt(pressedAt_);
+QStringList ListBinder::selectedTexts() const {
+    QStringList texts;
+    for (const ListRow* row : list_.selectedRows())
+        texts << toQt(row->text());
+    return texts;
+}
+
+bool ListBinder::startsDrags() const {
+    return static_cast<bool>(list_.onDragStart);
+}
+
+bool ListBinder::takesDrops() const {
+    return static_cast<bool>(list_.onDrop);
+}
+
+bool ListBinder::takesDoubleClicks() const {
+    return static_cast<bool>(list_.onDoubleClick);
+}
+
+UserHands::Refusal ListBinder::press(const Target& target, const QMouseEvent& event) {
     const bool extends = event.button() == Qt::LeftButton && event.modifiers().testFlag(Qt::ShiftModifier);
-    const auto refusal = extends && pressed_.row != nullptr
-                             ? hands().extendTo(list_, *pressed_.row)
-                             : hands().mouseDown(pressed_, buttonOf(event), modifiersOf(event));
-    if (!refusal.empty())
-        pressed_ = {};
-}
-
-void ListBinder::mouseMoved(const QMouseEvent& event) {
-    const bool far =
-        (event.position().toPoint() - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
-    if (!(event.buttons() & Qt::LeftButton) || pressed_.row == nullptr || !far)
-        return;
-    const Target from = std::exchange(pressed_, {});
-    if (const auto data = hands().beginDrag(from))
-        runDrag(binding(), view_, *data, textsOf(list_));
-}
-
-void ListBinder::mouseReleased(const QMouseEvent& event) {
-    const Target target = std::exchange(pressed_, {});
-    if (target.control != nullptr)
-        hands().mouseUp(target, buttonOf(event), modifiersOf(event));
-}
-
-bool ListBinder::drops(QEvent& event) {
-    auto& drop = static_cast<QDropEvent&>(event);
-    if (!acceptDrag(binding(), drop))
-        return true;
-    const Target target = targetAt(drop.position().toPoint());
-    const DragData data = dragDataOf(binding(), drop);
-    if (event.type() == QEvent::Drop)
-        hands().drop(data, target);
-    else if (event.type() == QEvent::DragMove)
-        hands().dragOver(data, target);
-    return true;
+    return extends && target.row != nullptr ? hands().extendTo(list_, *target.row)
+                                            : ItemBinder::press(target, event);
 }
 
 bool ListBinder::keyPressed(QKeyEvent& event) {
     flush();
-    return moveByPage(event) || Binder::keyPressed(event);
+    return moveByPage(event) || ItemBinder::keyPressed(event);
 }
 
-bool ListBinder::moveByPage(QKeyEvent& event) {
+bool ListBinder::moveByPage(const QKeyEvent& event) {
     if ((event.key() != Qt::Key_PageDown && event.key() != Qt::Key_PageUp) || list_.count() == 0)
         return false;
     const int height = std::max(1, view_.sizeHintForRow(0));

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "desktop/binders/binder.h"
+#include "desktop/binders/item_binder.h"
 
-#include <QPoint>
-
-class QMouseEvent;
 class QTreeView;
 
 namespace zb {
@@ -14,7 +11,7 @@ class ListModel;
 
 /// A list of rows in columns. Clicks, drags and header clicks are the store's; the view shows what it selects
 /// and sorts.
-class ListBinder final : public Binder {
+class ListBinder final : public ItemBinder {
 public:
     ListBinder(List& list, QTreeView& view, Binding& binding);
 
@@ -22,27 +19,30 @@ public:
 
 private:
     void show(Change change) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    bool viewportEvent(QEvent& event);
     bool keyPressed(QKeyEvent& event) override;
-    bool moveByPage(QKeyEvent& event);
-    void mousePressed(const QMouseEvent& event);
-    void mouseMoved(const QMouseEvent& event);
-    void mouseReleased(const QMouseEvent& event);
-    bool drops(QEvent& event);
+    bool moveByPage(const QKeyEvent& event);
+    UserHands::Refusal press(const Target& target, const QMouseEvent& event) override;
 
-    Target targetAt(const QPoint& place) const;
+    Target targetAt(const QPoint& place) const override;
+    Target selectedTarget() const override;
+    QRect placeOf(const Target& target) const override;
+    QStringList selectedTexts() const override;
+    bool startsDrags() const override;
+    bool takesDrops() const override;
+    bool takesDoubleClicks() const override;
+
     void rereadRows();
     void showColumns();
+    void showWidths();
+    void fitLastColumn();
+    void rememberWidth(int section, int width);
     void showSelection();
 
     List& list_;
     QTreeView& view_;
     ListModel* model_;
-    std::size_t shownColumns_ = 0;
+    QStringList shownColumns_;
     bool rowsAreOld_ = false;
-    Target pressed_;
-    QPoint pressedAt_;
 };
 
 } // namespace zb

@@ -73,7 +73,7 @@ void MenuBinder::addPopup(PopupMenu& popup) {
 
 void MenuBinder::open(PopupMenu& popup) {
     if (QMenu* menu = menuOf(popup))
-        menu->popup(QCursor::pos());
+        menu->popup(binding_.popupPlace.value_or(QCursor::pos()));
 }
 
 void MenuBinder::addEntry(MenuEntry& entry) {
@@ -102,6 +102,10 @@ void MenuBinder::addCommand(MenuEntry& entry) {
         action->setShortcut(QKeySequence(toQt(entry.shortcut()), QKeySequence::PortableText));
     insert(entry, *action);
     connect(action, &QAction::triggered, this, [this, &entry] {
+        // What the program's own clipboard takes in is what the next paste is about.
+        const QKeySequence keys(toQt(entry.shortcut()), QKeySequence::PortableText);
+        if (keys == QKeySequence(QKeySequence::Copy) || keys == QKeySequence(QKeySequence::Cut))
+            binding_.taken.reset();
         const QPointer<MenuBinder> alive(this);
         binding_.hands.click(Target::whole(entry));
         if (alive)

@@ -10,8 +10,13 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
 
 namespace zb {
 
@@ -31,6 +36,23 @@ void ButtonBinder::clicked() {
     // The widget has turned itself over; the store may not have followed.
     const Showing showing(binding());
     show(Change::Value);
+}
+
+// Arrows walk through the options of a group, as at any desktop.
+bool ButtonBinder::keyPressed(QKeyEvent& event) {
+    const bool back = event.key() == Qt::Key_Up || event.key() == Qt::Key_Left;
+    const bool on = event.key() == Qt::Key_Down || event.key() == Qt::Key_Right;
+    if (control().kind() != Control::Kind::Option || !event.spontaneous() || (!back && !on))
+        return Binder::keyPressed(event);
+    std::vector<Option*> usable;
+    for (Option* option : static_cast<Option&>(control()).group().options()) {
+        if (option->usable() || option == &control())
+            usable.push_back(option);
+    }
+    const auto here = std::find(usable.begin(), usable.end(), &control()) - usable.begin();
+    const auto count = static_cast<std::ptrdiff_t>(usable.size());
+    hands().click(Target::whole(*usable[static_cast<std::size_t>((here + (on ? 1 : count - 1)) % count)]));
+    return true;
 }
 
 void ButtonBinder::show(Change /*change*/) {
@@ -70,35 +92,56 @@ void PaneBinder::show(Change /*change*/) {
 bool PaneBinder::eventFilter(QObject* watched, QEvent* event) {
     if (watched != &widget())
         return false;
-    if (event->type() == QEvent::MouseButtonPress && static_cast<Pane&>(control()).onPress) {
-        hands().click(Target::whole(control()));
-        return true;
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        return mousePressed(static_cast<QMouseEvent&>(*event));
+    case QEvent::MouseMove:
+        return mouseMoved(static_cast<QMouseEvent&>(*event));
+    case QEvent::KeyPress:
+        return keyPressed(static_cast<QKeyEvent&>(*event));
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::DragLeave:
+    case QEvent::Drop:
+        return drops(*event);
+    default:
+        return false;
     }
-    if (event->type() == QEvent::MouseMove &&
-        (static_cast<QMouseEvent*>(event)->buttons() & Qt::LeftButton) && control().onDragData) {
-        startDrag();
-        return true;
-    }
-    return drops(*event);
 }
 
-void PaneBinder::startDrag() {
+bool PaneBinder::mousePressed(const QMouseEvent& event) {
+    pressedAt_ = event.position().toPoint();
+    const bool told = static_cast<Pane&>(control()).onPress || control().onDragData;
+    if (told)
+        hands().click(Target::whole(control()));
+    return told;
+}
+
+bool PaneBinder::mouseMoved(const QMouseEvent& event) {
+    const bool far =
+        (event.position().toPoint() - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
+    if (!event.buttons().testFlag(Qt::LeftButton) || !control().onDragData || !far)
+        return false;
     if (const auto data = hands().beginDrag(Target::whole(control())))
-        runDrag(binding(), widget(), *data, {});
+        runDrag(binding(), widget(), *data, widget().grab());
+    return true;
+}
+
+// A picture is taken up by the keys that copy, and by those that press a button.
+bool PaneBinder::keyPressed(QKeyEvent& event) {
+    const bool takes = event.matches(QKeySequence::Copy) || event.key() == Qt::Key_Space ||
+                       event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (!takes || !control().onDragData || !hands().click(Target::whole(control())).empty())
+        return false;
+    takeUp(binding(), hands().beginDrag(Target::whole(control())));
+    return true;
 }
 
 bool PaneBinder::drops(QEvent& event) {
     if (!control().onDropData)
         return false;
-    if (event.type() == QEvent::DragEnter || event.type() == QEvent::DragMove) {
-        acceptDrag(binding(), static_cast<QDropEvent&>(event));
-        return true;
-    }
-    if (event.type() != QEvent::Drop)
-        return false;
-    auto& drop = static_cast<QDropEvent&>(event);
-    drop.acceptProposedAction();
-    hands().drop(dragDataOf(binding(), drop), Target::whole(control()));
+    if (followDrag(binding(), widget(), event) && event.type() == QEvent::Drop)
+        hands().drop(dragDataOf(binding(), static_cast<QDropEvent&>(event)), Target::whole(control()));
     return true;
 }
 

@@ -4,6 +4,7 @@
 
 class QAbstractButton;
 class QLabel;
+class QMouseEvent;
 
 namespace zb {
 
@@ -14,6 +15,7 @@ public:
 
 private:
     void show(Change change) override;
+    bool keyPressed(QKeyEvent& event) override;
     void clicked();
 
     QAbstractButton& button_;
@@ -37,8 +39,12 @@ public:
 private:
     void show(Change change) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool keyPressed(QKeyEvent& event) override;
+    bool mousePressed(const QMouseEvent& event);
+    bool mouseMoved(const QMouseEvent& event);
     bool drops(QEvent& event);
-    void startDrag();
+
+    QPoint pressedAt_;
 };
 
 } // namespace zb

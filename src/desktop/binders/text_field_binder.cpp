@@ -43,13 +43,22 @@ TextFieldBinder::TextFieldBinder(TextField& field, QLineEdit& line, Binding& bin
 
 void TextFieldBinder::show(Change change) {
     if (change == Change::State) {
-        line_.setReadOnly(field_.readOnly());
+        showReadOnly();
         return;
     }
     const QString text = toQt(field_.text());
     if (line_.text() != text)
         line_.setText(text);
     showSelection();
+}
+
+// What cannot be typed in does not look as if it could.
+void TextFieldBinder::showReadOnly() {
+    line_.setReadOnly(field_.readOnly());
+    QPalette palette;
+    if (field_.readOnly())
+        palette.setColor(QPalette::Base, QGuiApplication::palette().color(QPalette::Window));
+    line_.setPalette(palette);
 }
 
 void TextFieldBinder::showSelection() {
@@ -127,6 +136,7 @@ bool TextFieldBinder::eventFilter(QObject* watched, QEvent* event) {
         return true;
     case QEvent::DragEnter:
     case QEvent::DragMove:
+    case QEvent::DragLeave:
     case QEvent::Drop:
         return drops(*event);
     default:
@@ -175,18 +185,13 @@ bool TextFieldBinder::inputMethod(QInputMethodEvent& event) {
 }
 
 bool TextFieldBinder::drops(QEvent& event) {
-    auto& drop = static_cast<QDropEvent&>(event);
     if (!field_.onDropData) {
-        drop.ignore();
+        event.ignore();
         return true;
     }
-    if (event.type() != QEvent::Drop) {
-        acceptDrag(binding(), drop);
+    if (!followDrag(binding(), line_, event) || event.type() != QEvent::Drop)
         return true;
-    }
-    const DragData data = dragDataOf(binding(), drop);
-    drop.acceptProposedAction();
-    hands().drop(data, Target::whole(field_));
+    hands().drop(dragDataOf(binding(), static_cast<QDropEvent&>(event)), Target::whole(field_));
     return true;
 }
 
@@ -203,6 +208,12 @@ void TextFieldBinder::cut() {
 }
 
 void TextFieldBinder::paste() {
+    // A field that is only filled by drops takes from the keyboard what a drag would bring.
+    if (field_.onDropData && field_.readOnly()) {
+        if (const auto taken = takenUp(binding()))
+            hands().drop(*taken, Target::whole(field_));
+        return;
+    }
     hands().insert(field_, firstLine(fromQt(QGuiApplication::clipboard()->text())));
 }
 
@@ -211,9 +222,10 @@ void TextFieldBinder::openContextMenu(const QPoint& place) {
     QMenu menu(&line_);
     const bool selected = field_.anchor() != field_.caret();
     const bool changes = !field_.locked() && !field_.readOnly();
+    const bool fills = changes || (field_.readOnly() && field_.onDropData);
     menu.addAction(tr("Cu&t"), this, [this] { cut(); })->setEnabled(selected && changes);
     menu.addAction(tr("&Copy"), this, [this] { copy(); })->setEnabled(selected);
-    menu.addAction(tr("&Paste"), this, [this] { paste(); })->setEnabled(changes);
+    menu.addAction(tr("&Paste"), this, [this] { paste(); })->setEnabled(fills);
     menu.addSeparator();
     menu.addAction(tr("Select &All"), this, [this] { field_.selectAll(); })
         ->setEnabled(!field_.text().empty());

@@ -27,6 +27,7 @@ private:
 
     void takeSelection();
     void showSelection();
+    void showReadOnly();
     void copy() const;
     void cut();
     void paste();

@@ -1,35 +1,20 @@
 #include "desktop/binders/tree_binder.h"
 
-#include "desktop/binders/dragging.h"
 #include "desktop/colors.h"
 #include "desktop/models/node_tree_model.h"
 #include "desktop/models/node_tree_view.h"
 #include "desktop/qt_text.h"
 #include "platform/stores/tree.h"
 
-#include <QApplication>
-#include <QDropEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QScrollBar>
-
-#include <utility>
 
 namespace zb {
 
-namespace {
-
-UserHands::MouseButton buttonOf(const QMouseEvent& event) {
-    return event.button() == Qt::RightButton ? UserHands::MouseButton::Right : UserHands::MouseButton::Left;
-}
-
-} // namespace
-
 TreeBinder::TreeBinder(Tree& tree, NodeTreeView& view, Binding& binding)
-    : Binder(tree, view, binding), tree_(tree), view_(view),
+    : ItemBinder(tree, view, binding), tree_(tree), view_(view),
       model_(new NodeTreeModel(tree, binding.pictures, this)) {
     view_.setNodes(*model_);
-    view_.viewport()->installEventFilter(this);
     view_.viewport()->setAcceptDrops(true);
     start();
 }
@@ -48,43 +33,8 @@ void TreeBinder::show(Change change) {
     const OptionalColor& back = tree_.backColor();
     QPalette palette;
     if (back)
-        palette.setColor(QPalette::Base, toQt(*back));
+        palette.setColor(QPalette::Base, shaded(*back));
     view_.setPalette(palette);
-}
-
-bool TreeBinder::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == view_.viewport())
-        return viewportEvent(*event);
-    return Binder::eventFilter(watched, event);
-}
-
-bool TreeBinder::viewportEvent(QEvent& event) {
-    switch (event.type()) {
-    case QEvent::MouseButtonPress:
-        mousePressed(static_cast<QMouseEvent&>(event));
-        return true;
-    case QEvent::MouseButtonDblClick: {
-        const auto& mouse = static_cast<QMouseEvent&>(event);
-        const Target target = targetAt(mouse.position().toPoint());
-        if (target.node != nullptr && view_.isOnBox(*target.node, mouse.position().toPoint()))
-            view_.toggle(*target.node);
-        else if (mouse.button() == Qt::LeftButton)
-            hands().doublePress(target);
-        return true;
-    }
-    case QEvent::MouseMove:
-        mouseMoved(static_cast<QMouseEvent&>(event));
-        return true;
-    case QEvent::MouseButtonRelease:
-        mouseReleased(static_cast<QMouseEvent&>(event));
-        return true;
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop:
-        return drops(event);
-    default:
-        return false;
-    }
 }
 
 Target TreeBinder::targetAt(const QPoint& place) const {
@@ -93,71 +43,48 @@ Target TreeBinder::targetAt(const QPoint& place) const {
     return target;
 }
 
-void TreeBinder::mousePressed(const QMouseEvent& event) {
-    pressedAt_ = event.position().toPoint();
-    const Target target = targetAt(pressedAt_);
-    if (target.node != nullptr && event.button() == Qt::LeftButton &&
-        view_.isOnBox(*target.node, pressedAt_)) {
-        if (hands().focus(tree_).empty())
-            view_.toggle(*target.node);
-        return;
-    }
-    pressed_ = target;
-    pressedIndex_ = target.node == nullptr ? 0 : target.node->index();
-    if (!hands().mouseDown(target, buttonOf(event)).empty())
-        pressed_ = {};
+Target TreeBinder::selectedTarget() const {
+    Target target = Target::whole(tree_);
+    target.node = tree_.nodes().selected();
+    return target;
 }
 
-void TreeBinder::mouseMoved(const QMouseEvent& event) {
-    const bool far =
-        (event.position().toPoint() - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
-    if (!(event.buttons() & Qt::LeftButton) || pressed_.node == nullptr || !far)
-        return;
-    const Target from = std::exchange(pressed_, {});
-    const auto data = hands().beginDrag(from);
-    if (!data)
-        return;
-    const QString text = tree_.nodes().at(pressedIndex_) == from.node ? toQt(from.node->text()) : QString();
-    runDrag(binding(), view_, *data, {text});
+QRect TreeBinder::placeOf(const Target& target) const {
+    return view_.visualRect(model_->indexOf(target.node));
 }
 
-void TreeBinder::mouseReleased(const QMouseEvent& event) {
-    const Target target = std::exchange(pressed_, {});
-    if (target.control != nullptr)
-        hands().mouseUp(target, buttonOf(event));
+QStringList TreeBinder::selectedTexts() const {
+    const Node* selected = tree_.nodes().selected();
+    return selected == nullptr ? QStringList() : QStringList(toQt(selected->text()));
 }
 
-bool TreeBinder::drops(QEvent& event) {
-    auto& drop = static_cast<QDropEvent&>(event);
-    if (!tree_.onDrop || !acceptDrag(binding(), drop)) {
-        drop.ignore();
-        return true;
-    }
-    const QPoint place = drop.position().toPoint();
-    const DragData data = dragDataOf(binding(), drop);
-    if (event.type() == QEvent::Drop) {
-        hands().drop(data, targetAt(place));
-    } else if (event.type() == QEvent::DragMove) {
-        scrollAtEdge(place);
-        hands().dragOver(data, targetAt(place));
-    }
+bool TreeBinder::startsDrags() const {
+    return static_cast<bool>(tree_.onDragStart);
+}
+
+bool TreeBinder::takesDrops() const {
+    return static_cast<bool>(tree_.onDrop);
+}
+
+bool TreeBinder::takesDoubleClicks() const {
+    return static_cast<bool>(tree_.onDoubleClick);
+}
+
+bool TreeBinder::keptByView(const QMouseEvent& event) {
+    const QPoint place = event.position().toPoint();
+    Node* node = view_.nodeAt(place);
+    if (event.button() != Qt::LeftButton || node == nullptr || !view_.isOnBox(*node, place))
+        return false;
+    if (hands().focus(tree_).empty())
+        view_.toggle(*node);
     return true;
 }
 
-// A drag reaches what is out of view by staying near an edge.
-void TreeBinder::scrollAtEdge(const QPoint& place) {
-    constexpr int kEdge = 12;
-    if (place.y() < kEdge)
-        view_.verticalScrollBar()->triggerAction(QScrollBar::SliderSingleStepSub);
-    else if (place.y() > view_.viewport()->height() - kEdge)
-        view_.verticalScrollBar()->triggerAction(QScrollBar::SliderSingleStepAdd);
-}
-
 bool TreeBinder::keyPressed(QKeyEvent& event) {
-    return moveByPage(event) || openByKey(event) || Binder::keyPressed(event);
+    return moveByPage(event) || openByKey(event) || ItemBinder::keyPressed(event);
 }
 
-bool TreeBinder::moveByPage(QKeyEvent& event) {
+bool TreeBinder::moveByPage(const QKeyEvent& event) {
     if (event.key() != Qt::Key_PageDown && event.key() != Qt::Key_PageUp)
         return false;
     Node* selected = tree_.nodes().selected();
@@ -170,7 +97,7 @@ bool TreeBinder::moveByPage(QKeyEvent& event) {
     return true;
 }
 
-bool TreeBinder::openByKey(QKeyEvent& event) {
+bool TreeBinder::openByKey(const QKeyEvent& event) {
     Node* selected = tree_.nodes().selected();
     const bool opens = event.text() == QLatin1String("+");
     if (selected == nullptr || selected->child() == nullptr || (!opens && event.text() != QLatin1String("-")))

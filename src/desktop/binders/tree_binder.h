@@ -1,10 +1,6 @@
 #pragma once
 
-#include "desktop/binders/binder.h"
-
-#include <QPoint>
-
-class QMouseEvent;
+#include "desktop/binders/item_binder.h"
 
 namespace zb {
 
@@ -13,31 +9,29 @@ class NodeTreeView;
 class Tree;
 
 /// A tree of nodes. A press selects, a release clicks, as the store tells it; the boxes open and close.
-class TreeBinder final : public Binder {
+class TreeBinder final : public ItemBinder {
 public:
     TreeBinder(Tree& tree, NodeTreeView& view, Binding& binding);
     ~TreeBinder() override;
 
 private:
     void show(Change change) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    bool viewportEvent(QEvent& event);
     bool keyPressed(QKeyEvent& event) override;
-    bool moveByPage(QKeyEvent& event);
-    bool openByKey(QKeyEvent& event);
-    void mousePressed(const QMouseEvent& event);
-    void mouseMoved(const QMouseEvent& event);
-    void mouseReleased(const QMouseEvent& event);
-    bool drops(QEvent& event);
-    void scrollAtEdge(const QPoint& place);
-    Target targetAt(const QPoint& place) const;
+    bool moveByPage(const QKeyEvent& event);
+    bool openByKey(const QKeyEvent& event);
+    bool keptByView(const QMouseEvent& event) override;
+
+    Target targetAt(const QPoint& place) const override;
+    Target selectedTarget() const override;
+    QRect placeOf(const Target& target) const override;
+    QStringList selectedTexts() const override;
+    bool startsDrags() const override;
+    bool takesDrops() const override;
+    bool takesDoubleClicks() const override;
 
     Tree& tree_;
     NodeTreeView& view_;
     NodeTreeModel* model_;
-    Target pressed_;
-    int pressedIndex_ = 0;
-    QPoint pressedAt_;
 };
 
 } // namespace zb

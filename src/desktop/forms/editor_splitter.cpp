@@ -1,5 +1,6 @@
 #include "desktop/forms/editor_splitter.h"
 
+#include "desktop/layout_memory.h"
 #include "desktop/units.h"
 #include "editor/frm_sec_editor.h"
 
@@ -26,7 +27,8 @@ EditorSplitter::EditorSplitter(frmSECSEditor& editor, QWidget& form)
     splitter_.setStretchFactor(0, 1);
     splitter_.setStretchFactor(kTreeColumn, 0);
     splitter_.setStretchFactor(kPaneColumn, 0);
-    splitter_.setSizes({300, toPixels(editor_.treeWidth()), 380});
+    if (!splitter_.property(kRemembered).toBool())
+        splitter_.setSizes({300, toPixels(editor_.treeWidth()), 380});
     column_.installEventFilter(this);
     splitter_.handle(kPaneColumn)->installEventFilter(this);
     auto* width = form.findChild<QLineEdit*>(QStringLiteral("txtTreeWidth"));
@@ -56,9 +58,9 @@ void EditorSplitter::tellPlace() {
 // A width of an earlier run becomes the editor's by the same road as one that the mouse drags.
 void EditorSplitter::takeRemembered() {
     tellPlace();
-    if (!splitter_.property("remembered").toBool())
+    if (!splitter_.property(kRemembered).toBool())
         return;
-    splitter_.setProperty("remembered", false);
+    splitter_.setProperty(kRemembered, false);
     const int edge = toUnits(column_.x()) + editor_.treeWidth() + 1;
     editor_.leftButtonDown(edge, 1);
     editor_.mouseMove(edge + toUnits(column_.width()) - editor_.treeWidth(), 1, true);

@@ -1,5 +1,7 @@
 #include "desktop/forms/shared_splitter.h"
 
+#include "desktop/layout_memory.h"
+
 #include <QEvent>
 #include <QSplitter>
 
@@ -13,7 +15,7 @@ SharedSplitter::SharedSplitter(QSplitter& splitter, int percentOfFirst)
 
 bool SharedSplitter::eventFilter(QObject* watched, QEvent* event) {
     const bool sized = event->type() == QEvent::Resize || event->type() == QEvent::Show;
-    if (watched != &splitter_ || !sized || moved_ || splitter_.property("remembered").toBool())
+    if (watched != &splitter_ || !sized || moved_ || splitter_.property(kRemembered).toBool())
         return false;
     const int extent = (splitter_.orientation() == Qt::Horizontal ? splitter_.width() : splitter_.height()) -
                        splitter_.handleWidth();

@@ -1,0 +1,205 @@
+#include "desktop/binders/item_binder.h"
+
+#include "desktop/binders/dragging.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopeGuard>
+#include <QScrollBar>
+
+#include <utility>
+
+namespace zb {
+
+namespace {
+
+KeyEvent modifiersOf(const QMouseEvent& event) {
+    int shift = event.modifiers().testFlag(Qt::ShiftModifier) ? kShiftKey : 0;
+    if (event.modifiers().testFlag(Qt::ControlModifier))
+        shift |= kControlKey;
+    return {0, shift};
+}
+
+UserHands::MouseButton buttonOf(const QMouseEvent& event) {
+    return event.button() == Qt::RightButton ? UserHands::MouseButton::Right : UserHands::MouseButton::Left;
+}
+
+bool isMember(const Target& target) {
+    return target.node != nullptr || target.row != nullptr;
+}
+
+} // namespace
+
+ItemBinder::ItemBinder(Control& control, QAbstractItemView& view, Binding& binding)
+    : Binder(control, view, binding), view_(view) {
+    view_.viewport()->installEventFilter(this);
+}
+
+bool ItemBinder::keptByView(const QMouseEvent& /*event*/) {
+    return false;
+}
+
+UserHands::Refusal ItemBinder::press(const Target& target, const QMouseEvent& event) {
+    return hands().mouseDown(target, buttonOf(event), modifiersOf(event));
+}
+
+bool ItemBinder::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == view_.viewport())
+        return viewportEvent(*event);
+    if (event->type() == QEvent::ContextMenu &&
+        static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
+        openPopupByKey();
+        return true;
+    }
+    if (event->type() == QEvent::ShortcutOverride && wantsKey(static_cast<QKeyEvent&>(*event))) {
+        event->accept();
+        return true;
+    }
+    return Binder::eventFilter(watched, event);
+}
+
+// The keys of a drag are the list's as long as they mean one; else they are the menus'.
+bool ItemBinder::wantsKey(const QKeyEvent& event) const {
+    if (event.matches(QKeySequence::Copy))
+        return startsDrags() && isMember(selectedTarget());
+    return event.matches(QKeySequence::Paste) && takesDrops() && holdsTaken(binding());
+}
+
+bool ItemBinder::viewportEvent(QEvent& event) {
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+        mousePressed(static_cast<QMouseEvent&>(event));
+        return true;
+    case QEvent::MouseButtonDblClick:
+        pressedTwice(static_cast<QMouseEvent&>(event));
+        return true;
+    case QEvent::MouseMove:
+        mouseMoved(static_cast<QMouseEvent&>(event));
+        return true;
+    case QEvent::MouseButtonRelease:
+        mouseReleased(static_cast<QMouseEvent&>(event));
+        return true;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::DragLeave:
+    case QEvent::Drop:
+        return drops(event);
+    default:
+        return false;
+    }
+}
+
+void ItemBinder::mousePressed(const QMouseEvent& event) {
+    flush();
+    pressedAt_ = event.position().toPoint();
+    pressed_ = {};
+    if (keptByView(event))
+        return;
+    const Target target = targetAt(pressedAt_);
+    const QPointer<Binder> alive(this);
+    pressed_ = target;
+    if (!press(target, event).empty() && alive)
+        pressed_ = {};
+}
+
+void ItemBinder::pressedTwice(const QMouseEvent& event) {
+    if (event.button() == Qt::LeftButton && !keptByView(event))
+        hands().doublePress(targetAt(event.position().toPoint()));
+}
+
+void ItemBinder::mouseMoved(const QMouseEvent& event) {
+    const bool far =
+        (event.position().toPoint() - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
+    if (!(event.buttons() & Qt::LeftButton) || !isMember(pressed_) || !far)
+        return;
+    const Target from = std::exchange(pressed_, {});
+    if (const auto data = hands().beginDrag(from))
+        runDrag(binding(), view_, *data, selectedTexts());
+}
+
+void ItemBinder::mouseReleased(const QMouseEvent& event) {
+    const Target target = std::exchange(pressed_, {});
+    if (target.control != nullptr)
+        hands().mouseUp(target, buttonOf(event), modifiersOf(event));
+}
+
+bool ItemBinder::drops(QEvent& event) {
+    if (!takesDrops())
+        return event.type() != QEvent::DragLeave;
+    if (!followDrag(binding(), view_, event))
+        return true;
+    auto& drop = static_cast<QDropEvent&>(event);
+    const QPoint place = drop.position().toPoint();
+    const DragData data = dragDataOf(binding(), drop);
+    if (event.type() == QEvent::Drop) {
+        hands().drop(data, targetAt(place));
+    } else if (event.type() == QEvent::DragMove) {
+        scrollAtEdge(place);
+        hands().dragOver(data, targetAt(place));
+    }
+    return true;
+}
+
+// A drag reaches what is out of view by staying near an edge.
+void ItemBinder::scrollAtEdge(const QPoint& place) {
+    constexpr int kEdge = 12;
+    if (place.y() < kEdge)
+        view_.verticalScrollBar()->triggerAction(QScrollBar::SliderSingleStepSub);
+    else if (place.y() > view_.viewport()->height() - kEdge)
+        view_.verticalScrollBar()->triggerAction(QScrollBar::SliderSingleStepAdd);
+}
+
+bool ItemBinder::keyPressed(QKeyEvent& event) {
+    flush();
+    return dragByKey(event) || mouseByKey(event) || Binder::keyPressed(event);
+}
+
+// Copy takes up what a drag would, paste lets it fall on the selection.
+bool ItemBinder::dragByKey(const QKeyEvent& event) {
+    const Target target = selectedTarget();
+    if (event.matches(QKeySequence::Copy) && startsDrags()) {
+        if (isMember(target) && hands().mouseDown(target, UserHands::MouseButton::Left).empty())
+            takeUp(binding(), hands().beginDrag(target));
+        return true;
+    }
+    if (!event.matches(QKeySequence::Paste) || !takesDrops())
+        return false;
+    if (const auto held = takenUp(binding()))
+        hands().drop(*held, target);
+    return true;
+}
+
+// Keys that only a keyboard has: what scripts press goes to the store alone.
+bool ItemBinder::mouseByKey(const QKeyEvent& event) {
+    if (!event.spontaneous())
+        return false;
+    const Target target = selectedTarget();
+    if (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier) {
+        openPopupByKey();
+        return true;
+    }
+    if (event.key() == Qt::Key_F2 && isMember(target)) {
+        hands().click(target);
+        return true;
+    }
+    const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (!enters || !isMember(target) || !takesDoubleClicks())
+        return false;
+    hands().doubleClick(target);
+    return true;
+}
+
+void ItemBinder::openPopupByKey() {
+    const Target target = selectedTarget();
+    const QPoint place = isMember(target) ? placeOf(target).center() : QPoint(8, 8);
+    const QPoint seen(qBound(0, place.x(), 80), qBound(0, place.y(), view_.viewport()->height()));
+    binding().popupPlace = view_.viewport()->mapToGlobal(seen);
+    const auto over = qScopeGuard([&binding = binding()] { binding.popupPlace.reset(); });
+    hands().rightClick(target);
+}
+
+} // namespace zb

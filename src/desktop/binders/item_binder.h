@@ -1,0 +1,56 @@
+#pragma once
+
+#include "desktop/binders/binder.h"
+
+#include <QPoint>
+#include <QRect>
+#include <QStringList>
+
+class QAbstractItemView;
+class QContextMenuEvent;
+class QMouseEvent;
+
+namespace zb {
+
+/// What lists and trees have in common: the mouse, what is dragged from them and dropped on them, and the
+/// keys that stand for the mouse.
+class ItemBinder : public Binder {
+protected:
+    ItemBinder(Control& control, QAbstractItemView& view, Binding& binding);
+
+    virtual Target targetAt(const QPoint& place) const = 0;
+    /// The selected node or row; the control as a whole without one.
+    virtual Target selectedTarget() const = 0;
+    /// Where a node or row shows in the viewport.
+    virtual QRect placeOf(const Target& target) const = 0;
+    /// What a drag of the selection shows below the pointer.
+    virtual QStringList selectedTexts() const = 0;
+    virtual bool startsDrags() const = 0;
+    virtual bool takesDrops() const = 0;
+    virtual bool takesDoubleClicks() const = 0;
+    /// True when the mouse was for the view alone, as on the box that opens a node.
+    virtual bool keptByView(const QMouseEvent& event);
+    virtual UserHands::Refusal press(const Target& target, const QMouseEvent& event);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool keyPressed(QKeyEvent& event) override;
+
+private:
+    bool wantsKey(const QKeyEvent& event) const;
+    bool viewportEvent(QEvent& event);
+    void mousePressed(const QMouseEvent& event);
+    void mouseMoved(const QMouseEvent& event);
+    void mouseReleased(const QMouseEvent& event);
+    void pressedTwice(const QMouseEvent& event);
+    bool drops(QEvent& event);
+    void scrollAtEdge(const QPoint& place);
+    bool dragByKey(const QKeyEvent& event);
+    bool mouseByKey(const QKeyEvent& event);
+    void openPopupByKey();
+
+    QAbstractItemView& view_;
+    Target pressed_;
+    QPoint pressedAt_;
+};
+
+} // namespace zb
