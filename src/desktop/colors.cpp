@@ -27,6 +27,16 @@ double contrast(const QColor& left, const QColor& right) {
 
 } // namespace
 
+QColor shaded(const Color& back) {
+    const QColor told = toQt(back);
+    const QColor base = QGuiApplication::palette().color(QPalette::Base);
+    if (told.saturation() > 0 || base.lightnessF() > 0.5F)
+        return told;
+    const float lightness = base.lightnessF() + (1.0F - told.lightnessF());
+    return QColor::fromHslF(std::max(base.hslHueF(), 0.0F), base.hslSaturationF(),
+                            std::clamp(lightness, 0.0F, 1.0F));
+}
+
 QColor readable(QColor text, const QColor& background) {
     const bool lighten = luminance(background) < 0.18;
     for (int step = 0; step < 20 && contrast(text, background) < kReadableContrast; ++step) {

@@ -10,6 +10,9 @@ inline QColor toQt(const Color& color) {
     return QColor(color.red, color.green, color.blue);
 }
 
+/// The colour of an area. A grey that sets the area off from light surroundings is mirrored for dark ones.
+QColor shaded(const Color& back);
+
 /// The colour of a text, lightened or darkened as far as it takes to read it on the background: on that of
 /// the palette's fields, or on the one given.
 QColor readable(const Color& text);

@@ -93,12 +93,12 @@ QVariant NodeTreeModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
         return toQt(node.text());
     case Qt::BackgroundRole:
-        return node.backColor() ? QBrush(toQt(*node.backColor())) : QVariant();
+        return node.backColor() ? QBrush(shaded(*node.backColor())) : QVariant();
     case Qt::ForegroundRole: {
         if (!node.foreColor())
             return {};
         const QColor color = toQt(*node.foreColor());
-        return QBrush(node.backColor() ? readable(color, toQt(*node.backColor()))
+        return QBrush(node.backColor() ? readable(color, shaded(*node.backColor()))
                                        : readable(*node.foreColor()));
     }
     case Qt::FontRole: {

@@ -57,7 +57,8 @@ void NodeTreeView::paintEvent(QPaintEvent* event) {
 }
 
 void NodeTreeView::paintRow(QPainter& painter, const Node& node, const QRect& row) {
-    paintLines(painter, node, row);
+    if (!withoutLines_)
+        paintLines(painter, node, row);
     if (node.child() != nullptr)
         paintBox(painter, node, row);
     paintText(painter, node, row);

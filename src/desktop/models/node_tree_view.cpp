@@ -68,6 +68,7 @@ void NodeTreeView::toggle(Node& node) {
 
 void NodeTreeView::setNodes(NodeTreeModel& model) {
     nodes_ = &model;
+    withoutLines_ = property("withoutLines").toBool();
     setModel(&model);
     model.setWatcher(this);
     reset();

@@ -93,6 +93,7 @@ private:
     mutable bool laidOut_ = false;
     std::unordered_set<const Node*> openedToShow_;
     int widest_ = 0;
+    bool withoutLines_ = false; // by the form's property of that name
 };
 
 } // namespace zb

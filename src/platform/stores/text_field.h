@@ -25,7 +25,10 @@ public:
     void setLocked(bool locked);
     /// A read-only field is never changed by the user.
     bool readOnly() const { return readOnly_; }
-    void setReadOnly(bool readOnly) { readOnly_ = readOnly; }
+    void setReadOnly(bool readOnly) {
+        readOnly_ = readOnly;
+        ring(Change::State);
+    }
     Lines lines() const { return lines_; }
 
     std::size_t caret() const { return caret_; }

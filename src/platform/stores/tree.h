@@ -21,7 +21,10 @@ public:
     /// Drops all nodes at once and starts from an empty tree; the listener moves over to it.
     void replaceNodes();
 
-    void setBackColor(OptionalColor color) { backColor_ = color; }
+    void setBackColor(OptionalColor color) {
+        backColor_ = color;
+        ring(Change::State);
+    }
     const OptionalColor& backColor() const { return backColor_; }
 
     /// The screen's listener, for the tree of now and of later.
