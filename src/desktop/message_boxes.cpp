@@ -2,6 +2,7 @@
 
 #include "desktop/qt_text.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QStandardPaths>
@@ -89,7 +90,8 @@ std::string askFile(const FileDialog& dialog, QWidget* parent) {
 }
 
 std::string askFolder(const QString& title, const QString& button, QWidget* parent) {
-    QFileDialog shown(parent, title, QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    const QDir start(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    QFileDialog shown(parent, title, start.exists() ? start.path() : QDir::homePath());
     shown.setFileMode(QFileDialog::Directory);
     shown.setOption(QFileDialog::ShowDirsOnly);
     shown.setLabelText(QFileDialog::Accept, button);

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
@@ -109,6 +110,21 @@ TEST_F(Start, AFolderThatTakesNoCopyIsToldAndThePanelStays) {
                 HasSubstr("The example cannot be copied to " + (folder / "file").string()));
     EXPECT_TRUE(panel().isVisible());
     EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAre("file"));
+}
+
+TEST_F(Start, ADialogAsksForTheFolder) {
+    start("");
+    QTimer::singleShot(0, &program.screen, [this] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->fileMode(), QFileDialog::Directory);
+        dialog->setDirectory(QString::fromStdString(folder.path().string()));
+        dialog->selectFile(QString::fromStdString(folder.path().string()));
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    way("startExample").click();
+    program.settle();
+    EXPECT_EQ(program.application.projectFilePath(), (folder / "Etcher" / "Etcher.zbp").string());
 }
 
 TEST_F(Start, NoFolderChosenChangesNothing) {
