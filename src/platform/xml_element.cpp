@@ -1,7 +1,9 @@
 #include "platform/xml_element.h"
 
+#include "platform/text.h"
+
 #include <algorithm>
-#include <cstdint>
+#include <cstddef>
 #include <iterator>
 
 namespace zb {
@@ -9,54 +11,54 @@ namespace zb {
 namespace {
 
 struct Range {
-    std::uint32_t first;
-    std::uint32_t last;
+    char32_t first;
+    char32_t last;
 };
 
-// NameStartChar and what NameChar adds to it: XML 1.0, fifth edition, productions 4 and 4a.
+// NameStartChar and what NameChar adds to it: XML 1.0, fifth edition, productions 4 and 4a. The colon is left
+// out: what stands before it would be a prefix of a namespace that nobody declares.
 constexpr Range kNameStart[] = {
-    {':', ':'},       {'A', 'Z'},       {'_', '_'},       {'a', 'z'},
-    {0xC0, 0xD6},     {0xD8, 0xF6},     {0xF8, 0x2FF},    {0x370, 0x37D},
-    {0x37F, 0x1FFF},  {0x200C, 0x200D}, {0x2070, 0x218F}, {0x2C00, 0x2FEF},
-    {0x3001, 0xD7FF}, {0xF900, 0xFDCF}, {0xFDF0, 0xFFFD}, {0x10000, 0xEFFFF},
+    {'A', 'Z'},       {'_', '_'},       {'a', 'z'},       {0xC0, 0xD6},     {0xD8, 0xF6},
+    {0xF8, 0x2FF},    {0x370, 0x37D},   {0x37F, 0x1FFF},  {0x200C, 0x200D}, {0x2070, 0x218F},
+    {0x2C00, 0x2FEF}, {0x3001, 0xD7FF}, {0xF900, 0xFDCF}, {0xFDF0, 0xFFFD}, {0x10000, 0xEFFFF},
 };
 constexpr Range kNameMore[] = {
     {'-', '.'}, {'0', '9'}, {0xB7, 0xB7}, {0x300, 0x36F}, {0x203F, 0x2040},
 };
 
 template<typename Ranges>
-bool within(std::uint32_t character, const Ranges& ranges) {
+bool within(char32_t character, const Ranges& ranges) {
     return std::any_of(std::begin(ranges), std::end(ranges), [&](const Range& range) {
         return character >= range.first && character <= range.last;
     });
 }
 
-// Takes one character off the text; 0 for what is no UTF-8.
-std::uint32_t takeCharacter(std::string_view& text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (text.size() < length)
-        return 0;
-    std::uint32_t character = length == 1 ? lead : lead & (0xFFU >> (length + 1));
-    for (std::size_t at = 1; at < length; ++at) {
-        const auto next = static_cast<unsigned char>(text[at]);
-        if ((next & 0xC0) != 0x80)
-            return 0;
-        character = (character << 6) | (next & 0x3FU);
-    }
-    text.remove_prefix(length);
-    return character;
+bool isXmlCharacter(char32_t character) {
+    constexpr Range kCharacters[] = {
+        {0x9, 0xA}, {0xD, 0xD}, {0x20, 0xD7FF}, {0xE000, 0xFFFD}, {0x10000, 0x10FFFF},
+    };
+    return within(character, kCharacters);
 }
 
 } // namespace
 
 bool isXmlName(std::string_view name) {
-    if (name.empty())
-        return false;
-    for (bool first = true; !name.empty(); first = false) {
-        const std::uint32_t character = takeCharacter(name);
-        if (!within(character, kNameStart) && (first || !within(character, kNameMore)))
+    for (std::size_t at = 0; at < name.size();) {
+        const DecodedCharacter character = decodeCharacter(name, at);
+        const bool starts = within(character.codePoint, kNameStart);
+        if (!character.valid || (!starts && (at == 0 || !within(character.codePoint, kNameMore))))
             return false;
+        at += character.length;
+    }
+    return !name.empty();
+}
+
+bool isXmlText(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const DecodedCharacter character = decodeCharacter(text, at);
+        if (!character.valid || !isXmlCharacter(character.codePoint))
+            return false;
+        at += character.length;
     }
     return true;
 }

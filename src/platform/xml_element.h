@@ -47,8 +47,12 @@ private:
     std::vector<XmlElement> children_;
 };
 
-/// Whether an element may bear the name: Name of XML 1.0, fifth edition, 2.3.
+/// Whether an element may bear the name: Name of XML 1.0, fifth edition, 2.3, less the colon, which readers
+/// take for the end of a namespace's prefix.
 bool isXmlName(std::string_view name);
+/// Whether a document can hold the text: UTF-8 without control characters but for tab and line ends, and
+/// without U+FFFE and U+FFFF.
+bool isXmlText(std::string_view text);
 
 /// The first child of exactly that name; null when there is none.
 XmlElement* findChildElement(XmlElement& parent, std::string_view name);

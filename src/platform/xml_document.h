@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/xml_element.h"
+
+#include <stdexcept>
+#include <string>
+
+namespace zb {
+
+/// A text or a name that no document can hold.
+class XmlTextError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Throws XmlTextError when the element, or one below it, has a text or an attribute that no document can
+/// hold.
+void demandXmlText(const XmlElement& element);
+
+/// The bytes of a document: the instruction `<?xml version="1.0"?>` and the root, in UTF-8, with no white
+/// space between elements. Line ends and tabs in texts and attributes are escaped, so that a reader gets them
+/// as they are. Throws as demandXmlText does.
+std::string xmlDocument(const XmlElement& root);
+
+} // namespace zb
