@@ -1,8 +1,8 @@
 #include "build/build_commands.h"
 
 #include "build/file_access.h"
+#include "build/tmd_checks.h"
 #include "messages/editor_pane.h"
-#include "messages/module_state.h"
 #include "messages/smd_writer.h"
 #include "platform/settings.h"
 #include "platform/text.h"
@@ -20,8 +20,8 @@ bool BuildCommands::buildSmdTo(const std::string& target, std::string_view mode)
     fileError_.reset();
     if (!checkFileAccess(state_, target))
         return false;
-    SmdWriter writer(state_, pane_);
-    const std::string status = writer.buildMessageText(target, mode, liveTree_());
+    SmdWriter writer(state_, windows_.editor);
+    const std::string status = writer.buildMessageText(target, mode, windows_.messageTree());
     fileError_ = writer.fileError();
     if (!isBlank(status))
         return false;
@@ -32,6 +32,25 @@ bool BuildCommands::buildSmdTo(const std::string& target, std::string_view mode)
 }
 
 bool BuildCommands::buildTmd() {
+    return buildTmdTo(state_.tmdFilePath());
+}
+
+bool BuildCommands::buildTmdTo(const std::string& target) {
+    fileError_.reset();
+    tmdContent_.reset();
+    endedAtCheck_ = false;
+    if (state_.TRModelStore == nullptr || state_.TRModelStore->TRMessages().empty())
+        return true;
+    if (!checkFileAccess(state_, target))
+        return false;
+    TmdChecks checks(state_, windows_.modeler, windows_.showModeler);
+    endedAtCheck_ = !checks.checkTRMessages() || !checks.checkSequences();
+    if (endedAtCheck_)
+        return false;
+    if (const Result<TmdContent> written = writeTMD(state_, windows_.modeler.lvwSequence, target))
+        tmdContent_ = *written;
+    else
+        fileError_ = written.error();
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "build/generator.h"
+#include "build/tmd_document.h"
 #include "platform/result.h"
 
 #include <functional>
@@ -11,35 +12,50 @@
 namespace zb {
 
 class EditorPane;
+class ModelerControls;
 class NodeTree;
-struct ModuleState;
+struct ModelerState;
+
+/// What the builds need of the windows.
+struct BuildWindows {
+    EditorPane& editor;
+    std::function<NodeTree&()> messageTree; ///< may be replaced between builds, hence the function
+    ModelerControls& modeler;
+    std::function<void()> showModeler;
+};
 
 /// The builds, reachable from all windows.
 class BuildCommands {
 public:
-    /// The message tree may be replaced between builds, hence the function.
-    BuildCommands(ModuleState& state, EditorPane& pane, std::function<NodeTree&()> liveTree)
-        : state_(state), pane_(pane), liveTree_(std::move(liveTree)) {}
+    BuildCommands(ModelerState& state, BuildWindows windows) : state_(state), windows_(std::move(windows)) {}
 
     /// Builds the SMD file, or the MDF file when the option `MessageFormat` is "mdf". The target is emptied
     /// first, so a build that fails on a fault leaves it empty. True on success.
     bool buildSmd();
     /// The steps of buildSmd for a target of the caller's choice, in the mode "BUILD_SMD" or "BUILD_MDF".
     bool buildSmdTo(const std::string& target, std::string_view mode);
-    /// A project with no transaction model builds as a success, with no file.
+    /// Checks the transaction model and builds the TMD file. A project with no transaction model builds as a
+    /// success, with no file. True on success, and also when the file could not be written: then nothing is
+    /// told and no file is left.
     bool buildTmd();
+    bool buildTmdTo(const std::string& target);
 
     /// What the last buildSmd wrote to.
     const std::string& currentBuildPath() const { return currentBuildPath_; }
-    /// Why its walk could not write the file; a box has told so.
+    /// Why the last build could not write its file, also where the build itself keeps silent about it.
     const std::optional<FileError>& fileError() const { return fileError_; }
+    /// Whether the checks ended the last buildTmd.
+    bool endedAtCheck() const { return endedAtCheck_; }
+    /// What the last buildTmd wrote; nothing when it wrote no file.
+    const std::optional<TmdContent>& tmdContent() const { return tmdContent_; }
 
 private:
-    ModuleState& state_;
-    EditorPane& pane_;
-    std::function<NodeTree&()> liveTree_;
+    ModelerState& state_;
+    BuildWindows windows_;
     std::string currentBuildPath_;
     std::optional<FileError> fileError_;
+    std::optional<TmdContent> tmdContent_;
+    bool endedAtCheck_ = false;
 };
 
 } // namespace zb

@@ -60,6 +60,11 @@ bool checkFileAccessKeeping(ModuleState& state, const std::string& path) {
     return shown(state, path, inspect(state.files, path));
 }
 
+Result<void> deleteFileIfExists(FileLayer& files, const std::string& path) {
+    Result<void> removed = files.remove(path);
+    return removed || removed.error().number != ENOENT ? removed : Result<void>();
+}
+
 void showFileError(ModuleState& state, const std::string& path, const FileError& error) {
     const std::string name = std::filesystem::path(path).filename().string();
     state.desktop.showBox({describeSystemError(error.number) + "(" + std::to_string(error.number) + ")",

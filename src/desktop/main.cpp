@@ -1,5 +1,6 @@
-#include "build/generator.h"
+#include "build/zelto_generator.h"
 #include "desktop/desktop_screen.h"
+#include "desktop/keep_painting.h"
 #include "desktop/program_folders.h"
 #include "desktop/qt_text.h"
 #include "platform/file_layer.h"
@@ -10,14 +11,6 @@
 #include <QTimer>
 
 namespace {
-
-// A machine without the generator of driver plug-ins says so where its result would stand.
-class MissingGenerator final : public zb::Generator {
-public:
-    std::string generate(const std::string& projectFile) override {
-        return "The generator of driver plug-ins is not installed; " + projectFile + " was left as it is.";
-    }
-};
 
 // One text, as it stood behind the program's name.
 std::string commandLine() {
@@ -37,7 +30,7 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(screen.pictures().icon("zeltobench"));
     zb::SettingsStore settings(zb::settingsFolder());
     zb::SystemFileLayer files;
-    MissingGenerator generator;
+    zb::ZeltoGenerator generator(settings, zb::keepPainting);
     zb::Application application(screen, settings, files, generator, zb::programFolders());
     screen.onEnd = [] { QApplication::quit(); };
     screen.attach(application.desktop, (zb::settingsFolder() / "windows.ini").string());

@@ -12,7 +12,7 @@ class NodeTree;
 struct DefinitionFinding {
     enum class Severity {
         Warning, ///< a build goes through, though perhaps not with what was meant
-        Error    ///< a build stops here
+        Error    ///< a build stops here, or writes what a driver cannot follow
     };
 
     Severity severity = Severity::Error;

@@ -15,7 +15,8 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
       frmTRModeler(*this, *this), frmTRMessage(*this, frmTRModeler), frmTRItem(*this, frmTRModeler),
       frmNewProject(*this, folders.application), frmOption(programDesktop, settingsOfProgram),
       frmResult(programDesktop), frmAbout(programDesktop), projects(*this),
-      builds(*this, frmSECSEditor, [this]() -> NodeTree& { return frmSECSEditor.liveTree(); }),
+      builds(*this, {frmSECSEditor, [this]() -> NodeTree& { return frmSECSEditor.liveTree(); }, frmTRModeler,
+                     [this] { showModeler(); }}),
       generator_(generator), folders_(std::move(folders)) {
     frmTRModeler.useDialogs(frmTRMessage, frmTRItem);
     frmMain.onClose = [this] { exit(); };
@@ -116,13 +117,17 @@ void Application::commandBuildTmd(Window& /*over*/) {
 void Application::commandBuildPlugIn(Window& /*over*/) {
     if (!builds.buildSmd() || !builds.buildTmd())
         return;
-    projects.saveProject();
-    const std::string result = generator_.generate(projectFilePath());
+    const std::string result = saveAndGenerate();
     frmResult.clearOldData();
     frmResult.addErrorMsg(result);
     // This kind of plug-in is built into a solution of its own, where its result is looked at.
     if (readSetting(settings, kPlugInType) != "5")
         frmResult.showModal();
+}
+
+std::string Application::saveAndGenerate() {
+    projects.saveProject();
+    return generator_.generate(projectFilePath());
 }
 
 void Application::commandOption(Window& /*over*/) {

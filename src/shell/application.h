@@ -47,6 +47,9 @@ public:
     void showEditor();
     void showModeler();
 
+    /// The last steps of a plug-in build: saves the project and runs the generator, whose text it gives.
+    std::string saveAndGenerate();
+
     zb::frmMain frmMain;
     zb::frmSECSEditor frmSECSEditor;
     zb::frmFind frmFind;

@@ -1,20 +1,14 @@
 #include "console/cli/build_verb.h"
 
-#include "build/build_commands.h"
-#include "console/cli/console_screen.h"
+#include "build/transaction_check.h"
+#include "build/zelto_generator.h"
 #include "console/cli/findings.h"
+#include "console/cli/headless_program.h"
 #include "console/cli/loaded_project.h"
-#include "messages/editor_pane.h"
-#include "messages/module_state.h"
-#include "platform/file_layer.h"
-#include "platform/settings.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 #include "shell/project_files.h"
 
 #include <CLI/CLI.hpp>
-#include <filesystem>
-#include <optional>
 #include <ostream>
 
 namespace zb {
@@ -23,48 +17,40 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The state of a program that has the project open, with nobody at its screen.
-struct HeadlessState {
-    HeadlessState(const std::string& projectPath, const CodePage& codePage) {
-        const ProjectPlace place = splitProjectPath(projectPath);
-        state.ProjectName = place.name;
-        state.ProjectPath = place.folder;
-        state.codePage = codePage;
-    }
+int tellFileFault(const std::string& path, const std::string& what, ConsoleStreams streams) {
+    streams.err << path << ": cannot be written: " << what << '\n';
+    return kExitFileFault;
+}
 
-    ConsoleScreen screen;
-    Desktop desktop{screen};
-    SettingsStore settings = SettingsStore::inMemory();
-    SystemFileLayer files;
-    ModuleState state{desktop, settings, files};
-};
-
-/// Writes the file as the build command of the windows does. Nothing when it was written, else why not.
-std::optional<std::string> buildInto(HeadlessState& headless, NodeTree& tree, const std::string& target,
-                                     const char* mode) {
-    NoEditorPane pane;
-    BuildCommands builds(headless.state, pane, [&tree]() -> NodeTree& { return tree; });
-    const bool built = builds.buildSmdTo(target, mode);
-    if (builds.fileError())
-        return builds.fileError()->description;
-    return built ? std::nullopt : std::optional(headless.screen.lastText());
+std::string counted(std::size_t number, const std::string& what) {
+    return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
 }
 
 } // namespace
 
 std::string BuildVerb::example() const {
     return "zbc build Etcher.zbp --out build/\n"
-           "  Makes build/Etcher.smd and prints its path and number of messages. Without --out the file\n"
-           "  lies in the folder ZeltoInfo beside the project, and without --smd or --mdf it has the form\n"
-           "  that the user's options ask for, else SMD. A build with faults leaves the file empty.";
+           "  Makes build/Etcher.smd and build/Etcher.tmd, and prints their paths and what they hold. "
+           "Without\n"
+           "  --out they lie in the folder ZeltoInfo beside the project; without --smd or --mdf the "
+           "messages\n"
+           "  have the form that the user's options ask for, else SMD. A project with no transaction model\n"
+           "  has no TMD file. A build with faults leaves the file at fault empty.\n"
+           "zbc build Etcher.zbp --plugin\n"
+           "  Builds both files in ZeltoInfo, saves the project, runs the generator of driver plug-ins on "
+           "it\n"
+           "  and prints what that says. The exit status is 1 when the generator fails, and 3 when there is\n"
+           "  none.";
 }
 
 void BuildVerb::declare(CLI::App& app) {
     app.add_option("PROJECT", project_, "The project file, *.zbp")->type_name("FILE")->required();
-    CLI::Option* smd = app.add_flag("--smd", smd_, "Build the SMD file");
-    app.add_flag("--mdf", mdf_, "Build the MDF file")->excludes(smd);
-    app.add_option("--out", folder_, "The folder of the built file; made when it is missing")
-        ->type_name("FOLDER");
+    CLI::Option* smd = app.add_flag("--smd", smd_, "Build the messages as SMD file");
+    app.add_flag("--mdf", mdf_, "Build the messages as MDF file")->excludes(smd);
+    CLI::Option* plugIn = app.add_flag("--plugin", plugIn_, "Save the project and run the generator, too");
+    app.add_option("--out", folder_, "The folder of the built files; made when it is missing")
+        ->type_name("FOLDER")
+        ->excludes(plugIn);
 }
 
 bool BuildVerb::isMdfWanted() const {
@@ -73,39 +59,95 @@ bool BuildVerb::isMdfWanted() const {
     return trim(SettingsStore(settingsFolder()).getOption("MessageFormat")) == "mdf";
 }
 
+fs::path BuildVerb::inFolder(const std::string& usualPath) const {
+    return folder_.empty() ? fs::path(usualPath) : fs::path(folder_) / fs::path(usualPath).filename();
+}
+
 int BuildVerb::run(ConsoleStreams streams) {
     LoadedProject project;
     if (const int status = project.load(project_, streams); status != kExitDone)
         return status;
-    HeadlessState headless(project_, project.codePage);
-    const bool mdf = isMdfWanted();
-    const fs::path usual = mdf ? headless.state.mdfFilePath() : headless.state.smdFilePath();
-    const fs::path target = folder_.empty() ? usual : fs::path(folder_) / usual.filename();
+    if (!plugIn_) {
+        NoGenerator generator;
+        HeadlessProgram program(project_, project.codePage, generator);
+        return buildFiles(program, project, streams);
+    }
+    const SettingsStore userSettings(settingsFolder());
+    ZeltoGenerator generator(userSettings);
+    HeadlessProgram program(project_, project.codePage, generator);
+    if (!makeProjectFolders(program.application()))
+        return tellFileFault(program.application().ProjectPath, program.screen().lastText(), streams);
+    if (const int status = buildFiles(program, project, streams); status != kExitDone)
+        return status;
+    if (const int status = runGenerator(program, streams); status != kExitDone)
+        return status;
+    if (generator.success() == ZeltoGenerator::Success::Yes)
+        return kExitDone;
+    return generator.success() == ZeltoGenerator::Success::Failed ? kExitFault : kExitFileFault;
+}
+
+int BuildVerb::buildFiles(HeadlessProgram& program, LoadedProject& project, ConsoleStreams streams) const {
+    const fs::path folder = inFolder(program.application().smdFilePath()).parent_path();
     std::error_code error;
-    fs::create_directories(target.parent_path(), error);
+    fs::create_directories(folder, error);
     if (error) {
-        streams.err << target.parent_path().string() << ": cannot be made: " << error.message() << '\n';
+        streams.err << folder.string() << ": cannot be made: " << error.message() << '\n';
         return kExitFileFault;
     }
+    if (const int status = buildDefinitions(program, project, streams); status != kExitDone)
+        return status;
+    return buildTransactions(program, streams);
+}
+
+int BuildVerb::buildDefinitions(HeadlessProgram& program, LoadedProject& project,
+                                ConsoleStreams streams) const {
+    Application& application = program.application();
+    const bool mdf = isMdfWanted();
+    const std::string target = inFolder(mdf ? application.mdfFilePath() : application.smdFilePath()).string();
     // A build stops at its first fault and fills up values on its way, so all faults are looked for before
     // it.
     const auto faults = errorsOf(checkDefinitions(project.tree, project.codePage));
-    const auto fault = buildInto(headless, project.tree, target.string(), mdf ? "BUILD_MDF" : "BUILD_SMD");
-    if (!fault) {
-        if (project.tree.empty()) {
-            streams.out << project_ << ": no messages, so no file is built\n";
-            return kExitDone;
-        }
-        streams.out << target.string() << ": " << headless.state.SECSMessageStore->getMessages().size()
-                    << " messages\n";
-        return kExitDone;
-    }
-    if (!faults.empty()) {
+    const bool built = application.builds.buildSmdTo(target, mdf ? "BUILD_MDF" : "BUILD_SMD");
+    if (const auto& fileError = application.builds.fileError())
+        return tellFileFault(target, fileError->description, streams);
+    if (!built && faults.empty())
+        return tellFileFault(target, program.screen().lastText(), streams);
+    if (!built) {
         printFindings(streams.err, project_, faults);
         return kExitFault;
     }
-    streams.err << target.string() << ": cannot be written: " << *fault << '\n';
-    return kExitFileFault;
+    if (project.tree.empty())
+        streams.out << project_ << ": no messages, so no file is built\n";
+    else
+        streams.out << target << ": " << application.SECSMessageStore->getMessages().size() << " messages\n";
+    return kExitDone;
+}
+
+int BuildVerb::buildTransactions(HeadlessProgram& program, ConsoleStreams streams) const {
+    Application& application = program.application();
+    const std::string target = inFolder(application.tmdFilePath()).string();
+    const bool built = application.builds.buildTmdTo(target);
+    if (const auto& fileError = application.builds.fileError())
+        return tellFileFault(target, fileError->description, streams);
+    if (const auto& content = application.builds.tmdContent()) {
+        streams.out << target << ": " << counted(content->messages, "transaction message") << ", "
+                    << counted(content->sequences, "sequence") << '\n';
+    }
+    if (built)
+        return kExitDone;
+    if (!application.builds.endedAtCheck())
+        return tellFileFault(target, program.screen().lastText(), streams);
+    printFindings(streams.err, project_,
+                  errorsOf(checkTransactions(application, application.frmTRModeler.lvwSequence)));
+    return kExitFault;
+}
+
+int BuildVerb::runGenerator(HeadlessProgram& program, ConsoleStreams streams) const {
+    const std::string text = program.application().saveAndGenerate();
+    streams.out << replaceAll(text, "\r\n", "\n") << '\n';
+    if (const std::string fault = program.screen().lastText(); !fault.empty())
+        return tellFileFault(project_, fault, streams);
+    return kExitDone;
 }
 
 } // namespace zb

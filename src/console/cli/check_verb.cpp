@@ -1,18 +1,38 @@
 #include "console/cli/check_verb.h"
 
+#include "build/transaction_check.h"
 #include "console/cli/findings.h"
+#include "console/cli/headless_program.h"
 #include "console/cli/loaded_project.h"
 
 #include <CLI/CLI.hpp>
 
 namespace zb {
 
+namespace {
+
+std::vector<DefinitionFinding> transactionFindings(const std::string& path, const CodePage& codePage) {
+    NoGenerator generator;
+    HeadlessProgram program(path, codePage, generator);
+    program.fillMessageStore();
+    Application& application = program.application();
+    return checkTransactions(application, application.frmTRModeler.lvwSequence);
+}
+
+} // namespace
+
 std::string CheckVerb::example() const {
     return "zbc check Etcher.zbp\n"
            "  Tells each fault on standard error as FILE: MESSAGE: item path: text. The path counts the "
            "items\n"
-           "  from the message down, from 1: 2/1 is the first item of the message's second. The exit status\n"
-           "  is 1 when a build would stop. Nothing is written.\n"
+           "  from the message down, from 1: 2/1 is the first item of the message's second. Faults of the\n"
+           "  transaction model follow: there MESSAGE is a TR message or a sequence, and the path the name "
+           "of\n"
+           "  a TR item or the number of a row. A fault is what stops a build, and what names a SECS "
+           "message,\n"
+           "  a data item or a TR message that is not there. The exit status is 1 when there is one. "
+           "Nothing\n"
+           "  is written.\n"
            "zbc check Etcher.zbp --warnings\n"
            "  Tells besides, marked \"warning: \", a message name used twice, a text without apostrophes,\n"
            "  sub items of what is no list, a line that belongs to no message and the like.";
@@ -29,6 +49,8 @@ int CheckVerb::run(ConsoleStreams streams) {
     if (const int status = project.load(project_, streams); status != kExitDone)
         return status;
     auto findings = checkDefinitions(project.tree, project.codePage);
+    for (DefinitionFinding& finding : transactionFindings(project_, project.codePage))
+        findings.push_back(std::move(finding));
     const auto faults = errorsOf(findings);
     if (!warnings_)
         findings = faults;

@@ -10,7 +10,9 @@ namespace zb {
 class CheckVerb final : public Verb {
 public:
     std::string name() const override { return "check"; }
-    std::string summary() const override { return "Report every fault of the message definitions"; }
+    std::string summary() const override {
+        return "Report every fault of the messages and the transaction model";
+    }
     std::string example() const override;
     void declare(CLI::App& app) override;
     int run(ConsoleStreams streams) override;

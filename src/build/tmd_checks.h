@@ -1,0 +1,50 @@
+#pragma once
+
+#include "modeler/modeler_controls.h"
+#include "modeler/modeler_state.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zb {
+
+/// Whether a TR message with this condition takes every message that no other one takes.
+bool isDefaultCondition(std::string_view condition);
+
+/// The checks before a TMD build. A failed one shows its box over the modeler window and marks what is faulty
+/// there in red.
+class TmdChecks {
+public:
+    /// `showModeler` brings the modeler window up, with the store of SECS messages filled anew.
+    TmdChecks(ModelerState& state, ModelerControls& window, std::function<void()> showModeler);
+
+    /// Whether the build may go on. The first check that fails ends them.
+    bool checkTRMessages();
+    /// Whether each sequence has a row.
+    bool checkSequences();
+
+private:
+    using Records = std::vector<const TRMessageRecord*>;
+
+    bool checkSECSMessageMissing();
+    bool checkSECSMessageUnselected();
+    bool checkDefaults();
+    /// Whether a default of the SECS message has been met already.
+    bool isDefaultRegistered(std::string_view secsMessage) const;
+    bool refuse(const Records& faulty, std::string_view text);
+    void mark(const TRMessageRecord& record);
+    void markReceived(std::string_view text);
+    void showFault(std::string_view text);
+    int receivedDirection() const;
+
+    ModelerState& state_;
+    ModelerControls& window_;
+    std::function<void()> showModeler_;
+    /// Name of the default TR message by the upper-cased name of its SECS message.
+    std::unordered_map<std::string, std::string> DefaultTRMessages;
+};
+
+} // namespace zb

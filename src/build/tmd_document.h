@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/result.h"
+#include "platform/xml_element.h"
+
+#include <cstddef>
+#include <string>
+
+namespace zb {
+
+class List;
+class TRModelStore;
+struct ModelerState;
+
+/// The root element of the transaction modeling definitions: the model as the driver reads it at run time.
+/// `sequences` are the rows of `lvwSequence`.
+///
+/// A record that no document can hold, as one whose name is no XML name, ends its section there without a
+/// word; what stands before it stays.
+XmlElement composeTmd(const TRModelStore& model, int projectType, const List& sequences);
+
+/// What a TMD file that was written holds.
+struct TmdContent {
+    std::size_t messages = 0;
+    std::size_t sequences = 0;
+};
+
+/// Replaces the TMD file at `path`. After an error there is none.
+Result<TmdContent> writeTMD(const ModelerState& state, const List& lvwSequence, const std::string& path);
+
+} // namespace zb

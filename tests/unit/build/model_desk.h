@@ -1,0 +1,76 @@
+#pragma once
+
+#include "modeler/frm_tr_modeler.h"
+#include "platform/file_layer.h"
+#include "platform/settings.h"
+#include "shell/application.h"
+#include "support/silent_screen.h"
+#include "unit/shell/program.h"
+
+#include <memory>
+#include <string>
+
+namespace zb::test {
+
+// A program with a model of a test's own.
+class ModelDesk {
+public:
+    explicit ModelDesk(int projectType = 2) : program_(files_) {
+        app().ProjectType = projectType;
+        app().TRModelStore = std::make_unique<TRModelStore>();
+        app().TRModelStore->setProjectType(projectType);
+    }
+
+    Application& app() { return program_.application; }
+    SilentScreen& screen() { return program_.screen; }
+    List& sequences() { return app().frmTRModeler.lvwSequence; }
+
+    // A message of Direction 1 goes to the host, one of 2 to the equipment.
+    TRMessageRecord& add(const std::string& name, int direction, const std::string& secsMessage,
+                         const std::string& condition = {}, bool report = false) {
+        auto record = std::make_unique<TRMessageRecord>();
+        record->setName(name);
+        record->setSECSMessage(secsMessage);
+        record->setDirection(direction);
+        record->setCondition(condition);
+        record->setReport(report);
+        TRMessageRecord& added = *record;
+        app().TRModelStore->addTRMessage(std::move(record));
+        return added;
+    }
+
+    static TRItemRecord& addItem(TRMessageRecord& message, const std::string& name,
+                                 const std::string& value = {}, const std::string& absValue = {}) {
+        auto item = std::make_unique<TRItemRecord>();
+        item->setName(name);
+        item->setType("NUMERIC");
+        item->setValue(value);
+        item->setABSValue(absValue);
+        TRItemRecord& added = *item;
+        message.addTRItem(std::move(item));
+        return added;
+    }
+
+    void addHead(const std::string& name) {
+        ListRow& row = sequences().add(name);
+        row.setImage("SeqName");
+        row.setBold(true);
+    }
+
+    void addRow(const std::string& number, const std::string& direction, const std::string& name) {
+        ListRow& row = sequences().add(number);
+        row.setImage("SeqItem");
+        row.setCell(1, direction);
+        row.setCell(2, name);
+    }
+
+    XmlElement compose() {
+        return composeTmd(*app().TRModelStore, app().ProjectType, app().frmTRModeler.lvwSequence);
+    }
+
+private:
+    SystemFileLayer files_;
+    Program program_;
+};
+
+} // namespace zb::test
