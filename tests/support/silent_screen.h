@@ -17,9 +17,12 @@ public:
     std::deque<Answer> answers;
     std::deque<std::string> picks;
     std::function<void(Window&)> modal;
+    std::function<void()> onBox;
 
     Answer showBox(const Box& box) override {
         boxes.push_back(box);
+        if (onBox)
+            onBox();
         if (box.buttons == BoxButtons::OK)
             return Answer::OK;
         if (answers.empty())
