@@ -109,14 +109,8 @@ char takeEscape(std::string_view& rest) {
 } // namespace
 
 void appendFactText(std::string& line, std::string_view text) {
-    if (text.empty())
-        return;
-    const bool startsBlank = text.front() == ' ';
-    const bool endsBlank = text.size() > 1 && text.back() == ' ';
-    if (startsBlank)
-        line += "\\s";
-    const std::size_t length = text.size() - (startsBlank ? 1 : 0) - (endsBlank ? 1 : 0);
-    appendEscaped(line, text.substr(startsBlank ? 1 : 0, length), Place::Line);
+    const bool endsBlank = !text.empty() && text.back() == ' ';
+    appendEscaped(line, text.substr(0, text.size() - (endsBlank ? 1 : 0)), Place::Line);
     if (endsBlank)
         line += "\\s";
 }

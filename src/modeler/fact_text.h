@@ -8,7 +8,8 @@
 // readable.
 namespace zb {
 
-/// Up to the end of a line: blanks at either end become escapes.
+/// Up to the end of a line: a blank at the end becomes an escape. Blanks at the start stay, so that the
+/// indentation of statements can be seen.
 void appendFactText(std::string& line, std::string_view text);
 /// As one word, which holds no blank, "=" or quotation mark.
 void appendFactWord(std::string& line, std::string_view text);

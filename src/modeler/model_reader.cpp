@@ -97,7 +97,9 @@ public:
 
     void line(std::string_view line) {
         if (line.starts_with(kTRMessageMarker)) {
-            openMessage(factText(trimmed(line.substr(kTRMessageMarker.size()))));
+            std::string_view name = trimmed(line.substr(kTRMessageMarker.size() - 1));
+            takeWord(name);
+            openMessage(factText(name));
             return;
         }
         if (message_ == nullptr)

@@ -17,6 +17,7 @@ namespace zb {
 
 namespace {
 
+constexpr std::string_view kHeader = "###[PROJECT INFORMATION]";
 constexpr std::string_view kSection = "## [EDIT SMD]";
 
 /// The entries of a drag for these messages, in the order in which their rows would show.
@@ -31,6 +32,22 @@ std::vector<std::string> entriesOf(SECSLibraryStore::Records records) {
     return entries;
 }
 
+/// Where the section of messages goes in a project without one: behind the header, before all that follows
+/// with its blank lines.
+std::size_t placeOfSection(std::string_view text) {
+    LineReader lines(text);
+    std::size_t place = 0;
+    bool behindBlank = false;
+    while (const auto line = lines.next()) {
+        if (!behindBlank)
+            place = static_cast<std::size_t>(line->data() - text.data());
+        behindBlank = isBlank(*line);
+        if (line->starts_with("##") && *line != kHeader)
+            return place;
+    }
+    return text.size();
+}
+
 /// The project's text with the messages at the end of its section of messages; all else stays as it is.
 std::string withMessages(const std::string& text, const std::string& messages) {
     LineReader lines(text);
@@ -42,8 +59,10 @@ std::string withMessages(const std::string& text, const std::string& messages) {
             return text.substr(0, offset) + messages + text.substr(offset);
         inSection = inSection || content == kSection;
     }
-    const std::string end = text.empty() || text.back() == '\n' ? "" : "\r\n";
-    return text + end + (inSection ? "" : std::string(kSection) + "\r\n") + messages;
+    const std::size_t place = inSection ? text.size() : placeOfSection(text);
+    const std::string end = place == 0 || text[place - 1] == '\n' ? "" : "\r\n";
+    const std::string opening = inSection ? "" : std::string(kSection) + "\r\n";
+    return text.substr(0, place) + end + opening + messages + text.substr(place);
 }
 
 /// Takes what a drop would add. Messages that the project has already are told where the drop tells them.

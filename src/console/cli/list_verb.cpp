@@ -1,12 +1,14 @@
 #include "console/cli/list_verb.h"
 
+#include "console/cli/loaded_project.h"
 #include "console/cli/message_source.h"
-#include "console/cli/printable.h"
-#include "platform/text.h"
+#include "console/cli/text_table.h"
+#include "console/cli/transaction_list.h"
+#include "modeler/tr_model_store.h"
+#include "shell/project_files.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <array>
 #include <nlohmann/json.hpp>
 #include <ostream>
 #include <vector>
@@ -15,15 +17,13 @@ namespace zb {
 
 namespace {
 
-using Row = std::array<std::string, 6>;
-
 /// All items of a message, lists included.
 std::size_t itemCount(const SECSMessageRecord& record) {
     const std::string body = record.getBodyText();
     return static_cast<std::size_t>(std::count(body.begin(), body.end(), '\n'));
 }
 
-Row rowOf(const SECSMessageRecord& record) {
+std::vector<std::string> rowOf(const SECSMessageRecord& record) {
     return {record.getName(),
             "S" + record.getStreamText() + "F" + record.getFunctionText(),
             record.getWait() ? "W" : "-",
@@ -32,21 +32,12 @@ Row rowOf(const SECSMessageRecord& record) {
             record.getDescription()};
 }
 
-/// Columns are as wide as their longest text; nothing stands behind the last one.
 void printTable(std::ostream& out, const SECSLibraryStore::Records& messages) {
-    std::vector<Row> rows;
-    std::array<std::size_t, 6> widths{};
-    for (const SECSMessageRecord* message : messages) {
-        const Row& row = rows.emplace_back(rowOf(*message));
-        for (std::size_t i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], codePointCount(row[i]));
-    }
-    for (const Row& row : rows) {
-        std::string line;
-        for (std::size_t i = 0; i < row.size(); ++i)
-            line += printable(row[i]) + std::string(widths[i] - codePointCount(row[i]) + 2, ' ');
-        out << trimRight(line) << '\n';
-    }
+    TextTable table;
+    for (const SECSMessageRecord* message : messages)
+        table.add(rowOf(*message));
+    for (const std::string& line : table.lines())
+        out << line << '\n';
 }
 
 void printJson(std::ostream& out, const SECSLibraryStore::Records& messages) {
@@ -70,7 +61,8 @@ void printJson(std::ostream& out, const SECSLibraryStore::Records& messages) {
 std::string ListVerb::example() const {
     return "zbc list Etcher.zbp --json | jq 'select(.stream == 6) | .name'\n"
            "  Without --json each line has name, stream and function, W or -, direction, number of data\n"
-           "  items with lists counted, and description.";
+           "  items with lists counted, and description. With --transactions each message has name, SECS\n"
+           "  message, report or -, and condition; below it stand its items or its data.";
 }
 
 void ListVerb::declare(CLI::App& app) {
@@ -78,9 +70,12 @@ void ListVerb::declare(CLI::App& app) {
         ->type_name("FILE")
         ->required();
     app.add_flag("--json", json_, "One JSON object a message");
+    app.add_flag("--transactions", transactions_, "The transaction model of a project, and its sequences");
 }
 
 int ListVerb::run(ConsoleStreams streams) {
+    if (transactions_)
+        return listTransactions(streams);
     MessageSource source;
     const int status = source.load(source_, streams);
     if (json_)
@@ -88,6 +83,25 @@ int ListVerb::run(ConsoleStreams streams) {
     else
         printTable(streams.out, source.messages());
     return status;
+}
+
+int ListVerb::listTransactions(ConsoleStreams streams) const {
+    const SourceKind kind = sourceKind(source_);
+    if (kind != SourceKind::Project && kind != SourceKind::Unknown) {
+        streams.err << "zbc: --transactions needs a project (see zbc --help)\n";
+        return kExitUsage;
+    }
+    LoadedProject project;
+    if (const int status = project.load(source_, streams); status != kExitDone)
+        return status;
+    TRModelStore model;
+    model.setProjectType(projectTypeOf(project.text));
+    model.loadModelText(project.text);
+    if (json_)
+        printTransactionsAsJson(streams.out, model, project.text);
+    else
+        printTransactions(streams.out, model, project.text);
+    return kExitDone;
 }
 
 } // namespace zb

@@ -6,7 +6,7 @@
 
 namespace zb {
 
-/// `zbc list FILE|gem|semi [--json]`
+/// `zbc list FILE|gem|semi [--json] [--transactions]`
 class ListVerb final : public Verb {
 public:
     std::string name() const override { return "list"; }
@@ -16,8 +16,11 @@ public:
     int run(ConsoleStreams streams) override;
 
 private:
+    int listTransactions(ConsoleStreams streams) const;
+
     std::string source_;
     bool json_ = false;
+    bool transactions_ = false;
 };
 
 } // namespace zb

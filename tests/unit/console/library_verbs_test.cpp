@@ -155,6 +155,19 @@ TEST_F(LibraryVerbs, AddTakesNothingWhenANameIsUnknown) {
     EXPECT_EQ(readBytes(path("P.zbp")).value(), before);
 }
 
+TEST_F(LibraryVerbs, AddsMessagesBeforeTheModelOfAProjectWithoutAny) {
+    const std::string header = "\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n";
+    const std::string behind = "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\nSeqName\u00FFMain\u00FF\u00FF\r\n";
+    const std::string model = "###[TRANSACTION MODEL] 1\r\n## [TR MESSAGE] A\r\nEndTRMessage\r\n";
+    for (const std::string& rest : {model + behind, behind, model}) {
+        write("Bare.zbp", encodeUtf16(header + rest));
+        expect({"add", path("Bare.zbp"), "semi", "S1F16"}, 0, "S1F16\n", "");
+        const std::string text = decodeProject(*readBytes(path("Bare.zbp"))).text;
+        EXPECT_EQ(text.substr(0, header.size() + 14), header + "## [EDIT SMD]\r");
+        EXPECT_EQ(text.substr(text.size() - rest.size()), rest);
+    }
+}
+
 TEST_F(LibraryVerbs, AProjectWithoutMessagesGetsTheirSection) {
     write("New.zbp", encodeUtf16("\r\n###[PROJECT INFORMATION]\r\nProjectType=1\r\n"));
     expect({"add", path("New.zbp"), "semi", "S1F16"}, 0, "S1F16\n", "");

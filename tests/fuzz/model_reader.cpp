@@ -1,0 +1,34 @@
+#include "demand.h"
+
+#include "modeler/sequence_lines.h"
+#include "modeler/tr_model_store.h"
+#include "platform/text_file.h"
+
+#include <string>
+
+namespace {
+
+/// What a save would write of the model that the text holds.
+std::string saved(const std::string& projectText) {
+    zb::TRModelStore model;
+    model.loadModelText(projectText);
+    for (const auto& message : model.TRMessages())
+        zb::fuzz::demand(model.getTRMessage(message->Name()) == message.get(), "messages bear their own names");
+    return model.saveModel();
+}
+
+} // namespace
+
+/// Any bytes give a model, and what is saved of it comes back from the file as it was. The opening of a
+/// message is put in front, or most inputs would be passed over.
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    const std::string_view bytes = zb::fuzz::asText(data, size);
+    for (const char* before : {"", "## [TR MESSAGE] M\n", "## [TR MESSAGE] M\nTRItem I\n"}) {
+        const std::string text = before + std::string(bytes);
+        zb::SequenceLine::readAll(text);
+        const std::string once = saved(text);
+        zb::fuzz::demand(saved(zb::decodeProject(zb::encodeUtf16(once)).text) == once,
+                         "a saved model comes back as it was");
+    }
+    return 0;
+}
