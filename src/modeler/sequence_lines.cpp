@@ -10,8 +10,7 @@
 namespace zb {
 
 SequenceLine SequenceLine::parse(std::string_view line) {
-    constexpr std::string_view kSeparator = "\u00FF";
-    const std::vector<std::string> pieces = split(line, kSeparator);
+    const std::vector<std::string> pieces = split(line, kSequenceSeparator);
     SequenceLine row;
     const std::array fields{&row.picture, &row.text, &row.direction, &row.transactionName};
     row.fieldCount = std::min(pieces.size(), fields.size());
@@ -29,8 +28,10 @@ std::vector<SequenceLine> SequenceLine::readAll(std::string_view projectText) {
     while (line && (line = lines.next())) {
         if (isBlank(*line))
             continue;
-        rows.push_back(parse(trimmed(*line)));
-        if (!rows.back().whole())
+        const SequenceLine row = parse(trimmed(*line));
+        if (row.fieldCount > 1)
+            rows.push_back(row);
+        if (!row.whole())
             break;
     }
     return rows;

@@ -6,10 +6,13 @@
 
 namespace zb {
 
+/// What stands between the fields of a row.
+inline constexpr std::string_view kSequenceSeparator = "\u00FF";
+
 /// A row of the sequence table as it stands in a project file.
 struct SequenceLine {
-    /// The rows of a project file's text, behind the marker of the table. The first row with fewer than four
-    /// fields ends the reading; it is the last one given.
+    /// The rows of a project file's text, behind the marker of the table. The first line with fewer than four
+    /// fields ends the reading; it still gives a row when it has two.
     static std::vector<SequenceLine> readAll(std::string_view projectText);
     /// Takes the fields apart, each without the blanks around it.
     static SequenceLine parse(std::string_view line);

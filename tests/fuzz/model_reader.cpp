@@ -13,7 +13,8 @@ std::string saved(const std::string& projectText) {
     zb::TRModelStore model;
     model.loadModelText(projectText);
     for (const auto& message : model.TRMessages())
-        zb::fuzz::demand(model.getTRMessage(message->Name()) == message.get(), "messages bear their own names");
+        zb::fuzz::demand(model.getTRMessage(message->Name()) == message.get(),
+                         "messages bear their own names");
     return model.saveModel();
 }
 

@@ -88,7 +88,7 @@ constexpr const char* kModelled =
     "\r\n###[PROJECT INFORMATION]\r\nProjectType=%\r\n###[TRANSACTION MODEL] 1\r\n"
     "## [TR MESSAGE] LotStarted\r\n  SECSMessage EventReport\r\n  Condition CEID = 100\r\n  Report True\r\n"
     "  Direction 1\r\n  TRItem LOT\r\n    Type STRING\r\n    Value LOTID[1]\r\n"
-    "    StatementText IF PORT = 1\r\n    StatementText \\s LOT = 'A'\r\n  EndTRItem\r\n"
+    "    StatementText IF PORT = 1\r\n    StatementText   LOT = 'A'\r\n  EndTRItem\r\n"
     "  TRItem RESULT\r\n    Type NUMERIC\r\n    ABSValue 0\r\n    StatementText NONE\r\n  EndTRItem\r\n"
     "EndTRMessage\r\n"
     "## [TR MESSAGE] Start\r\n  SECSMessage Command\r\n  Condition NONE\r\n  Direction 2\r\n"
