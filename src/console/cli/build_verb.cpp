@@ -69,12 +69,16 @@ int BuildVerb::run(ConsoleStreams streams) {
         return status;
     if (!plugIn_) {
         NoGenerator generator;
-        HeadlessProgram program(project_, project.codePage, generator);
+        HeadlessProgram program(project_, project, generator);
         return buildFiles(program, project, streams);
     }
     const SettingsStore userSettings(settingsFolder());
     ZeltoGenerator generator(userSettings);
-    HeadlessProgram program(project_, project.codePage, generator);
+    HeadlessProgram program(project_, project, generator);
+    if (!program.canSave()) {
+        streams.err << project_ << ": not a project file: its name does not end in .zbp\n";
+        return kExitFault;
+    }
     if (!makeProjectFolders(program.application()))
         return tellFileFault(program.application().ProjectPath, program.screen().lastText(), streams);
     if (const int status = buildFiles(program, project, streams); status != kExitDone)

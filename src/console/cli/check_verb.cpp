@@ -11,9 +11,9 @@ namespace zb {
 
 namespace {
 
-std::vector<DefinitionFinding> transactionFindings(const std::string& path, const CodePage& codePage) {
+std::vector<DefinitionFinding> transactionFindings(const std::string& path, const LoadedProject& project) {
     NoGenerator generator;
-    HeadlessProgram program(path, codePage, generator);
+    HeadlessProgram program(path, project, generator);
     program.fillMessageStore();
     Application& application = program.application();
     return checkTransactions(application, application.frmTRModeler.lvwSequence);
@@ -49,7 +49,7 @@ int CheckVerb::run(ConsoleStreams streams) {
     if (const int status = project.load(project_, streams); status != kExitDone)
         return status;
     auto findings = checkDefinitions(project.tree, project.codePage);
-    for (DefinitionFinding& finding : transactionFindings(project_, project.codePage))
+    for (DefinitionFinding& finding : transactionFindings(project_, project))
         findings.push_back(std::move(finding));
     const auto faults = errorsOf(findings);
     if (!warnings_)

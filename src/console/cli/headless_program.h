@@ -1,7 +1,6 @@
 #pragma once
 
 #include "console/cli/console_screen.h"
-#include "platform/code_page.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
 #include "shell/application.h"
@@ -10,12 +9,18 @@
 
 namespace zb {
 
+struct LoadedProject;
+
 /// The whole program with one project open and nobody at its screen. Its settings are its own: what it does
 /// leaves no trace in the user's.
 class HeadlessProgram {
 public:
-    /// Reads the project's messages and its model; nothing is written, and no folder is made.
-    HeadlessProgram(const std::string& projectPath, const CodePage& codePage, Generator& generator);
+    /// Opens the project that was read from `path`; nothing is written, and no folder is made. A file whose
+    /// name is not that of a project can be built, too, though not saved.
+    HeadlessProgram(const std::string& path, const LoadedProject& project, Generator& generator);
+
+    /// Whether the program's project file is the one that was opened.
+    bool canSave() const { return canSave_; }
 
     /// Fills the store of SECS messages, faulty ones too, without a look at the values.
     void fillMessageStore();
@@ -29,6 +34,7 @@ private:
     SettingsStore settings_ = SettingsStore::inMemory();
     SystemFileLayer files_;
     Application application_;
+    bool canSave_ = false;
 };
 
 /// The generator where none can be asked for.
