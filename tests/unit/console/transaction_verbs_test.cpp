@@ -182,7 +182,7 @@ TEST_F(TransactionVerbs, PlugInEndsAtAFaultBeforeTheSave) {
 
 TEST_F(TransactionVerbs, PlugInHasNoOtherFolder) {
     expect({"build", project_, "--plugin", "--out", path("o")}, 2, "",
-           "zbc: --out excludes --plugin (see zbc --help)\n");
+           "zbc: --plugin excludes --out (see zbc --help)\n");
 }
 
 TEST_F(TransactionVerbs, CheckTellsFaultsOfMessagesAndModel) {
