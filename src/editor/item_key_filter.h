@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/key_filter.h"
+#include "platform/stores/key_filter.h"
 
 #include <string_view>
 

@@ -1,18 +1,242 @@
 #include "modeler/frm_tr_message.h"
 
+#include "messages/smd_reader.h"
 #include "modeler/modeler_state.h"
+#include "modeler/sent_values.h"
+#include "platform/text.h"
 
 namespace zb {
 
+namespace {
+
+constexpr std::string_view kTowardsHost = "H <- E";
+constexpr std::string_view kTowardsEquipment = "H -> E";
+
+} // namespace
+
 frmTRMessage::frmTRMessage(ModelerState& state, ModelViews& views)
-    : Window(state.desktop, "frmTRMessage"), state_(state), views_(views), arrayDialog_(state.desktop) {
-    setCancelButton(cmdCancel);
-    txtResultCondition.setReadOnly(true);
+    : Window(state.desktop, "frmTRMessage"), state_(state), views_(views), arrayDialog_(state.desktop),
+      conditions_(builder, arrayDialog_,
+                  {ConditionHome::OperatorReading::FirstPressed, ConditionHome::AfterDuplicate::PressFirst,
+                   ConditionHome::EnterInValue::AddsCondition,
+                   [this] { return selectedMessage_ ? &*selectedMessage_ : nullptr; },
+                   [this] { return state_.SECSMessageStore->getByName(trim(cmbSECSMessage.text())); }}),
+      writer_(state, noPane_) {
+    connectConditions();
+    connectValues();
+    connectFrame();
 }
 
-void frmTRMessage::addRcvTRMessage() {}
-void frmTRMessage::addSndTRMessage() {}
-void frmTRMessage::updateRcvTRMessage(std::string_view /*name*/) {}
-void frmTRMessage::updateSndTRMessage(std::string_view /*name*/) {}
+void frmTRMessage::connectConditions() {
+    txtResultCondition.setReadOnly(true);
+    for (List* list : {&builder.lvwSimpleCondition, &builder.lvwComplexCondition}) {
+        list->onDoubleClick = [this, list](const ListRow& /*row*/) {
+            if (const ListRow* selected = list->selected(); selected != nullptr)
+                takeResult(selected->text());
+        };
+    }
+    acceptTextDrops(txtResultCondition, [this](const std::string& id) { takeResult(id); });
+    cmdClearCondition.onClick = [this] { txtResultCondition.setText(""); };
+}
+
+void frmTRMessage::connectValues() {
+    cmbItemValue.add("true");
+    cmbItemValue.add("false");
+    cmbItemValue.setVisible(false);
+    tvwSelSECSMsg.onNodeClick = [this](Node& node) { itemClicked(node); };
+    txtItemValue.onKeyDown = [this](KeyEvent key) {
+        const std::size_t length = state_.codePage.ansiByteLength(trim(txtItemValue.text()));
+        applyKeyEffect(txtItemValue,
+                       filterSentValueKey(selectedItem_ ? &*selectedItem_ : nullptr, key, length));
+    };
+    cmdSetValue.onClick = [this] { setSelectedItem(); };
+}
+
+void frmTRMessage::connectFrame() {
+    for (Combo* combo : {&cmbSECSMessage, &cmbItemValue, &builder.cmbDataItem})
+        combo->setKeys(Combo::Keys::Ignored);
+    cmbSECSMessage.onChoose = [this] { chooseSECSMessage(); };
+    chkKeepVisible.onChange = [this] { keepVisible_ = chkKeepVisible.checked(); };
+    cmdUpdate.onClick = [this] { command(); };
+    cmdCancel.onClick = [this] {
+        keepVisible_ = false;
+        hide();
+    };
+    setCancelButton(cmdCancel);
+    onActivate = [this] { chkKeepVisible.setChecked(keepVisible_); };
+    onDeactivate = [this] {
+        if (!keepVisible_ && !arrayDialog_.visible())
+            hide();
+    };
+}
+
+// Opening
+
+void frmTRMessage::addRcvTRMessage() {
+    setCaption("Add RcvTRMessage");
+    openForAdding(DialogMode::Received);
+}
+
+void frmTRMessage::addSndTRMessage() {
+    setCaption("Add SndTRMessage");
+    openForAdding(DialogMode::Sent);
+}
+
+void frmTRMessage::updateRcvTRMessage(std::string_view name) {
+    setCaption("Update RcvTRMessage - " + std::string(name));
+    openForUpdate(DialogMode::Received, name);
+}
+
+void frmTRMessage::updateSndTRMessage(std::string_view name) {
+    setCaption("Update SndTRMessage - " + std::string(name));
+    openForUpdate(DialogMode::Sent, name);
+}
+
+void frmTRMessage::openForAdding(DialogMode mode) {
+    show();
+    cmdUpdate.setCaption("&Add");
+    clearDialog();
+    setDialogMode(mode);
+    showMessagesOf(mode);
+    chkReport.setChecked(false);
+    txtTRName.setEnabled(true);
+    txtTRName.setFocus();
+}
+
+void frmTRMessage::openForUpdate(DialogMode mode, std::string_view name) {
+    show();
+    cmdUpdate.setCaption("&Update");
+    const TRMessageRecord* record =
+        state_.TRModelStore == nullptr ? nullptr : state_.TRModelStore->getTRMessage(name);
+    if (record == nullptr)
+        return;
+    clearDialog();
+    setDialogMode(mode);
+    showMessagesOf(mode);
+    showTRMessage(*record);
+    txtTRName.setEnabled(false);
+}
+
+void frmTRMessage::setDialogMode(DialogMode mode) {
+    const bool received = mode == DialogMode::Received;
+    for (Control* control : std::initializer_list<Control*>{
+             &chkReport, &builder.cmbDataItem, &builder.tlbOperator1, &builder.txtDataItemValue,
+             &builder.cmdAddCondition, &builder.lvwSimpleCondition, &builder.txtOperand1,
+             &builder.tlbOperator2, &builder.txtOperand2, &builder.cmdEdit, &builder.lvwComplexCondition,
+             &txtResultCondition})
+        control->setEnabled(received);
+    txtItemValue.setEnabled(!received);
+    cmdSetValue.setEnabled(!received);
+}
+
+/// A host receives what goes towards it, an equipment sends it.
+void frmTRMessage::showMessagesOf(DialogMode mode) {
+    const bool towardsHost = (mode == DialogMode::Received) == (state_.ProjectType == 1);
+    fillSECSMessageCombo(towardsHost ? Partner::Host : Partner::Equipment);
+    lblMsgDirection.setText(towardsHost ? kTowardsHost : kTowardsEquipment);
+}
+
+/// The dialog has no other memory of its mode.
+bool frmTRMessage::isReceivedMode() const {
+    return (lblMsgDirection.text() == kTowardsHost) == (state_.ProjectType == 1);
+}
+
+void frmTRMessage::storeDirection(TRMessageRecord& record) const {
+    record.setDirection(lblMsgDirection.text() == kTowardsHost ? kToHost : kToEquip);
+}
+
+void frmTRMessage::clearDialog() {
+    txtTRName.setText("");
+    cmbSECSMessage.clear();
+    tvwSelSECSMsg.replaceNodes();
+    selectedItem_.reset();
+    lblItemDsc.setText("");
+    txtItemValue.setText("");
+    builder.cmbDataItem.clear();
+    resetConditions();
+}
+
+void frmTRMessage::resetConditions() {
+    conditions_.reset();
+    txtResultCondition.setText("");
+}
+
+// SECS messages
+
+void frmTRMessage::fillSECSMessageCombo(Partner partner) {
+    cmbSECSMessage.clear();
+    for (const SECSMessageRecord* message : state_.SECSMessageStore->getMessages()) {
+        if (isOffered(*message, partner))
+            cmbSECSMessage.add(message->getName());
+    }
+}
+
+/// A reply to equipment is offered when its primary message stands there and is not answered by the driver.
+/// Replies to the host are offered without that test.
+bool frmTRMessage::isOffered(const SECSMessageRecord& message, Partner partner) const {
+    if (partner == Partner::Host)
+        return message.getDirection() != "H->E";
+    if (message.getDirection() == "H<-E")
+        return false;
+    if (message.getFunction() % 2 != 0)
+        return true;
+    const auto primaries = state_.SECSMessageStore->getByStreamFunction(
+        "S" + std::to_string(message.getStream()) + " F" + std::to_string(message.getFunction() - 1));
+    return !primaries.empty() && !primaries.front()->autoreply();
+}
+
+void frmTRMessage::fillDataItemCombo(const SECSMessageRecord& message) {
+    builder.cmbDataItem.clear();
+    for (const SECSItemRecord& item : message.getItems()) {
+        if (!isBlank(item.getName()) && item.getType() != "L")
+            builder.cmbDataItem.add(item.getName());
+    }
+}
+
+void frmTRMessage::chooseSECSMessage() {
+    if (isBlank(cmbSECSMessage.text()))
+        return;
+    const SECSMessageRecord* message = state_.SECSMessageStore->getByName(cmbSECSMessage.text());
+    if (message == nullptr) {
+        selectedMessage_.reset();
+        return;
+    }
+    selectedMessage_ = *message;
+    showSECSMessage(*selectedMessage_);
+    fillDataItemCombo(*selectedMessage_);
+    resetConditions();
+    txtItemValue.setText("");
+}
+
+void frmTRMessage::showSECSMessage(const SECSMessageRecord& message) {
+    tvwSelSECSMsg.replaceNodes();
+    selectedItem_.reset();
+    addMessageToTree(tvwSelSECSMsg.nodes(), message, OnDuplicate::KeepSilent, desktop());
+}
+
+// What an existing record shows
+
+void frmTRMessage::showTRMessage(const TRMessageRecord& record) {
+    txtTRName.setText(record.Name());
+    chkReport.setChecked(record.Report());
+    if (!record.SECSMessage().empty()) {
+        cmbSECSMessage.setText(record.SECSMessage());
+        if (record.DataBlock())
+            showSECSMessage(*record.DataBlock());
+        else
+            chooseSECSMessage();
+    }
+    showCondition(record);
+}
+
+/// The text is not taken apart again: the lists start empty.
+void frmTRMessage::showCondition(const TRMessageRecord& record) {
+    txtResultCondition.setText(record.Condition());
+}
+
+void frmTRMessage::takeResult(std::string_view id) {
+    if (const auto condition = conditions_.finishedConditionOf(id))
+        txtResultCondition.setText(*condition);
+}
 
 } // namespace zb

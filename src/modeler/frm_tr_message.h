@@ -1,19 +1,25 @@
 #pragma once
 
+#include "messages/message_record.h"
+#include "messages/smd_writer.h"
+#include "modeler/condition_builder.h"
 #include "modeler/condition_controls.h"
 #include "modeler/frm_array_info.h"
 #include "platform/stores/menu.h"
 #include "platform/stores/tree.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace zb {
 
 class ModelViews;
+class TRMessageRecord;
 struct ModelerState;
 
-/// The dialog in which a TR message, received or sent, is created or changed.
+/// The dialog in which a TR message, received or sent, is created or changed. Of a received one its condition
+/// is built; of a sent one the values and the list counts are filled in.
 class frmTRMessage final : public Window {
 public:
     frmTRMessage(ModelerState& state, ModelViews& views);
@@ -30,6 +36,7 @@ public:
     Label lblItemValue{*this, "lblItemValue", "ItemValue"};
     Label lblItemDsc{*this, "lblItemDsc"};
     TextField txtItemValue{*this, "txtItemValue"};
+    /// Stands in the place of `txtItemValue` for a BOOLEAN.
     Combo cmbItemValue{*this, "cmbItemValue"};
     Button cmdSetValue{*this, "cmdSetValue", "&Set"};
     ConditionControls builder{*this, "cmdEditCondition"};
@@ -45,13 +52,69 @@ public:
 
     void addRcvTRMessage();
     void addSndTRMessage();
+    /// A name that is not in the model leaves the dialog open as it stood.
     void updateRcvTRMessage(std::string_view name);
     void updateSndTRMessage(std::string_view name);
 
 private:
+    enum class DialogMode { Received, Sent };
+    enum class Partner { Host, Equipment };
+
+    void connectConditions();
+    void connectValues();
+    void connectFrame();
+
+    void openForAdding(DialogMode mode);
+    void openForUpdate(DialogMode mode, std::string_view name);
+    void setDialogMode(DialogMode mode);
+    void showMessagesOf(DialogMode mode);
+    void clearDialog();
+    void resetConditions();
+    /// All messages that go towards the partner.
+    void fillSECSMessageCombo(Partner partner);
+    bool isOffered(const SECSMessageRecord& message, Partner partner) const;
+    void fillDataItemCombo(const SECSMessageRecord& message);
+    void chooseSECSMessage();
+    void showSECSMessage(const SECSMessageRecord& message);
+    void showTRMessage(const TRMessageRecord& record);
+    void showCondition(const TRMessageRecord& record);
+    void takeResult(std::string_view id);
+    bool isReceivedMode() const;
+
+    void command();
+    bool refuse(std::string text);
+    void refuseName(std::string text);
+    bool isConditionDuplicated(std::string_view name, std::string_view message,
+                               std::string_view condition) const;
+    bool checkTRMessageName();
+    bool checkDataBlock();
+    void selectListWithoutCount(const SECSItemRecord& list);
+    bool addTRMessageFromDialog(const std::string& name);
+    bool updateTRMessageFromDialog(const std::string& name);
+    static void clearTRItemSources(TRMessageRecord& record);
+    void storeDirection(TRMessageRecord& record) const;
+    void storeContent(TRMessageRecord& record);
+
+    void itemClicked(Node& node);
+    void askForItem(const SECSItemRecord& item);
+    void askForText(std::string_view what, const std::string& text);
+    void setSelectedItem();
+    void setSelectedList(Node* list);
+    void updateItemNodeText(Node* node, std::string_view value);
+    void removeItemNode(Node& node);
+    void copyItemNode(const Node& source, Node& parent);
+
     ModelerState& state_;
     ModelViews& views_;
     frmArrayInfo arrayDialog_;
+    ConditionBuilder conditions_;
+    NoEditorPane noPane_;
+    SmdWriter writer_;
+    bool keepVisible_ = false;
+    /// A copy: the store of the messages is filled anew by each save and build.
+    std::optional<SECSMessageRecord> selectedMessage_;
+    /// The item of the clicked node, while a value is being set.
+    std::optional<SECSItemRecord> selectedItem_;
 };
 
 } // namespace zb

@@ -26,6 +26,11 @@ public:
     void clear();
     bool contains(std::string_view entry) const;
 
+    /// Whether the arrow keys choose the next entry. Otherwise the combo can only be chosen from.
+    enum class Keys { Choose, Ignored };
+    void setKeys(Keys keys) { keys_ = keys; }
+    Keys keys() const { return keys_; }
+
     /// What the user does: shows the entry and tells the choice, also of the one that showed before.
     void choose(std::size_t position);
 
@@ -34,6 +39,7 @@ public:
 private:
     std::string text_;
     std::vector<std::string> entries_;
+    Keys keys_ = Keys::Choose;
 };
 
 /// A folder browser's field: holds the path of a folder.

@@ -59,7 +59,8 @@ void Desktop::hide(Window& window) {
     window.visible_ = false;
     if (popup_ != nullptr && &popup_->window() == &window)
         closePopup();
-    const bool wasActive = active_ == &window;
+    // A window may hide itself because it loses the focus: who gets it is settled then.
+    const bool wasActive = active_ == &window && leaving_ != &window;
     if (wasActive) {
         leave(window);
         active_ = nullptr;
@@ -150,6 +151,7 @@ void Desktop::forget(const Control& control) {
 }
 
 void Desktop::leave(Window& window) {
+    const Leaving leaving(leaving_, window);
     Control* focused = window.focusControl_;
     if (focused != nullptr)
         fire(focused->onLostFocus);

@@ -77,6 +77,19 @@ private:
         std::vector<ModalEntry>& modal_;
     };
 
+    /// Marks the window whose loss of the focus is being handled.
+    class Leaving {
+    public:
+        Leaving(const Window*& slot, const Window& window) : slot_(slot), before_(slot) { slot_ = &window; }
+        ~Leaving() { slot_ = before_; }
+        Leaving(const Leaving&) = delete;
+        Leaving& operator=(const Leaving&) = delete;
+
+    private:
+        const Window*& slot_;
+        const Window* before_;
+    };
+
     void add(Window& window) { windows_.push_back(&window); }
     void remove(Window& window);
     void forget(const Control& control);
@@ -90,6 +103,7 @@ private:
     std::vector<Window*> windows_; // the one shown last stands last
     std::vector<ModalEntry> modal_;
     Window* active_ = nullptr;
+    const Window* leaving_ = nullptr;
     PopupMenu* popup_ = nullptr;
 };
 

@@ -116,7 +116,7 @@ void moveInList(List& list, int code) {
 }
 
 void moveInCombo(Combo& combo, int code) {
-    if (code != kKeyUp && code != kKeyDown)
+    if (combo.keys() == Combo::Keys::Ignored || (code != kKeyUp && code != kKeyDown))
         return;
     const auto& entries = combo.entries();
     const auto here = std::find(entries.begin(), entries.end(), combo.text());

@@ -1,0 +1,169 @@
+// The command of the message dialog: what it refuses, and how it writes the model.
+#include "modeler/frm_tr_message.h"
+#include "modeler/model_views.h"
+#include "modeler/modeler_state.h"
+#include "modeler/reserved_words.h"
+#include "platform/stores/desktop.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+namespace zb {
+
+bool frmTRMessage::refuse(std::string text) {
+    desktop().showBox(std::move(text), BoxIcon::Critical);
+    return false;
+}
+
+void frmTRMessage::command() {
+    if (state_.TRModelStore == nullptr)
+        return;
+    const std::string name = trim(txtTRName.text());
+    const std::string message = trim(cmbSECSMessage.text());
+    if (name.empty()) {
+        refuse("Insert TRMessage Name!");
+        return;
+    }
+    if (message.empty()) {
+        refuse("Select SECS Messge!");
+        return;
+    }
+    if (isConditionDuplicated(name, message, trim(txtResultCondition.text()))) {
+        refuse("Condition was duplicated!");
+        return;
+    }
+    const bool adds = cmdUpdate.caption() == "&Add";
+    if (!(adds ? addTRMessageFromDialog(name) : updateTRMessageFromDialog(name)))
+        return;
+    if (adds && isReceivedMode())
+        addRcvTRMessage();
+    else if (adds)
+        addSndTRMessage();
+    if (!chkKeepVisible.checked())
+        hide();
+}
+
+/// Two defaults of one SECS message are a matter of the build's checks.
+bool frmTRMessage::isConditionDuplicated(std::string_view name, std::string_view message,
+                                         std::string_view condition) const {
+    if (condition.empty() || condition == "NONE")
+        return false;
+    const auto& messages = state_.TRModelStore->TRMessages();
+    return std::any_of(messages.begin(), messages.end(), [&](const auto& record) {
+        return record->Condition() == condition && record->SECSMessage() == message && record->Name() != name;
+    });
+}
+
+void frmTRMessage::refuseName(std::string text) {
+    refuse(std::move(text));
+    txtTRName.setFocus();
+    txtTRName.selectAll();
+}
+
+bool frmTRMessage::checkTRMessageName() {
+    if (cmdUpdate.caption() != "&Add")
+        return false;
+    const std::string name = trim(txtTRName.text());
+    const std::string wanted = upper(name);
+    if (checkReservedWord(wanted)) {
+        refuseName(txtTRName.text() + " is reserved word!");
+        return false;
+    }
+    for (const auto& record : state_.TRModelStore->TRMessages()) {
+        if (upper(record->Name()) == wanted) {
+            refuseName(record->Name() + " was already defined.");
+            return false;
+        }
+    }
+    for (const SECSMessageRecord* message : state_.SECSMessageStore->getMessages()) {
+        if (upper(message->getName()) == wanted) {
+            refuseName(name + " is used to SECS Message!");
+            return false;
+        }
+    }
+    return true;
+}
+
+/// A message can be sent only when each of its lists has a count.
+bool frmTRMessage::checkDataBlock() {
+    const auto block = writer_.composeSingleMessage("MODELER_SAVE", tvwSelSECSMsg.nodes());
+    if (!block)
+        return refuse("SECSMessage Format Error!");
+    for (const SECSItemRecord& item : block->getItems()) {
+        if (item.getType() == "L" && !item.isFixed()) {
+            refuse("Not Defined List Count!");
+            selectListWithoutCount(item);
+            return false;
+        }
+    }
+    return true;
+}
+
+void frmTRMessage::selectListWithoutCount(const SECSItemRecord& list) {
+    const std::string text = list.getType() + " " + std::to_string(list.getCount()) + "V " + list.getName();
+    NodeTree& nodes = tvwSelSECSMsg.nodes();
+    for (int index = 1; Node* node = nodes.at(index); ++index) {
+        if (node->text() != text)
+            continue;
+        nodes.select(node);
+        // A value that was being set belongs to another node.
+        selectedItem_.reset();
+        return;
+    }
+}
+
+bool frmTRMessage::addTRMessageFromDialog(const std::string& name) {
+    if (!checkTRMessageName() || (!isReceivedMode() && !checkDataBlock()))
+        return false;
+    auto record = std::make_unique<TRMessageRecord>();
+    record->setName(name);
+    record->setSECSMessage(trim(cmbSECSMessage.text()));
+    storeDirection(*record);
+    if (!isReceivedMode())
+        record->newDataBlock();
+    storeContent(*record);
+    state_.TRModelStore->addTRMessage(std::move(record));
+    views_.displayAddedTRMessage(name);
+    return true;
+}
+
+bool frmTRMessage::updateTRMessageFromDialog(const std::string& name) {
+    if (!isReceivedMode() && !checkDataBlock())
+        return false;
+    TRMessageRecord* record = state_.TRModelStore->getTRMessage(name);
+    if (record == nullptr) {
+        // It has been deleted meanwhile: what the dialog holds becomes a new one.
+        cmdUpdate.setCaption("&Add");
+        command();
+        return false;
+    }
+    const std::string message = trim(cmbSECSMessage.text());
+    if (message != record->SECSMessage())
+        clearTRItemSources(*record);
+    record->setSECSMessage(message);
+    storeDirection(*record);
+    storeContent(*record);
+    views_.displayUpdatedTRMessage(name);
+    return true;
+}
+
+/// The items took their values from another message.
+void frmTRMessage::clearTRItemSources(TRMessageRecord& record) {
+    for (const auto& item : record.TRItems()) {
+        item->setValue("");
+        item->setABSValue("");
+        item->setStatementText("");
+    }
+}
+
+void frmTRMessage::storeContent(TRMessageRecord& record) {
+    if (isReceivedMode())
+        record.setCondition(trim(txtResultCondition.text()));
+    else
+        record.setDataBlock(writer_.composeSingleMessage("MODELER_SAVE", tvwSelSECSMsg.nodes()));
+    record.setReport(chkReport.checked());
+}
+
+} // namespace zb

@@ -1,0 +1,133 @@
+// The values of a message to be sent, set item by item in its tree.
+#include "modeler/frm_tr_message.h"
+#include "modeler/sent_values.h"
+#include "platform/stores/desktop.h"
+#include "platform/text.h"
+
+namespace zb {
+
+namespace {
+
+/// More nodes than these would fill all memory before they could be of use.
+constexpr long kMostCopiedNodes = 200'000;
+
+long nodesIn(const Node& root) {
+    long count = 1;
+    const Node* node = root.child();
+    while (node != nullptr) {
+        ++count;
+        if (node->child() != nullptr) {
+            node = node->child();
+            continue;
+        }
+        while (node != &root && node->next() == nullptr)
+            node = node->parent();
+        node = node == &root ? nullptr : node->next();
+    }
+    return count;
+}
+
+void makeVisible(const Node& node) {
+    for (Node* above = node.parent(); above != nullptr; above = above->parent()) {
+        if (!above->expanded())
+            above->setExpanded(true);
+    }
+}
+
+} // namespace
+
+void frmTRMessage::itemClicked(Node& node) {
+    lblItemDsc.setText("");
+    txtItemValue.setText("");
+    txtItemValue.setEnabled(false);
+    cmdSetValue.setEnabled(false);
+    // The message node cannot be set, and the tree of a received message is there to be read.
+    if (isReceivedMode() || node.parent() == nullptr)
+        return;
+    selectedItem_.emplace();
+    selectedItem_->parseText(node.text());
+    txtItemValue.setVisible(true);
+    cmbItemValue.setVisible(false);
+    if (selectedItem_->getType() == "L" && selectedItem_->isFixed())
+        return;
+    askForItem(*selectedItem_);
+    cmdSetValue.setEnabled(true);
+}
+
+void frmTRMessage::askForItem(const SECSItemRecord& item) {
+    if (item.getType() == "L") {
+        askForText("Input ListItem's Count", std::to_string(item.getCount()));
+    } else if (item.getType() == "BOOLEAN") {
+        lblItemDsc.setText("Select Boolean Value");
+        txtItemValue.setVisible(false);
+        cmbItemValue.setVisible(true);
+        const bool off = item.getValue() == "0" || equalsIgnoringCase(item.getValue(), "FALSE");
+        cmbItemValue.setText(off ? "False" : "True");
+    } else {
+        askForText("Input DataItem's Value", item.getValue());
+    }
+}
+
+void frmTRMessage::askForText(std::string_view what, const std::string& text) {
+    lblItemDsc.setText(what);
+    txtItemValue.setText(text);
+    txtItemValue.setEnabled(true);
+    txtItemValue.setFocus();
+    txtItemValue.selectAll();
+}
+
+void frmTRMessage::setSelectedItem() {
+    if (!selectedItem_)
+        return;
+    Node* node = tvwSelSECSMsg.nodes().selected();
+    const std::string& type = selectedItem_->getType();
+    if (type == "L") {
+        setSelectedList(node);
+        return;
+    }
+    updateItemNodeText(node, type == "BOOLEAN" ? cmbItemValue.text() : trim(txtItemValue.text()));
+    txtItemValue.setText("");
+    selectedItem_.reset();
+}
+
+/// The first child is the template of all. What is no count leaves list and field as they are.
+void frmTRMessage::setSelectedList(Node* list) {
+    const std::string text = trim(txtItemValue.text());
+    const std::optional<int> count = listCountOf(text);
+    if (!count)
+        return;
+    const Node* first = list == nullptr ? nullptr : list->child();
+    if (first != nullptr && nodesIn(*first) * (*count - 1) > kMostCopiedNodes) {
+        desktop().showBox("A list of this length has too many items!", BoxIcon::Critical);
+        return;
+    }
+    updateItemNodeText(list, text);
+    if (list != nullptr && *count == 0) {
+        while (list->lastChild() != nullptr)
+            removeItemNode(*list->lastChild());
+    }
+    if (first != nullptr && *count > 0) {
+        for (int copies = *count - 1; copies > 0; --copies)
+            copyItemNode(*first, *list);
+    }
+    txtItemValue.setText("");
+    selectedItem_.reset();
+}
+
+void frmTRMessage::updateItemNodeText(Node* node, std::string_view value) {
+    if (node != nullptr && selectedItem_)
+        node->setText(setItemValue(*selectedItem_, value));
+}
+
+void frmTRMessage::removeItemNode(Node& node) {
+    tvwSelSECSMsg.nodes().remove(node);
+}
+
+void frmTRMessage::copyItemNode(const Node& source, Node& parent) {
+    Node& copy = tvwSelSECSMsg.nodes().add(&parent, Relation::Child, source.text());
+    makeVisible(copy);
+    for (const Node* child = source.child(); child != nullptr; child = child->next())
+        copyItemNode(*child, copy);
+}
+
+} // namespace zb
