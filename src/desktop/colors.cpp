@@ -37,6 +37,10 @@ QColor shaded(const Color& back) {
                             std::clamp(lightness, 0.0F, 1.0F));
 }
 
+bool isOrdinary(const OptionalColor& text) {
+    return !text || *text == Color{};
+}
+
 QColor readable(QColor text, const QColor& background) {
     const bool lighten = luminance(background) < 0.18;
     for (int step = 0; step < 20 && contrast(text, background) < kReadableContrast; ++step) {

@@ -89,9 +89,17 @@ TEST_F(WindowForms, EveryToolbarButtonHasItsPicture) {
             if (control->kind() != Control::Kind::Toolbar)
                 continue;
             for (const ToolbarButton& button : static_cast<Toolbar*>(control)->buttons())
-                EXPECT_TRUE(Pictures::has(button.key())) << control->name() << '[' << button.key() << ']';
+                EXPECT_TRUE(Pictures::has(button.picture().empty() ? button.key() : button.picture()))
+                    << control->name() << '[' << button.key() << ']';
         }
     }
+}
+
+TEST_F(WindowForms, EveryNodeAndRowOfTheModelHasItsPicture) {
+    for (const char* name : {"TRMsg", "RcvTRMsg", "SndTRMsg", "BothTRMsg", "DefaultTRItem", "UserTRItem",
+                             "SeqName", "SeqItem", "Statement", "if", "elif", "else", "ItemValue",
+                             "Equal_Pressed", "NotEqual_Pressed", "and_Pressed", "or_Pressed"})
+        EXPECT_TRUE(Pictures::has(name)) << name;
 }
 
 TEST_F(WindowForms, EveryFieldHasANameForScreenReaders) {

@@ -2,11 +2,17 @@
 
 #include <gmock/gmock.h>
 
+#include <QContextMenuEvent>
 #include <QCoreApplication>
+#include <QDragEnterEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMainWindow>
+#include <QMenu>
+#include <QMimeData>
 #include <QSplitter>
+#include <QTest>
 #include <QTreeView>
 
 namespace zb::test {
@@ -97,6 +103,96 @@ TEST_F(ModelerWindows, KeysDragFromTheLibraryToTheTree) {
     ASSERT_TRUE(editor.liveTree().empty());
     press(program.widget<QWidget>(editor, "tvwEdit"), Qt::Key_V, Qt::ControlModifier);
     EXPECT_FALSE(editor.liveTree().empty());
+}
+
+TEST_F(ModelerWindows, TheMenuKeyOpensThePopupAtTheSelectedNode) {
+    auto& tree = program.widget<QWidget>(modeler(), "tvwRcvTRMsg");
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QCoreApplication::sendEvent(&tree, &menuKey);
+    ASSERT_TRUE(modeler().mnuRcvTRMsgPopup.isOpen());
+    const QMenu* menu = program.screen.binderOf(modeler())->menus().menuOf(modeler().mnuRcvTRMsgPopup);
+    EXPECT_TRUE(QRect(tree.mapToGlobal(QPoint()), tree.size()).contains(menu->pos()));
+}
+
+struct ArrayDialog : ModelerWindows {
+    ArrayDialog() : dialog(dynamic_cast<frmArrayInfo&>(*program.application.desktop.find("frmArrayInfo"))) {
+        for (const char* number : {"1", "2", "3"})
+            dialog.lvwArray.add(number).setCell(1, "");
+        dialog.show();
+        program.settle();
+    }
+
+    QTreeView& view() { return program.widget<QTreeView>(dialog, "lvwArray"); }
+    QLineEdit& line() { return program.widget<QLineEdit>(dialog, "txtValue"); }
+    QRect cell(int row) { return view().visualRect(view().model()->index(row, 1)); }
+    void edit(int row) {
+        Target target = Target::whole(dialog.lvwArray);
+        target.row = dialog.lvwArray.shown()[static_cast<std::size_t>(row)];
+        program.screen.binding().hands.click(target);
+        program.settle();
+    }
+
+    frmArrayInfo& dialog;
+};
+
+TEST_F(ArrayDialog, TheFieldLiesOverTheCellThatItEdits) {
+    EXPECT_TRUE(line().isHidden());
+    edit(1);
+    EXPECT_TRUE(line().isVisible());
+    EXPECT_EQ(line().geometry(), cell(1));
+    view().header()->resizeSection(0, 40);
+    EXPECT_EQ(line().geometry(), cell(1));
+    program.form(dialog).resize(600, 400);
+    program.settle();
+    EXPECT_EQ(line().geometry(), cell(1));
+    edit(2);
+    EXPECT_EQ(line().geometry(), cell(2));
+    program.screen.binding().hands.focus(dialog.cmdOK);
+    EXPECT_TRUE(line().isHidden());
+}
+
+TEST_F(ArrayDialog, TheEditingKeyOpensTheCellOfTheSelectedRow) {
+    dialog.lvwArray.select(dialog.lvwArray.shown()[1]);
+    QTest::keyClick(&view(), Qt::Key_F2);
+    EXPECT_EQ(dialog.editedRow(), dialog.lvwArray.shown()[1]);
+    EXPECT_TRUE(line().isVisible());
+}
+
+TEST_F(ModelerWindows, ATargetIsFramedWhileADragHangsOverIt) {
+    frmTRItem& dialog = program.application.frmTRItem;
+    dialog.show();
+    auto& operand = program.widget<QLineEdit>(dialog, "txtOperand1");
+    const auto parts = operand.findChildren<QWidget*>().size();
+    QMimeData id;
+    id.setText(QStringLiteral("S1"));
+    QDragEnterEvent enter({4, 4}, Qt::CopyAction, &id, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&operand, &enter);
+    EXPECT_EQ(operand.findChildren<QWidget*>().size(), parts + 1);
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&operand, &leave);
+    EXPECT_EQ(operand.findChildren<QWidget*>().size(), parts);
+}
+
+TEST_F(ModelerWindows, KeysDropAStatementOnTheSelectedNode) {
+    frmTRItem& dialog = program.application.frmTRItem;
+    dialog.show();
+    Node& root = dialog.tvwStatement.nodes().add(nullptr, Relation::Last, "Conditions");
+    dialog.tvwStatement.nodes().select(&root);
+    press(program.widget<QWidget>(dialog, "picELSE"), Qt::Key_Space, Qt::NoModifier);
+    press(program.widget<QWidget>(dialog, "tvwStatement"), Qt::Key_V, Qt::ControlModifier);
+    ASSERT_EQ(root.children(), 2);
+    EXPECT_EQ(root.child()->text(), "if");
+    EXPECT_EQ(root.lastChild()->text(), "else:");
+}
+
+TEST_F(ModelerWindows, ArrowsWalkThroughTheOptionsOfAGroup) {
+    frmTRItem& dialog = program.application.frmTRItem;
+    dialog.show();
+    dialog.optString.setOn(true);
+    dialog.optString.setFocus();
+    QTest::keyClick(&program.widget<QWidget>(dialog, "optString"), Qt::Key_Down);
+    EXPECT_TRUE(dialog.optNumeric.on());
+    EXPECT_TRUE(dialog.optNumeric.focused());
 }
 
 } // namespace

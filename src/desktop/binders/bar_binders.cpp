@@ -29,6 +29,8 @@ void ToolbarBinder::makeButtons() {
     for (ToolbarButton& button : toolbar_.buttons()) {
         QToolButton& shown = makeButton(button);
         place(shown, static_cast<int>(buttons_.size()));
+        // They come after the form; Tab reaches them where the form has their bar.
+        QWidget::setTabOrder(buttons_.empty() ? &widget() : buttons_.back(), &shown);
         buttons_.push_back(&shown);
     }
 }

@@ -53,8 +53,9 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
     if (watched == &line_ && (type == QEvent::Show || type == QEvent::FocusIn))
         follow();
-    else if (watched == view_.viewport() && type == QEvent::Resize)
-        follow();
+    else if (watched == view_.viewport() && type == QEvent::Resize) // the columns are laid out behind it
+        QMetaObject::invokeMethod(
+            this, [this] { follow(); }, Qt::QueuedConnection);
     return false;
 }
 

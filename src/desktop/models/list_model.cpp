@@ -39,7 +39,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
         return toQt(row->cell(static_cast<std::size_t>(index.column())));
     case Qt::ForegroundRole:
-        return row->foreColor() ? QBrush(readable(*row->foreColor())) : QVariant();
+        return isOrdinary(row->foreColor()) ? QVariant() : QBrush(readable(*row->foreColor()));
     case Qt::DecorationRole:
         return index.column() == 0 && !row->image().empty() ? pictures_.icon(row->image()) : QVariant();
     case Qt::FontRole: {

@@ -95,7 +95,7 @@ QVariant NodeTreeModel::data(const QModelIndex& index, int role) const {
     case Qt::BackgroundRole:
         return node.backColor() ? QBrush(shaded(*node.backColor())) : QVariant();
     case Qt::ForegroundRole: {
-        if (!node.foreColor())
+        if (isOrdinary(node.foreColor()))
             return {};
         const QColor color = toQt(*node.foreColor());
         return QBrush(node.backColor() ? readable(color, shaded(*node.backColor()))
