@@ -1,3 +1,4 @@
+#include "build/transaction_check.h"
 #include "golden/golden_text.h"
 #include "messages/definition_check.h"
 #include "messages/smd_reader.h"
@@ -8,6 +9,8 @@
 #include "platform/text_file.h"
 #include "support/silent_screen.h"
 #include "support/temporary_folder.h"
+#include "support/tmd_reader.h"
+#include "unit/shell/program.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -27,15 +30,6 @@ protected:
 
     std::string walk(const std::string& path, std::string_view mode) {
         return SmdWriter(state_, pane_).buildMessageText(path, mode, tree_);
-    }
-
-    /// The whole project file, as a save would write it.
-    std::string saved() {
-        std::string sections = "\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n";
-        state_.projectSections = &sections;
-        EXPECT_EQ(walk("", "SAVE_PROJECT"), "");
-        state_.projectSections = nullptr;
-        return encodeUtf16(sections + "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\n");
     }
 
     SilentScreen screen_;
@@ -77,13 +71,48 @@ TEST_F(Examples, EtcherBuilds) {
     expectGolden(readFile(target), "etcher/Etcher.smd");
 }
 
+/// A copy of the etcher, open in a whole program.
+class EtcherProgram : public ::testing::Test {
+protected:
+    EtcherProgram() : program_(files_) {
+        std::filesystem::create_directories(path_.parent_path());
+        writeFile(path_, bytes_);
+        program_.application.start(path_.string());
+    }
+
+    std::string bytes_ = readFile(sourceFolder() / "examples/etcher/Etcher.zbp");
+    TemporaryFolder folder_;
+    std::filesystem::path path_ = folder_ / "etcher/Etcher.zbp";
+    SystemFileLayer files_;
+    Program program_;
+};
+
 // Its items stand in canonical form, so that a look at the modeler and a save leave no trace in version
 // control.
-TEST_F(Examples, EtcherIsSavedAsItStandsAfterACheckedWalk) {
-    open("etcher/Etcher.zbp");
-    EXPECT_EQ(walk("Etcher", "MODELER"), "");
-    EXPECT_TRUE(screen_.boxes.empty());
-    EXPECT_TRUE(saved() == bytes_) << "the file differs from what a save writes";
+TEST_F(EtcherProgram, IsSavedAsItStandsAfterALookAtTheModeler) {
+    program_.application.showModeler();
+    EXPECT_TRUE(program_.screen.boxes.empty());
+    EXPECT_TRUE(program_.application.projects.saveProject());
+    EXPECT_TRUE(readFile(path_) == bytes_) << "the file differs from what a save writes";
+}
+
+TEST_F(EtcherProgram, BuildsItsTransactionModel) {
+    program_.application.showModeler();
+    EXPECT_EQ(linesOf(checkTransactions(program_.application, program_.application.frmTRModeler.lvwSequence),
+                      "Etcher.zbp"),
+              "");
+    EXPECT_TRUE(program_.application.builds.buildTmd());
+    EXPECT_TRUE(program_.screen.boxes.empty());
+    const std::string tmd = readFile(program_.application.tmdFilePath());
+    expectGolden(tmd, "etcher/Etcher.tmd");
+    const TmdReader reader(tmd);
+    EXPECT_EQ(reader.fault(), "");
+    EXPECT_EQ(reader.schemaFault((sourceFolder() / "docs/tmd.rng").string()), "");
+    EXPECT_EQ(reader.value("count(//Sequences/*)"), "3");
+    // conditions with an index, and with one for each of two lists around the item
+    EXPECT_NE(reader.value("string(//LimitPressure/@Condition)").find("{ECID[2]}"), std::string::npos);
+    EXPECT_NE(reader.value("string(//ReportOfPressure/@Condition)").find("{VID[1;1]}"), std::string::npos);
+    EXPECT_EQ(reader.value("count(//MODE/Condition/Statement/Statement)"), "3");
 }
 
 TEST_F(Examples, EtcherShowsEveryTypeAndDirection) {
