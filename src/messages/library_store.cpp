@@ -96,10 +96,10 @@ std::vector<std::string> SECSLibraryStore::getRows() const {
 std::string SECSLibraryStore::load(const std::string& textOrPath, int formatCode) {
     if (formatCode == kFormatGem || formatCode == kFormatSemi)
         return loadText(textOrPath, formatCode);
-    const Result<std::string> bytes = readBytes(textOrPath);
+    Result<std::string> bytes = readBytes(textOrPath);
     if (!bytes)
         return bytes.error().description;
-    return loadText(decodeText(*bytes, codePage_), formatCode);
+    return loadText(decodeText(*std::move(bytes), codePage_), formatCode);
 }
 
 std::string SECSLibraryStore::loadText(std::string_view text, int formatCode) {

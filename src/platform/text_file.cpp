@@ -89,6 +89,15 @@ std::string decodeText(std::string_view bytes, const CodePage& codePage, DecodeA
     return isValidUtf8(bytes) ? std::string(bytes) : codePage.toUtf8(bytes);
 }
 
+std::string decodeText(std::string&& bytes, const CodePage& codePage) {
+    const bool marked = bytes.starts_with(kLittleEndianMark) || bytes.starts_with(kBigEndianMark) ||
+                        bytes.starts_with(kUtf8Mark);
+    if (!marked && isValidUtf8(bytes)) {
+        return std::move(bytes);
+    }
+    return decodeText(std::string_view(bytes), codePage);
+}
+
 namespace {
 
 bool isTextUnit(char16_t unit) {

@@ -24,6 +24,8 @@ enum class DecodeAs {
 // Damaged sequences become U+FFFD; an odd last byte of UTF-16 is dropped.
 std::string decodeText(std::string_view bytes, const CodePage& codePage,
                        DecodeAs decodeAs = DecodeAs::detected);
+// The same without a copy of what is UTF-8 already.
+std::string decodeText(std::string&& bytes, const CodePage& codePage);
 
 enum class ProjectEncoding {
     utf16LittleEndian,

@@ -56,6 +56,7 @@ class LibraryText : public testing::TestWithParam<DecodeRow> {};
 
 TEST_P(LibraryText, IsToldByMarkThenByValidity) {
     EXPECT_EQ(decodeText(GetParam().bytes, CodePage(949)), GetParam().text);
+    EXPECT_EQ(decodeText(std::string(GetParam().bytes), CodePage(949)), GetParam().text);
 }
 
 INSTANTIATE_TEST_SUITE_P(
