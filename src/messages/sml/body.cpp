@@ -15,16 +15,19 @@ constexpr std::size_t kMostCount = 32767; // counts have 16 bits and a sign
 constexpr std::size_t kListBound = 20;
 constexpr std::size_t kValueBound = 80;
 
-void appendNumber(std::string& text, std::size_t number) {
-    std::array<char, 24> buffer;
-    const auto [end, fault] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
-    text.append(buffer.data(), end);
-}
-
 bool isNameCharacter(char c, ItemType type) {
     // A point among the values of a number item would be taken for one of its value.
     return isLetter(c) || isDigit(c) || c == '_' ||
            (c == '.' && (type == ItemType::list || isQuotedType(type)));
+}
+
+bool isAllowedName(std::string_view name, ItemType type) {
+    if (name.empty() || !isLetter(name.front()) || type == ItemType::boolean)
+        return false; // not at first sight
+    for (const char c : name)
+        if (!isNameCharacter(c, type))
+            return false;
+    return true;
 }
 
 // The name in the characters that item names may have; empty when none of its own are left.
@@ -43,12 +46,6 @@ std::string allowedName(std::string_view name, ItemType type) {
         (type == ItemType::boolean && (isWord(allowed, "TRUE") || isWord(allowed, "FALSE"))))
         allowed.insert(0, 1, '_');
     return allowed;
-}
-
-std::string capitals(std::string text) {
-    for (char& c : text)
-        c = upperLetter(c);
-    return text;
 }
 
 std::string times(std::size_t number, std::string_view what) {
@@ -195,32 +192,28 @@ Body::Form Body::valueForm(const Item& item, Findings& findings) const {
     return {std::max(declared, item.values), false, false};
 }
 
-std::string Body::uniqueName(const Item& item, std::string wanted, Findings& findings) {
-    const auto [known, fresh] = namesInUse_.try_emplace(capitals(wanted), 1);
-    if (fresh)
-        return wanted;
-    std::size_t& number = known->second;
-    for (;;) {
-        std::string candidate = wanted + std::to_string(++number);
-        if (!namesInUse_.try_emplace(capitals(candidate), 1).second)
-            continue;
-        findings.note(item.offset, "a second item is named " + wanted + "; it became " + candidate);
-        return candidate;
-    }
+std::string_view Body::uniqueName(const Item& item, std::string_view wanted, Findings& findings) {
+    const std::string_view unique = namesInUse_.take(wanted);
+    if (unique.size() != wanted.size())
+        findings.note(item.offset,
+                      "a second item is named " + std::string(wanted) + "; it became " + std::string(unique));
+    return unique;
 }
 
-std::string Body::nameFor(std::size_t index, const Form& form, Findings& findings) {
+std::string_view Body::nameFor(std::size_t index, const Form& form, Findings& findings) {
     const Item& item = items_[index];
     const std::string_view written = name(item);
+    if (isAllowedName(written, item.type))
+        return uniqueName(item, written, findings);
     if (!written.empty()) {
-        std::string allowed = allowedName(written, item.type);
+        const std::string allowed = allowedName(written, item.type);
         if (allowed.empty())
             findings.warn(item.offset,
                           "the name " + std::string(written) + " has no letter that an item's name may have");
         else if (allowed != written)
             findings.note(item.offset, "the name " + std::string(written) + " became " + allowed);
         if (!allowed.empty())
-            return uniqueName(item, std::move(allowed), findings);
+            return uniqueName(item, allowed, findings);
     }
     if (item.type != ItemType::list || !form.variable)
         return {};
@@ -232,13 +225,17 @@ std::string Body::nameFor(std::size_t index, const Form& form, Findings& finding
 }
 
 void Body::appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const {
-    appendNumber(lines, item.level);
-    lines += ' ';
-    lines += typeWord(item.type);
-    lines += ' ';
-    appendNumber(lines, form.count);
+    // Level, type and count are at most seven characters each; both numbers have a bound.
+    std::array<char, 32> head;
+    char* const bound = head.data() + head.size();
+    char* end = std::to_chars(head.data(), bound, item.level).ptr;
+    *end++ = ' ';
+    end = std::ranges::copy(typeWord(item.type), end).out;
+    *end++ = ' ';
+    end = std::to_chars(end, bound, form.count).ptr;
     if (form.variable)
-        lines += 'V';
+        *end++ = 'V';
+    lines.append(head.data(), end);
     if (!name.empty()) {
         lines += ' ';
         lines += name;
@@ -252,9 +249,7 @@ void Body::appendLine(std::string& lines, const Item& item, const Form& form, st
         lines += ' ';
         lines += text;
     }
-    if (item.key)
-        lines += " [K]";
-    lines += "\r\n";
+    lines += item.key ? " [K]\r\n" : "\r\n";
 }
 
 bool Body::compose(std::string& lines, Findings& findings) {

@@ -2,12 +2,11 @@
 
 #include "messages/sml/findings.h"
 #include "messages/sml/item_type.h"
+#include "messages/sml/unique_names.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace zb::sml {
@@ -78,15 +77,16 @@ private:
     Form repeatedForm(std::size_t index, std::size_t bound, Findings& findings) const;
     Form valueForm(const Item& item, Findings& findings) const;
     Form templateForm(const Item& item) const;
-    std::string uniqueName(const Item& item, std::string wanted, Findings& findings);
-    std::string nameFor(std::size_t index, const Form& form, Findings& findings);
+    // The view holds until the next name is asked for; so does that of `nameFor`.
+    std::string_view uniqueName(const Item& item, std::string_view wanted, Findings& findings);
+    std::string_view nameFor(std::size_t index, const Form& form, Findings& findings);
     void appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const;
 
     std::vector<Item> items_;
     std::vector<std::size_t> openLists_;
     std::string names_;
     std::string values_;
-    std::unordered_map<std::string, std::size_t> namesInUse_; // upper-cased, with the last number given
+    UniqueNames namesInUse_;
 };
 
 } // namespace zb::sml

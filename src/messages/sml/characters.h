@@ -5,29 +5,29 @@
 // The character classes of SML. ASCII only, whatever the locale.
 namespace zb::sml {
 
-inline bool isDigit(char c) {
+constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
-inline bool isLetter(char c) {
+constexpr bool isLetter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 // Characters of other scripts count as letters: they occur in names.
-inline bool isWordStart(char c) {
+constexpr bool isWordStart(char c) {
     return isLetter(c) || c == '_' || c == '$' || (c & 0x80) != 0;
 }
-inline bool isWordCharacter(char c) {
+constexpr bool isWordCharacter(char c) {
     return isWordStart(c) || isDigit(c);
 }
-inline bool isQuote(char c) {
+constexpr bool isQuote(char c) {
     return c == '\'' || c == '"';
 }
-inline bool isLineEnd(char c) {
+constexpr bool isLineEnd(char c) {
     return c == '\n' || c == '\r';
 }
-inline bool isInlineSpace(char c) {
+constexpr bool isInlineSpace(char c) {
     return c == ' ' || c == '\t' || c == '\v' || c == '\f' || c == '\0' || c == '\x1a';
 }
-inline bool isSpace(char c) {
+constexpr bool isSpace(char c) {
     return isInlineSpace(c) || isLineEnd(c);
 }
 inline char upperLetter(char c) {

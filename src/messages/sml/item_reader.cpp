@@ -319,8 +319,11 @@ ItemReader::Step ItemReader::readBracket(std::size_t index) {
     constexpr std::size_t kLongest = 200;
     const std::size_t offset = scanner_.offset();
     const std::string_view reach = scanner_.text().substr(offset + 1, kLongest);
-    const std::size_t end = reach.find_first_of("]<>\n");
-    if (end == std::string_view::npos || reach[end] != ']')
+    std::size_t end = 0;
+    while (end < reach.size() && reach[end] != ']' && reach[end] != '<' && reach[end] != '>' &&
+           reach[end] != '\n')
+        ++end;
+    if (end == reach.size() || reach[end] != ']')
         return fail("a count in brackets");
     scanner_.advance(end + 2);
     const std::string_view words = stripped(reach.substr(0, end));

@@ -43,12 +43,47 @@ constexpr std::array kSpellings = {
     Spelling{"W", ItemType::any},
 };
 
+constexpr int codeOf(char letter, char bytes) {
+    return letter * 256 + bytes;
+}
+
+// The types that count their bytes are all that have two characters, and most items are of one of them.
+std::optional<ItemType> numberTypeOf(char letter, char bytes) {
+    using enum ItemType;
+    switch (codeOf(letter, bytes)) {
+    case codeOf('I', '1'):
+        return i1;
+    case codeOf('I', '2'):
+        return i2;
+    case codeOf('I', '4'):
+        return i4;
+    case codeOf('I', '8'):
+        return i8;
+    case codeOf('U', '1'):
+        return u1;
+    case codeOf('U', '2'):
+        return u2;
+    case codeOf('U', '4'):
+        return u4;
+    case codeOf('U', '8'):
+        return u8;
+    case codeOf('F', '4'):
+        return f4;
+    case codeOf('F', '8'):
+        return f8;
+    default:
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 std::optional<ItemType> itemTypeOf(std::string_view word) {
     constexpr std::size_t kLongest = 7;
     if (word.empty() || word.size() > kLongest)
         return std::nullopt;
+    if (word.size() == 2)
+        return numberTypeOf(upperLetter(word[0]), word[1]);
     const char first = upperLetter(word[0]);
     for (const Spelling& spelling : kSpellings)
         if (spelling.word[0] == first && isWord(word, spelling.word))

@@ -3,6 +3,7 @@
 #include "platform/number.h"
 #include "platform/text.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace zb::sml {
@@ -54,6 +55,12 @@ std::string allowedName(std::string_view name) {
 }
 
 // A description is one line, and has no colon, which would make a message of it.
+bool isAllowedDescription(std::string_view description) {
+    return std::none_of(description.begin(), description.end(),
+                        [](char c) { return c == ':' || static_cast<unsigned char>(c) < 0x20; }) &&
+           !description.starts_with(' ') && !description.ends_with(' ');
+}
+
 std::string allowedDescription(std::string_view description) {
     std::string allowed;
     for (std::size_t i = 0; i < description.size(); ++i) {
@@ -68,6 +75,8 @@ std::string allowedDescription(std::string_view description) {
 
 void describe(ReadMessage& read, Findings& findings) {
     std::string& description = read.message.description;
+    if (isAllowedDescription(description))
+        return;
     std::string allowed = allowedDescription(description);
     if (allowed.find('-') != std::string::npos && contains(description, ":"))
         findings.note(read.offset, "a description holds no colon; a dash stands in its place");

@@ -1,7 +1,5 @@
 #include "messages/sml/reader.h"
 
-#include <algorithm>
-
 namespace zb::sml {
 
 SmlLibrary Reader::read() {
@@ -11,15 +9,8 @@ SmlLibrary Reader::read() {
     SmlLibrary library;
     library.findings = findings_.take();
     library.messages.reserve(messages_.size());
-    std::size_t line = 1;
-    std::size_t at = 0;
-    for (ReadMessage& read : messages_) {
-        const std::string_view passed = scanner_.text().substr(at, read.offset - at);
-        line += static_cast<std::size_t>(std::count(passed.begin(), passed.end(), '\n'));
-        at = read.offset;
-        read.message.line = line;
+    for (ReadMessage& read : messages_)
         library.messages.push_back(std::move(read.message));
-    }
     return library;
 }
 

@@ -1,27 +1,47 @@
 #include "messages/sml/scanner.h"
 
 #include <algorithm>
+#include <array>
 
 namespace zb::sml {
 
-void Scanner::skip() {
-    comments_.clear();
-    passedLineEnd_ = false;
-    lineEnds_ = 0;
-    while (offset_ < text_.size()) {
-        const char c = text_[offset_];
-        if (c > '/' && c != '\\')
-            return; // what begins a comment, and white space, lies below
-        if (c == '\n') {
+namespace {
+
+constexpr auto kValueEnds = [] {
+    std::array<bool, 256> ends{};
+    for (std::size_t i = 0; i < ends.size(); ++i)
+        ends[i] = isSpace(static_cast<char>(i));
+    for (const char c : std::string_view("'\"<>[],*/=#"))
+        ends[static_cast<unsigned char>(c)] = true;
+    return ends;
+}();
+
+bool endsValue(char c) {
+    return kValueEnds[static_cast<unsigned char>(c)];
+}
+
+} // namespace
+
+void Scanner::skipAll() {
+    do {
+        offset_ = pastSpace(offset_);
+    } while (offset_ < text_.size() && passComment());
+}
+
+std::size_t Scanner::pastSpace(std::size_t offset) {
+    const char* at = text_.data() + offset;
+    const char* const end = text_.data() + text_.size();
+    for (; at != end; ++at) {
+        if (*at == ' ')
+            continue; // most of it is indentation
+        if (*at == '\n') {
             passedLineEnd_ = true;
             ++lineEnds_;
-            ++offset_;
-        } else if (isSpace(c)) {
-            ++offset_;
-        } else if (!passComment()) {
-            return;
+        } else if (!isSpace(*at)) {
+            break;
         }
     }
+    return static_cast<std::size_t>(at - text_.data());
 }
 
 bool Scanner::passComment() {
@@ -87,8 +107,7 @@ std::string_view Scanner::valueWord() {
     const std::size_t start = offset_;
     while (offset_ < text_.size()) {
         const char c = text_[offset_];
-        if (isSpace(c) || isQuote(c) || c == '<' || c == '>' || c == '[' || c == ']' || c == ',' ||
-            c == '*' || c == '/' || c == '=' || c == '#' || (offset_ > start && atEllipsis()))
+        if (endsValue(c) || ((c == '.' || (c & 0x80) != 0) && offset_ > start && atEllipsis()))
             break;
         ++offset_;
     }

@@ -40,7 +40,13 @@ public:
 
     // Passes white space and comments. What it found stands in `comments` and `passedLineEnd` until the next
     // call.
-    void skip();
+    void skip() {
+        comments_.clear();
+        passedLineEnd_ = false;
+        lineEnds_ = 0;
+        if (offset_ < text_.size() && mayBeSkipped(text_[offset_]))
+            skipAll();
+    }
     const std::vector<Comment>& comments() const { return comments_; }
     bool passedLineEnd() const { return passedLineEnd_; }
 
@@ -51,6 +57,10 @@ public:
     void passLine();
 
 private:
+    // White space, and what begins a comment, lie below the digits, all but one.
+    static bool mayBeSkipped(char c) { return c <= '/' || c == '\\'; }
+    void skipAll();
+    std::size_t pastSpace(std::size_t offset);
     bool passComment();
     void passCommentToLineEnd(std::size_t markLength);
     bool passBlockComment(std::string_view closer);

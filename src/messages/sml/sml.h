@@ -36,7 +36,6 @@ struct SmlMessage {
     std::string direction = "H<->E"; // or "H->E", "H<-E"
     // A line for each item, ended by CR LF: its level, which is 1 for a direct item, a blank, its item Text.
     std::string body;
-    std::size_t line = 0; // of the head
 
     bool operator==(const SmlMessage&) const = default;
 };

@@ -84,7 +84,42 @@ bool looksLikeInteger(std::string_view word) {
                                 std::string_view::npos;
 }
 
+// The number that digits alone make, as they make most; nothing for what takes a closer look.
+std::optional<std::uint64_t> plainNumber(std::string_view word) {
+    constexpr std::size_t kMostDigits = 18;
+    if (word.empty() || word.size() > kMostDigits || (word[0] == '0' && word.size() > 1))
+        return std::nullopt;
+    std::uint64_t number = 0;
+    for (const char c : word) {
+        if (!isDigit(c))
+            return std::nullopt;
+        number = number * 10 + static_cast<std::uint64_t>(c - '0');
+    }
+    return number;
+}
+
+// A sign, digits with at most one point: too short to be too large for either type.
+bool isPlainDecimal(std::string_view word) {
+    constexpr std::size_t kMostDigits = 30;
+    if (!word.empty() && word[0] == '-')
+        word.remove_prefix(1);
+    if (word.empty() || word.size() > kMostDigits || !isDigit(word[0]))
+        return false;
+    bool point = false;
+    for (const char c : word) {
+        if (!isDigit(c) && (c != '.' || point))
+            return false;
+        point = point || c == '.';
+    }
+    return true;
+}
+
 ValueFault appendWhole(std::string& words, ItemType type, std::string_view word) {
+    if (const std::optional<std::uint64_t> plain = plainNumber(word);
+        plain && *plain <= rangeOf(type).highest) {
+        words += word;
+        return ValueFault::none;
+    }
     const std::optional<Integer> integer = parseInteger(word);
     if (integer && inRange(*integer, type)) {
         appendInteger(words, *integer);
@@ -113,6 +148,10 @@ ValueFault appendBoolean(std::string& words, std::string_view word) {
 }
 
 ValueFault appendFloat(std::string& words, ItemType type, std::string_view word) {
+    if (isPlainDecimal(word)) {
+        words += word;
+        return ValueFault::none;
+    }
     if (!isNumeric(word)) {
         const std::optional<Integer> integer = parseInteger(word);
         if (!integer)

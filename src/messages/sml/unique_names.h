@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zb::sml {
+
+// The names that are taken within a message, whatever the case of their (ASCII) letters. Most items have a
+// name, so the set keeps its memory from message to message instead of asking for some at each name.
+class UniqueNames {
+public:
+    void clear();
+    // The name, or, when it is taken, the name with the next free number behind it. Holds until the next
+    // call.
+    std::string_view take(std::string_view wanted);
+
+private:
+    struct Entry {
+        std::uint32_t hash = 0;
+        std::size_t slot = 0;
+        std::size_t begin = 0, length = 0; // in `texts_`
+        std::size_t lastNumber = 1;
+    };
+    std::string_view textOf(const Entry& entry) const {
+        return std::string_view(texts_).substr(entry.begin, entry.length);
+    }
+    // The slot that holds the name, or the free one where it belongs.
+    std::size_t slotOf(std::string_view name, std::uint32_t hash) const;
+    std::string_view add(std::string_view name, std::uint32_t hash, std::size_t slot);
+    void grow();
+
+    std::vector<Entry> entries_;
+    std::vector<std::uint32_t> slots_ = std::vector<std::uint32_t>(64); // the entry's index + 1; 0 when free
+    std::string texts_;
+};
+
+} // namespace zb::sml
