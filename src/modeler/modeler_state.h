@@ -11,6 +11,13 @@ namespace zb {
 struct ModelerState : ModuleState {
     using ModuleState::ModuleState;
 
+    /// Changes the type of the open project, whose model takes part in it.
+    void takeProjectType(int type) {
+        ProjectType = type;
+        if (TRModelStore)
+            TRModelStore->setProjectType(type);
+    }
+
     /// Null until a project has been created or opened; replaced by the next one.
     std::unique_ptr<zb::TRModelStore> TRModelStore;
 };

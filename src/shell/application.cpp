@@ -78,6 +78,7 @@ void Application::exit() {
     }
     frmMain.hide();
     SECSMessageStore = std::make_unique<zb::SECSMessageStore>();
+    TRModelStore.reset();
 }
 
 void Application::commandNew(Window& /*over*/) {

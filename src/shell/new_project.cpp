@@ -15,7 +15,7 @@ bool ProjectLifecycle::newProject() {
             break;
         app_.ProjectName = dialog.ProjectName;
         app_.ProjectPath = dialog.ProjectPath;
-        app_.ProjectType = dialog.ProjectType;
+        app_.takeProjectType(dialog.ProjectType);
         app_.frmMain.updateProjectPanels();
         if (!makeProjectFolders(app_))
             continue;
@@ -25,7 +25,7 @@ bool ProjectLifecycle::newProject() {
     }
     app_.ProjectName.clear();
     app_.ProjectPath.clear();
-    app_.ProjectType = 1;
+    app_.takeProjectType(1);
     app_.frmMain.updateProjectPanels();
     return false;
 }

@@ -15,7 +15,7 @@ void ProjectLifecycle::saveProjectAs() {
         app_.ProjectPath = dialog.ProjectPath;
         if (dialog.ProjectType != app_.ProjectType)
             app_.frmTRModeler.clearAllTRMsgDef();
-        app_.ProjectType = dialog.ProjectType;
+        app_.takeProjectType(dialog.ProjectType);
         done = makeProjectFolders(app_);
         app_.frmMain.updateProjectPanels();
     }
