@@ -32,6 +32,10 @@ std::string directionText(int direction) {
     return direction == kToHost ? "ToHost" : "ToEquip";
 }
 
+std::string streamFunction(const SECSMessageRecord& message) {
+    return "S" + message.getStreamText() + "F" + message.getFunctionText();
+}
+
 bool isHead(const ListRow& row) {
     return row.image() == "SeqName";
 }
@@ -68,7 +72,9 @@ private:
     void checkMessage(const TRMessageRecord& record) {
         at(record.Name(), {});
         checkName(record.Name());
-        checkSECSMessage(record.SECSMessage());
+        const SECSMessageRecord* secsMessage = checkSECSMessage(record.SECSMessage());
+        if (secsMessage != nullptr && record.DataBlock())
+            checkDataBlock(*record.DataBlock(), *secsMessage);
         if (record.Direction() != kToHost && record.Direction() != kToEquip)
             tell("This TR message goes to neither side, so that the TMD file leaves it out");
         if (record.Direction() != received_)
@@ -92,17 +98,30 @@ private:
     }
 
     /// Takes its items for what is checked next.
-    void checkSECSMessage(const std::string& name) {
+    const SECSMessageRecord* checkSECSMessage(const std::string& name) {
         items_.reset();
         const SECSMessageRecord* found = state_.SECSMessageStore->getByName(name);
-        if (isBlank(name) || name == "NONE")
-            return tell("SECSMessage was not selected!");
-        if (found == nullptr)
-            return tell("Select a valid SECSMessage! There is no " + quoted(name));
-        checkName(name);
-        items_.emplace();
-        for (const SECSItemRecord& item : found->getItems())
-            items_->insert(item.getName());
+        if (isBlank(name) || name == "NONE") {
+            tell("SECSMessage was not selected!");
+        } else if (found == nullptr) {
+            tell("Select a valid SECSMessage! There is no " + quoted(name));
+        } else {
+            checkName(name);
+            items_.emplace();
+            for (const SECSItemRecord& item : found->getItems())
+                items_->insert(item.getName());
+        }
+        return found;
+    }
+
+    /// It is a copy, which no change of the definition reaches.
+    void checkDataBlock(const SECSMessageRecord& block, const SECSMessageRecord& definition) {
+        for (const SECSItemRecord& item : block.getItems())
+            checkDataItem(item.getName());
+        if (block.getStream() != definition.getStream() || block.getFunction() != definition.getFunction())
+            tell("The data block is " + streamFunction(block) + ", and the SECS message " +
+                     streamFunction(definition) + " now",
+                 Severity::Warning);
     }
 
     void checkDefault(const TRMessageRecord& record) {
@@ -117,8 +136,7 @@ private:
     void checkItem(const TRItemRecord& item) {
         checkName(item.Name());
         checkText(item.Value() + item.ABSValue());
-        if (const std::string name = nameOf(item.Value()); !name.empty())
-            checkDataItem(name);
+        checkDataItem(nameOf(item.Value()));
         if (!item.ConditionNode())
             return;
         for (const std::string& condition : conditionsOf(*item.ConditionNode()))
@@ -133,7 +151,7 @@ private:
 
     /// Each that is missing is told once a place.
     void checkDataItem(const std::string& name) {
-        if (items_ && !items_->contains(name) && told_.insert(name).second)
+        if (items_ && !name.empty() && !items_->contains(name) && told_.insert(name).second)
             tell("The SECS message has no data item " + quoted(name));
     }
 

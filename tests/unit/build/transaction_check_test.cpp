@@ -104,6 +104,19 @@ TEST_F(TransactionCheck, FindsWhatATmdFileCannotHold) {
                       }));
 }
 
+TEST_F(TransactionCheck, FindsDataBlocksThatTheDefinitionHasLeftBehind) {
+    SECSMessageRecord block;
+    ASSERT_EQ(
+        block.parseSmd("Hello: S1 F5 H->E\r\n    L 2\r\n        A 6 MDLN 'X'\r\n        U4 1 OLD 1.\r\n",
+                       kFormatSmd),
+        "");
+    desk_.add("A", kToHost, "Hello").setDataBlock(block);
+    EXPECT_EQ(find(), (Words{
+                          "A: The SECS message has no data item \"OLD\"",
+                          "A: warning: The data block is S1F5, and the SECS message S1F1 now",
+                      }));
+}
+
 TEST_F(TransactionCheck, PassesAProjectWithoutAModel) {
     desk_.app().TRModelStore.reset();
     EXPECT_EQ(find(), Words{});
