@@ -54,6 +54,15 @@ QColor readable(QColor text, const QColor& background) {
     return text;
 }
 
+QColor restingHighlight(const QPalette& palette) {
+    constexpr float kShare = 0.35F;
+    const QColor highlight = palette.color(QPalette::Highlight);
+    const QColor base = palette.color(QPalette::Base);
+    const auto mix = [](float left, float right) { return kShare * left + (1 - kShare) * right; };
+    return QColor::fromRgbF(mix(highlight.redF(), base.redF()), mix(highlight.greenF(), base.greenF()),
+                            mix(highlight.blueF(), base.blueF()));
+}
+
 QColor readable(const Color& text) {
     return readable(toQt(text), QGuiApplication::palette().color(QPalette::Base));
 }

@@ -4,6 +4,8 @@
 
 #include <QColor>
 
+class QPalette;
+
 namespace zb {
 
 inline QColor toQt(const Color& color) {
@@ -20,5 +22,9 @@ bool isOrdinary(const OptionalColor& text);
 /// the palette's fields, or on the one given.
 QColor readable(const Color& text);
 QColor readable(QColor text, const QColor& background);
+
+/// The background of what is selected in a list or tree that the keyboard is not in: of several panes the one
+/// that gets the keys stands out.
+QColor restingHighlight(const QPalette& palette);
 
 } // namespace zb

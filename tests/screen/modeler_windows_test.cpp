@@ -158,6 +158,21 @@ TEST_F(ArrayDialog, TheEditingKeyOpensTheCellOfTheSelectedRow) {
     EXPECT_TRUE(line().isVisible());
 }
 
+TEST_F(ArrayDialog, KeysFillOneCellAfterTheOther) {
+    QTest::keyClick(&view(), Qt::Key_4, Qt::NoModifier);
+    QTest::keyClick(&line(), Qt::Key_2, Qt::NoModifier);
+    QTest::keyClick(&line(), Qt::Key_Return);
+    QTest::keyClick(&line(), Qt::Key_7, Qt::NoModifier);
+    QTest::keyClick(&line(), Qt::Key_Down);
+    QTest::keyClick(&line(), Qt::Key_Down);
+    std::vector<std::string> values;
+    for (const ListRow* row : dialog.lvwArray.shown())
+        values.push_back(row->cell(1));
+    EXPECT_THAT(values, ::testing::ElementsAre("42", "7", ""));
+    EXPECT_TRUE(dialog.cmdOK.focused());
+    EXPECT_TRUE(line().isHidden());
+}
+
 TEST_F(ModelerWindows, ATargetIsFramedWhileADragHangsOverIt) {
     frmTRItem& dialog = program.application.frmTRItem;
     dialog.show();

@@ -182,8 +182,8 @@ bool ItemBinder::mouseByKey(const QKeyEvent& event) {
         openPopupByKey();
         return true;
     }
-    if (event.key() == Qt::Key_F2 && isMember(target)) {
-        hands().click(target);
+    if (event.key() == Qt::Key_F2) {
+        hands().click(isMember(target) ? target : targetAt({1, 1}));
         return true;
     }
     const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;

@@ -1,5 +1,6 @@
 #include "desktop/binders/list_binder.h"
 
+#include "desktop/colors.h"
 #include "desktop/layout_memory.h"
 #include "desktop/models/list_model.h"
 #include "desktop/qt_text.h"
@@ -10,6 +11,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 
 #include <algorithm>
@@ -17,10 +19,31 @@
 
 namespace zb {
 
+namespace {
+
+/// Shows the selection paler while the keyboard is elsewhere.
+class RowPainter final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->widget == nullptr || option->widget->hasFocus())
+            return;
+        const QColor text = option->palette.color(QPalette::Text);
+        option->palette.setColor(QPalette::Highlight, restingHighlight(option->widget->palette()));
+        option->palette.setColor(QPalette::HighlightedText, text);
+    }
+};
+
+} // namespace
+
 ListBinder::ListBinder(List& list, QTreeView& view, Binding& binding)
     : ItemBinder(list, view, binding), list_(list), view_(view),
       model_(new ListModel(list, binding.pictures, this)) {
     view_.setModel(model_);
+    view_.setItemDelegate(new RowPainter(&view_));
     view_.setRootIsDecorated(false);
     view_.setUniformRowHeights(true);
     view_.setAllColumnsShowFocus(true);

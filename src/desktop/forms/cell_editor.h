@@ -2,21 +2,27 @@
 
 #include <QObject>
 
+class QKeyEvent;
 class QLineEdit;
 class QTreeView;
 
 namespace zb {
 
+class ListRow;
 class frmArrayInfo;
 
 /// Keeps the field of the array dialog over the cell that it edits, while the list scrolls and its columns
-/// move.
+/// move. Keys do what the mouse does: characters that are typed in the list begin a cell, and
+/// Enter and the arrows go from cell to cell.
 class CellEditor final : public QObject {
 public:
     CellEditor(frmArrayInfo& dialog, QWidget& form);
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool viewKey(QKeyEvent& event);
+    bool lineKey(const QKeyEvent& event);
+    void edit(ListRow& row);
     void follow();
 
     frmArrayInfo& dialog_;

@@ -1,3 +1,4 @@
+#include "desktop/colors.h"
 #include "desktop/models/node_tree_view.h"
 #include "desktop/qt_text.h"
 #include "platform/stores/tree.h"
@@ -117,9 +118,10 @@ void NodeTreeView::paintText(QPainter& painter, const Node& node, const QRect& r
         painter.fillRect(place, back);
     if (selected) {
         // The error mark stays in sight around a selected node.
-        painter.fillRect(node.backColor() ? place.adjusted(2, 2, -2, -2) : place,
-                         palette().brush(group, QPalette::Highlight));
-        color = palette().color(group, QPalette::HighlightedText);
+        const QRect inner = node.backColor() ? place.adjusted(2, 2, -2, -2) : place;
+        painter.fillRect(inner,
+                         hasFocus() ? palette().color(QPalette::Highlight) : restingHighlight(palette()));
+        color = palette().color(group, hasFocus() ? QPalette::HighlightedText : QPalette::Text);
     }
     painter.setPen(color);
     painter.drawText(place.adjusted(kTextPadding, 0, 0, 0),
