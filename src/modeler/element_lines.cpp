@@ -41,8 +41,8 @@ void takeContent(std::string_view rest, XmlElement& element) {
         const std::string value = factText(takeQuoted(rest));
         if (before.empty())
             element.setText(value);
-        else if (before.back() == '=')
-            setElementAttribute(element, factText(before.substr(0, before.size() - 1)), value);
+        else if (const std::string name = factText(before.substr(0, before.find('='))); isXmlName(name))
+            setElementAttribute(element, name, value);
     }
 }
 

@@ -123,7 +123,7 @@ std::string ModelMaker::anyText() {
 
 XmlElement ModelMaker::anyElement(std::string name, int depth) {
     XmlElement element(std::move(name));
-    for (const char* attribute : {"Type", "Condition", "A = \"1\" \xFF", ""}) {
+    for (const char* attribute : {"Type", "Condition", "\uC870\uAC74\uFEFF", "_.-1"}) {
         if (oneIn(2))
             setElementAttribute(element, attribute, anyText());
     }

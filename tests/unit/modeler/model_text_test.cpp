@@ -293,7 +293,7 @@ TEST(DamagedModelText, ASecondMessageOfANameFillsTheFirst) {
 TEST(DamagedModelText, ElementsWithoutTheirParentsHangFromTheDeepestThatIsThere) {
     TRModelStore model;
     model.loadModelText(modelOf("  TRItem I\r\n    Element 2 Statement Type=\"IF\"\r\n"
-                                "    Element 7 Statement \"x\" Type=\"unclosed \\\"\r\n"
+                                "    Element 7 Statement 1=\"2\" \"x\" =\"3\" y Type=\"unclosed \\\"\r\n"
                                 "    Element 2 1bad\r\n    Element x Statement\r\n    Element\r\n"));
     const auto& node = model.TRMessages().front()->TRItems().front()->ConditionNode();
     ASSERT_TRUE(node);
