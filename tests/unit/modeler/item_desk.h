@@ -1,40 +1,19 @@
 #pragma once
 
 #include "modeler/frm_tr_item.h"
-#include "modeler/model_views.h"
 #include "modeler/modeler_state.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
 #include "platform/stores/desktop.h"
 #include "platform/stores/user_hands.h"
 #include "support/silent_screen.h"
+#include "unit/modeler/noted_views.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace zb::test {
-
-/// Notes what the dialogs tell the modeler window.
-class NotedViews final : public ModelViews {
-public:
-    void displayAddedTRMessage(std::string_view name) override { note("added", name); }
-    void displayUpdatedTRMessage(std::string_view name) override { note("updated", name); }
-    void displayAddedTRItem(std::string_view message, std::string_view item) override {
-        note("added", std::string(message) + "/" + std::string(item));
-    }
-    void displayUpdatedTRItem(std::string_view message, std::string_view item) override {
-        note("updated", std::string(message) + "/" + std::string(item));
-    }
-
-    std::vector<std::string> notes;
-
-private:
-    void note(std::string_view what, std::string_view of) {
-        notes.push_back(std::string(what) + " " + std::string(of));
-    }
-};
 
 /// The dialog for TR items over a model with the message `Tell`, and `Mute` without a SECS message.
 struct ItemDesk {

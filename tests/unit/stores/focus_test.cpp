@@ -214,5 +214,24 @@ TEST(Keys, AreReadFromShortcuts) {
         EXPECT_EQ(keyOfShortcut(other), std::nullopt) << other;
 }
 
+TEST(WindowThatHidesItselfWhenItIsLeft, LosesTheFocusOnce) {
+    ModalScreen screen;
+    Desktop desktop(screen);
+    std::string log;
+    TwoFields below(desktop, "frmBelow", log);
+    TwoFields passing(desktop, "frmPassing", log);
+    TwoFields wanted(desktop, "frmWanted", log);
+    wanted.show();
+    below.show();
+    passing.show();
+    passing.onDeactivate = [&] { passing.hide(); };
+    log.clear();
+    UserHands hands(desktop);
+    EXPECT_EQ(hands.activate(wanted), "");
+    EXPECT_EQ(log, "-frmPassing.first +frmWanted.first ");
+    EXPECT_FALSE(passing.visible());
+    EXPECT_EQ(desktop.activeWindow(), &wanted);
+}
+
 } // namespace
 } // namespace zb
