@@ -39,7 +39,11 @@ TmdChecks::TmdChecks(ModelerState& state, ModelerControls& window, std::function
     : state_(state), window_(window), showModeler_(std::move(showModeler)) {}
 
 bool TmdChecks::checkTRMessages() {
-    if (!checkSECSMessageMissing() || !checkSECSMessageUnselected() || !checkDefaults())
+    if (checkSECSMessageMissing())
+        return refuse("Select a valid SECSMessage!");
+    if (checkSECSMessageUnselected())
+        return refuse("SECSMessage was not selected!");
+    if (!checkDefaults())
         return false;
     DefaultTRMessages.clear();
     return true;
@@ -51,7 +55,7 @@ bool TmdChecks::checkSECSMessageMissing() {
         if (state_.SECSMessageStore->getByName(record->SECSMessage()) == nullptr)
             faulty.push_back(record.get());
     }
-    return refuse(faulty, "Select a valid SECSMessage!");
+    return markAll(faulty);
 }
 
 bool TmdChecks::checkSECSMessageUnselected() {
@@ -60,7 +64,7 @@ bool TmdChecks::checkSECSMessageUnselected() {
         if (isBlank(record->SECSMessage()) || record->SECSMessage() == kNone)
             faulty.push_back(record.get());
     }
-    return refuse(faulty, "SECSMessage was not selected!");
+    return markAll(faulty);
 }
 
 bool TmdChecks::checkDefaults() {
@@ -78,7 +82,7 @@ bool TmdChecks::checkDefaults() {
         const std::string name = record->Name();
         const std::string registered = DefaultTRMessages.at(key);
         showModeler_();
-        showFault("Default TRMessage was duplicated!");
+        refuse("Default TRMessage was duplicated!");
         markReceived(name);
         markReceived(registered);
         return false;
@@ -92,14 +96,13 @@ bool TmdChecks::isDefaultRegistered(std::string_view secsMessage) const {
 }
 
 // The marks come behind the change to the window, so that they are on what it shows.
-bool TmdChecks::refuse(const Records& faulty, std::string_view text) {
+bool TmdChecks::markAll(const Records& faulty) {
     if (faulty.empty())
-        return true;
+        return false;
     showModeler_();
     for (const TRMessageRecord* record : faulty)
         mark(*record);
-    showFault(text);
-    return false;
+    return true;
 }
 
 void TmdChecks::mark(const TRMessageRecord& record) {
@@ -128,13 +131,12 @@ bool TmdChecks::checkSequences() {
         rows[at]->setForeColor(kErrorForeColor);
         complete = false;
     }
-    if (!complete)
-        showFault("Not defined SequenceItem!");
-    return complete;
+    return complete || refuse("Not defined SequenceItem!");
 }
 
-void TmdChecks::showFault(std::string_view text) {
+bool TmdChecks::refuse(std::string_view text) {
     state_.desktop.showBox(std::string(text), BoxIcon::Critical);
+    return false;
 }
 
 int TmdChecks::receivedDirection() const {

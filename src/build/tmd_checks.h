@@ -26,18 +26,21 @@ public:
     /// Whether each sequence has a row.
     bool checkSequences();
 
+    /// Whether a TR message has an unknown SECS message; each that has is marked.
+    bool checkSECSMessageMissing();
+    /// Whether a TR message has no SECS message, or one of the name that stands for none; each is marked.
+    bool checkSECSMessageUnselected();
+    /// Whether a default of the SECS message has been met already.
+    bool isDefaultRegistered(std::string_view secsMessage) const;
+
 private:
     using Records = std::vector<const TRMessageRecord*>;
 
-    bool checkSECSMessageMissing();
-    bool checkSECSMessageUnselected();
     bool checkDefaults();
-    /// Whether a default of the SECS message has been met already.
-    bool isDefaultRegistered(std::string_view secsMessage) const;
-    bool refuse(const Records& faulty, std::string_view text);
+    bool markAll(const Records& faulty);
     void mark(const TRMessageRecord& record);
     void markReceived(std::string_view text);
-    void showFault(std::string_view text);
+    bool refuse(std::string_view text);
     int receivedDirection() const;
 
     ModelerState& state_;

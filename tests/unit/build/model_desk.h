@@ -15,7 +15,9 @@ namespace zb::test {
 // A program with a model of a test's own.
 class ModelDesk {
 public:
-    explicit ModelDesk(int projectType = 2) : program_(files_) {
+    explicit ModelDesk(int projectType = 2,
+                       std::unique_ptr<FileLayer> files = std::make_unique<SystemFileLayer>())
+        : files_(std::move(files)), program_(*files_) {
         app().ProjectType = projectType;
         app().TRModelStore = std::make_unique<TRModelStore>();
         app().TRModelStore->setProjectType(projectType);
@@ -69,7 +71,7 @@ public:
     }
 
 private:
-    SystemFileLayer files_;
+    std::unique_ptr<FileLayer> files_;
     Program program_;
 };
 

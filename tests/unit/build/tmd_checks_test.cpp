@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 
 namespace zb {
@@ -160,6 +161,16 @@ TEST_P(TmdChecksTest, MarkEveryReceivedNodeThatReadsLikeADuplicate) {
     EXPECT_EQ(item->foreColor(), kErrorForeColor);
 }
 
+TEST_P(TmdChecksTest, AnswerOneByOne) {
+    desk_.add("A", received(), "NONE");
+    show(window().tvwRcvTRMsg, "Receive TRMessages", received());
+    TmdChecks all = checks();
+    EXPECT_FALSE(all.checkSECSMessageMissing());
+    EXPECT_TRUE(all.checkSECSMessageUnselected());
+    EXPECT_FALSE(all.isDefaultRegistered("NONE"));
+    EXPECT_TRUE(desk_.screen().boxes.empty());
+}
+
 TEST_P(TmdChecksTest, LetSentMessagesShareASECSMessage) {
     desk_.add("A", sent(), "Hello");
     desk_.add("B", sent(), "Hello");
@@ -251,6 +262,26 @@ TEST_F(BuildTmd, LeavesTheFileEmptyWhenACheckFails) {
     EXPECT_FALSE(app().builds.buildTmd());
     EXPECT_EQ(test::readFile(path_), "");
     EXPECT_TRUE(app().builds.endedAtCheck());
+}
+
+// Deletes nothing.
+class Unremovable final : public SystemFileLayer {
+public:
+    Result<void> remove(const fs::path& /*path*/) override { return systemError(EPERM); }
+};
+
+TEST_F(BuildTmd, SaysNothingOfAFileThatCannotBeDeleted) {
+    ModelDesk desk(2, std::make_unique<Unremovable>());
+    desk.app().ProjectName = "Line";
+    desk.app().ProjectPath = folder_.path().string();
+    desk.app().SECSMessageStore->addMessageText("Hello: S1 F1 H->E.\r\n");
+    desk.add("A", kToEquip, "Hello");
+    EXPECT_TRUE(desk.app().builds.buildTmd());
+    EXPECT_TRUE(desk.screen().boxes.empty());
+    EXPECT_FALSE(desk.app().builds.tmdContent());
+    ASSERT_TRUE(desk.app().builds.fileError());
+    EXPECT_EQ(desk.app().builds.fileError()->number, EPERM);
+    EXPECT_EQ(test::readFile(path_), "");
 }
 
 TEST_F(BuildTmd, TellsWhenTheFileCannotBeWritten) {
