@@ -18,8 +18,6 @@ bool frmTRMessage::refuse(std::string text) {
 }
 
 void frmTRMessage::command() {
-    if (state_.TRModelStore == nullptr)
-        return;
     const std::string name = trim(txtTRName.text());
     const std::string message = trim(cmbSECSMessage.text());
     if (name.empty()) {
@@ -30,6 +28,9 @@ void frmTRMessage::command() {
         refuse("Select SECS Messge!");
         return;
     }
+    // Before the first project there is no model to write to.
+    if (state_.TRModelStore == nullptr)
+        return;
     if (isConditionDuplicated(name, message, trim(txtResultCondition.text()))) {
         refuse("Condition was duplicated!");
         return;
