@@ -1,71 +1,23 @@
 // Pictures of the windows at work: zeltobench-screenshots PROJECT.zbp FOLDER light|dark SUFFIX. The scale
 // comes from the environment (QT_SCALE_FACTOR), the platform from the make target.
+#include "screen/pictures/modeler_pictures.h"
+#include "screen/pictures/photographer.h"
 #include "screen/support/palettes.h"
 #include "screen/support/program_on_screen.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QDir>
-#include <QFileInfo>
 #include <QFileSystemModel>
-#include <QHash>
 #include <QMainWindow>
 #include <QTreeView>
 
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
 namespace {
 
+using zb::test::Photographer;
 using zb::test::ProgramOnScreen;
-
-constexpr int kColours = 48;
-
-// The colours that cover most of a picture: text is smoothed over few shades of few colours.
-QList<QRgb> mainColours(const QImage& picture) {
-    QHash<QRgb, int> counts;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x)
-            ++counts[picture.pixel(x, y)];
-    }
-    QList<QRgb> colours = counts.keys();
-    std::sort(colours.begin(), colours.end(),
-              [&](QRgb left, QRgb right) { return counts[left] > counts[right]; });
-    return colours.mid(0, kColours);
-}
-
-class Photographer {
-public:
-    Photographer(ProgramOnScreen& program, QString folder, QString suffix)
-        : program_(program), folder_(std::move(folder)), suffix_(std::move(suffix)) {}
-
-    void take(QWidget& widget, const QString& name) {
-        program_.settle();
-        // Few colours and no alpha keep the files small.
-        const QImage picture = widget.grab().toImage().convertToFormat(QImage::Format_RGB888);
-        const QImage small = picture.convertToFormat(QImage::Format_Indexed8, mainColours(picture),
-                                                     Qt::AvoidDither | Qt::ThresholdDither);
-        const QString path =
-            QDir(folder_).filePath(name + QLatin1Char('-') + suffix_ + QStringLiteral(".png"));
-        failed_ = !small.save(path, "PNG", 0) || failed_;
-        std::printf("%s\t%lld bytes\n", qPrintable(path), static_cast<long long>(QFileInfo(path).size()));
-    }
-
-    void takeDialog(zb::Window& window, const QString& name) {
-        window.show();
-        take(program_.form(window), name);
-        window.hide();
-    }
-
-    bool failed() const { return failed_; }
-
-private:
-    ProgramOnScreen& program_;
-    QString folder_;
-    QString suffix_;
-    bool failed_ = false;
-};
 
 void selectSomething(zb::Application& application) {
     zb::NodeTree& tree = application.frmSECSEditor.liveTree();
@@ -174,5 +126,6 @@ int main(int argc, char* argv[]) {
     program.application.start(argv[1]);
     Photographer camera(program, folder, suffix);
     photograph(program, camera);
+    zb::test::photographModeler(program, camera);
     return startTaken && !camera.failed() ? 0 : 1;
 }

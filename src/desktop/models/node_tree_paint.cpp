@@ -121,7 +121,8 @@ void NodeTreeView::paintText(QPainter& painter, const Node& node, const QRect& r
         const QRect inner = node.backColor() ? place.adjusted(2, 2, -2, -2) : place;
         painter.fillRect(inner,
                          hasFocus() ? palette().color(QPalette::Highlight) : restingHighlight(palette()));
-        color = palette().color(group, hasFocus() ? QPalette::HighlightedText : QPalette::Text);
+        color = hasFocus() ? palette().color(group, QPalette::HighlightedText)
+                           : readable(color, restingHighlight(palette()));
     }
     painter.setPen(color);
     painter.drawText(place.adjusted(kTextPadding, 0, 0, 0),
