@@ -55,27 +55,6 @@ void photographNewProject(ProgramOnScreen& program, Photographer& camera) {
     dialog.hide();
 }
 
-// The dialogs of the modeler, as the pop-up of the tree opens them.
-void photographModeler(ProgramOnScreen& program, Photographer& camera) {
-    zb::Application& application = program.application;
-    zb::frmTRModeler& modeler = application.frmTRModeler;
-    zb::UserHands hands(application.desktop);
-    const auto open = [&](const char* key, zb::MenuEntry& entry) {
-        zb::Target target = zb::Target::whole(modeler.tvwRcvTRMsg);
-        target.node = modeler.tvwRcvTRMsg.nodes().find(key);
-        hands.rightClick(target);
-        hands.click(zb::Target::whole(entry));
-    };
-    application.showModeler();
-    camera.take(*program.screen.mainWindow(), QStringLiteral("modeler"));
-    open("LimitPressure", modeler.mnuUpdateRcvTRMsg);
-    camera.take(program.form(application.frmTRMessage), QStringLiteral("tr-message"));
-    application.frmTRMessage.hide();
-    open("WatchEvents_MODE", modeler.mnuUpdateTRItem);
-    camera.take(program.form(application.frmTRItem), QStringLiteral("tr-item"));
-    application.frmTRItem.hide();
-}
-
 void photograph(ProgramOnScreen& program, Photographer& camera) {
     zb::Application& application = program.application;
     QMainWindow& main = *program.screen.mainWindow();
@@ -94,7 +73,6 @@ void photograph(ProgramOnScreen& program, Photographer& camera) {
     application.frmResult.addErrorMsg("Generated 42 classes for " + application.ProjectName);
     camera.takeDialog(application.frmResult, QStringLiteral("result"));
     camera.takeDialog(application.frmAbout, QStringLiteral("about"));
-    photographModeler(program, camera);
 }
 
 bool photographStart(const QString& folder, const QString& suffix) {

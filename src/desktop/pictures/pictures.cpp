@@ -9,10 +9,6 @@
 #include <QPalette>
 #include <QSvgRenderer>
 
-#include <algorithm>
-#include <array>
-#include <utility>
-
 // Resources of a static library have to be asked for, outside of any namespace.
 static void loadPictures() {
     Q_INIT_RESOURCE(pictures);
@@ -22,21 +18,8 @@ namespace zb {
 
 namespace {
 
-// The Keys of operators are no names for files.
-std::string_view fileNameOf(std::string_view name) {
-    constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kOperators{{
-        {"==", "Equal_Unpressed"},
-        {"!=", "NotEqual_Unpressed"},
-        {"and", "and_Unpressed"},
-        {"or", "or_Unpressed"},
-    }};
-    const auto* found = std::find_if(kOperators.begin(), kOperators.end(),
-                                     [&](const auto& entry) { return entry.first == name; });
-    return found == kOperators.end() ? name : found->second;
-}
-
 QString pathOf(std::string_view name) {
-    return QStringLiteral(":/pictures/") + toQt(fileNameOf(name)).toLower() + QStringLiteral(".svg");
+    return QStringLiteral(":/pictures/") + toQt(name).toLower() + QStringLiteral(".svg");
 }
 
 QPalette::ColorGroup groupOf(QIcon::Mode mode) {
