@@ -47,11 +47,4 @@ void loadSequenceTable(std::string_view projectText, List& list) {
         addRow(list, line);
 }
 
-bool parseSequenceLine(List& list, std::string_view line) {
-    const SequenceLine row = SequenceLine::parse(line);
-    if (row.fieldCount > 1)
-        addRow(list, row);
-    return row.whole();
-}
-
 } // namespace zb

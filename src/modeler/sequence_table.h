@@ -17,7 +17,4 @@ void saveSequenceTable(std::string& projectText, const List& list);
 /// than four fields ends the reading and leaves what it has of a row.
 void loadSequenceTable(std::string_view projectText, List& list);
 
-/// Adds one row. False when the line has fewer than four fields; the row is there as far as it got.
-bool parseSequenceLine(List& list, std::string_view line);
-
 } // namespace zb
