@@ -36,6 +36,7 @@ void frmAddSequence::requestSequenceName(const List& listItems) {
     SequenceName.clear();
     sequences_ = &listItems;
     txtSequence.setText("");
+    txtSequence.setLocked(false); // the last key of the time before may have locked it
     setFirstFocus(txtSequence);
     showModal();
 }
@@ -54,8 +55,9 @@ void frmAddSequence::add() {
     const std::string name = txtSequence.text();
     if (const std::string fault = whyNot(name); !fault.empty()) {
         desktop().showBox(fault, BoxIcon::Information);
-        txtSequence.selectAll();
+        // The focus puts the caret at the end, so it comes before the selection.
         txtSequence.setFocus();
+        txtSequence.selectAll();
         return;
     }
     SequenceName = trim(name);
