@@ -40,8 +40,10 @@ std::string checkBody(std::string_view body) {
     SmdItemText item;
     SECSItemRecord record;
     while (reader.next(item)) {
+        std::string status = record.parseText(item.text);
         // X and J have an old form without apostrophes, in which the values of J are still set.
-        const std::string status = record.parseText(normalizeItemText(item.text));
+        if (!status.empty())
+            status = record.parseText(normalizeItemText(item.text));
         if (!status.empty())
             return status + ": " + item.text;
     }

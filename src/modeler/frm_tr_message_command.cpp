@@ -59,6 +59,8 @@ bool frmTRMessage::isConditionDuplicated(std::string_view name, std::string_view
 
 void frmTRMessage::refuseName(std::string text) {
     refuse(std::move(text));
+    // An update that turned into an add has the name locked.
+    txtTRName.setEnabled(true);
     txtTRName.setFocus();
     txtTRName.selectAll();
 }
