@@ -72,6 +72,7 @@ public:
     /// The system's error number, 0 for none.
     int start(pid_t& process, std::vector<std::string> arguments) const {
         std::vector<char*> words;
+        words.reserve(arguments.size() + 1);
         for (std::string& argument : arguments)
             words.push_back(argument.data());
         words.push_back(nullptr);
@@ -81,6 +82,42 @@ public:
 private:
     posix_spawn_file_actions_t actions_{};
     posix_spawnattr_t attributes_{};
+};
+
+/// Holds back the signals that ask this process to end, so that the program which it runs, in a group of its
+/// own and out of the terminal's reach, is ended first. They take effect when this goes.
+class HeldSignals {
+public:
+    HeldSignals() {
+        ::sigemptyset(&signals_);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
+            struct sigaction action {};
+            // One that is ignored, as in a run that outlasts its terminal, stays so.
+            if (::sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN)
+                ::sigaddset(&signals_, signal);
+        }
+        ::pthread_sigmask(SIG_BLOCK, &signals_, &before_);
+    }
+    ~HeldSignals() {
+        ::pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+        if (taken_ > 0)
+            ::raise(taken_);
+    }
+    HeldSignals(const HeldSignals&) = delete;
+    HeldSignals& operator=(const HeldSignals&) = delete;
+
+    /// Whether one has come.
+    bool hasCome() {
+        constexpr timespec kNow{0, 0};
+        if (taken_ <= 0)
+            taken_ = ::sigtimedwait(&signals_, nullptr, &kNow);
+        return taken_ > 0;
+    }
+
+private:
+    sigset_t signals_{};
+    sigset_t before_{};
+    int taken_ = 0;
 };
 
 /// One run of a program, from its start to the moment when it is known how it ended.
@@ -104,7 +141,8 @@ public:
     void waitForEnd(const std::function<void()>& keepAlive) {
         const auto last = Clock::now() + limits_.time;
         while (!hasEnded()) {
-            if (Clock::now() >= last) {
+            timedOut_ = Clock::now() >= last;
+            if (timedOut_ || signals_.hasCome()) {
                 endGroup(keepAlive);
                 break;
             }
@@ -161,7 +199,6 @@ private:
     }
 
     void endGroup(const std::function<void()>& keepAlive) {
-        timedOut_ = true;
         ::kill(-process_, SIGTERM);
         const auto last = Clock::now() + limits_.farewell;
         while (!hasEnded() && Clock::now() < last)
@@ -182,6 +219,7 @@ private:
 
     const ProcessLimits& limits_;
     ProcessOutcome& outcome_;
+    HeldSignals signals_;
     Descriptor output_;
     pid_t process_ = -1;
     bool timedOut_ = false;

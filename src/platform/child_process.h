@@ -32,7 +32,8 @@ struct ProcessOutcome {
 /// Runs a program, given by a path or by a name to be looked for on the PATH, with its arguments: no shell
 /// is between. It reads nothing: its standard input is empty. It stands in a process group of its own. The
 /// call returns when the program itself has ended, whatever children of it go on; `keepAlive` is called many
-/// times a second until then.
+/// times a second until then. A signal that asks this process to end, as Ctrl+C at a terminal, ends the
+/// program first.
 ProcessOutcome runProcess(const std::vector<std::string>& arguments, const ProcessLimits& limits,
                           const std::function<void()>& keepAlive);
 

@@ -69,7 +69,7 @@ std::string xmlDocument(const XmlElement& root) {
     demandXmlText(root);
     pugi::xml_document document;
     document.append_child(pugi::node_declaration).append_attribute("version").set_value("1.0");
-    visitElements(root, pugi::xml_node(document), write);
+    visitElements(root, document.root(), write);
     StringWriter writer;
     document.save(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
     // The library escapes carriage returns in attributes alone, so those that are left stand in texts, where

@@ -58,6 +58,20 @@ protected:
         return text;
     }
 
+    // Whoever inherits a process may take a moment to fetch it.
+    static void expectEnded(const std::string& pidFile) {
+        const std::string pid = test::readFile(pidFile);
+        ASSERT_FALSE(pid.empty());
+        const std::string statFile = "/proc/" + std::to_string(std::stol(pid)) + "/stat";
+        const auto ended = [&] {
+            const std::string stat = test::readFile(statFile);
+            return stat.empty() || stat.find(") Z") != std::string::npos;
+        };
+        for (int tries = 0; tries < 500 && !ended(); ++tries)
+            ::poll(nullptr, 0, 10);
+        EXPECT_TRUE(ended()) << test::readFile(statFile);
+    }
+
     test::TemporaryFolder folder_;
     SettingsStore settings_ = SettingsStore::inMemory();
     int turns_ = 0;
@@ -78,7 +92,8 @@ TEST_F(GeneratorRun, GetsItsArgumentsAndTheProjectFile) {
 
 TEST_F(GeneratorRun, FindsTheProgramOnThePath) {
     script("ZeltoGenerator", "echo found $1");
-    const std::string path = std::getenv("PATH");
+    const char* old = std::getenv("PATH");
+    const std::string path = old == nullptr ? "" : old;
     ::setenv("PATH", (folder_.path().string() + ":" + path).c_str(), 1);
     EXPECT_EQ(generate(), "found /p/Line.zbp");
     ::setenv("PATH", path.c_str(), 1);
@@ -128,15 +143,14 @@ TEST_F(GeneratorRun, IsEndedWithItsChildrenWhenItTakesTooLong) {
               "begun\r\nThe generator was ended because it ran for more than 1 second.");
     EXPECT_EQ(generator_.success(), Success::Failed);
     EXPECT_LT(seconds_, 20);
-    const pid_t child = static_cast<pid_t>(std::stol(test::readFile(pidFile)));
-    // Whoever inherits it may take a moment to fetch it.
-    for (int tries = 0;
-         tries < 500 && ::kill(child, 0) == 0 &&
-         test::readFile("/proc/" + std::to_string(child) + "/stat").find(") Z") == std::string::npos;
-         ++tries)
-        ::poll(nullptr, 0, 10);
-    const std::string stat = test::readFile("/proc/" + std::to_string(child) + "/stat");
-    EXPECT_TRUE(stat.empty() || stat.find(") Z") != std::string::npos) << stat;
+    expectEnded(pidFile);
+}
+
+TEST_F(GeneratorRun, IsEndedWhenTheProgramIs) {
+    const std::string pidFile = (folder_ / "pid").string();
+    EXPECT_EXIT(run("sleep 300 & echo $! >" + pidFile + "; kill -INT $PPID; wait"),
+                testing::KilledBySignal(SIGINT), "");
+    expectEnded(pidFile);
 }
 
 TEST_F(GeneratorRun, IsKilledWhenItDoesNotListen) {
