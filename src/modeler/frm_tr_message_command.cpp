@@ -110,9 +110,10 @@ void frmTRMessage::selectListWithoutCount(const SECSItemRecord& list) {
     for (int index = 1; Node* node = nodes.at(index); ++index) {
         if (node->text() != text)
             continue;
+        // A value that is being set belongs to the node that was clicked for it.
+        if (nodes.selected() != node)
+            selectedItem_.reset();
         nodes.select(node);
-        // A value that was being set belongs to another node.
-        selectedItem_.reset();
         return;
     }
 }
