@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <functional>
+
 namespace zb::test {
 namespace {
 
@@ -42,6 +44,12 @@ struct Start : ::testing::Test {
         const QWidget* widget = program.screen.mainWindow()->focusWidget();
         return widget == nullptr ? "" : widget->objectName().toStdString();
     }
+    // Runs once a box or dialog waits for the user.
+    void whileWaiting(const std::function<void()>& act) {
+        QObject::connect(&waiting, &QTimer::timeout, act);
+        waiting.setSingleShot(true);
+        waiting.start(0);
+    }
     void openExampleIn(const std::filesystem::path& chosen) {
         program.screen.beginning()->pickFolder = [chosen] { return chosen.string(); };
         way("startExample").click();
@@ -50,6 +58,7 @@ struct Start : ::testing::Test {
 
     TemporaryFolder folder;
     ProgramOnScreen program{"/"};
+    QTimer waiting;
 };
 
 TEST_F(Start, WithoutAProjectTheMainWindowShowsHowToBegin) {
@@ -99,7 +108,7 @@ TEST_F(Start, AFolderThatTakesNoCopyIsToldAndThePanelStays) {
     writeFile(folder / "file", "");
     start("");
     QString told;
-    QTimer::singleShot(0, &program.screen, [&told] {
+    whileWaiting([&told] {
         if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
             told = box->text();
             box->button(QMessageBox::Ok)->click();
@@ -114,7 +123,7 @@ TEST_F(Start, AFolderThatTakesNoCopyIsToldAndThePanelStays) {
 
 TEST_F(Start, ADialogAsksForTheFolder) {
     start("");
-    QTimer::singleShot(0, &program.screen, [this] {
+    whileWaiting([this] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
         EXPECT_EQ(dialog->fileMode(), QFileDialog::Directory);
@@ -137,7 +146,7 @@ TEST_F(Start, NoFolderChosenChangesNothing) {
 TEST_F(Start, NewThatIsCancelledFindsThePanelAndItsFocusAsTheyWere) {
     start("");
     bool asked = false;
-    QTimer::singleShot(0, &program.screen, [&] {
+    whileWaiting([&] {
         asked = program.application.frmNewProject.visible();
         EXPECT_TRUE(panel().isVisible());
         program.form(program.application.frmNewProject).close();
