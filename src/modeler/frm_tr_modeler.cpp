@@ -123,15 +123,21 @@ void frmTRModeler::displayAddedTRMessage(std::string_view name) {
     const TRMessageRecord* record = recordOf(name);
     if (record == nullptr)
         return;
-    Node* node = addMessageNode(treeOf(*record), name, isSent(*record) ? kSentPicture : kReceivedPicture);
+    Tree* tree = treeOf(*record);
+    Node* node = nullptr;
+    if (tree != nullptr)
+        node = addMessageNode(*tree, name, isSent(*record) ? kSentPicture : kReceivedPicture);
     if (node != nullptr && !isSent(*record))
         addTRItemNodes(tvwRcvTRMsg, *node, *record);
     showMessage(*record, node);
 }
 
 void frmTRModeler::displayUpdatedTRMessage(std::string_view name) {
-    if (const TRMessageRecord* record = recordOf(name); record != nullptr)
-        showMessage(*record, findMessageNode(treeOf(*record), name));
+    const TRMessageRecord* record = recordOf(name);
+    if (record == nullptr)
+        return;
+    const Tree* tree = treeOf(*record);
+    showMessage(*record, tree == nullptr ? nullptr : findMessageNode(*tree, name));
 }
 
 void frmTRModeler::showMessage(const TRMessageRecord& record, Node* node) {
@@ -140,7 +146,7 @@ void frmTRModeler::showMessage(const TRMessageRecord& record, Node* node) {
     if (node == nullptr)
         return;
     showTRObjects(isSent(record) ? kSendRoot : std::string_view(record.Name()));
-    reveal(treeOf(record), *node);
+    reveal(*treeOf(record), *node);
 }
 
 void frmTRModeler::displayAddedTRItem(std::string_view message, std::string_view item) {
@@ -171,8 +177,10 @@ bool frmTRModeler::isSent(const TRMessageRecord& record) const {
     return record.Direction() == store()->SentDirection();
 }
 
-Tree& frmTRModeler::treeOf(const TRMessageRecord& record) {
-    return isSent(record) ? tvwSndTRMsg : tvwRcvTRMsg;
+Tree* frmTRModeler::treeOf(const TRMessageRecord& record) {
+    if (isSent(record))
+        return &tvwSndTRMsg;
+    return record.Direction() == store()->ReceivedDirection() ? &tvwRcvTRMsg : nullptr;
 }
 
 bool frmTRModeler::TRMessageExists(std::string_view name) const {

@@ -74,7 +74,8 @@ private:
     void makeStore();
     const TRMessageRecord* recordOf(std::string_view name) const;
     bool isSent(const TRMessageRecord& record) const;
-    Tree& treeOf(const TRMessageRecord& record);
+    /// Null for a Direction that is neither received nor sent.
+    Tree* treeOf(const TRMessageRecord& record);
     /// Shows what was added or changed; a null node is one that no tree has.
     void showMessage(const TRMessageRecord& record, Node* node);
 

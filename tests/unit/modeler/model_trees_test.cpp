@@ -223,6 +223,15 @@ TEST_F(ModelTrees, AreLeftAloneByNamesThatAreNotInTheModel) {
     EXPECT_EQ(window.current().message, kRoot);
 }
 
+TEST_F(ModelTrees, ShowNoMessageOfAnotherDirection) {
+    addRecord("A", 3);
+    window.displayAddedTRMessage("A");
+    window.displayUpdatedTRMessage("A");
+    EXPECT_EQ(flat(rcv), (Texts{kRoot}));
+    EXPECT_EQ(flat(snd), (Texts{std::string(kSendRoot)}));
+    EXPECT_EQ(window.current().message, "A");
+}
+
 TEST_F(ModelTrees, ShowAnAddedMessageOnce) {
     addRecord("A", kToHost, {"PORT"});
     window.displayAddedTRMessage("A");
