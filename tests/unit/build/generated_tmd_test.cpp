@@ -53,8 +53,12 @@ protected:
     // What was composed is what the other library reads.
     void expectSame(const XmlElement& element, const TmdReader& reader, const std::string& path) {
         ASSERT_EQ(reader.value("name(" + path + ")"), element.name());
-        for (const XmlAttribute& attribute : element.attributes())
-            EXPECT_EQ(reader.value(path + "/@" + attribute.name), attribute.value) << path;
+        // By position: a name may be one that the language of paths does not know.
+        for (std::size_t at = 0; at < element.attributes().size(); ++at) {
+            const std::string attribute = path + "/@*[" + std::to_string(at + 1) + "]";
+            EXPECT_EQ(reader.value("name(" + attribute + ")"), element.attributes()[at].name);
+            EXPECT_EQ(reader.value(attribute), element.attributes()[at].value) << path;
+        }
         EXPECT_EQ(reader.value(path + "/text()"), element.text()) << path;
         ASSERT_EQ(reader.value("count(" + path + "/*)"), std::to_string(element.children().size()));
         for (std::size_t child = 0; child < element.children().size(); ++child)
@@ -74,7 +78,7 @@ TEST_P(GeneratedTmd, OfOrdinaryNamesIsSound) {
     expectSoundDocument();
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, GeneratedTmd, testing::Range(1, 41));
+INSTANTIATE_TEST_SUITE_P(Seeds, GeneratedTmd, testing::Range(1, 61));
 
 } // namespace
 } // namespace zb
