@@ -3,6 +3,7 @@
 #include "editor/message_nodes.h"
 #include "messages/item_record.h"
 #include "platform/stores/node.h"
+#include "platform/stores/node_walk.h"
 #include "platform/text.h"
 
 namespace zb {
@@ -39,16 +40,8 @@ std::string MessageItemNames::uniqueItemText(std::string_view itemText) {
 
 /// Walks without recursion, for messages of any depth.
 void MessageItemNames::collectItemNames(const Node& root) {
-    for (const Node* node = root.child(); node != nullptr;) {
+    for (const Node* node = root.child(); node != nullptr; node = nextBelow(*node, root))
         add(itemNameInText(node->text()));
-        if (node->child() != nullptr) {
-            node = node->child();
-            continue;
-        }
-        while (node != &root && node->next() == nullptr)
-            node = node->parent();
-        node = node == &root ? nullptr : node->next();
-    }
 }
 
 } // namespace zb

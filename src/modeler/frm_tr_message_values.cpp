@@ -2,6 +2,7 @@
 #include "modeler/frm_tr_message.h"
 #include "modeler/sent_values.h"
 #include "platform/stores/desktop.h"
+#include "platform/stores/node_walk.h"
 #include "platform/text.h"
 
 namespace zb {
@@ -13,17 +14,8 @@ constexpr long kMostCopiedNodes = 200'000;
 
 long nodesIn(const Node& root) {
     long count = 1;
-    const Node* node = root.child();
-    while (node != nullptr) {
+    for (const Node* node = root.child(); node != nullptr; node = nextBelow(*node, root))
         ++count;
-        if (node->child() != nullptr) {
-            node = node->child();
-            continue;
-        }
-        while (node != &root && node->next() == nullptr)
-            node = node->parent();
-        node = node == &root ? nullptr : node->next();
-    }
     return count;
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/models/node_tree_view.h"
 
 #include "desktop/qt_text.h"
+#include "platform/stores/node_walk.h"
 #include "platform/stores/tree.h"
 
 #include <QEvent>
@@ -44,12 +45,7 @@ bool NodeTreeView::isShown(const Node& node) const {
 }
 
 Node* NodeTreeView::nextShown(const Node& node, const Node& root) const {
-    if (node.child() != nullptr && isOpen(node))
-        return node.child();
-    const Node* at = &node;
-    while (at != &root && at->next() == nullptr)
-        at = at->parent();
-    return at == &root ? nullptr : at->next();
+    return node.child() != nullptr && isOpen(node) ? node.child() : nextBeside(node, root);
 }
 
 int NodeTreeView::shownRows(const Node& root) const {

@@ -1,5 +1,6 @@
 #include "platform/stores/node_tree.h"
 
+#include "platform/stores/node_walk.h"
 #include "platform/text.h"
 
 #include <utility>
@@ -198,20 +199,13 @@ void NodeTree::unlink(Node& node) {
 /// Marks the subtree without recursion, for trees of any depth, and returns its lowest position.
 int NodeTree::markLeaving(Node& root) {
     int lowest = root.index_;
-    for (Node* node = &root; node != nullptr;) {
+    for (Node* node = &root; node != nullptr; node = nextBelow(*node, root)) {
         node->leaving_ = true;
         lowest = node->index_ < lowest ? node->index_ : lowest;
         if (node->key_)
             byKey_.erase(upper(*node->key_));
         if (selected_ == node)
             selected_ = nullptr;
-        if (node->firstChild_ != nullptr) {
-            node = node->firstChild_;
-            continue;
-        }
-        while (node != &root && node->next_ == nullptr)
-            node = node->parent_;
-        node = node == &root ? nullptr : node->next_;
     }
     return lowest;
 }
