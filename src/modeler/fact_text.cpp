@@ -126,6 +126,8 @@ void appendQuotedFact(std::string& line, std::string_view text) {
 }
 
 std::string factText(std::string_view escaped) {
+    if (escaped.find('\\') == std::string_view::npos)
+        return std::string(escaped);
     std::string text;
     text.reserve(escaped.size());
     for (std::string_view rest = escaped; !rest.empty();) {

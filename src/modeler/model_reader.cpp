@@ -41,23 +41,31 @@ public:
         else if (keyword == "ABSValue" && item_.ABSValue().empty())
             item_.setABSValue(factText(text));
         else if (keyword == "StatementText")
-            statements_.push_back(factText(text));
+            takeStatement(text);
         else if (keyword == "Element")
             elements_.take(text);
     }
 
     void finish() {
         if (!hasStatements_)
-            item_.setStatementText(join(statements_, "\r\n"));
+            item_.setStatementText(std::move(statements_));
         if (auto node = elements_.finish(); node && !hasNode_)
             item_.setConditionNode(std::move(node));
     }
 
 private:
+    void takeStatement(std::string_view line) {
+        if (behindStatement_)
+            statements_ += "\r\n";
+        statements_ += factText(line);
+        behindStatement_ = true;
+    }
+
     TRItemRecord& item_;
     bool hasStatements_;
     bool hasNode_;
-    std::vector<std::string> statements_;
+    bool behindStatement_ = false;
+    std::string statements_;
     ElementLines elements_;
 };
 
@@ -146,12 +154,14 @@ private:
 
     void openItem(const std::string& name) {
         closePart();
-        if (message_->getTRItem(name) == nullptr) {
+        TRItemRecord* known = message_->getTRItem(name);
+        if (known == nullptr) {
             auto item = std::make_unique<TRItemRecord>();
             item->setName(name);
+            known = item.get();
             message_->addTRItem(std::move(item));
         }
-        item_.emplace(*message_->getTRItem(name));
+        item_.emplace(*known);
     }
 
     void openBlock(std::string head) {
@@ -186,11 +196,12 @@ private:
     }
 
     void takeDirection(std::optional<int> direction) {
-        const auto found = std::find(undirected_.begin(), undirected_.end(), message_);
-        if (!direction || found == undirected_.end())
+        // Most often it is the last one.
+        const auto found = std::find(undirected_.rbegin(), undirected_.rend(), message_);
+        if (!direction || found == undirected_.rend())
             return;
         message_->setDirection(*direction);
-        undirected_.erase(found);
+        undirected_.erase(std::next(found).base());
     }
 
     TRModelStore& model_;

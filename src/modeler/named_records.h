@@ -54,16 +54,22 @@ public:
 
     /// False, and nothing is added, when a record of that name stands there already.
     bool add(std::unique_ptr<Record> record) {
-        indexNames();
-        if (!byName_.emplace(record->Name(), record.get()).second)
+        if (find(record->Name()) != nullptr)
             return false;
         record->namesChanged_ = &namesChanged_;
+        if (!namesChanged_)
+            byName_.emplace(record->Name(), record.get());
         records_.push_back(std::move(record));
         return true;
     }
 
     /// Null when there is none; names are compared exactly.
     Record* find(std::string_view name) const {
+        if (records_.size() <= kFew) {
+            const auto found = std::find_if(records_.begin(), records_.end(),
+                                            [&](const auto& record) { return record->Name() == name; });
+            return found == records_.end() ? nullptr : found->get();
+        }
         indexNames();
         const auto found = byName_.find(name);
         return found == byName_.end() ? nullptr : found->second;
@@ -74,20 +80,24 @@ public:
         if (record == nullptr)
             return;
         // The name may lie in the record itself.
-        byName_.erase(byName_.find(name));
+        if (const auto indexed = byName_.find(name); indexed != byName_.end())
+            byName_.erase(indexed);
         records_.erase(std::find_if(records_.begin(), records_.end(),
                                     [&](const auto& owned) { return owned.get() == record; }));
         // Behind it may stand a record that was given the same name.
-        namesChanged_ = records_.size() != byName_.size();
+        namesChanged_ = namesChanged_ || records_.size() != byName_.size();
     }
 
     void clear() {
         byName_.clear();
         records_.clear();
-        namesChanged_ = false;
+        namesChanged_ = true;
     }
 
 private:
+    /// So few names are compared one by one, which is faster and saves the index.
+    static constexpr std::size_t kFew = 16;
+
     struct Hash {
         using is_transparent = void;
         std::size_t operator()(std::string_view name) const { return std::hash<std::string_view>()(name); }
@@ -104,7 +114,7 @@ private:
 
     Records records_;
     mutable std::unordered_map<std::string, Record*, Hash, std::equal_to<>> byName_;
-    mutable bool namesChanged_ = false;
+    mutable bool namesChanged_ = true; ///< the index has to be made anew
 };
 
 } // namespace zb

@@ -19,21 +19,28 @@ std::string receivedName(std::int64_t number) {
     return "Received" + std::to_string(number);
 }
 
-// An item with two statements, as most have them that have any.
-std::unique_ptr<TRItemRecord> item(int number) {
-    auto record = std::make_unique<TRItemRecord>();
-    const std::string name = "ITEM" + std::to_string(number);
-    record->setName(name);
-    record->setType("STRING");
-    record->setValue("PPID1[" + std::to_string(number) + "]");
-    record->setABSValue("none");
-    record->setStatementText(" if ({CEID} == 100):\r\n  " + name + "='A'\r\n else:\r\n  " + name + "='B'");
+void addStatements(TRItemRecord& item) {
+    const std::string& name = item.Name();
+    item.setStatementText(" if ({CEID} == 100):\r\n  " + name + "='A'\r\n else:\r\n  " + name + "='B'");
     XmlElement condition = createElement("Condition");
     for (const char* type : {"if", "else"}) {
         XmlElement& statement = condition.append(createTextElement("Statement", "A"));
         setElementAttribute(setElementAttribute(statement, "Type", type), "Condition", "({CEID} == 100)");
     }
-    record->setConditionNode(std::move(condition));
+    item.setConditionNode(std::move(condition));
+}
+
+// Every fifth item has statements.
+std::unique_ptr<TRItemRecord> item(int number) {
+    auto record = std::make_unique<TRItemRecord>();
+    record->setName("ITEM" + std::to_string(number));
+    record->setType("STRING");
+    record->setValue("PPID1[" + std::to_string(number) + "]");
+    record->setABSValue("none");
+    record->setStatementText("NONE");
+    record->setConditionNode(createElement("Condition"));
+    if (number % 5 == 0)
+        addStatements(*record);
     return record;
 }
 

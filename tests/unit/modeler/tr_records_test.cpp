@@ -96,26 +96,57 @@ TEST(TRModelStore, AChangedRecordIsAChangedModel) {
     EXPECT_EQ(store.TRMessages().front()->Condition(), "CEID = 1");
 }
 
-TEST(TRModelStore, FindsARecordByTheNameItWasGivenLast) {
-    TRModelStore store;
-    store.addTRMessage(message("Old"));
-    store.getTRMessage("Old")->setName("New");
-    EXPECT_EQ(store.getTRMessage("Old"), nullptr);
-    ASSERT_NE(store.getTRMessage("New"), nullptr);
-    store.addTRMessage(message("Old"));
-    EXPECT_EQ(namesOf(store.TRMessages()), (Names{"New", "Old"}));
+/// Names are found the same way whether there are few of them or many.
+class NamesInAModel : public testing::TestWithParam<int> {
+protected:
+    NamesInAModel() {
+        for (int number = 0; number < GetParam(); ++number)
+            store_.addTRMessage(message("Other" + std::to_string(number)));
+    }
+
+    TRModelStore store_;
+};
+
+TEST_P(NamesInAModel, FollowARecordThatIsRenamed) {
+    store_.addTRMessage(message("Old"));
+    store_.getTRMessage("Old")->setName("New");
+    EXPECT_EQ(store_.getTRMessage("Old"), nullptr);
+    ASSERT_NE(store_.getTRMessage("New"), nullptr);
+    store_.addTRMessage(message("Old"));
+    EXPECT_NE(store_.getTRMessage("Old"), store_.getTRMessage("New"));
+    store_.addTRMessage(message("New", kToEquip));
+    EXPECT_EQ(store_.getTRMessage("New")->Direction(), kToHost);
 }
 
-TEST(TRModelStore, FindsTheSecondOfTwoEqualNamesOnceTheFirstIsGone) {
-    TRModelStore store;
-    store.addTRMessage(message("A", kToHost));
-    store.addTRMessage(message("B", kToEquip));
-    store.getTRMessage("B")->setName("A");
-    EXPECT_EQ(store.getTRMessage("A")->Direction(), kToHost);
-    store.deleteTRMessage("A");
-    ASSERT_NE(store.getTRMessage("A"), nullptr);
-    EXPECT_EQ(store.getTRMessage("A")->Direction(), kToEquip);
+TEST_P(NamesInAModel, LeadToTheSecondOfTwoOnceTheFirstIsGone) {
+    store_.addTRMessage(message("A", kToHost));
+    store_.addTRMessage(message("B", kToEquip));
+    store_.getTRMessage("B")->setName("A");
+    EXPECT_EQ(store_.getTRMessage("A")->Direction(), kToHost);
+    store_.deleteTRMessage("A");
+    ASSERT_NE(store_.getTRMessage("A"), nullptr);
+    EXPECT_EQ(store_.getTRMessage("A")->Direction(), kToEquip);
+    store_.deleteTRMessage("A");
+    EXPECT_EQ(store_.getTRMessage("A"), nullptr);
 }
+
+TEST_P(NamesInAModel, AreFreeAgainWhenTheirRecordsAreGone) {
+    for (int round = 0; round < 3; ++round) {
+        for (int number = 0; number < 40; ++number)
+            store_.addTRMessage(message("N" + std::to_string(number), round));
+        for (int number = 39; number >= 0; --number) {
+            const std::string name = "N" + std::to_string(number);
+            ASSERT_NE(store_.getTRMessage(name), nullptr);
+            ASSERT_EQ(store_.getTRMessage(name)->Direction(), round);
+            store_.deleteTRMessage(name);
+            ASSERT_EQ(store_.getTRMessage(name), nullptr);
+        }
+        ASSERT_EQ(store_.TRMessages().size(), static_cast<std::size_t>(round == 0 ? GetParam() : 0));
+        store_.clearTRMessages();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(FewAndMany, NamesInAModel, testing::Values(0, 15, 16, 17, 60));
 
 TEST(TRModelStore, ReceivesWhatTheOtherSideSends) {
     TRModelStore store;
