@@ -72,7 +72,7 @@ bool ComboBinder::keyPressed(QKeyEvent& event) {
     const bool opens =
         event.key() == Qt::Key_F4 || (event.modifiers().testFlag(Qt::AltModifier) &&
                                       (event.key() == Qt::Key_Down || event.key() == Qt::Key_Up));
-    if (opens) {
+    if (opens && event.spontaneous()) {
         box_.showPopup();
         return true;
     }

@@ -196,7 +196,8 @@ UserHands::Refusal ListBinder::press(const Target& target, const QMouseEvent& ev
 
 bool ListBinder::keyPressed(QKeyEvent& event) {
     flush();
-    return moveByPage(event) || ItemBinder::keyPressed(event);
+    // How much a page is, only a screen knows: scripts have no such key.
+    return (event.spontaneous() && moveByPage(event)) || ItemBinder::keyPressed(event);
 }
 
 bool ListBinder::moveByPage(const QKeyEvent& event) {

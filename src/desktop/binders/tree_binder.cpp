@@ -81,7 +81,9 @@ bool TreeBinder::keptByView(const QMouseEvent& event) {
 }
 
 bool TreeBinder::keyPressed(QKeyEvent& event) {
-    return moveByPage(event) || openByKey(event) || ItemBinder::keyPressed(event);
+    // Keys that only a screen has: what scripts press goes to the store alone.
+    const bool byView = event.spontaneous() && (moveByPage(event) || openByKey(event));
+    return byView || ItemBinder::keyPressed(event);
 }
 
 bool TreeBinder::moveByPage(const QKeyEvent& event) {

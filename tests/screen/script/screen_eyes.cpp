@@ -176,8 +176,9 @@ Value ScreenEyes::shownByEntry(const Place& place, std::string_view name) {
     const QAction* action = menus.actionOf(*place.target.control);
     if (name == "caption")
         return text(action->text());
+    // A hidden action takes itself for disabled; its own flag shows when it comes back.
     if (name == "enabled")
-        return action->isEnabled();
+        return action->isVisible() ? Value(action->isEnabled()) : std::nullopt;
     if (name == "visible")
         return action->isVisible();
     return name == "checked" ? Value(action->isChecked()) : std::nullopt;
