@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QSplitter>
 #include <QTest>
 #include <QTreeView>
@@ -171,6 +172,31 @@ TEST_F(ArrayDialog, KeysFillOneCellAfterTheOther) {
     EXPECT_THAT(values, ::testing::ElementsAre("42", "7", ""));
     EXPECT_TRUE(dialog.cmdOK.focused());
     EXPECT_TRUE(line().isHidden());
+}
+
+TEST_F(ModelerWindows, APressSoonBehindAClickBeginsADrag) {
+    frmTRItem& dialog = program.application.frmTRItem;
+    dialog.builder.lvwSimpleCondition.add("S1", "S1");
+    dialog.show();
+    program.settle();
+    int drags = 0;
+    dialog.builder.lvwSimpleCondition.onDragStart = [&drags]() -> std::optional<DragData> {
+        ++drags;
+        return std::nullopt;
+    };
+    auto& view = program.widget<QTreeView>(dialog, "lvwSimpleCondition");
+    const QPoint row = view.visualRect(view.model()->index(0, 0)).center();
+    const auto send = [&](QEvent::Type type, const QPoint& place, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, place, view.viewport()->mapToGlobal(place), Qt::LeftButton, buttons, {});
+        QCoreApplication::sendEvent(view.viewport(), &event);
+    };
+    send(QEvent::MouseButtonPress, row, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, row, Qt::NoButton);
+    send(QEvent::MouseMove, row + QPoint(60, 0), Qt::NoButton);
+    EXPECT_EQ(drags, 0);
+    send(QEvent::MouseButtonDblClick, row, Qt::LeftButton);
+    send(QEvent::MouseMove, row + QPoint(60, 0), Qt::LeftButton);
+    EXPECT_EQ(drags, 1);
 }
 
 TEST_F(ModelerWindows, ATargetIsFramedWhileADragHangsOverIt) {

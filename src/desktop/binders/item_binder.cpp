@@ -97,31 +97,42 @@ void ItemBinder::mousePressed(const QMouseEvent& event) {
     flush();
     pressedAt_ = event.position().toPoint();
     pressed_ = {};
+    draggable_ = {};
     if (keptByView(event))
         return;
     const Target target = targetAt(pressedAt_);
     const QPointer<Binder> alive(this);
     pressed_ = target;
-    if (!press(target, event).empty() && alive)
-        pressed_ = {};
+    draggable_ = target;
+    if (press(target, event).empty() || !alive)
+        return;
+    pressed_ = {};
+    draggable_ = {};
 }
 
 void ItemBinder::pressedTwice(const QMouseEvent& event) {
-    if (event.button() == Qt::LeftButton && !keptByView(event))
-        hands().doublePress(targetAt(event.position().toPoint()));
+    draggable_ = {};
+    if (event.button() != Qt::LeftButton || keptByView(event))
+        return;
+    // A press that comes soon after another one may still begin a drag.
+    pressedAt_ = event.position().toPoint();
+    draggable_ = targetAt(pressedAt_);
+    hands().doublePress(Target(draggable_));
 }
 
 void ItemBinder::mouseMoved(const QMouseEvent& event) {
     const bool far =
         (event.position().toPoint() - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
-    if (!(event.buttons() & Qt::LeftButton) || !isMember(pressed_) || !far)
+    if (!(event.buttons() & Qt::LeftButton) || !isMember(draggable_) || !far)
         return;
-    const Target from = std::exchange(pressed_, {});
+    const Target from = std::exchange(draggable_, {});
+    pressed_ = {};
     if (const auto data = hands().beginDrag(from))
         runDrag(binding(), view_, *data, selectedTexts());
 }
 
 void ItemBinder::mouseReleased(const QMouseEvent& event) {
+    draggable_ = {};
     const Target target = std::exchange(pressed_, {});
     if (target.control != nullptr)
         hands().mouseUp(target, buttonOf(event), modifiersOf(event));

@@ -49,7 +49,8 @@ private:
     void openPopupByKey();
 
     QAbstractItemView& view_;
-    Target pressed_;
+    Target pressed_;   // to be told of the release
+    Target draggable_; // while the button is down on it
     QPoint pressedAt_;
 };
 
