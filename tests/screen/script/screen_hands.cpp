@@ -140,7 +140,9 @@ Hands::Refusal ScreenHands::click(const Target& target) {
     if (kind == Kind::MenuEntry || kind == Kind::PopupMenu)
         return clickEntry(target);
     return act(target, [&] {
-        if (kind == Kind::Combo || kind == Kind::FolderField || kind == Kind::Label ||
+        const bool background =
+            kind == Kind::StatusBar || (kind == Kind::Toolbar && target.button == nullptr);
+        if (background || kind == Kind::Combo || kind == Kind::FolderField || kind == Kind::Label ||
             (kind == Kind::Pane && binderOf(*target.control).widget().layout() != nullptr)) {
             hands().click(target);
             return;
