@@ -140,8 +140,9 @@ Value ScreenEyes::shownByWindow(const Place& place, std::string_view name) {
     const WindowBinder* window = screen_.binderOf(*place.window);
     if (window == nullptr)
         return std::nullopt;
+    // The main window's title has that of its document behind its own.
     if (name == "caption")
-        return text(window->form().windowTitle());
+        return text(window->form().windowTitle().section(QStringLiteral(" - ["), 0, 0));
     const QWidget* frame = &window->form();
     if (const auto* document = qobject_cast<const QMdiSubWindow*>(frame->parentWidget()))
         frame = document;
