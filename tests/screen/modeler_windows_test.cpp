@@ -16,6 +16,8 @@
 #include <QTest>
 #include <QTreeView>
 
+#include <algorithm>
+
 namespace zb::test {
 namespace {
 
@@ -224,6 +226,28 @@ TEST_F(ModelerWindows, KeysDropAStatementOnTheSelectedNode) {
     ASSERT_EQ(root.children(), 2);
     EXPECT_EQ(root.child()->text(), "if");
     EXPECT_EQ(root.lastChild()->text(), "else:");
+}
+
+TEST_F(ModelerWindows, TabReachesEveryFieldOfTheDialogsInItsOrder) {
+    for (Window* dialog : {static_cast<Window*>(&program.application.frmTRMessage),
+                           static_cast<Window*>(&program.application.frmTRItem)}) {
+        dialog->show();
+        std::vector<std::string> expected;
+        for (const Control* control : dialog->controls()) {
+            if (control->takesFocus() && control->usable() && control->kind() != Control::Kind::Option)
+                expected.push_back(control->name());
+        }
+        std::vector<std::string> reached;
+        QWidget* widget = &program.widget<QWidget>(*dialog, expected.front().c_str());
+        for (int step = 0; step < 200 && reached.size() < expected.size(); ++step) {
+            const std::string name = widget->objectName().toStdString();
+            if (std::find(expected.begin(), expected.end(), name) != expected.end() && widget->isEnabled() &&
+                (widget->focusPolicy() & Qt::TabFocus))
+                reached.push_back(name);
+            widget = widget->nextInFocusChain();
+        }
+        EXPECT_EQ(reached, expected) << dialog->name();
+    }
 }
 
 TEST_F(ModelerWindows, ArrowsWalkThroughTheOptionsOfAGroup) {
