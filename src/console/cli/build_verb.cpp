@@ -123,7 +123,8 @@ int BuildVerb::buildDefinitions(HeadlessProgram& program, LoadedProject& project
     if (project.tree.empty())
         streams.out << project_ << ": no messages, so no file is built\n";
     else
-        streams.out << target << ": " << application.SECSMessageStore->getMessages().size() << " messages\n";
+        streams.out << target << ": "
+                    << counted(application.SECSMessageStore->getMessages().size(), "message") << '\n';
     return kExitDone;
 }
 
