@@ -8,9 +8,9 @@ namespace zb::test {
 
 namespace {
 
-class Session {
+class Tour {
 public:
-    Session(ProgramOnScreen& program, Photographer& camera)
+    Tour(ProgramOnScreen& program, Photographer& camera)
         : program_(program), camera_(camera), hands_(program.application.desktop) {}
 
     void takeModeler() {
@@ -120,12 +120,12 @@ private:
 } // namespace
 
 void photographModeler(ProgramOnScreen& program, Photographer& camera) {
-    Session session(program, camera);
-    session.takeModeler();
-    session.takeReceivedMessage();
-    session.takeSentMessage();
-    session.takeItem();
-    session.takeSmallDialogs();
+    Tour tour(program, camera);
+    tour.takeModeler();
+    tour.takeReceivedMessage();
+    tour.takeSentMessage();
+    tour.takeItem();
+    tour.takeSmallDialogs();
 }
 
 } // namespace zb::test
