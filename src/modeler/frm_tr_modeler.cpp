@@ -8,7 +8,18 @@
 #include "platform/stores/desktop.h"
 #include "platform/text_file.h"
 
+#include <memory>
+
 namespace zb {
+
+namespace {
+
+/// A command of which this work is one step stays busy until its own end.
+std::unique_ptr<BusyPointer> busyUnlessAlready(Window& window) {
+    return window.pointer() == Pointer::Hourglass ? nullptr : std::make_unique<BusyPointer>(window);
+}
+
+} // namespace
 
 frmTRModeler::frmTRModeler(ModelerState& state, ProjectCommands& commands)
     : ModelerControls(state.desktop, commands), state_(state), addSequence_(state), treeCommands_(*this),
@@ -47,7 +58,7 @@ void frmTRModeler::newModelerProject() {
 }
 
 void frmTRModeler::openModelerProject() {
-    const BusyPointer busy(*this);
+    const auto busy = busyUnlessAlready(*this);
     initializeTreeView(tvwRcvTRMsg);
     initializeTreeView(tvwSndTRMsg);
     makeStore();
@@ -61,7 +72,7 @@ void frmTRModeler::openModelerProject() {
 }
 
 std::string frmTRModeler::saveModelerProject() {
-    const BusyPointer busy(*this);
+    const auto busy = busyUnlessAlready(*this);
     std::string text = foreign_.text();
     if (const TRModelStore* model = store(); model != nullptr)
         text += model->saveModel();
