@@ -111,6 +111,23 @@ TEST(TmdDispatch, LeavesADefaultInFrontThatCameFirst) {
     EXPECT_EQ(chain({"(a)", "  "}), "if (a) T0; else NONE T1; ");
 }
 
+// Messages that go to neither side may bring further defaults, since the checks of a build pass them over.
+TEST(TmdDispatch, OfSeveralDefaultsOneStandsLast) {
+    EXPECT_EQ(chain({"(a)", "", "", "(b)", ""}),
+              "if (a) T0; else NONE T1; elif (b) T3; else NONE T2; else NONE T4; ");
+}
+
+TEST(TmdDispatch, BehindTheLastDefaultTheSchemaTakesNoCondition) {
+    ModelDesk desk;
+    desk.add("A", kToEquip, "Hello", "(a)");
+    desk.add("B", kToEquip, "Hello", "(b)");
+    desk.add("C", kToEquip, "Hello");
+    XmlElement root = desk.compose();
+    auto& chain = root.children()[0].children().at(0).children();
+    std::swap(chain.at(1), chain.at(2));
+    EXPECT_NE(TmdReader(xmlDocument(root)).schemaFault(kSchema), "");
+}
+
 TEST(TmdDispatch, KeepsBlanksOfConditions) {
     EXPECT_EQ(chain({" (a) ", " NONE"}), "if  (a)  T0; elif  NONE T1; ");
 }
