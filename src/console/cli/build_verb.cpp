@@ -5,6 +5,7 @@
 #include "console/cli/findings.h"
 #include "console/cli/headless_program.h"
 #include "console/cli/loaded_project.h"
+#include "console/cli/printable.h"
 #include "platform/text.h"
 #include "shell/project_files.h"
 
@@ -20,10 +21,6 @@ namespace {
 int tellFileFault(const std::string& path, const std::string& what, ConsoleStreams streams) {
     streams.err << path << ": cannot be written: " << what << '\n';
     return kExitFileFault;
-}
-
-std::string counted(std::size_t number, const std::string& what) {
-    return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
 }
 
 } // namespace
@@ -60,7 +57,11 @@ bool BuildVerb::isMdfWanted() const {
 }
 
 fs::path BuildVerb::inFolder(const std::string& usualPath) const {
-    return folder_.empty() ? fs::path(usualPath) : fs::path(folder_) / fs::path(usualPath).filename();
+    const fs::path usual(usualPath);
+    if (!folder_.empty())
+        return fs::path(folder_) / usual.filename();
+    // From the project as it was named, so that what is printed does not depend on the machine's folders.
+    return fs::path(project_).parent_path() / usual.parent_path().filename() / usual.filename();
 }
 
 int BuildVerb::run(ConsoleStreams streams) {

@@ -1,6 +1,7 @@
 #include "console/cli/convert_verb.h"
 
 #include "console/cli/message_source.h"
+#include "console/cli/printable.h"
 #include "messages/mdf_text.h"
 #include "messages/smd_text.h"
 #include "messages/sml_text.h"
@@ -106,7 +107,7 @@ int ConvertVerb::write(const SECSLibraryStore::Records& records, ConsoleStreams 
         streams.err << out_ << ": cannot be written: " << written.error().description << '\n';
         return kExitFileFault;
     }
-    streams.out << out_ << ": " << records.size() << " messages\n";
+    streams.out << out_ << ": " << counted(records.size(), "message") << '\n';
     return kExitDone;
 }
 

@@ -66,8 +66,8 @@ std::string ListVerb::example() const {
 }
 
 void ListVerb::declare(CLI::App& app) {
-    app.add_option("PROJECT", source_, "A project *.zbp, a library *.smd, *.mdf or *.sml, or gem or semi")
-        ->type_name("FILE")
+    app.add_option("FILE", source_, "A project *.zbp, a library *.smd, *.mdf or *.sml, or gem or semi")
+        ->type_name("")
         ->required();
     app.add_flag("--json", json_, "One JSON object a message");
     app.add_flag("--transactions", transactions_, "The transaction model of a project, and its sequences");

@@ -1,6 +1,7 @@
 #include "console/cli/message_source.h"
 
 #include "console/cli/loaded_project.h"
+#include "console/cli/printable.h"
 #include "messages/libraries/built_in.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
@@ -37,7 +38,7 @@ void printFinding(std::ostream& out, const std::string& file, const LibraryFindi
         out << " warning:";
     else if (finding.severity == LibraryFinding::Severity::Note)
         out << " note:";
-    out << ' ' << finding.text << '\n';
+    out << ' ' << printable(finding.text) << '\n';
 }
 
 /// The items below a message, one line each, led by their levels.

@@ -17,4 +17,8 @@ std::string printable(std::string_view text) {
     return line;
 }
 
+std::string counted(std::size_t number, std::string_view what) {
+    return std::to_string(number) + " " + std::string(what) + (number == 1 ? "" : "s");
+}
+
 } // namespace zb

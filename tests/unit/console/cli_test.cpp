@@ -252,6 +252,19 @@ TEST_F(Cli, BuildsBesideTheProject) {
     EXPECT_FALSE(fs::exists(path("ZeltoInfo/Demo.mdf")));
 }
 
+TEST_F(Cli, TellsPathsAsTheProjectWasNamed) {
+    const fs::path before = fs::current_path();
+    fs::current_path(folder_.path());
+    const Outcome here = runZbc({"build", "Demo.zbp"});
+    fs::create_directory("sub");
+    fs::current_path("sub");
+    const Outcome above = runZbc({"build", "../Demo.zbp"});
+    fs::current_path(before);
+    EXPECT_EQ(here.out, "ZeltoInfo/Demo.smd: 2 messages\n");
+    EXPECT_EQ(above.out, "../ZeltoInfo/Demo.smd: 2 messages\n");
+    EXPECT_TRUE(fs::exists(path("ZeltoInfo/Demo.smd")));
+}
+
 TEST_F(Cli, BuildsWhereAndWhatIsAskedFor) {
     const Outcome run = runZbc({"build", project_, "--mdf", "--out", path("a/b")});
     EXPECT_EQ(run.err, "");
@@ -338,7 +351,7 @@ TEST_F(Cli, TakesOddNamesAndLongPaths) {
 
 TEST_F(Cli, RefusesWrongUsageOnOneLine) {
     expectFault({}, 2, "zbc: a verb is missing (see zbc --help)\n");
-    expectFault({"list"}, 2, "zbc: PROJECT is required (see zbc --help)\n");
+    expectFault({"list"}, 2, "zbc: FILE is required (see zbc --help)\n");
     expectFault({"script"}, 2, "zbc: FILE is required (see zbc --help)\n");
     expectFault({"jump"}, 2, "zbc: The following argument was not expected: jump (see zbc --help)\n");
     expectFault({"list", "--fast", "a"}, 2,

@@ -69,6 +69,21 @@ TEST_F(LibraryVerbs, ListsBuiltInLibraries) {
     EXPECT_EQ(std::count(semi.out.begin(), semi.out.end(), '\n'), 357);
 }
 
+TEST_F(LibraryVerbs, FindingsOfBinaryFilesLeaveTheTerminalAlone) {
+    const std::string ringing = std::string("S1F1 W.\n\x1b[31m\a") + "bell\n";
+    write("ringing.sml", ringing);
+    const Outcome outcome = run({"list", path("ringing.sml")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err.find('\x1b'), std::string::npos) << outcome.err;
+    EXPECT_EQ(outcome.err.find('\a'), std::string::npos) << outcome.err;
+    EXPECT_NE(outcome.err.find("expected a message, found \""), std::string::npos) << outcome.err;
+}
+
+TEST_F(LibraryVerbs, CountsOneMessageAsOne) {
+    expect({"convert", "gem", path("one.smd"), "--messages", "IAmHere"}, 0, path("one.smd") + ": 1 message\n",
+           "");
+}
+
 TEST_F(LibraryVerbs, ListsLibraryFiles) {
     const std::string listed = "Alive  S1F1  W  H<->E  0  Are you there\nS1F2   S1F2  -  H<->E  3\n";
     expect({"list", path("demo.sml")}, 0, listed, "");
