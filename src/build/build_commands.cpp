@@ -16,7 +16,6 @@ bool BuildCommands::buildSmd() {
 }
 
 bool BuildCommands::buildSmdTo(const std::string& target, std::string_view mode) {
-    currentBuildPath_ = target;
     fileError_.reset();
     if (!checkFileAccess(state_, target))
         return false;

@@ -40,8 +40,6 @@ public:
     bool buildTmd();
     bool buildTmdTo(const std::string& target);
 
-    /// What the last buildSmd wrote to.
-    const std::string& currentBuildPath() const { return currentBuildPath_; }
     /// Why the last build could not write its file, also where the build itself keeps silent about it.
     const std::optional<FileError>& fileError() const { return fileError_; }
     /// Whether the checks ended the last buildTmd.
@@ -52,7 +50,6 @@ public:
 private:
     ModelerState& state_;
     BuildWindows windows_;
-    std::string currentBuildPath_;
     std::optional<FileError> fileError_;
     std::optional<TmdContent> tmdContent_;
     bool endedAtCheck_ = false;
