@@ -144,7 +144,8 @@ int AddVerb::run(ConsoleStreams streams) {
     }
     for (const SECSMessageRecord* record : taking.taken())
         streams.out << record->getName() << '\n';
-    return taking.toldDuplicates() ? kExitFault : libraryStatus;
+    const bool told = !tellColons(taking.taken(), project_, streams.err) || taking.toldDuplicates();
+    return told ? kExitFault : libraryStatus;
 }
 
 } // namespace zb

@@ -108,7 +108,8 @@ int ConvertVerb::write(const SECSLibraryStore::Records& records, ConsoleStreams 
         return kExitFileFault;
     }
     streams.out << out_ << ": " << counted(records.size(), "message") << '\n';
-    return kExitDone;
+    const bool project = sourceKind(out_) == SourceKind::Project;
+    return !project || tellColons(records, out_, streams.err) ? kExitDone : kExitFault;
 }
 
 } // namespace zb

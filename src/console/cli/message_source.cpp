@@ -5,6 +5,7 @@
 #include "messages/libraries/built_in.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "platform/wildcard.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -145,6 +146,23 @@ SECSLibraryStore::Records MessageSource::byStreamFunction(std::string_view text)
         return "S" + record->getStreamText() + " F" + record->getFunctionText() == text;
     });
     return chosen;
+}
+
+bool tellColons(const SECSLibraryStore::Records& records, const std::string& file, std::ostream& err) {
+    bool none = true;
+    for (const SECSMessageRecord* record : records) {
+        const std::string body = record->getBodyText();
+        LineReader lines(body);
+        while (const auto line = lines.next()) {
+            if (!hasColon(*line))
+                continue;
+            err << file << ": " << printable(record->getName())
+                << ": a project reads an item with \":\" as the head of a message: "
+                << printable(line->substr(line->find(' ') + 1)) << '\n';
+            none = false;
+        }
+    }
+    return none;
 }
 
 } // namespace zb

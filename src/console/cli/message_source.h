@@ -41,4 +41,8 @@ private:
     SECSLibraryStore::Records messages_;
 };
 
+/// Tells each item that a project file takes for the head of a message, since it holds a colon. True when
+/// there is none.
+bool tellColons(const SECSLibraryStore::Records& records, const std::string& file, std::ostream& err);
+
 } // namespace zb

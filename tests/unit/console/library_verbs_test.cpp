@@ -79,6 +79,16 @@ TEST_F(LibraryVerbs, FindingsOfBinaryFilesLeaveTheTerminalAlone) {
     EXPECT_NE(outcome.err.find("expected a message, found \""), std::string::npos) << outcome.err;
 }
 
+TEST_F(LibraryVerbs, TellsItemsThatAProjectTakesForHeads) {
+    write("colon.sml", "S2F2 <L <A 'PJ:1'> <U1 1>>.\n");
+    const std::string told =
+        ": S2F2: a project reads an item with \":\" as the head of a message: A 4 'PJ:1'\n";
+    expect({"convert", path("colon.sml"), path("c.smd")}, 0, path("c.smd") + ": 1 message\n", "");
+    expect({"convert", path("colon.sml"), path("c.zbp")}, 1, path("c.zbp") + ": 1 message\n",
+           path("c.zbp") + told);
+    expect({"add", path("P.zbp"), path("colon.sml"), "S2F2"}, 1, "S2F2\n", path("P.zbp") + told);
+}
+
 TEST_F(LibraryVerbs, CountsOneMessageAsOne) {
     expect({"convert", "gem", path("one.smd"), "--messages", "IAmHere"}, 0, path("one.smd") + ": 1 message\n",
            "");
