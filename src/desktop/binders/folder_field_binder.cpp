@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QFileSystemModel>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QTreeView>
 
 namespace zb {
@@ -32,9 +33,18 @@ void FolderFieldBinder::openBrowser() {
                 if (!isShowing() && current.isValid())
                     hands().choose(field_, fromQt(folders_->filePath(current)));
             });
-    // Folders come in from the disk bit by bit and push the chosen one out of view.
-    connect(folders_, &QFileSystemModel::directoryLoaded, this,
-            [this] { view_.scrollTo(view_.currentIndex()); });
+    // Folders come in from the disk bit by bit, are sorted once more, and push the one sought out of view.
+    connect(folders_, &QFileSystemModel::directoryLoaded, this, &FolderFieldBinder::keepInView,
+            Qt::QueuedConnection);
+    connect(folders_, &QFileSystemModel::layoutChanged, this, &FolderFieldBinder::keepInView,
+            Qt::QueuedConnection);
+    view_.viewport()->installEventFilter(this);
+    connect(view_.verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { isSought_ = false; });
+}
+
+void FolderFieldBinder::keepInView() {
+    if (isSought_)
+        view_.scrollTo(view_.currentIndex());
 }
 
 void FolderFieldBinder::show(Change change) {
@@ -46,6 +56,10 @@ void FolderFieldBinder::showFolder() {
     openBrowser();
     const Showing showing(binding());
     const QModelIndex folder = folders_->index(toQt(field_.text()));
+    // A folder that the user has just come to is opened by himself, or the arrow keys could not pass by it.
+    if (folder == view_.currentIndex() && !isSought_)
+        return;
+    isSought_ = true;
     view_.setCurrentIndex(folder);
     view_.expand(folder);
     view_.scrollTo(folder);
@@ -54,6 +68,10 @@ void FolderFieldBinder::showFolder() {
 bool FolderFieldBinder::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &view_ && event->type() == QEvent::Show)
         showFolder();
+    const bool isUsed = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel ||
+                        event->type() == QEvent::KeyPress;
+    if (isUsed && (watched == &view_ || watched == view_.viewport()))
+        isSought_ = false;
     return Binder::eventFilter(watched, event);
 }
 

@@ -21,10 +21,12 @@ private:
     bool keyPressed(QKeyEvent& event) override;
     void openBrowser();
     void showFolder();
+    void keepInView();
 
     FolderField& field_;
     QTreeView& view_;
     QFileSystemModel* folders_ = nullptr;
+    bool isSought_ = false; // until the user looks around for himself
 };
 
 } // namespace zb
