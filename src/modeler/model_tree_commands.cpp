@@ -116,7 +116,8 @@ void ModelTreeCommands::follow(Tree& tree, const Node* node) {
 }
 
 void ModelTreeCommands::followInDialogs(const Tree& tree, const Node& node) {
-    const std::string text = node.text();
+    // A copy: a dialog that comes up may have the tree shown anew.
+    const auto text = std::string(node.text());
     switch (levelOf(node)) {
     case ModelLevel::Root:
         return;

@@ -49,7 +49,8 @@ void TRObjectCommands::press(ListRow* row) {
 }
 
 void TRObjectCommands::follow(const ListRow& row) {
-    const std::string name = row.text();
+    // A copy: a dialog that comes up may have the table shown anew.
+    const auto name = std::string(row.text());
     if (row.image() == kReceivedPicture || row.image() == kSentPicture) {
         if (!window_.messageDialog().visible())
             return;
