@@ -57,10 +57,6 @@ std::string trim(std::string_view text) {
     return std::string(trimmed(text));
 }
 
-std::string trimLeft(std::string_view text) {
-    return std::string(withoutLeadingBlanks(text));
-}
-
 std::string trimRight(std::string_view text) {
     return std::string(withoutTrailingBlanks(text));
 }

@@ -17,7 +17,6 @@ std::vector<std::string> splitAtBlanks(std::string_view text);
 std::string join(const std::vector<std::string>& pieces, std::string_view separator);
 
 std::string trim(std::string_view text);
-std::string trimLeft(std::string_view text);
 std::string trimRight(std::string_view text);
 // The same without a copy; the view is a part of `text`.
 std::string_view trimmed(std::string_view text);

@@ -64,7 +64,6 @@ public:
 
     /// Every node, now and later, shows this colour until it gets its own; own colours are dropped.
     void setOrdinaryForeColor(OptionalColor color);
-    const OptionalColor& ordinaryForeColor() const { return ordinaryForeColor_; }
 
     void setListener(NodeTreeListener* listener) { listener_ = listener; }
 
