@@ -1,4 +1,4 @@
-#include "console/cli/command_line.h"
+#include "console/command_line.h"
 
 #include <exception>
 #include <iostream>

@@ -1,13 +1,13 @@
 #include "desktop/desktop_screen.h"
 
+#include "controls/desktop.h"
+#include "controls/menu.h"
+#include "controls/window.h"
 #include "desktop/forms/forms.h"
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
 #include "desktop/start/beginning.h"
 #include "editor/frm_find.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/menu.h"
-#include "platform/stores/window.h"
 #include "shell/frm_main.h"
 
 #include <QApplication>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "controls/screen.h"
 #include "desktop/activation.h"
 #include "desktop/layout_memory.h"
 #include "desktop/pictures/pictures.h"
 #include "desktop/window_binder.h"
-#include "platform/stores/screen.h"
 
 #include <QMainWindow>
 #include <QMdiSubWindow>

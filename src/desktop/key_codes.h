@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/stores/key.h"
+#include "controls/key.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 #include "desktop/program_folders.h"
 
 #include "desktop/qt_text.h"
-#include "shell/project_history.h"
+#include "project/project_history.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

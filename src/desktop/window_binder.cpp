@@ -1,5 +1,12 @@
 #include "desktop/window_binder.h"
 
+#include "controls/bars.h"
+#include "controls/combo.h"
+#include "controls/list.h"
+#include "controls/simple_controls.h"
+#include "controls/text_field.h"
+#include "controls/tree.h"
+#include "controls/window.h"
 #include "desktop/binders/bar_binders.h"
 #include "desktop/binders/combo_binder.h"
 #include "desktop/binders/folder_field_binder.h"
@@ -9,13 +16,6 @@
 #include "desktop/binders/tree_binder.h"
 #include "desktop/models/node_tree_view.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/bars.h"
-#include "platform/stores/combo.h"
-#include "platform/stores/list.h"
-#include "platform/stores/simple_controls.h"
-#include "platform/stores/text_field.h"
-#include "platform/stores/tree.h"
-#include "platform/stores/window.h"
 
 #include <QAbstractButton>
 #include <QCloseEvent>

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "controls/bars.h"
+#include "controls/combo.h"
+#include "controls/list.h"
+#include "controls/simple_controls.h"
+#include "controls/standard_menus.h"
+#include "controls/text_field.h"
+#include "controls/tree.h"
+#include "controls/window.h"
 #include "editor/editor_menus.h"
-#include "messages/standard_menus.h"
-#include "platform/stores/bars.h"
-#include "platform/stores/combo.h"
-#include "platform/stores/list.h"
-#include "platform/stores/simple_controls.h"
-#include "platform/stores/text_field.h"
-#include "platform/stores/tree.h"
-#include "platform/stores/window.h"
 
 namespace zb {
 

@@ -1,6 +1,6 @@
 #include "editor/editor_menus.h"
 
-#include "platform/stores/window.h"
+#include "controls/window.h"
 
 namespace zb {
 

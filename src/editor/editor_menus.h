@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/stores/menu.h"
+#include "controls/menu.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 #include "editor/frm_find.h"
 
+#include "controls/desktop.h"
 #include "editor/find_scan.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/node_tree.h"
 #include "platform/text.h"
+#include "platform/tree/node_tree.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #include "editor/frm_sec_editor.h"
 
 #include "messages/module_state.h"
-#include "messages/smd_reader.h"
-#include "messages/smd_writer.h"
+#include "messages/smd/smd_reader.h"
+#include "messages/smd/smd_writer.h"
 #include "platform/number.h"
 
 namespace zb {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/stores/key_filter.h"
+#include "controls/key_filter.h"
 
 #include <string_view>
 

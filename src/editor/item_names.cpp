@@ -2,9 +2,9 @@
 
 #include "editor/message_nodes.h"
 #include "messages/item_record.h"
-#include "platform/stores/node.h"
-#include "platform/stores/node_walk.h"
 #include "platform/text.h"
+#include "platform/tree/node.h"
+#include "platform/tree/node_walk.h"
 
 namespace zb {
 

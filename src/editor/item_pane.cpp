@@ -1,5 +1,6 @@
 #include "editor/item_pane.h"
 
+#include "controls/desktop.h"
 #include "editor/editor_controls.h"
 #include "editor/item_key_filter.h"
 #include "editor/item_value.h"
@@ -7,7 +8,6 @@
 #include "messages/item_normalizer.h"
 #include "messages/item_record.h"
 #include "platform/number.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 
 #include <algorithm>

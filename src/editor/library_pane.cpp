@@ -1,11 +1,11 @@
 #include "editor/library_pane.h"
 
+#include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
 #include "messages/libraries/built_in.h"
 #include "messages/library_drop.h"
 #include "messages/module_state.h"
-#include "messages/smd_reader.h"
-#include "platform/stores/desktop.h"
+#include "messages/smd/smd_reader.h"
 #include "platform/text.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "editor/message_nodes.h"
 
-#include "platform/stores/node_tree.h"
 #include "platform/text.h"
+#include "platform/tree/node_tree.h"
 #include "platform/wildcard.h"
 
 #include <utility>

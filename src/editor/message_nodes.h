@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/stores/node.h"
+#include "platform/tree/node.h"
 
 #include <string>
 #include <string_view>

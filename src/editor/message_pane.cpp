@@ -1,11 +1,11 @@
 #include "editor/message_pane.h"
 
+#include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
 #include "editor/message_key_filter.h"
 #include "editor/message_nodes.h"
 #include "messages/message_record.h"
 #include "platform/number.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 #include "platform/wildcard.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/stores/window.h"
+#include "controls/window.h"
 
 namespace zb {
 

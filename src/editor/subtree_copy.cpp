@@ -1,7 +1,7 @@
 #include "editor/subtree_copy.h"
 
 #include "editor/item_names.h"
-#include "platform/stores/node_tree.h"
+#include "platform/tree/node_tree.h"
 
 namespace zb {
 

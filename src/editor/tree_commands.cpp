@@ -1,10 +1,10 @@
 #include "editor/tree_commands.h"
 
+#include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
 #include "editor/item_names.h"
 #include "editor/message_nodes.h"
 #include "editor/subtree_copy.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 #include "platform/wildcard.h"
 

@@ -1,5 +1,6 @@
 #include "editor/tree_interaction.h"
 
+#include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
 #include "editor/message_nodes.h"
 #include "messages/item_normalizer.h"
@@ -7,7 +8,6 @@
 #include "messages/message_record.h"
 #include "messages/module_state.h"
 #include "platform/number.h"
-#include "platform/stores/desktop.h"
 #include "platform/wildcard.h"
 
 #include <cmath>

@@ -3,8 +3,8 @@
 #include "messages/definition_rules.h"
 #include "messages/item_normalizer.h"
 #include "messages/message_record.h"
-#include "platform/stores/node_tree.h"
 #include "platform/text.h"
+#include "platform/tree/node_tree.h"
 #include "platform/wildcard.h"
 
 #include <unordered_set>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/screen.h"
 #include "messages/item_record.h"
-#include "platform/stores/screen.h"
 
 #include <optional>
 #include <string>

@@ -2,8 +2,8 @@
 
 #include "platform/code_page.h"
 #include "platform/number.h"
-#include "platform/stores/node.h"
 #include "platform/text.h"
+#include "platform/tree/node.h"
 
 #include <algorithm>
 

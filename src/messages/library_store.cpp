@@ -1,7 +1,7 @@
 #include "messages/library_store.h"
 
 #include "messages/mdf_text.h"
-#include "messages/smd_text_parser.h"
+#include "messages/smd/smd_text_parser.h"
 #include "messages/sml/sml.h"
 #include "platform/text.h"
 #include "platform/text_file.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "messages/message_record.h"
-#include "messages/smd_text_parser.h"
+#include "messages/smd/smd_text_parser.h"
 
 #include <string>
 #include <string_view>

@@ -2,7 +2,7 @@
 
 #include "messages/item_grammar.h"
 #include "messages/mdf_text.h"
-#include "messages/smd_text_parser.h"
+#include "messages/smd/smd_text_parser.h"
 #include "platform/number.h"
 #include "platform/text.h"
 #include "platform/text_file.h"

@@ -1,7 +1,7 @@
 #include "messages/validator.h"
 
-#include "platform/stores/desktop.h"
-#include "platform/stores/node_tree.h"
+#include "controls/desktop.h"
+#include "platform/tree/node_tree.h"
 
 namespace zb {
 

@@ -1,9 +1,9 @@
 #include "modeler/condition_builder.h"
 
+#include "controls/desktop.h"
 #include "messages/message_record.h"
-#include "modeler/condition_text.h"
+#include "model/condition_text.h"
 #include "modeler/frm_array_info.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "modeler/frm_add_sequence.h"
 
+#include "controls/desktop.h"
 #include "modeler/modeler_state.h"
 #include "modeler/sequence_rows.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "modeler/frm_array_info.h"
 
+#include "controls/combo.h"
+#include "controls/desktop.h"
 #include "messages/message_record.h"
 #include "platform/number.h"
-#include "platform/stores/combo.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 
 #include <algorithm>

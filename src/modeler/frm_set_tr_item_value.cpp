@@ -1,7 +1,7 @@
 #include "modeler/frm_set_tr_item_value.h"
 
+#include "controls/desktop.h"
 #include "platform/number.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 
 namespace zb {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/stores/simple_controls.h"
-#include "platform/stores/text_field.h"
-#include "platform/stores/window.h"
+#include "controls/simple_controls.h"
+#include "controls/text_field.h"
+#include "controls/window.h"
 
 #include <string>
 #include <string_view>

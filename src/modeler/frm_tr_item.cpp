@@ -1,10 +1,10 @@
 #include "modeler/frm_tr_item.h"
 
+#include "controls/desktop.h"
+#include "model/statement_node.h"
+#include "model/statement_text.h"
 #include "modeler/model_views.h"
 #include "modeler/modeler_state.h"
-#include "modeler/statement_node.h"
-#include "modeler/statement_text.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 
 #include <memory>

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "controls/menu.h"
+#include "controls/tree.h"
 #include "messages/message_record.h"
 #include "modeler/condition_builder.h"
 #include "modeler/frm_array_info.h"
 #include "modeler/frm_set_tr_item_value.h"
 #include "modeler/statement_tree.h"
-#include "platform/stores/menu.h"
-#include "platform/stores/tree.h"
 
 #include <optional>
 #include <string>

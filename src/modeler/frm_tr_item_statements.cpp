@@ -1,7 +1,7 @@
 #include "modeler/frm_tr_item.h"
 
-#include "modeler/statement_text.h"
-#include "platform/stores/desktop.h"
+#include "controls/desktop.h"
+#include "model/statement_text.h"
 #include "platform/text.h"
 
 namespace zb {

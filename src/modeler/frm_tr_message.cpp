@@ -1,6 +1,6 @@
 #include "modeler/frm_tr_message.h"
 
-#include "messages/smd_reader.h"
+#include "messages/smd/smd_reader.h"
 #include "modeler/modeler_state.h"
 #include "modeler/sent_values.h"
 #include "platform/text.h"

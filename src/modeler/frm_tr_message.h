@@ -1,12 +1,12 @@
 #pragma once
 
+#include "controls/menu.h"
+#include "controls/tree.h"
 #include "messages/message_record.h"
-#include "messages/smd_writer.h"
+#include "messages/smd/smd_writer.h"
 #include "modeler/condition_builder.h"
 #include "modeler/condition_controls.h"
 #include "modeler/frm_array_info.h"
-#include "platform/stores/menu.h"
-#include "platform/stores/tree.h"
 
 #include <optional>
 #include <string>

@@ -1,9 +1,9 @@
 // The command of the message dialog: what it refuses, and how it writes the model.
+#include "controls/desktop.h"
+#include "model/reserved_words.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/model_views.h"
 #include "modeler/modeler_state.h"
-#include "modeler/reserved_words.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 // The values of a message to be sent, set item by item in its tree.
+#include "controls/desktop.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/sent_values.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/node_walk.h"
 #include "platform/text.h"
+#include "platform/tree/node_walk.h"
 
 namespace zb {
 

@@ -1,11 +1,11 @@
 #include "modeler/frm_tr_modeler.h"
 
+#include "controls/desktop.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/model_nodes.h"
 #include "modeler/sequence_table.h"
 #include "modeler/tr_object_table.h"
-#include "platform/stores/desktop.h"
 #include "platform/text_file.h"
 
 #include <memory>

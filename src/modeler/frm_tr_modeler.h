@@ -1,6 +1,5 @@
 #pragma once
 
-#include "modeler/foreign_sections.h"
 #include "modeler/frm_add_sequence.h"
 #include "modeler/model_tree_commands.h"
 #include "modeler/model_views.h"
@@ -8,6 +7,7 @@
 #include "modeler/modeler_state.h"
 #include "modeler/sequence_commands.h"
 #include "modeler/tr_object_commands.h"
+#include "project/foreign_sections.h"
 
 #include <string>
 #include <string_view>

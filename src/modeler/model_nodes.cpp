@@ -1,7 +1,7 @@
 #include "modeler/model_nodes.h"
 
-#include "modeler/tr_message_record.h"
-#include "platform/stores/tree.h"
+#include "controls/tree.h"
+#include "model/tr_message_record.h"
 
 namespace zb {
 

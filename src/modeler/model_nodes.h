@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/stores/color.h"
+#include "platform/tree/color.h"
 
 #include <string>
 #include <string_view>

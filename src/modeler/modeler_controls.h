@@ -1,10 +1,10 @@
 #pragma once
 
-#include "messages/standard_menus.h"
-#include "platform/stores/list.h"
-#include "platform/stores/menu.h"
-#include "platform/stores/tree.h"
-#include "platform/stores/window.h"
+#include "controls/list.h"
+#include "controls/menu.h"
+#include "controls/standard_menus.h"
+#include "controls/tree.h"
+#include "controls/window.h"
 
 namespace zb {
 

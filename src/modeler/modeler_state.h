@@ -1,7 +1,7 @@
 #pragma once
 
 #include "messages/module_state.h"
-#include "modeler/tr_model_store.h"
+#include "model/tr_model_store.h"
 
 #include <memory>
 

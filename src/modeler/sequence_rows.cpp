@@ -1,6 +1,6 @@
 #include "modeler/sequence_rows.h"
 
-#include "platform/stores/list.h"
+#include "controls/list.h"
 
 namespace zb {
 

@@ -1,8 +1,8 @@
 #include "modeler/sequence_table.h"
 
-#include "modeler/project_lines.h"
-#include "modeler/sequence_lines.h"
-#include "platform/stores/list.h"
+#include "controls/list.h"
+#include "model/project_lines.h"
+#include "model/sequence_lines.h"
 
 namespace zb {
 

@@ -1,6 +1,6 @@
 #include "modeler/statement_tree.h"
 
-#include "modeler/statement_text.h"
+#include "model/statement_text.h"
 #include "platform/text.h"
 
 namespace zb {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/stores/tree.h"
+#include "controls/tree.h"
 
 #include <string>
 #include <string_view>

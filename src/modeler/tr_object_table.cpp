@@ -1,8 +1,8 @@
 #include "modeler/tr_object_table.h"
 
+#include "controls/list.h"
+#include "model/tr_model_store.h"
 #include "modeler/model_nodes.h"
-#include "modeler/tr_model_store.h"
-#include "platform/stores/list.h"
 
 namespace zb {
 

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "build/build_commands.h"
+#include "controls/desktop.h"
+#include "controls/project_commands.h"
 #include "editor/frm_find.h"
 #include "editor/frm_sec_editor.h"
-#include "messages/project_commands.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/frm_tr_modeler.h"
 #include "modeler/modeler_state.h"
-#include "platform/stores/desktop.h"
+#include "outputs/build_commands.h"
 #include "shell/frm_main.h"
 #include "shell/frm_new_project.h"
 #include "shell/project_lifecycle.h"

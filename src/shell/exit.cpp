@@ -1,4 +1,4 @@
-#include "platform/stores/desktop.h"
+#include "controls/desktop.h"
 #include "platform/text.h"
 #include "shell/application.h"
 #include "shell/project_lifecycle.h"

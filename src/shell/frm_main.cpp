@@ -1,6 +1,6 @@
 #include "shell/frm_main.h"
 
-#include "platform/stores/desktop.h"
+#include "controls/desktop.h"
 #include "platform/text.h"
 
 #include <array>

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "controls/bars.h"
+#include "controls/menu.h"
+#include "controls/project_commands.h"
+#include "controls/standard_menus.h"
+#include "controls/window.h"
 #include "messages/module_state.h"
-#include "messages/project_commands.h"
-#include "messages/standard_menus.h"
-#include "platform/stores/bars.h"
-#include "platform/stores/menu.h"
-#include "platform/stores/window.h"
 
 #include <functional>
 

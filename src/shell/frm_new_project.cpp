@@ -1,6 +1,6 @@
 #include "shell/frm_new_project.h"
 
-#include "platform/stores/desktop.h"
+#include "controls/desktop.h"
 #include "platform/text.h"
 #include "shell/drives.h"
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "controls/combo.h"
+#include "controls/simple_controls.h"
+#include "controls/text_field.h"
+#include "controls/window.h"
 #include "messages/module_state.h"
-#include "platform/stores/combo.h"
-#include "platform/stores/simple_controls.h"
-#include "platform/stores/text_field.h"
-#include "platform/stores/window.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 #include "shell/project_files.h"
 
+#include "controls/desktop.h"
 #include "messages/module_state.h"
 #include "platform/number.h"
 #include "platform/result.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 

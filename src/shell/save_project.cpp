@@ -1,10 +1,10 @@
-#include "build/file_access.h"
+#include "outputs/file_access.h"
 #include "platform/file_replacer.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "project/project_history.h"
 #include "shell/application.h"
 #include "shell/option_settings.h"
-#include "shell/project_history.h"
 #include "shell/project_lifecycle.h"
 
 #include <cerrno>

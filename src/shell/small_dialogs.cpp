@@ -1,7 +1,7 @@
 #include "shell/small_dialogs.h"
 
+#include "controls/desktop.h"
 #include "platform/settings.h"
-#include "platform/stores/desktop.h"
 #include "shell/option_settings.h"
 #include "shell/version.h"
 

@@ -1,5 +1,5 @@
 #include "bench/generated_project.h"
-#include "platform/stores/user_hands.h"
+#include "controls/user_hands.h"
 #include "platform/text_file.h"
 #include "unit/shell/program.h"
 

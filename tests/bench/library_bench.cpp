@@ -1,7 +1,7 @@
 // Reading message libraries of 10,000 messages, some 10 MB: what opening one costs between the file dialog
 // and the list.
 #include "messages/library_store.h"
-#include "messages/smd_text.h"
+#include "messages/smd/smd_text.h"
 #include "messages/sml_text.h"
 #include "support/temporary_folder.h"
 

@@ -1,6 +1,6 @@
 #include "bench/generated_project.h"
+#include "controls/user_hands.h"
 #include "modeler/sequence_table.h"
-#include "platform/stores/user_hands.h"
 #include "platform/text_file.h"
 #include "unit/shell/program.h"
 

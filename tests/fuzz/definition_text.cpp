@@ -1,7 +1,7 @@
 #include "demand.h"
 
 #include "messages/mdf_text.h"
-#include "messages/smd_text_parser.h"
+#include "messages/smd/smd_text_parser.h"
 
 using zb::fuzz::demand;
 

@@ -1,7 +1,7 @@
 #include "demand.h"
 
-#include "modeler/sequence_lines.h"
-#include "modeler/tr_model_store.h"
+#include "model/sequence_lines.h"
+#include "model/tr_model_store.h"
 #include "platform/text_file.h"
 
 #include <string>

@@ -1,11 +1,11 @@
 #include "demand.h"
 
+#include "controls/desktop.h"
 #include "messages/definition_check.h"
-#include "messages/smd_reader.h"
-#include "messages/smd_writer.h"
+#include "messages/smd/smd_reader.h"
+#include "messages/smd/smd_writer.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
-#include "platform/stores/desktop.h"
 #include "platform/text_file.h"
 
 namespace {

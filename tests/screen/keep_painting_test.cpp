@@ -1,5 +1,5 @@
-#include "build/zelto_generator.h"
 #include "desktop/keep_painting.h"
+#include "outputs/zelto_generator.h"
 #include "platform/settings.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
+#include "controls/window.h"
 #include "desktop/start/beginning.h"
 #include "desktop/start/start_panel.h"
-#include "platform/stores/window.h"
 #include "screen/support/program_on_screen.h"
 #include "support/temporary_folder.h"
 

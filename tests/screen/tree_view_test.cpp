@@ -1,9 +1,9 @@
+#include "controls/desktop.h"
+#include "controls/tree.h"
+#include "controls/window.h"
 #include "desktop/models/node_tree_model.h"
 #include "desktop/models/node_tree_view.h"
 #include "desktop/pictures/pictures.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/tree.h"
-#include "platform/stores/window.h"
 #include "support/silent_screen.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/stores/screen.h"
+#include "controls/screen.h"
 
 #include <deque>
 #include <functional>

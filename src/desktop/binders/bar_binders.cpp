@@ -1,8 +1,8 @@
 #include "desktop/binders/bar_binders.h"
 
+#include "controls/bars.h"
 #include "desktop/pictures/pictures.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/bars.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/stores/control.h"
-#include "platform/stores/user_hands.h"
+#include "controls/control.h"
+#include "controls/user_hands.h"
 
 #include <QObject>
 #include <QPoint>

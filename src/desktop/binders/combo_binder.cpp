@@ -1,8 +1,8 @@
 #include "desktop/binders/combo_binder.h"
 
+#include "controls/combo.h"
 #include "desktop/models/combo_model.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/combo.h"
 
 #include <QKeyEvent>
 #include <QListView>

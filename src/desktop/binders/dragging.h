@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/stores/drag.h"
+#include "controls/drag.h"
 
 #include <QStringList>
 

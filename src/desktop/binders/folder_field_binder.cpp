@@ -1,7 +1,7 @@
 #include "desktop/binders/folder_field_binder.h"
 
+#include "controls/combo.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/combo.h"
 
 #include <QEvent>
 #include <QFileSystemModel>

@@ -1,11 +1,11 @@
 #include "desktop/binders/list_binder.h"
 
+#include "controls/list.h"
 #include "desktop/colors.h"
 #include "desktop/layout_memory.h"
 #include "desktop/models/list_model.h"
 #include "desktop/qt_text.h"
 #include "desktop/units.h"
-#include "platform/stores/list.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -1,8 +1,8 @@
 #include "desktop/binders/menu_binder.h"
 
+#include "controls/menu.h"
+#include "controls/window.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/menu.h"
-#include "platform/stores/window.h"
 
 #include <QAction>
 #include <QCursor>

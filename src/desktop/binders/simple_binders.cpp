@@ -1,10 +1,10 @@
 #include "desktop/binders/simple_binders.h"
 
+#include "controls/simple_controls.h"
 #include "desktop/binders/dragging.h"
 #include "desktop/forms/picture_box.h"
 #include "desktop/pictures/pictures.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/simple_controls.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,9 +1,9 @@
 #include "desktop/binders/text_field_binder.h"
 
+#include "controls/text_field.h"
 #include "desktop/binders/dragging.h"
 #include "desktop/key_codes.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/text_field.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>

@@ -1,10 +1,10 @@
 #include "desktop/binders/tree_binder.h"
 
+#include "controls/tree.h"
 #include "desktop/colors.h"
 #include "desktop/models/node_tree_model.h"
 #include "desktop/models/node_tree_view.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/tree.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,7 +1,7 @@
 #include "desktop/models/combo_model.h"
 
+#include "controls/combo.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/combo.h"
 
 namespace zb {
 

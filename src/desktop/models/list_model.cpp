@@ -1,9 +1,9 @@
 #include "desktop/models/list_model.h"
 
+#include "controls/list.h"
 #include "desktop/colors.h"
 #include "desktop/pictures/pictures.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/list.h"
 
 #include <QBrush>
 #include <QFont>

@@ -1,9 +1,9 @@
 #include "desktop/models/node_tree_model.h"
 
+#include "controls/tree.h"
 #include "desktop/colors.h"
 #include "desktop/pictures/pictures.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/tree.h"
 
 #include <QBrush>
 #include <QFont>

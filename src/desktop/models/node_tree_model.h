@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/stores/node_tree.h"
+#include "platform/tree/node_tree.h"
 
 #include <QAbstractItemModel>
 

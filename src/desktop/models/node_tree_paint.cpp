@@ -1,7 +1,7 @@
+#include "controls/tree.h"
 #include "desktop/colors.h"
 #include "desktop/models/node_tree_view.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/tree.h"
 
 #include <QPaintEvent>
 #include <QPainter>

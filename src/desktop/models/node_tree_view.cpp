@@ -1,8 +1,8 @@
 #include "desktop/models/node_tree_view.h"
 
+#include "controls/tree.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/node_walk.h"
-#include "platform/stores/tree.h"
+#include "platform/tree/node_walk.h"
 
 #include <QEvent>
 #include <QHelpEvent>

@@ -1,10 +1,10 @@
 #include "desktop/start/beginning.h"
 
+#include "controls/desktop.h"
 #include "desktop/binders/binder.h"
 #include "desktop/message_boxes.h"
 #include "desktop/start/example_project.h"
 #include "desktop/start/start_panel.h"
-#include "platform/stores/desktop.h"
 #include "platform/text.h"
 #include "shell/frm_main.h"
 

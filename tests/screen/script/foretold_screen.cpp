@@ -1,8 +1,8 @@
 #include "screen/script/foretold_screen.h"
 
-#include "console/script/script_failure.h"
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
+#include "script/script_failure.h"
 
 #include <QAbstractButton>
 #include <QMessageBox>

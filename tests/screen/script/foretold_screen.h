@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/screen.h"
 #include "desktop/desktop_screen.h"
-#include "platform/stores/screen.h"
 
 #include <exception>
 

@@ -1,11 +1,11 @@
 // Runs scripts through the real windows: zeltobench-screen-script FILE... It prints and answers what `zbc
 // script` does.
-#include "console/script/application_program.h"
-#include "console/script/script_runner.h"
 #include "screen/script/foretold_screen.h"
 #include "screen/script/screen_eyes.h"
 #include "screen/script/screen_hands.h"
 #include "screen/support/palettes.h"
+#include "script/application_program.h"
+#include "script/script_runner.h"
 
 #include <QApplication>
 

@@ -1,15 +1,15 @@
 #include "screen/script/screen_eyes.h"
 
-#include "console/script/address.h"
+#include "controls/bars.h"
+#include "controls/list.h"
+#include "controls/menu.h"
+#include "controls/window.h"
 #include "desktop/binders/bar_binders.h"
 #include "desktop/binders/combo_binder.h"
 #include "desktop/models/list_model.h"
 #include "desktop/models/node_tree_model.h"
 #include "desktop/qt_text.h"
-#include "platform/stores/bars.h"
-#include "platform/stores/list.h"
-#include "platform/stores/menu.h"
-#include "platform/stores/window.h"
+#include "script/address.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "console/script/eyes.h"
 #include "desktop/desktop_screen.h"
+#include "script/eyes.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "console/script/hands.h"
 #include "desktop/desktop_screen.h"
+#include "script/hands.h"
 
 #include <QPoint>
 #include <QString>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "build/generator.h"
 #include "desktop/desktop_screen.h"
+#include "outputs/generator.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
 #include "shell/application.h"

@@ -1,8 +1,8 @@
-#include "console/cli/command_line.h"
-#include "console/script/work_folder.h"
+#include "console/command_line.h"
 #include "platform/file_layer.h"
 #include "platform/text_file.h"
-#include "shell/project_history.h"
+#include "project/project_history.h"
+#include "script/work_folder.h"
 #include "support/ordinary_user.h"
 
 #include <cstdlib>

@@ -1,7 +1,7 @@
-#include "console/cli/command_line.h"
-#include "console/script/work_folder.h"
+#include "console/command_line.h"
 #include "platform/settings.h"
 #include "platform/text_file.h"
+#include "script/work_folder.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

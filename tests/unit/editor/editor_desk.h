@@ -1,12 +1,12 @@
 #pragma once
 
+#include "controls/desktop.h"
+#include "controls/project_commands.h"
+#include "controls/user_hands.h"
 #include "editor/frm_sec_editor.h"
 #include "messages/module_state.h"
-#include "messages/project_commands.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/user_hands.h"
 #include "unit/editor/box_screen.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
+#include "controls/desktop.h"
+#include "controls/user_hands.h"
 #include "editor/find_scan.h"
 #include "editor/frm_find.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/node_tree.h"
-#include "platform/stores/user_hands.h"
+#include "platform/tree/node_tree.h"
 #include "unit/editor/box_screen.h"
 
 #include <gtest/gtest.h>

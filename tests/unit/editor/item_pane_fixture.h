@@ -1,12 +1,12 @@
 #pragma once
 
+#include "controls/desktop.h"
+#include "controls/project_commands.h"
+#include "controls/user_hands.h"
 #include "editor/editor_controls.h"
 #include "editor/item_pane.h"
 #include "messages/item_record.h"
-#include "messages/project_commands.h"
 #include "platform/code_page.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/user_hands.h"
 #include "unit/editor/box_screen.h"
 
 #include <gtest/gtest.h>

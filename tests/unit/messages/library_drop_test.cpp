@@ -2,7 +2,7 @@
 
 #include "messages/libraries/built_in.h"
 #include "messages/library_store.h"
-#include "messages/smd_text.h"
+#include "messages/smd/smd_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "messages/smd_text_parser.h"
+#include "messages/smd/smd_text_parser.h"
 
 #include <gmock/gmock.h>
 

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "controls/desktop.h"
 #include "messages/editor_pane.h"
 #include "messages/message_record.h"
 #include "messages/module_state.h"
-#include "messages/smd_reader.h"
-#include "messages/smd_writer.h"
+#include "messages/smd/smd_reader.h"
+#include "messages/smd/smd_writer.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/node_tree.h"
+#include "platform/tree/node_tree.h"
 
 #include <initializer_list>
 #include <string>

@@ -1,6 +1,6 @@
 #include "unit/modeler/item_desk.h"
 
-#include "modeler/statement_node.h"
+#include "model/statement_node.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
-#include "modeler/statement_node.h"
-#include "modeler/statement_text.h"
+#include "model/statement_node.h"
+#include "model/statement_text.h"
 #include "unit/modeler/item_desk.h"
 
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "controls/desktop.h"
+#include "controls/user_hands.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/modeler_state.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/user_hands.h"
 #include "support/silent_screen.h"
 #include "unit/modeler/noted_views.h"
 

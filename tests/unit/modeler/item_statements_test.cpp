@@ -1,6 +1,6 @@
 #include "unit/modeler/item_desk.h"
 
-#include "modeler/statement_text.h"
+#include "model/statement_text.h"
 
 #include <gmock/gmock.h>
 

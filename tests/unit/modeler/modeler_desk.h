@@ -1,14 +1,14 @@
 #pragma once
 
-#include "messages/project_commands.h"
+#include "controls/desktop.h"
+#include "controls/project_commands.h"
+#include "controls/user_hands.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/frm_tr_modeler.h"
 #include "modeler/modeler_state.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/user_hands.h"
 #include "platform/text.h"
 #include "support/silent_screen.h"
 

@@ -1,7 +1,7 @@
 #include "modeler/sent_values.h"
 
 #include "messages/item_record.h"
-#include "modeler/reserved_words.h"
+#include "model/reserved_words.h"
 #include "platform/text.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "modeler/statement_text.h"
+#include "controls/desktop.h"
+#include "controls/window.h"
+#include "model/statement_text.h"
 #include "modeler/statement_tree.h"
-#include "platform/stores/desktop.h"
-#include "platform/stores/window.h"
 #include "support/silent_screen.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "build/generator.h"
+#include "outputs/generator.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
 #include "shell/application.h"

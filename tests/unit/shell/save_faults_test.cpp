@@ -1,5 +1,5 @@
 #include "platform/text_file.h"
-#include "shell/project_history.h"
+#include "project/project_history.h"
 #include "unit/platform/faulty_file_layer.h"
 #include "unit/shell/program.h"
 

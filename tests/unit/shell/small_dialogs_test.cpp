@@ -1,6 +1,6 @@
 #include "shell/small_dialogs.h"
 
-#include "platform/stores/desktop.h"
+#include "controls/desktop.h"
 #include "support/silent_screen.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,151 @@
+#include "console/add_verb.h"
+
+#include "console/loaded_project.h"
+#include "console/message_source.h"
+#include "messages/library_drop.h"
+#include "messages/smd/smd_text.h"
+#include "platform/file_replacer.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <ostream>
+#include <set>
+
+namespace zb {
+
+namespace {
+
+constexpr std::string_view kHeader = "###[PROJECT INFORMATION]";
+constexpr std::string_view kSection = "## [EDIT SMD]";
+
+/// The entries of a drag for these messages, in the order in which their rows would show.
+std::vector<std::string> entriesOf(SECSLibraryStore::Records records) {
+    std::stable_sort(records.begin(), records.end(), [](const auto* left, const auto* right) {
+        return std::pair(left->getStream(), left->getFunction()) <
+               std::pair(right->getStream(), right->getFunction());
+    });
+    std::vector<std::string> entries;
+    for (const SECSMessageRecord* record : records)
+        entries.push_back("S" + record->getStreamText() + " F" + record->getFunctionText());
+    return entries;
+}
+
+/// Where the section of messages goes in a project without one: behind the header, before all that follows
+/// with its blank lines.
+std::size_t placeOfSection(std::string_view text) {
+    LineReader lines(text);
+    std::size_t place = 0;
+    bool behindBlank = false;
+    while (const auto line = lines.next()) {
+        if (!behindBlank)
+            place = static_cast<std::size_t>(line->data() - text.data());
+        behindBlank = isBlank(*line);
+        if (line->starts_with("##") && *line != kHeader)
+            return place;
+    }
+    return text.size();
+}
+
+/// The project's text with the messages at the end of its section of messages; all else stays as it is.
+std::string withMessages(const std::string& text, const std::string& messages) {
+    LineReader lines(text);
+    bool inSection = false;
+    while (const auto line = lines.next()) {
+        const std::string_view content = trimmed(*line);
+        const auto offset = static_cast<std::size_t>(line->data() - text.data());
+        if (inSection && content.substr(0, 2) == "##")
+            return text.substr(0, offset) + messages + text.substr(offset);
+        inSection = inSection || content == kSection;
+    }
+    const std::size_t place = inSection ? text.size() : placeOfSection(text);
+    const std::string end = place == 0 || text[place - 1] == '\n' ? "" : "\r\n";
+    const std::string opening = inSection ? "" : std::string(kSection) + "\r\n";
+    return text.substr(0, place) + end + opening + messages + text.substr(place);
+}
+
+/// Takes what a drop would add. Messages that the project has already are told where the drop tells them.
+class Taking {
+public:
+    Taking(const NodeTree& tree, std::string file, std::ostream& err) : file_(std::move(file)), err_(err) {
+        for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next())
+            if (isMessageNode(*node))
+                names_.insert(upper(before(node->text(), ": ")));
+    }
+
+    void take(const MessageSource& library, const DropStep& step) {
+        for (const SECSMessageRecord* record : library.byStreamFunction(step.streamFunction)) {
+            if (names_.insert(upper(record->getName())).second)
+                taken_.push_back(record);
+            else if (step.tellsDuplicates)
+                tellDuplicate(record->getName());
+        }
+    }
+    const SECSLibraryStore::Records& taken() const { return taken_; }
+    bool toldDuplicates() const { return told_; }
+
+private:
+    void tellDuplicate(const std::string& name) {
+        err_ << file_ << ": " << name << " already exists.\n";
+        told_ = true;
+    }
+
+    std::string file_;
+    std::ostream& err_;
+    std::set<std::string> names_; // upper-cased
+    SECSLibraryStore::Records taken_;
+    bool told_ = false;
+};
+
+} // namespace
+
+std::string AddVerb::example() const {
+    return "zbc add Etcher.zbp semi S1F13 S6F11\n"
+           "  Adds the messages with their replies, as a drag from the library does, and prints the names\n"
+           "  of those added. A NAME is the name of a message or its stream and function. LIBRARY is gem,\n"
+           "  semi, or a file that ends in .zbp, .smd, .mdf or .sml.";
+}
+
+void AddVerb::declare(CLI::App& app) {
+    app.add_option("PROJECT", project_, "The project file, *.zbp")->type_name("FILE")->required();
+    app.add_option("LIBRARY", library_, "The library: gem, semi, or a file")->type_name("FILE")->required();
+    app.add_option("NAME", names_, "The messages to add")->required();
+}
+
+int AddVerb::run(ConsoleStreams streams) {
+    LoadedProject project;
+    if (const int status = project.load(project_, streams); status != kExitDone)
+        return status;
+    MessageSource library;
+    const int libraryStatus = library.load(library_, streams);
+    if (libraryStatus != kExitDone && library.messages().empty())
+        return libraryStatus;
+    std::set<const SECSMessageRecord*> chosen;
+    SECSLibraryStore::Records rows;
+    for (const std::string& name : names_) {
+        const SECSLibraryStore::Records named = library.select(name);
+        if (named.empty()) {
+            streams.err << library_ << ": " << name << ": there is no such message\n";
+            return kExitFault;
+        }
+        std::copy_if(named.begin(), named.end(), std::back_inserter(rows),
+                     [&chosen](const auto* record) { return chosen.insert(record).second; });
+    }
+    Taking taking(project.tree, project_, streams.err);
+    for (const DropStep& step : planDrop(entriesOf(std::move(rows))))
+        taking.take(library, step);
+    if (!taking.taken().empty()) {
+        const std::string text = withMessages(project.text, composeSmd(taking.taken(), SmdForm::Project));
+        if (const Result<void> written = replaceFile(project_, encodeUtf16(text)); !written) {
+            streams.err << project_ << ": cannot be written: " << written.error().description << '\n';
+            return kExitFileFault;
+        }
+    }
+    for (const SECSMessageRecord* record : taking.taken())
+        streams.out << record->getName() << '\n';
+    const bool told = !tellColons(taking.taken(), project_, streams.err) || taking.toldDuplicates();
+    return told ? kExitFault : libraryStatus;
+}
+
+} // namespace zb

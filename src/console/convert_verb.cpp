@@ -1,0 +1,115 @@
+#include "console/convert_verb.h"
+
+#include "console/message_source.h"
+#include "console/printable.h"
+#include "messages/mdf_text.h"
+#include "messages/smd/smd_text.h"
+#include "messages/sml_text.h"
+#include "platform/file_replacer.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <ostream>
+#include <set>
+
+namespace zb {
+
+namespace {
+
+/// Without a word about it a new project is one of a host.
+constexpr const char* kProjectHeader = "\r\n###[PROJECT INFORMATION]\r\nProjectType=1\r\n";
+
+bool isBuiltIn(SourceKind kind) {
+    return kind == SourceKind::Gem || kind == SourceKind::Semi;
+}
+
+std::string bytesOf(const SECSLibraryStore::Records& records, SourceKind kind) {
+    switch (kind) {
+    case SourceKind::Project:
+        return encodeUtf16(
+            std::string(kProjectHeader) +
+            (records.empty() ? "" : "## [EDIT SMD]\r\n" + composeSmd(records, SmdForm::Project)));
+    case SourceKind::Mdf:
+        return composeMdf(records);
+    case SourceKind::Sml:
+        return composeSml(records);
+    default:
+        return composeSmd(records, SmdForm::Build);
+    }
+}
+
+/// The messages named, in the order of the source and each once; what names none is told.
+bool takeSelection(const MessageSource& source, const std::string& file,
+                   const std::vector<std::string>& names, SECSLibraryStore::Records& records,
+                   std::ostream& err) {
+    std::set<const SECSMessageRecord*> chosen;
+    bool found = true;
+    for (const std::string& name : names) {
+        const SECSLibraryStore::Records named = source.select(name);
+        chosen.insert(named.begin(), named.end());
+        if (named.empty())
+            err << file << ": " << name << ": there is no such message\n";
+        found = found && !named.empty();
+    }
+    records.clear();
+    std::copy_if(source.messages().begin(), source.messages().end(), std::back_inserter(records),
+                 [&chosen](const auto* record) { return chosen.count(record) > 0; });
+    return found;
+}
+
+} // namespace
+
+std::string ConvertVerb::example() const {
+    return "zbc convert vendor.sml Etcher.smd --messages S1F13,S6F11\n"
+           "  Writes the messages named, or all without --messages, and prints the file's path and their\n"
+           "  number. IN is a file or one of the built-in libraries gem and semi; the ending of a name "
+           "tells\n"
+           "  its format: .zbp, .smd, .mdf or .sml. What cannot be read of IN is told, and the rest "
+           "written;\n"
+           "  a project that exists already is never written over (see zbc add).";
+}
+
+void ConvertVerb::declare(CLI::App& app) {
+    app.add_option("IN", in_, "The file with the messages, or gem or semi")->type_name("FILE")->required();
+    app.add_option("OUT", out_, "The file to write")->type_name("FILE")->required();
+    app.add_option("--messages", selection_, "Names of messages, or S1F13, parted by commas")
+        ->type_name("NAMES")
+        ->delimiter(',');
+}
+
+int ConvertVerb::run(ConsoleStreams streams) {
+    const SourceKind target = sourceKind(out_);
+    if (target == SourceKind::Unknown || isBuiltIn(target)) {
+        streams.err << "zbc: " << out_ << " does not end in " << kSourceEndings << " (see zbc --help)\n";
+        return kExitUsage;
+    }
+    std::error_code ignored;
+    if (target == SourceKind::Project && std::filesystem::exists(out_, ignored)) {
+        streams.err << out_ << ": is there already: zbc add puts messages into a project\n";
+        return kExitFault;
+    }
+    MessageSource source;
+    const int status = source.load(in_, streams);
+    if (status != kExitDone && source.messages().empty())
+        return status;
+    SECSLibraryStore::Records records = source.messages();
+    if (!selection_.empty() && !takeSelection(source, in_, selection_, records, streams.err))
+        return kExitFault;
+    const int written = write(records, streams);
+    return written == kExitDone ? status : written;
+}
+
+int ConvertVerb::write(const SECSLibraryStore::Records& records, ConsoleStreams streams) const {
+    if (const Result<void> written = replaceFile(out_, bytesOf(records, sourceKind(out_))); !written) {
+        streams.err << out_ << ": cannot be written: " << written.error().description << '\n';
+        return kExitFileFault;
+    }
+    streams.out << out_ << ": " << counted(records.size(), "message") << '\n';
+    const bool project = sourceKind(out_) == SourceKind::Project;
+    return !project || tellColons(records, out_, streams.err) ? kExitDone : kExitFault;
+}
+
+} // namespace zb

@@ -1,0 +1,67 @@
+#include "console/history_verb.h"
+
+#include "platform/file_layer.h"
+#include "project/project_history.h"
+
+#include <CLI/CLI.hpp>
+#include <chrono>
+#include <ctime>
+#include <limits>
+#include <ostream>
+
+namespace zb {
+
+namespace {
+
+/// In UTC, so that colleagues in other zones read the same.
+std::string printTime(std::filesystem::file_time_type time) {
+    const auto system = std::chrono::file_clock::to_sys(time);
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(
+        std::chrono::time_point_cast<std::chrono::system_clock::duration>(system));
+    std::tm parts{};
+    gmtime_r(&seconds, &parts);
+    std::string text(sizeof "2000-01-01 00:00:00 UTC", '\0');
+    text.resize(std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S UTC", &parts));
+    return text;
+}
+
+int restoreVersion(ProjectHistory& history, const std::string& project, int number, ConsoleStreams streams) {
+    const auto restored = history.restore(project, number);
+    if (!restored) {
+        streams.err << project << ": version " << number
+                    << " cannot be brought back: " << restored.error().description << '\n';
+        return kExitFileFault;
+    }
+    streams.out << restored->string() << '\n';
+    return kExitDone;
+}
+
+} // namespace
+
+std::string HistoryVerb::example() const {
+    return "zbc history Etcher.zbp --restore 3\n"
+           "  Puts version 3 beside the project under a new name, which it prints; the project stays as it\n"
+           "  is. Without --restore each kept version is listed with its number, time and size in bytes,\n"
+           "  the oldest first.";
+}
+
+void HistoryVerb::declare(CLI::App& app) {
+    app.add_option("PROJECT", project_, "The project file, *.zbp; it need not be there any more")
+        ->type_name("FILE")
+        ->required();
+    app.add_option("--restore", restore_, "The version to bring back")
+        ->type_name("N")
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()));
+}
+
+int HistoryVerb::run(ConsoleStreams streams) {
+    SystemFileLayer files;
+    ProjectHistory history(files, stateFolder());
+    if (restore_ != 0)
+        return restoreVersion(history, project_, restore_, streams);
+    for (const auto& version : history.versions(project_))
+        streams.out << version.number << "  " << printTime(version.time) << "  " << version.bytes << '\n';
+    return kExitDone;
+}
+
+} // namespace zb

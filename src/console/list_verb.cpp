@@ -1,0 +1,107 @@
+#include "console/list_verb.h"
+
+#include "console/loaded_project.h"
+#include "console/message_source.h"
+#include "console/text_table.h"
+#include "console/transaction_list.h"
+#include "model/tr_model_store.h"
+#include "shell/project_files.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <vector>
+
+namespace zb {
+
+namespace {
+
+/// All items of a message, lists included.
+std::size_t itemCount(const SECSMessageRecord& record) {
+    const std::string body = record.getBodyText();
+    return static_cast<std::size_t>(std::count(body.begin(), body.end(), '\n'));
+}
+
+std::vector<std::string> rowOf(const SECSMessageRecord& record) {
+    return {record.getName(),
+            "S" + record.getStreamText() + "F" + record.getFunctionText(),
+            record.getWait() ? "W" : "-",
+            record.getDirection(),
+            std::to_string(itemCount(record)),
+            record.getDescription()};
+}
+
+void printTable(std::ostream& out, const SECSLibraryStore::Records& messages) {
+    TextTable table;
+    for (const SECSMessageRecord* message : messages)
+        table.add(rowOf(*message));
+    for (const std::string& line : table.lines())
+        out << line << '\n';
+}
+
+void printJson(std::ostream& out, const SECSLibraryStore::Records& messages) {
+    for (const SECSMessageRecord* message : messages) {
+        const SECSMessageRecord& record = *message;
+        const nlohmann::ordered_json line{{"name", record.getName()},
+                                          {"stream", record.getStream()},
+                                          {"function", record.getFunction()},
+                                          {"wait", record.getWait()},
+                                          {"reply", record.getReply()},
+                                          {"nologging", record.getNoLogging()},
+                                          {"direction", record.getDirection()},
+                                          {"items", itemCount(record)},
+                                          {"description", record.getDescription()}};
+        out << line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    }
+}
+
+} // namespace
+
+std::string ListVerb::example() const {
+    return "zbc list Etcher.zbp --json | jq 'select(.stream == 6) | .name'\n"
+           "  Without --json each line has name, stream and function, W or -, direction, number of data\n"
+           "  items with lists counted, and description. With --transactions each message has name, SECS\n"
+           "  message, report or -, and condition; below it stand its items or its data.";
+}
+
+void ListVerb::declare(CLI::App& app) {
+    app.add_option("FILE", source_, "A project *.zbp, a library *.smd, *.mdf or *.sml, or gem or semi")
+        ->type_name("")
+        ->required();
+    app.add_flag("--json", json_, "One JSON object a message");
+    app.add_flag("--transactions", transactions_, "The transaction model of a project, and its sequences");
+}
+
+int ListVerb::run(ConsoleStreams streams) {
+    if (transactions_)
+        return listTransactions(streams);
+    MessageSource source;
+    const int status = source.load(source_, streams);
+    if (json_)
+        printJson(streams.out, source.messages());
+    else
+        printTable(streams.out, source.messages());
+    return status;
+}
+
+int ListVerb::listTransactions(ConsoleStreams streams) const {
+    const SourceKind kind = sourceKind(source_);
+    if (kind != SourceKind::Project && kind != SourceKind::Unknown) {
+        streams.err << "zbc: --transactions needs a project (see zbc --help)\n";
+        return kExitUsage;
+    }
+    LoadedProject project;
+    if (const int status = project.load(source_, streams); status != kExitDone)
+        return status;
+    TRModelStore model;
+    model.setProjectType(projectTypeOf(project.text));
+    model.loadModelText(project.text);
+    if (json_)
+        printTransactionsAsJson(streams.out, model, project.text);
+    else
+        printTransactions(streams.out, model, project.text);
+    return kExitDone;
+}
+
+} // namespace zb

@@ -1,0 +1,168 @@
+#include "console/message_source.h"
+
+#include "console/loaded_project.h"
+#include "console/printable.h"
+#include "messages/libraries/built_in.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+#include "platform/wildcard.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <ostream>
+
+namespace zb {
+
+namespace {
+
+int formatOf(SourceKind kind) {
+    switch (kind) {
+    case SourceKind::Gem:
+        return kFormatGem;
+    case SourceKind::Semi:
+        return kFormatSemi;
+    case SourceKind::Mdf:
+        return kFormatMdf;
+    case SourceKind::Sml:
+        return kFormatSml;
+    default:
+        return kFormatSmd;
+    }
+}
+
+/// `FILE:LINE:COLUMN: text`; what is no error says so before its text.
+void printFinding(std::ostream& out, const std::string& file, const LibraryFinding& finding) {
+    out << file << ':' << finding.line << ':';
+    if (finding.column > 0)
+        out << finding.column << ':';
+    if (finding.severity == LibraryFinding::Severity::Warning)
+        out << " warning:";
+    else if (finding.severity == LibraryFinding::Severity::Note)
+        out << " note:";
+    out << ' ' << printable(finding.text) << '\n';
+}
+
+/// The items below a message, one line each, led by their levels.
+std::string bodyOf(const Node& message) {
+    std::string body;
+    std::size_t level = 1;
+    const Node* node = message.child();
+    while (node != nullptr) {
+        body.append(std::to_string(level)).append(" ").append(node->text()).append("\r\n");
+        if (node->child() != nullptr) {
+            node = node->child();
+            ++level;
+            continue;
+        }
+        while (node != &message && node->next() == nullptr) {
+            node = node->parent();
+            --level;
+        }
+        node = node == &message ? nullptr : node->next();
+    }
+    return body;
+}
+
+} // namespace
+
+SourceKind sourceKind(std::string_view name) {
+    if (name == "gem")
+        return SourceKind::Gem;
+    if (name == "semi")
+        return SourceKind::Semi;
+    const std::string ending = lower(std::filesystem::path(name).extension().string());
+    if (ending == ".zbp")
+        return SourceKind::Project;
+    if (ending == ".smd")
+        return SourceKind::Smd;
+    if (ending == ".mdf")
+        return SourceKind::Mdf;
+    return ending == ".sml" ? SourceKind::Sml : SourceKind::Unknown;
+}
+
+int MessageSource::load(const std::string& name, ConsoleStreams streams) {
+    const SourceKind kind = sourceKind(name);
+    if (kind == SourceKind::Project || kind == SourceKind::Unknown)
+        return loadProject(name, streams);
+    return loadLibrary(name, kind, streams);
+}
+
+int MessageSource::loadLibrary(const std::string& name, SourceKind kind, ConsoleStreams streams) {
+    library_ = std::make_unique<SECSLibraryStore>(codePageOfUser());
+    std::string status;
+    if (kind == SourceKind::Gem) {
+        library_->load(gemLibraryText(), kFormatGem);
+    } else if (kind == SourceKind::Semi) {
+        for (const std::string& block : semiLibraryBlocks())
+            library_->load(block, kFormatSemi);
+    } else {
+        if (const auto bytes = readBytes(name); !bytes) {
+            streams.err << name << ": cannot be read: " << bytes.error().description << '\n';
+            return kExitFileFault;
+        }
+        status = library_->load(name, formatOf(kind));
+    }
+    messages_ = library_->getMessages();
+    bool faulty = !status.empty();
+    for (const LibraryFinding& finding : library_->findings()) {
+        printFinding(streams.err, name, finding);
+        faulty = faulty || finding.severity == LibraryFinding::Severity::Error;
+    }
+    if (!status.empty())
+        streams.err << name << ": not a message library: no message could be read\n";
+    return faulty ? kExitFault : kExitDone;
+}
+
+int MessageSource::loadProject(const std::string& name, ConsoleStreams streams) {
+    LoadedProject project;
+    if (const int status = project.load(name, streams); status != kExitDone)
+        return status;
+    for (const Node* node = project.tree.firstRoot(); node != nullptr; node = node->next()) {
+        if (!isMessageNode(*node))
+            continue;
+        const Node* description = node->previous();
+        auto record = std::make_unique<SECSMessageRecord>();
+        record->parseTexts(node->text(), description == nullptr ? "" : description->text(), bodyOf(*node));
+        messages_.push_back(record.get());
+        ofProject_.push_back(std::move(record));
+    }
+    return kExitDone;
+}
+
+SECSLibraryStore::Records MessageSource::select(std::string_view wanted) const {
+    SECSLibraryStore::Records chosen;
+    std::copy_if(messages_.begin(), messages_.end(), std::back_inserter(chosen),
+                 [wanted](const auto* record) {
+                     return equalsIgnoringCase(record->getName(), wanted) ||
+                            equalsIgnoringCase(
+                                "S" + record->getStreamText() + "F" + record->getFunctionText(), wanted);
+                 });
+    return chosen;
+}
+
+SECSLibraryStore::Records MessageSource::byStreamFunction(std::string_view text) const {
+    SECSLibraryStore::Records chosen;
+    std::copy_if(messages_.begin(), messages_.end(), std::back_inserter(chosen), [text](const auto* record) {
+        return "S" + record->getStreamText() + " F" + record->getFunctionText() == text;
+    });
+    return chosen;
+}
+
+bool tellColons(const SECSLibraryStore::Records& records, const std::string& file, std::ostream& err) {
+    bool none = true;
+    for (const SECSMessageRecord* record : records) {
+        const std::string body = record->getBodyText();
+        LineReader lines(body);
+        while (const auto line = lines.next()) {
+            if (!hasColon(*line))
+                continue;
+            err << file << ": " << printable(record->getName())
+                << ": a project reads an item with \":\" as the head of a message: "
+                << printable(line->substr(line->find(' ') + 1)) << '\n';
+            none = false;
+        }
+    }
+    return none;
+}
+
+} // namespace zb

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "controls/control.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zb {
+
+/// A combo: a text and a list of entries to choose it from, in order of insertion.
+class Combo : public Control {
+public:
+    Combo(Window& window, std::string name, Control* pane = nullptr)
+        : Control(Kind::Combo, window, std::move(name), pane) {}
+
+    const std::string& text() const { return text_; }
+    /// Sets what the combo shows; no choice is told.
+    void setText(std::string_view text);
+
+    const std::vector<std::string>& entries() const { return entries_; }
+    void add(std::string entry);
+    /// Positions from 0; one behind the end changes nothing. A combo that shows the entry shows nothing then.
+    void removeAt(std::size_t position);
+    /// Removes all entries and the text.
+    void clear();
+    bool contains(std::string_view entry) const;
+
+    /// Whether the arrow keys choose the next entry. Otherwise the combo can only be chosen from.
+    enum class Keys { Choose, Ignored };
+    void setKeys(Keys keys) { keys_ = keys; }
+    Keys keys() const { return keys_; }
+
+    /// What the user does: shows the entry and tells the choice, also of the one that showed before.
+    void choose(std::size_t position);
+
+    std::function<void()> onChoose;
+
+private:
+    std::string text_;
+    std::vector<std::string> entries_;
+    Keys keys_ = Keys::Choose;
+};
+
+/// A folder browser's field: holds the path of a folder.
+class FolderField : public Control {
+public:
+    FolderField(Window& window, std::string name, Control* pane = nullptr)
+        : Control(Kind::FolderField, window, std::move(name), pane) {}
+
+    const std::string& text() const { return text_; }
+    /// Runs the change handling at once when the folder differs.
+    void setText(std::string_view folder);
+
+    std::function<void()> onChange;
+
+private:
+    std::string text_;
+};
+
+} // namespace zb

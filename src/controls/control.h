@@ -1,0 +1,115 @@
+#pragma once
+
+#include "controls/drag.h"
+#include "controls/key.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace zb {
+
+class Window;
+class Control;
+
+/// What a store tells its screen when it rings: enough to know what to look at again.
+enum class Change {
+    State,     ///< enabled, visible, locked, caption, checked, pointer, ...
+    Value,     ///< text, value, chosen entry
+    Selection, ///< selected text, row or node; the caret
+    Rows,      ///< rows, columns, entries, panels or nodes came, went or changed
+};
+
+/// One listener a store: the screen that shows it.
+using Bell = std::function<void(Change)>;
+
+/// A control store: what one control of a window is and does, with no screen behind it. Handlers of the
+/// program hang on the on... members; the user's hands are in UserHands.
+class Control {
+public:
+    enum class Kind {
+        TextField,
+        Label,
+        CheckBox,
+        Option,
+        Button,
+        Pane,
+        MenuEntry,
+        PopupMenu,
+        Toolbar,
+        StatusBar,
+        Combo,
+        FolderField,
+        List,
+        Tree,
+    };
+
+    /// `name` is the address of the control within its window ("txtStream", "optSrcGen[1]"). A control
+    /// within a pane can be used only while the pane is enabled and visible.
+    Control(Kind kind, Window& window, std::string name, Control* pane = nullptr);
+    virtual ~Control();
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    Kind kind() const { return kind_; }
+    const std::string& name() const { return name_; }
+    Window& window() const { return window_; }
+    Control* pane() const { return pane_; }
+
+    bool enabled() const { return enabled_; }
+    bool visible() const { return visible_; }
+    /// A control that is disabled or hidden while it has the focus passes it to the next one.
+    void setEnabled(bool enabled);
+    void setVisible(bool visible);
+    /// Enabled and visible, and so is every pane around it.
+    bool usable() const;
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    const std::string& toolTip() const { return toolTip_; }
+    void setToolTip(std::string text) { toolTip_ = std::move(text); }
+
+    /// Whether clicks and Tab bring the focus here.
+    bool takesFocus() const;
+    bool focused() const;
+    /// Moves the focus here; without effect on a control that cannot be used.
+    void setFocus();
+
+    std::function<void()> onGotFocus;
+    std::function<void()> onLostFocus;
+    std::function<void(KeyEvent)> onKeyDown;
+    std::function<void(KeyEvent)> onKeyUp;
+
+    /// A drag starts on the control as a whole, and a drop on it. Trees and lists have their own for their
+    /// members.
+    std::function<std::optional<DragData>()> onDragData;
+    std::function<void(const DragData&)> onDropData;
+
+    Bell bell;
+    void ring(Change change) const;
+
+private:
+    friend class Desktop;
+    virtual void focusArrives() {}
+
+    Kind kind_;
+    bool enabled_ = true;
+    bool visible_ = true;
+    Window& window_;
+    Control* pane_;
+    std::string name_;
+    std::string caption_;
+    std::string toolTip_;
+};
+
+/// Runs a handler when there is one. The handler is copied first: it may replace itself.
+template<typename... Args, typename... Given>
+void fire(const std::function<void(Args...)>& handler, Given&&... given) {
+    if (handler) {
+        const auto running = handler;
+        running(std::forward<Given>(given)...);
+    }
+}
+
+} // namespace zb

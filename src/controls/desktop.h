@@ -1,0 +1,110 @@
+#pragma once
+
+#include "controls/screen.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zb {
+
+class Control;
+class PopupMenu;
+class Window;
+
+/// The title of message boxes that have none of their own.
+inline constexpr std::string_view kApplicationTitle = "Zeltobench";
+
+/// All windows of one program, which of them is active, who has the focus, which dialogs stand modally and
+/// which pop-up is open.
+class Desktop {
+public:
+    explicit Desktop(Screen& screen) : screen_(screen) {}
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    Screen& screen() const { return screen_; }
+
+    /// The window of that name; of several, the one that was shown last. Null when there is none.
+    Window* find(std::string_view name) const;
+    const std::vector<Window*>& windows() const { return windows_; }
+
+    Window* activeWindow() const { return active_; }
+    /// The window that takes all input while it stands; null when there is no modal one.
+    Window* modalWindow() const { return modal_.empty() ? nullptr : modal_.back().window; }
+    /// Whether the user can act in the window: it stands, and no other one stands modally before it.
+    bool acceptsInput(const Window& window) const;
+
+    /// The active window loses the focus, with all its handling, and `window` gets it.
+    void activate(Window& window);
+    void show(Window& window);
+    void hide(Window& window);
+    /// The window that was active keeps its focus beneath the dialog.
+    void showModal(Window& window);
+
+    bool hasFocus(const Control& control) const;
+    void focus(Control& control);
+
+    Answer showBox(Box box);
+    Answer showBox(std::string text) {
+        return showBox(Box{std::move(text), {}, BoxIcon::None, BoxButtons::OK});
+    }
+    Answer showBox(std::string text, BoxIcon icon) {
+        return showBox(Box{std::move(text), {}, icon, BoxButtons::OK});
+    }
+    std::string pickFile(const FileDialog& dialog) { return screen_.pickFile(dialog); }
+
+    PopupMenu* openPopup() const { return popup_; }
+    void popup(PopupMenu& menu);
+    void closePopup();
+
+private:
+    friend class Window;
+    struct ModalEntry {
+        Window* window;
+        Window* activeBefore;
+    };
+
+    /// Takes the innermost dialog off again, also when a fault ends it.
+    class ModalGuard {
+    public:
+        explicit ModalGuard(std::vector<ModalEntry>& modal) : modal_(modal) {}
+        ~ModalGuard() { modal_.pop_back(); }
+        ModalGuard(const ModalGuard&) = delete;
+        ModalGuard& operator=(const ModalGuard&) = delete;
+
+    private:
+        std::vector<ModalEntry>& modal_;
+    };
+
+    /// Marks the window whose loss of the focus is being handled.
+    class Leaving {
+    public:
+        Leaving(const Window*& slot, const Window& window) : slot_(slot), before_(slot) { slot_ = &window; }
+        ~Leaving() { slot_ = before_; }
+        Leaving(const Leaving&) = delete;
+        Leaving& operator=(const Leaving&) = delete;
+
+    private:
+        const Window*& slot_;
+        const Window* before_;
+    };
+
+    void add(Window& window) { windows_.push_back(&window); }
+    void remove(Window& window);
+    void forget(const Control& control);
+    const Window* standingModal() const;
+    void leave(Window& window);
+    void enter(Window& window);
+    void moveFocus(Window& window, Control* control);
+    Window* topVisible(const Window* except) const;
+
+    Screen& screen_;
+    std::vector<Window*> windows_; // the one shown last stands last
+    std::vector<ModalEntry> modal_;
+    Window* active_ = nullptr;
+    const Window* leaving_ = nullptr;
+    PopupMenu* popup_ = nullptr;
+};
+
+} // namespace zb

@@ -1,0 +1,200 @@
+#include "controls/key_effects.h"
+
+#include "controls/combo.h"
+#include "controls/list.h"
+#include "controls/menu.h"
+#include "controls/simple_controls.h"
+#include "controls/text_field.h"
+#include "controls/tree.h"
+#include "controls/window.h"
+
+#include <algorithm>
+
+namespace zb {
+
+namespace {
+
+using Kind = Control::Kind;
+
+Node* deepestShown(Node* node) {
+    while (node != nullptr && node->expanded() && node->lastChild() != nullptr)
+        node = node->lastChild();
+    return node;
+}
+
+Node* shownBelow(Node& node) {
+    if (node.expanded() && node.child() != nullptr)
+        return node.child();
+    for (Node* above = &node; above != nullptr; above = above->parent()) {
+        if (above->next() != nullptr)
+            return above->next();
+    }
+    return nullptr;
+}
+
+Node* shownAbove(const Node& node) {
+    return node.previous() != nullptr ? deepestShown(node.previous()) : node.parent();
+}
+
+Node* arrowLeft(Node& node) {
+    if (node.expanded() && node.child() != nullptr) {
+        node.setExpanded(false);
+        return nullptr;
+    }
+    return node.parent();
+}
+
+Node* arrowRight(Node& node) {
+    if (node.child() == nullptr)
+        return nullptr;
+    if (!node.expanded()) {
+        node.setExpanded(true);
+        return nullptr;
+    }
+    return node.child();
+}
+
+Node* arrowTarget(const NodeTree& nodes, int code) {
+    Node* from = nodes.selected();
+    if (code == kKeyHome || from == nullptr)
+        return nodes.firstRoot();
+    switch (code) {
+    case kKeyEnd:
+        return deepestShown(nodes.lastRoot());
+    case kKeyUp:
+        return shownAbove(*from);
+    case kKeyDown:
+        return shownBelow(*from);
+    case kKeyLeft:
+        return arrowLeft(*from);
+    case kKeyRight:
+        return arrowRight(*from);
+    default:
+        return nullptr;
+    }
+}
+
+void moveInTree(Tree& tree, int code) {
+    if (code < kKeyEnd || code > kKeyDown)
+        return;
+    Node* target = arrowTarget(tree.nodes(), code);
+    if (target == nullptr || target == tree.nodes().selected())
+        return;
+    tree.nodes().select(target);
+    fire(tree.onNodeClick, *target);
+}
+
+void moveInList(List& list, int code) {
+    const auto& rows = list.shown();
+    if (rows.empty())
+        return;
+    const int here = list.positionOf(list.selected());
+    const int last = static_cast<int>(rows.size());
+    int target = here;
+    switch (code) {
+    case kKeyHome:
+        target = 1;
+        break;
+    case kKeyEnd:
+        target = last;
+        break;
+    case kKeyUp:
+        target = here - 1;
+        break;
+    case kKeyDown:
+        target = here + 1;
+        break;
+    default:
+        return;
+    }
+    target = std::clamp(target, 1, last);
+    if (target == here)
+        return;
+    ListRow& row = *rows[static_cast<std::size_t>(target) - 1];
+    list.select(&row);
+    fire(list.onRowClick, row);
+}
+
+void moveInCombo(Combo& combo, int code) {
+    if (combo.keys() == Combo::Keys::Ignored || (code != kKeyUp && code != kKeyDown))
+        return;
+    const auto& entries = combo.entries();
+    const auto here = std::find(entries.begin(), entries.end(), combo.text());
+    auto position = static_cast<std::size_t>(here - entries.begin());
+    if (here == entries.end())
+        position = 0;
+    else if (code == kKeyDown)
+        ++position;
+    else if (position == 0)
+        return;
+    else
+        --position;
+    combo.choose(position);
+}
+
+} // namespace
+
+MenuEntry* entryOfKey(const Control& control, KeyEvent key) {
+    if (control.kind() == Kind::TextField)
+        return nullptr;
+    for (Control* other : control.window().controls()) {
+        if (other->kind() != Kind::MenuEntry)
+            continue;
+        auto& entry = static_cast<MenuEntry&>(*other);
+        if (!entry.shortcut().empty() && entry.popup() == nullptr && keyOfShortcut(entry.shortcut()) == key)
+            return &entry;
+    }
+    return nullptr;
+}
+
+void pressByClick(Control& control) {
+    if (control.kind() == Kind::CheckBox) {
+        auto& box = static_cast<CheckBox&>(control);
+        box.setChecked(!box.checked());
+        fire(box.onRelease);
+    } else if (control.kind() == Kind::Option) {
+        auto& option = static_cast<Option&>(control);
+        if (!option.on()) {
+            option.setOn(true);
+            fire(option.onClick);
+        }
+    } else if (control.kind() == Kind::Button) {
+        fire(static_cast<Button&>(control).onClick);
+    }
+}
+
+void applyKey(Control& control, KeyEvent key) {
+    if (key.code == kKeyEscape) {
+        Button* cancel = control.window().cancelButton();
+        if (cancel != nullptr && cancel->usable())
+            fire(cancel->onClick);
+        return;
+    }
+    switch (control.kind()) {
+    case Kind::TextField:
+        static_cast<TextField&>(control).enterKey(key);
+        break;
+    case Kind::CheckBox:
+    case Kind::Option:
+        if (key.code == kKeySpace)
+            pressByClick(control);
+        break;
+    case Kind::Button:
+        if (key.code == kKeySpace || key.code == kKeyEnter)
+            pressByClick(control);
+        break;
+    case Kind::Combo:
+        moveInCombo(static_cast<Combo&>(control), key.code);
+        break;
+    case Kind::List:
+        moveInList(static_cast<List&>(control), key.code);
+        break;
+    case Kind::Tree:
+        moveInTree(static_cast<Tree&>(control), key.code);
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace zb

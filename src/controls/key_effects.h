@@ -1,0 +1,21 @@
+#pragma once
+
+#include "controls/key.h"
+
+namespace zb {
+
+class Control;
+class MenuEntry;
+
+/// What a key does to a control by itself, after its key down has been handled: enters a character, presses a
+/// button, moves a selection. Escape presses the window's cancel button.
+void applyKey(Control& control, KeyEvent key);
+
+/// The entry of the window's menu bar that the key runs while the control has the focus; null for none.
+/// Fields of text keep their keys to themselves. Whether the entry can be used now is not asked.
+MenuEntry* entryOfKey(const Control& control, KeyEvent key);
+
+/// Presses a button, toggles a check box, turns an option on, with all that follows.
+void pressByClick(Control& control);
+
+} // namespace zb

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "controls/control.h"
+
+#include <string>
+
+namespace zb {
+
+/// A pop-up menu; its entries name it as their menu.
+class PopupMenu : public Control {
+public:
+    PopupMenu(Window& window, std::string name) : Control(Kind::PopupMenu, window, std::move(name)) {}
+
+    /// Opens at the pointer. It closes behind the command of an entry, or before the next action elsewhere.
+    void open();
+    bool isOpen() const;
+
+    /// It closed, with or without a choice.
+    std::function<void()> onClosed;
+};
+
+/// An entry of the menu bar, of a sub menu or of a pop-up. An entry that others name as their menu opens
+/// them.
+class MenuEntry : public Control {
+public:
+    /// `menu` is the entry or pop-up above; null for the menu bar itself.
+    MenuEntry(Window& window, std::string name, std::string caption, Control* menu = nullptr)
+        : Control(Kind::MenuEntry, window, std::move(name)), menu_(menu) {
+        setCaption(std::move(caption));
+    }
+
+    Control* menu() const { return menu_; }
+    /// The pop-up that the entry stands in, at any depth; null for entries of the menu bar.
+    PopupMenu* popup() const;
+    bool checked() const { return checked_; }
+    void setChecked(bool checked);
+    /// A line above the entry, and the key that runs it ("Ctrl+S"); both for the screen alone.
+    bool separatorAbove() const { return separatorAbove_; }
+    MenuEntry& withSeparatorAbove() {
+        separatorAbove_ = true;
+        return *this;
+    }
+    const std::string& shortcut() const { return shortcut_; }
+    void setShortcut(std::string shortcut) { shortcut_ = std::move(shortcut); }
+
+    std::function<void()> onClick;
+    /// The menu below this entry opens.
+    std::function<void()> onOpen;
+
+private:
+    Control* menu_;
+    bool checked_ = false;
+    bool separatorAbove_ = false;
+    std::string shortcut_;
+};
+
+} // namespace zb

@@ -1,0 +1,49 @@
+#include "controls/standard_menus.h"
+
+#include "controls/window.h"
+
+namespace zb {
+
+void runBusy(MenuEntry& entry, ProjectCommands& commands, void (ProjectCommands::*command)(Window&)) {
+    entry.onClick = [&window = entry.window(), &commands, command] {
+        const BusyPointer busy(window);
+        (commands.*command)(window);
+    };
+}
+
+ProjectMenu::ProjectMenu(Window& window, ProjectCommands& commands)
+    : mnuProject(window, "mnuProject", "Project(&P)"), mnuNew(window, "mnuNew", "New(&N)", &mnuProject),
+      mnuOpen(window, "mnuOpen", "Open(&O)", &mnuProject),
+      mnuSave(window, "mnuSave", "Save(&S)", &mnuProject),
+      mnuSaveAs(window, "mnuSaveAs", "SaveAs(&E)", &mnuProject),
+      mnuPrint(window, "mnuPrint", "Print(&P)", &mnuProject),
+      mnuExit(window, "mnuExit", "Exit(&X)", &mnuProject) {
+    runBusy(mnuNew, commands, &ProjectCommands::commandNew);
+    runBusy(mnuOpen, commands, &ProjectCommands::commandOpen);
+    runBusy(mnuSave, commands, &ProjectCommands::commandSave);
+    runBusy(mnuSaveAs, commands, &ProjectCommands::commandSaveAs);
+    mnuExit.onClick = [&commands] { commands.commandExit(); };
+    mnuNew.setShortcut("Ctrl+N");
+    mnuOpen.setShortcut("Ctrl+O");
+    mnuSave.setShortcut("Ctrl+S");
+    mnuPrint.withSeparatorAbove();
+    mnuExit.withSeparatorAbove();
+}
+
+CommandMenus::CommandMenus(Window& window, ProjectCommands& commands)
+    : mnuBuild(window, "mnuBuild", "Build(&B)"),
+      mnuBuildSMD(window, "mnuBuildSMD", "SECS Message Definitions(&S)", &mnuBuild),
+      mnuTMD(window, "mnuTMD", "Transaction Modeling Definitions(&T)", &mnuBuild),
+      mnuBuildZeltoPlugIn(window, "mnuBuildZeltoPlugIn", "ZeltoDriver Interface PlugIn(&P)", &mnuBuild),
+      mnuTools(window, "mnuTools", "Tools(&T)"), mnuOption(window, "mnuOption", "Option(&O)", &mnuTools),
+      mnuWindow(window, "mnuWindow", "Window(&W)"),
+      mnuEditor(window, "mnuEditor", "SECSEditor(&E)", &mnuWindow),
+      mnuModeler(window, "mnuModeler", "TRModeler(&M)", &mnuWindow), mnuHelp(window, "mnuHelp", "Help(&H)"),
+      mnuAbout(window, "mnuAbout", "About(&A)", &mnuHelp) {
+    runBusy(mnuBuildSMD, commands, &ProjectCommands::commandBuildSmd);
+    runBusy(mnuBuildZeltoPlugIn, commands, &ProjectCommands::commandBuildPlugIn);
+    runBusy(mnuOption, commands, &ProjectCommands::commandOption);
+    mnuAbout.onClick = [&window, &commands] { commands.commandAbout(window); };
+}
+
+} // namespace zb

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "controls/menu.h"
+#include "controls/project_commands.h"
+
+namespace zb {
+
+// The menus that the document windows share. They lead to the shared commands, of which the long ones show
+// the hourglass on the window while they run. The order in a menu bar is that of declaration, so a window
+// that has menus of its own between Project and Build declares the two halves apart.
+
+/// Makes an entry run a shared command, with the hourglass on the entry's window.
+void runBusy(MenuEntry& entry, ProjectCommands& commands, void (ProjectCommands::*command)(Window&));
+
+class ProjectMenu {
+public:
+    ProjectMenu(Window& window, ProjectCommands& commands);
+
+    MenuEntry mnuProject;
+    MenuEntry mnuNew;
+    MenuEntry mnuOpen;
+    MenuEntry mnuSave;
+    MenuEntry mnuSaveAs;
+    MenuEntry mnuPrint; ///< the system does not print
+    MenuEntry mnuExit;
+};
+
+/// Build, option, window and help. The windows wire the entries that mean something in them alone: the
+/// modeler's TMD build, the way to the other window.
+class CommandMenus {
+public:
+    CommandMenus(Window& window, ProjectCommands& commands);
+
+    MenuEntry mnuBuild;
+    MenuEntry mnuBuildSMD;
+    MenuEntry mnuTMD;
+    MenuEntry mnuBuildZeltoPlugIn;
+    MenuEntry mnuTools;
+    MenuEntry mnuOption;
+    MenuEntry mnuWindow;
+    MenuEntry mnuEditor;
+    MenuEntry mnuModeler;
+    MenuEntry mnuHelp;
+    MenuEntry mnuAbout;
+};
+
+/// Both halves, for a window with no menus between them.
+class StandardMenus : public ProjectMenu, public CommandMenus {
+public:
+    StandardMenus(Window& window, ProjectCommands& commands)
+        : ProjectMenu(window, commands), CommandMenus(window, commands), commands_(commands) {}
+
+    void runBusy(MenuEntry& entry, void (ProjectCommands::*command)(Window&)) {
+        zb::runBusy(entry, commands_, command);
+    }
+
+private:
+    ProjectCommands& commands_;
+};
+
+} // namespace zb

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "controls/control.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zb {
+
+/// A field of text. Positions are byte offsets into the UTF-8 text, always at the start of a character.
+class TextField : public Control {
+public:
+    enum class Lines { One, Many };
+
+    TextField(Window& window, std::string name, Control* pane = nullptr, Lines lines = Lines::One)
+        : Control(Kind::TextField, window, std::move(name), pane), lines_(lines) {}
+
+    const std::string& text() const { return text_; }
+    /// Runs the change handling at once when the text differs; the caret goes to the end.
+    void setText(std::string_view text);
+
+    /// A locked field takes no character; key filters lock and unlock it at each key down.
+    bool locked() const { return locked_; }
+    void setLocked(bool locked);
+    /// A read-only field is never changed by the user.
+    bool readOnly() const { return readOnly_; }
+    void setReadOnly(bool readOnly) {
+        readOnly_ = readOnly;
+        ring(Change::State);
+    }
+    Lines lines() const { return lines_; }
+
+    std::size_t caret() const { return caret_; }
+    std::size_t anchor() const { return anchor_; }
+    std::string selectedText() const;
+    /// Puts the caret at `caret` and selects from `anchor` to it; both are moved to character starts.
+    void select(std::size_t anchor, std::size_t caret);
+    void selectAll() { select(0, text_.size()); }
+    void caretToEnd() { select(text_.size(), text_.size()); }
+
+    /// What the user does. Each obeys locked and read-only; none looks at enabled or visible.
+    /// @{
+    /// A key's effect on the text or caret, after its key down has been handled.
+    void enterKey(KeyEvent key);
+    /// A character from an input method or a key of another layout; it replaces the selection.
+    void insert(std::string_view characters);
+    /// The whole text is replaced by `text`: one change, none when it stays the same. A field of one line
+    /// takes what stands before the first line break.
+    void paste(std::string_view text);
+    /// @}
+
+    std::function<void()> onChange;
+
+private:
+    void focusArrives() override { caretToEnd(); }
+    void replaceSelection(std::string_view text);
+    void moveCaret(KeyEvent key);
+    std::size_t before(std::size_t position) const;
+    std::size_t behind(std::size_t position) const;
+    void changed();
+
+    Lines lines_;
+    std::string text_;
+    std::size_t caret_ = 0;
+    std::size_t anchor_ = 0;
+    bool locked_ = false;
+    bool readOnly_ = false;
+};
+
+} // namespace zb

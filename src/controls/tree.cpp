@@ -1,0 +1,20 @@
+#include "controls/tree.h"
+
+namespace zb {
+
+void Tree::replaceNodes() {
+    auto fresh = std::make_unique<NodeTree>();
+    nodes_->setListener(nullptr);
+    std::swap(nodes_, fresh);
+    // The old nodes go only when nobody shows them any more.
+    fire(onReplaced);
+    nodes_->setListener(listener_);
+    ring(Change::Rows);
+}
+
+void Tree::setListener(NodeTreeListener* listener) {
+    listener_ = listener;
+    nodes_->setListener(listener);
+}
+
+} // namespace zb

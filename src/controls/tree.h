@@ -1,0 +1,52 @@
+#pragma once
+
+#include "controls/control.h"
+#include "controls/drag.h"
+#include "platform/tree/node_tree.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace zb {
+
+/// A tree control. Its nodes can be replaced by a fresh tree in one step.
+class Tree : public Control {
+public:
+    Tree(Window& window, std::string name, Control* pane = nullptr)
+        : Control(Kind::Tree, window, std::move(name), pane), nodes_(std::make_unique<NodeTree>()) {}
+
+    NodeTree& nodes() { return *nodes_; }
+    const NodeTree& nodes() const { return *nodes_; }
+    /// Drops all nodes at once and starts from an empty tree; the listener moves over to it.
+    void replaceNodes();
+
+    void setBackColor(OptionalColor color) {
+        backColor_ = color;
+        ring(Change::State);
+    }
+    const OptionalColor& backColor() const { return backColor_; }
+
+    /// The screen's listener, for the tree of now and of later.
+    void setListener(NodeTreeListener* listener);
+    /// The whole tree was replaced.
+    std::function<void()> onReplaced;
+
+    /// The left (1) or right (2) button went down or up; `node` is null below all nodes.
+    std::function<void(int button, Node* node)> onMouseDown;
+    std::function<void(int button, Node* node)> onMouseUp;
+    /// A node was clicked, or reached by the arrow keys; it is selected by then.
+    std::function<void(Node& node)> onNodeClick;
+    std::function<void(Node& node)> onDoubleClick;
+    /// A drag starts on the node; no handler, or none back, refuses it.
+    std::function<std::optional<DragData>(Node& node)> onDragStart;
+    std::function<void(const DragData&, Node* node)> onDragOver;
+    std::function<void(const DragData&, Node* node)> onDrop;
+
+private:
+    std::unique_ptr<NodeTree> nodes_;
+    OptionalColor backColor_;
+    NodeTreeListener* listener_ = nullptr;
+};
+
+} // namespace zb

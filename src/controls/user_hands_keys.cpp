@@ -1,0 +1,95 @@
+#include "controls/user_hands.h"
+
+#include "controls/key_effects.h"
+#include "controls/menu.h"
+#include "controls/text_field.h"
+#include "controls/user_hands_parts.h"
+
+namespace zb {
+
+using namespace hands;
+using Kind = Control::Kind;
+
+UserHands::Refusal UserHands::keyDown(Control& control, KeyEvent key) {
+    if (!control.takesFocus())
+        return describe(control) + " takes no keys";
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
+        return refusal;
+    return keyDownHere(control, key);
+}
+
+UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key) {
+    ++begun_;
+    lastRefusal_ = whyNot(control);
+    if (!lastRefusal_.empty())
+        return lastRefusal_;
+    fire(control.onKeyDown, key);
+    if (Refusal refusal = whyNot(control); !refusal.empty())
+        return refusal;
+    applyKey(control, key);
+    return {};
+}
+
+void UserHands::keyUp(Control& control, KeyEvent key) {
+    if (control.window().visible())
+        fire(control.onKeyUp, key);
+}
+
+UserHands::Refusal UserHands::key(Control& control, KeyEvent key) {
+    if (!control.takesFocus())
+        return describe(control) + " takes no keys";
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
+        return refusal;
+    return strike(control, key);
+}
+
+UserHands::Refusal UserHands::type(Control& control, std::string_view text) {
+    if (!control.takesFocus())
+        return describe(control) + " takes no keys";
+    for (const char character : text) {
+        if (!keyOfCharacter(character))
+            return "a US keyboard has no key for all of \"" + std::string(text) + "\"";
+    }
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
+        return refusal;
+    for (const char character : text) {
+        if (Refusal refusal = strike(control, *keyOfCharacter(character)); !refusal.empty())
+            return refusal;
+    }
+    return {};
+}
+
+// Down, the key's effect and up, whatever has the focus. A key of the menu bar never comes to the control.
+UserHands::Refusal UserHands::strike(Control& control, KeyEvent key) {
+    if (Refusal refusal = whyNot(control); !refusal.empty())
+        return refusal;
+    if (MenuEntry* entry = entryOfKey(control, key); entry != nullptr && whyNot(*entry).empty()) {
+        fire(entry->onClick);
+        return {};
+    }
+    if (keyDownHere(control, key).empty())
+        keyUp(control, key);
+    return {};
+}
+
+UserHands::Refusal UserHands::insert(Control& control, std::string_view text) {
+    if (control.kind() != Kind::TextField)
+        return describe(control) + " is no text field";
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
+        return refusal;
+    as<TextField>(control).insert(text);
+    return {};
+}
+
+UserHands::Refusal UserHands::paste(Control& control, std::string_view text) {
+    if (control.kind() != Kind::TextField)
+        return describe(control) + " is no text field";
+    if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
+        return refusal;
+    auto& field = as<TextField>(control);
+    field.selectAll();
+    field.paste(text);
+    return {};
+}
+
+} // namespace zb

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "controls/control.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zb {
+
+class Button;
+class Desktop;
+
+/// The pointer that shows over a window.
+enum class Pointer { Default = 0, Sizing = 9, Hourglass = 11 };
+
+/// A window: named control stores and the handlers of their events. Windows derive from it and hold their
+/// controls as members, declared in tab order.
+class Window {
+public:
+    Window(Desktop& desktop, std::string name);
+    virtual ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    const std::string& name() const { return name_; }
+    Desktop& desktop() const { return desktop_; }
+
+    const std::string& caption() const { return caption_; }
+    void setCaption(std::string caption);
+    bool visible() const { return visible_; }
+    Pointer pointer() const { return pointer_; }
+    void setPointer(Pointer pointer);
+
+    /// Brings the window up and makes it active. Showing one that stands brings it to the front.
+    void show();
+    void hide();
+    /// Returns when the window has been hidden.
+    void showModal();
+
+    /// All controls, in the order in which they were declared.
+    const std::vector<Control*>& controls() const { return controls_; }
+    /// By name, letter by letter; null when there is none.
+    Control* find(std::string_view name) const;
+
+    /// The control that has the focus whenever the window is active; may be null.
+    Control* focusControl() const { return focusControl_; }
+    /// Which control gets the focus when the window comes up, as long as none had it yet; without it the
+    /// first one that can be used.
+    void setFirstFocus(Control& control) { focusControl_ = &control; }
+
+    /// The button that Escape presses; may be null.
+    void setCancelButton(Button& button) { cancelButton_ = &button; }
+    Button* cancelButton() const { return cancelButton_; }
+
+    /// The user closes the window by its frame. The base hides it.
+    virtual void closeByFrame();
+
+    std::function<void()> onActivate;
+    std::function<void()> onDeactivate;
+    Bell bell;
+
+private:
+    friend class Control;
+    friend class Desktop;
+    void add(Control& control);
+    void remove(const Control& control);
+    Control* firstFocusable() const;
+    void passFocusOnWhenLost();
+    void ring(Change change) const;
+
+    Desktop& desktop_;
+    std::string name_;
+    std::string caption_;
+    bool visible_ = false;
+    Pointer pointer_ = Pointer::Default;
+    Control* focusControl_ = nullptr;
+    Button* cancelButton_ = nullptr;
+    std::vector<Control*> controls_;
+    std::unordered_map<std::string, Control*> byName_;
+};
+
+/// Shows the hourglass on a window while a command runs, and the default pointer afterwards, whatever the
+/// outcome.
+class BusyPointer {
+public:
+    explicit BusyPointer(Window& window) : window_(window) { window_.setPointer(Pointer::Hourglass); }
+    ~BusyPointer() { window_.setPointer(Pointer::Default); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+
+private:
+    Window& window_;
+};
+
+} // namespace zb

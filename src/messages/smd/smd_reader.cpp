@@ -1,0 +1,158 @@
+#include "messages/smd/smd_reader.h"
+
+#include "controls/desktop.h"
+#include "messages/indentation.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+#include "platform/wildcard.h"
+
+#include <optional>
+
+namespace zb {
+
+namespace {
+
+/// Adds the three root nodes of a message and gives its message node.
+Node& addMessageNodes(NodeTree& tree, std::string_view name, std::string nodeText,
+                      std::string_view description) {
+    tree.add(nullptr, Relation::Last, "");
+    tree.add(nullptr, Relation::Last, std::string(description)).setBold(true);
+    Node& message = tree.add(nullptr, Relation::Last, std::move(nodeText));
+    tree.setKey(message, name);
+    message.setExpanded(true);
+    return message;
+}
+
+/// Hangs items below a message by their depths. Only the direction of a step down counts, not its length.
+class ItemPlacer {
+public:
+    ItemPlacer(NodeTree& tree, Node* message) : tree_(&tree), last_(message) {}
+
+    void add(long depth, std::string text) {
+        Node& item = place(depth, std::move(text));
+        item.setExpanded(true);
+        last_ = &item;
+        depth_ = depth;
+    }
+
+private:
+    Node& place(long depth, std::string text) {
+        if (depth == depth_)
+            return tree_->add(last_, Relation::Next, std::move(text));
+        if (depth > depth_)
+            return tree_->add(last_, Relation::Child, std::move(text));
+        Node* above = last_;
+        for (long steps = depth_ - depth + 1; steps > 0 && above != nullptr; --steps)
+            above = above->parent();
+        return tree_->add(above, Relation::Child, std::move(text));
+    }
+
+    NodeTree* tree_;
+    Node* last_;
+    long depth_ = 0;
+};
+
+/// Takes the lines of a project file one by one.
+class SectionReader {
+public:
+    SectionReader(NodeTree& tree, EditorPane& pane) : tree_(tree), pane_(pane), items_(tree, nullptr) {}
+
+    void line(std::string_view anyLine) {
+        const std::string_view line = anyLine.substr(0, anyLine.find_last_not_of(' ') + 1);
+        if (line.substr(0, 2) == "##") {
+            inSection_ = line == "## [EDIT SMD]";
+            comment_ = {};
+            return;
+        }
+        if (!inSection_ || line.empty())
+            return;
+        if (line.substr(0, 2) == "* ") {
+            comment_ = line.substr(2);
+            return;
+        }
+        if (hasColon(line))
+            takeHead(trimmed(line));
+        else if (isOpen_)
+            takeItem(line);
+        comment_ = {};
+    }
+
+private:
+    /// Takes the "." that ends a message off the line.
+    static bool takeEnd(std::string_view& content) {
+        if (content.back() != '.')
+            return false;
+        content.remove_suffix(1);
+        content = trimmed(content);
+        return true;
+    }
+
+    void takeHead(std::string_view content) {
+        const std::string name = trim(before(content, ": "));
+        const bool ended = takeEnd(content);
+        Node& message = addMessageNodes(tree_, name, std::string(content), trimmed(comment_));
+        items_ = ItemPlacer(tree_, &message);
+        isOpen_ = !ended;
+        pane_.InsertCbo(name);
+    }
+
+    void takeItem(std::string_view line) {
+        const long depth = depthOfIndentation(line.find_first_not_of(' '));
+        std::string_view content = trimmed(line);
+        const bool ended = takeEnd(content);
+        if (!content.empty())
+            items_.add(depth, normalizeItemText(content));
+        isOpen_ = !ended;
+    }
+
+    NodeTree& tree_;
+    EditorPane& pane_;
+    bool inSection_ = false;
+    std::string_view comment_;
+    ItemPlacer items_; ///< of the last message
+    bool isOpen_ = false;
+};
+
+} // namespace
+
+void readSmdText(NodeTree& tree, std::string_view projectText, EditorPane& pane) {
+    SectionReader reader(tree, pane);
+    LineReader lines(projectText);
+    while (const std::optional<std::string_view> line = lines.next())
+        reader.line(*line);
+    pane.TreeView_ForeColor();
+}
+
+void readSmdSection(NodeTree& tree, const std::string& path, EditorPane& pane) {
+    const Result<std::string> bytes = readBytes(path);
+    if (bytes)
+        readSmdText(tree, decodeProject(*bytes).text, pane);
+}
+
+std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record, OnDuplicate onDuplicate,
+                             Desktop& desktop) {
+    const std::string head = record.getHeadText();
+    const std::size_t lineEnd = head.find("\r\n");
+    const std::string_view nodeText = std::string_view(head).substr(lineEnd + 2);
+    if (isMessageKeyUsed(tree, record.getName(), 0)) {
+        if (onDuplicate == OnDuplicate::Tell)
+            desktop.showBox(record.getName() + " already exists.");
+        return "Key";
+    }
+    if (!hasColon(nodeText))
+        return {};
+    ItemPlacer items(tree, &addMessageNodes(tree, record.getName(), std::string(nodeText),
+                                            std::string_view(head).substr(0, lineEnd)));
+    const std::string body = record.getBodyText();
+    LineReader lines(body);
+    while (const std::optional<std::string_view> line = lines.next()) {
+        if (isBlank(*line))
+            continue;
+        std::string_view text = *line;
+        const int depth = countOf(takeWord(text));
+        items.add(depth, trim(text));
+    }
+    return {};
+}
+
+} // namespace zb

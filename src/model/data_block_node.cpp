@@ -1,0 +1,84 @@
+#include "model/tr_message_record.h"
+
+#include "messages/item_grammar.h"
+
+#include <string_view>
+#include <vector>
+
+namespace zb {
+
+namespace {
+
+constexpr std::string_view flag(bool on) {
+    return on ? "Y" : "N";
+}
+
+std::string hexOf(std::string_view bytes) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string hex;
+    hex.reserve(bytes.size() * 2);
+    for (const char byte : bytes) {
+        const auto value = static_cast<unsigned char>(byte);
+        hex += kDigits[value >> 4U];
+        hex += kDigits[value & 0xFU];
+    }
+    return hex;
+}
+
+/// What XML cannot hold, as the control characters that equipment does send in strings, goes in hexadecimal
+/// under another name: no value may get lost.
+void setText(XmlElement& element, const std::string& name, const std::string& text) {
+    if (isXmlText(text))
+        setElementAttribute(element, name, text);
+    else
+        setElementAttribute(element, name + "Hex", hexOf(text));
+}
+
+XmlElement headOf(const SECSMessageRecord& message) {
+    XmlElement block = createElement("DataBlock");
+    setText(block, "Name", message.getName());
+    setElementAttribute(block, "Stream", std::to_string(message.getStream()));
+    setElementAttribute(block, "Function", std::to_string(message.getFunction()));
+    setElementAttribute(block, "Wait", std::string(flag(message.getWait())));
+    setElementAttribute(block, "Reply", std::string(flag(message.getReply())));
+    setElementAttribute(block, "NoLogging", std::string(flag(message.getNoLogging())));
+    setElementAttribute(block, "Direction", message.getDirection());
+    return block;
+}
+
+XmlElement elementOf(const SECSItemRecord& item) {
+    XmlElement element = createElement("Item");
+    setText(element, "Format", item.getType());
+    setText(element, "Name", item.getName());
+    setElementAttribute(element, "Count", std::to_string(item.getCount()));
+    setElementAttribute(element, "Fixed", std::string(flag(item.isFixed())));
+    setElementAttribute(element, "Key", std::string(flag(item.isKey())));
+    if (itemKind(item.getType()) != ItemKind::List)
+        setText(element, "Value", item.getValue());
+    return element;
+}
+
+} // namespace
+
+std::optional<XmlElement> TRMessageRecord::DataBlockNode() const {
+    if (!dataBlock_)
+        return std::nullopt;
+    XmlElement block = headOf(*dataBlock_);
+    // The elements around the next item, from the block inwards. They keep their place in memory as long as
+    // they stand here: only the innermost gets children.
+    struct Open {
+        XmlElement* element;
+        int level;
+    };
+    std::vector<Open> open{{&block, 0}};
+    for (const SECSItemRecord& item : dataBlock_->getItems()) {
+        while (open.size() > 1 &&
+               (open.back().level >= item.getLevel() || open.size() > std::size_t{kDeepestLevel}))
+            open.pop_back();
+        open.push_back({&open.back().element->append(elementOf(item)), item.getLevel()});
+    }
+    setElementAttribute(block, "Count", std::to_string(block.children().size()));
+    return block;
+}
+
+} // namespace zb

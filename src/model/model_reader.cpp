@@ -1,0 +1,232 @@
+#include "model/model_reader.h"
+
+#include "messages/item_grammar.h"
+#include "model/element_lines.h"
+#include "model/fact_text.h"
+#include "model/project_lines.h"
+#include "model/tr_model_store.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+
+#include <algorithm>
+#include <charconv>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zb {
+
+namespace {
+
+std::optional<int> numberOf(std::string_view word) {
+    int number = 0;
+    const char* end = word.data() + word.size();
+    const auto [stop, error] = std::from_chars(word.data(), end, number);
+    return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
+}
+
+/// Gathers the facts of one TR item.
+class ItemFacts {
+public:
+    explicit ItemFacts(TRItemRecord& item)
+        : item_(item), hasStatements_(!item.StatementText().empty()), hasNode_(item.ConditionNode()) {}
+
+    void take(std::string_view keyword, std::string_view text) {
+        if (keyword == "Type" && item_.Type().empty())
+            item_.setType(factText(text));
+        else if (keyword == "Value" && item_.Value().empty())
+            item_.setValue(factText(text));
+        else if (keyword == "ABSValue" && item_.ABSValue().empty())
+            item_.setABSValue(factText(text));
+        else if (keyword == "StatementText")
+            takeStatement(text);
+        else if (keyword == "Element")
+            elements_.take(text);
+    }
+
+    void finish() {
+        if (!hasStatements_)
+            item_.setStatementText(std::move(statements_));
+        if (auto node = elements_.finish(); node && !hasNode_)
+            item_.setConditionNode(std::move(node));
+    }
+
+private:
+    void takeStatement(std::string_view line) {
+        if (behindStatement_)
+            statements_ += "\r\n";
+        statements_ += factText(line);
+        behindStatement_ = true;
+    }
+
+    TRItemRecord& item_;
+    bool hasStatements_;
+    bool hasNode_;
+    bool behindStatement_ = false;
+    std::string statements_;
+    ElementLines elements_;
+};
+
+/// Gathers the facts of one data block.
+class BlockFacts {
+public:
+    explicit BlockFacts(std::string head) : head_(std::move(head)) {}
+
+    void take(std::string_view keyword, std::string_view text) {
+        if (keyword == "Description" && description_.empty()) {
+            description_ = factText(text);
+        } else if (keyword == "Item") {
+            const int level = std::clamp(countOf(takeWord(text)), 1, kDeepestLevel);
+            const std::string item = factText(text);
+            // An item is one line of its message, whatever a damaged escape says.
+            if (item.find('\n') == std::string::npos)
+                body_.append(std::to_string(level)).append(" ").append(item).append("\r\n");
+        }
+    }
+
+    SECSMessageRecord finish() const {
+        SECSMessageRecord block;
+        block.parseTexts(head_, description_, body_);
+        return block;
+    }
+
+private:
+    std::string head_;
+    std::string description_;
+    std::string body_;
+};
+
+/// Takes the lines of the model's section one by one.
+class ModelReader {
+public:
+    explicit ModelReader(TRModelStore& model) : model_(model) {}
+
+    void line(std::string_view line) {
+        if (line.starts_with(kTRMessageMarker)) {
+            std::string_view name = trimmed(line.substr(kTRMessageMarker.size() - 1));
+            takeWord(name);
+            openMessage(factText(name));
+            return;
+        }
+        if (message_ == nullptr)
+            return;
+        std::string_view text = trimmed(line);
+        const std::string_view keyword = takeWord(text);
+        if (keyword == kEndOfTRMessage)
+            closeMessage();
+        else if (keyword == "TRItem")
+            openItem(factText(text));
+        else if (keyword == "EndTRItem")
+            closePart();
+        else if (keyword == "DataBlock")
+            openBlock(factText(text));
+        else
+            fact(keyword, text);
+    }
+
+    void closeMessage() {
+        if (message_ != nullptr)
+            closePart();
+        message_ = nullptr;
+    }
+
+    void finish() {
+        closeMessage();
+        // A message without its direction would be seen nowhere; its block tells what it was.
+        for (TRMessageRecord* message : undirected_)
+            message->setDirection(message->DataBlock() ? model_.SentDirection() : model_.ReceivedDirection());
+    }
+
+private:
+    void openMessage(const std::string& name) {
+        closeMessage();
+        message_ = model_.getTRMessage(name);
+        if (message_ != nullptr)
+            return;
+        auto message = std::make_unique<TRMessageRecord>();
+        message->setName(name);
+        message_ = message.get();
+        undirected_.push_back(message_);
+        model_.addTRMessage(std::move(message));
+    }
+
+    void openItem(const std::string& name) {
+        closePart();
+        TRItemRecord* known = message_->getTRItem(name);
+        if (known == nullptr) {
+            auto item = std::make_unique<TRItemRecord>();
+            item->setName(name);
+            known = item.get();
+            message_->addTRItem(std::move(item));
+        }
+        item_.emplace(*known);
+    }
+
+    void openBlock(std::string head) {
+        if (block_) // its line stands twice
+            return;
+        closePart();
+        block_.emplace(std::move(head));
+    }
+
+    void closePart() {
+        if (item_)
+            item_->finish();
+        if (block_ && !message_->DataBlock())
+            message_->setDataBlock(block_->finish());
+        item_.reset();
+        block_.reset();
+    }
+
+    void fact(std::string_view keyword, std::string_view text) {
+        if (item_)
+            item_->take(keyword, text);
+        else if (block_)
+            block_->take(keyword, text);
+        if (keyword == "SECSMessage" && message_->SECSMessage().empty())
+            message_->setSECSMessage(factText(text));
+        else if (keyword == "Condition" && message_->Condition().empty())
+            message_->setCondition(factText(text));
+        else if (keyword == "Report")
+            message_->setReport(message_->Report() || text == "True");
+        else if (keyword == "Direction")
+            takeDirection(numberOf(text));
+    }
+
+    void takeDirection(std::optional<int> direction) {
+        // Most often it is the last one.
+        const auto found = std::find(undirected_.rbegin(), undirected_.rend(), message_);
+        if (!direction || found == undirected_.rend())
+            return;
+        message_->setDirection(*direction);
+        undirected_.erase(std::next(found).base());
+    }
+
+    TRModelStore& model_;
+    TRMessageRecord* message_ = nullptr;       ///< between its opening line and its end
+    std::vector<TRMessageRecord*> undirected_; ///< their direction is still to come
+    std::optional<ItemFacts> item_;
+    std::optional<BlockFacts> block_;
+};
+
+} // namespace
+
+void readModel(std::string_view projectText, TRModelStore& model) {
+    ModelReader reader(model);
+    ProjectLines sorter;
+    LineReader lines(projectText);
+    while (const auto line = lines.next()) {
+        const auto section = sorter.take(*line);
+        if (section == ProjectLines::Section::Model)
+            reader.line(*line);
+        else if (section == ProjectLines::Section::SequenceMarker)
+            break;
+        else
+            reader.closeMessage();
+    }
+    reader.finish();
+}
+
+} // namespace zb

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "model/tr_message_record.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace zb {
+
+/// The values of `Direction`.
+inline constexpr int kToHost = 1;
+inline constexpr int kToEquip = 2;
+
+/// The transaction model of a project: all TR messages, received and sent, in the order of adding. Records
+/// are the model: who changes a fetched record changes it.
+class TRModelStore {
+public:
+    using Messages = NamedRecords<TRMessageRecord>::Records;
+
+    const Messages& TRMessages() const { return messages_.records(); }
+    /// 1 models the host, any other number the equipment.
+    void setProjectType(int type) { projectType_ = type; }
+    int ProjectType() const { return projectType_; }
+    /// The Direction of messages that the modeled side receives, and of those that it sends.
+    int ReceivedDirection() const { return projectType_ == 1 ? kToHost : kToEquip; }
+    int SentDirection() const { return projectType_ == 1 ? kToEquip : kToHost; }
+
+    /// Appends the record. The caller has seen to it that the name is free; a second record of a name is not
+    /// taken.
+    void addTRMessage(std::unique_ptr<TRMessageRecord> record) { messages_.add(std::move(record)); }
+    /// Null when there is none; the name is compared exactly.
+    TRMessageRecord* getTRMessage(std::string_view name) const { return messages_.find(name); }
+    /// Without effect for a name that is not there.
+    void deleteTRMessage(std::string_view name) { messages_.remove(name); }
+    void clearTRMessages() { messages_.clear(); }
+    /// Reads the messages from the model's section of the project file. A file without one, or one that
+    /// cannot be read, adds none; of a damaged section everything is taken that can be told apart. Called
+    /// when the project type is set.
+    void loadModel(const std::string& path);
+    /// The same from the decoded text of a project file.
+    void loadModelText(std::string_view projectText);
+    /// The model's section, to stand between the SECS messages and the sequence table; empty for an empty
+    /// model.
+    std::string saveModel() const;
+
+private:
+    int projectType_ = 1;
+    NamedRecords<TRMessageRecord> messages_;
+};
+
+} // namespace zb

@@ -1,0 +1,191 @@
+#include "outputs/tmd_document.h"
+
+#include "controls/list.h"
+#include "modeler/modeler_state.h"
+#include "outputs/file_access.h"
+#include "platform/file_replacer.h"
+#include "platform/text.h"
+#include "platform/xml_document.h"
+
+#include <unordered_map>
+
+namespace zb {
+
+namespace {
+
+// Spelled as the drivers in the field look for it.
+constexpr const char* kRootName = "Zelto-ModelingInformaion";
+constexpr std::string_view kNoCondition = "NONE";
+constexpr std::size_t kDirectionColumn = 1;
+constexpr std::size_t kNameColumn = 2;
+
+void setCount(XmlElement& element) {
+    setElementAttribute(element, "Count", std::to_string(element.children().size()));
+}
+
+/// Runs one step of a section; what XML refuses ends the step there.
+template<typename Step>
+void trapped(Step step) {
+    try {
+        step();
+    } catch (const XmlNameError&) {
+    } catch (const XmlTextError&) {
+    }
+}
+
+XmlElement& appendWhole(XmlElement& parent, XmlElement child) {
+    demandXmlText(child);
+    return parent.append(std::move(child));
+}
+
+class TmdComposer {
+public:
+    TmdComposer(const TRModelStore& model, int projectType)
+        : model_(model), received_(projectType == 1 ? kToHost : kToEquip),
+          sent_(projectType == 1 ? kToEquip : kToHost) {}
+
+    void writeSECSMessages(XmlElement& section) const;
+    void writeTransactionMessages(XmlElement& receivedSection, XmlElement& sentSection) const;
+
+private:
+    static void addStatement(XmlElement& element, std::string condition, const std::string& name);
+    static void writeTRItems(const TRMessageRecord& record, XmlElement& items);
+    static void finishReceived(XmlElement& element, const TRMessageRecord& record);
+
+    const TRModelStore& model_;
+    int received_;
+    int sent_;
+};
+
+void TmdComposer::writeSECSMessages(XmlElement& section) const {
+    // By exact name, like findChildElement, yet without a walk for each record.
+    std::unordered_map<std::string_view, std::size_t> places;
+    for (const auto& record : model_.TRMessages()) {
+        if (record->Direction() == sent_)
+            continue;
+        const std::string& name = record->SECSMessage();
+        const auto [place, isNew] = places.try_emplace(name, section.children().size());
+        if (isNew)
+            section.append(createElement(name));
+        XmlElement& message = section.children()[place->second];
+        trapped([&] { addStatement(message, record->Condition(), record->Name()); });
+    }
+}
+
+// The chain of dispatch: whatever the order of the records, a default stands last, as the "else"; one that
+// came first is the "if".
+void TmdComposer::addStatement(XmlElement& element, std::string condition, const std::string& name) {
+    XmlElement statement = createTextElement("Statement", name);
+    auto place = element.children().end();
+    if (element.children().empty()) {
+        setElementAttribute(statement, "Type", "if");
+    } else if (isBlank(condition) || condition == kNoCondition) {
+        setElementAttribute(statement, "Type", "else");
+    } else {
+        setElementAttribute(statement, "Type", "elif");
+        if (getElementAttribute(element.children().back(), "Type") == "else")
+            --place;
+    }
+    if (isBlank(condition))
+        condition = kNoCondition;
+    setElementAttribute(statement, "Condition", std::move(condition));
+    demandXmlText(statement);
+    element.children().insert(place, std::move(statement));
+}
+
+void TmdComposer::writeTransactionMessages(XmlElement& receivedSection, XmlElement& sentSection) const {
+    for (const auto& record : model_.TRMessages()) {
+        XmlElement element = createElement(record->Name());
+        setElementAttribute(element, "SECSMessage", record->SECSMessage());
+        if (record->Direction() == received_) {
+            finishReceived(element, *record);
+            appendWhole(receivedSection, std::move(element));
+        } else if (record->Direction() == sent_) {
+            element.append(record->DataBlockNode().value_or(createElement("DataBlock")));
+            appendWhole(sentSection, std::move(element));
+        }
+    }
+}
+
+void TmdComposer::finishReceived(XmlElement& element, const TRMessageRecord& record) {
+    setElementAttribute(element, "Report", record.Report() ? "Y" : "N");
+    setElementAttribute(element, "Condition", record.Condition());
+    XmlElement& items = element.append(createElement("TRItems"));
+    trapped([&] { writeTRItems(record, items); });
+    setCount(items);
+}
+
+void TmdComposer::writeTRItems(const TRMessageRecord& record, XmlElement& items) {
+    for (const auto& item : record.TRItems()) {
+        XmlElement element = createElement(item->Name());
+        setElementAttribute(element, "Value", item->Value());
+        setElementAttribute(element, "ABSValue", item->ABSValue());
+        element.append(item->ConditionNode().value_or(createElement("Condition")));
+        appendWhole(items, std::move(element));
+    }
+}
+
+const char* ownerOf(std::string_view direction) {
+    if (direction == "ToHost")
+        return "TOOL";
+    return direction == "ToEquip" ? "HOST" : "BOTH";
+}
+
+void writeSequenceItem(const ListRow& row, XmlElement* sequence) {
+    XmlElement element = createElement("SEQ");
+    setElementAttribute(element, "TransactionMessage", row.cell(kNameColumn));
+    setElementAttribute(element, "Owner", ownerOf(row.cell(kDirectionColumn)));
+    // A row before all heads belongs to no sequence.
+    if (sequence != nullptr)
+        appendWhole(*sequence, std::move(element));
+}
+
+void writeSequences(const List& rows, XmlElement& section) {
+    XmlElement* sequence = nullptr;
+    for (const auto& row : rows.rows()) {
+        if (row->image() == "SeqName") {
+            sequence = &section.append(createElement(row->text()));
+            setCount(*sequence);
+        } else {
+            trapped([&] { writeSequenceItem(*row, sequence); });
+            if (sequence != nullptr)
+                setCount(*sequence);
+        }
+    }
+}
+
+} // namespace
+
+XmlElement composeTmd(const TRModelStore& model, int projectType, const List& sequences) {
+    XmlElement secsMessages = createElement("SECSMessages");
+    XmlElement received = createElement("TransactionMessages");
+    setElementAttribute(received, "Type", "R");
+    XmlElement sent = createElement("TransactionMessages");
+    setElementAttribute(sent, "Type", "S");
+    XmlElement sequenceSection = createElement("Sequences");
+
+    const TmdComposer composer(model, projectType);
+    trapped([&] { composer.writeSECSMessages(secsMessages); });
+    trapped([&] { composer.writeTransactionMessages(received, sent); });
+    trapped([&] { writeSequences(sequences, sequenceSection); });
+
+    XmlElement root = createElement(kRootName);
+    for (XmlElement* section : {&secsMessages, &received, &sent, &sequenceSection}) {
+        setCount(*section);
+        root.append(std::move(*section));
+    }
+    return root;
+}
+
+Result<TmdContent> writeTMD(const ModelerState& state, const List& lvwSequence, const std::string& path) {
+    if (const Result<void> deleted = deleteFileIfExists(state.files, path); !deleted)
+        return deleted.error();
+    const XmlElement root = composeTmd(*state.TRModelStore, state.ProjectType, lvwSequence);
+    if (const Result<void> written = replaceFile(state.files, path, xmlDocument(root)); !written)
+        return written.error();
+    const auto& sections = root.children();
+    return TmdContent{sections[1].children().size() + sections[2].children().size(),
+                      sections[3].children().size()};
+}
+
+} // namespace zb

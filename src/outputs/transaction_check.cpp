@@ -1,0 +1,246 @@
+#include "outputs/transaction_check.h"
+
+#include "controls/list.h"
+#include "outputs/tmd_checks.h"
+#include "platform/text.h"
+#include "platform/xml_document.h"
+
+#include <optional>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace zb {
+
+namespace {
+
+using Severity = DefinitionFinding::Severity;
+using ItemNames = std::unordered_set<std::string>;
+
+constexpr std::size_t kDirectionColumn = 1;
+constexpr std::size_t kNameColumn = 2;
+
+std::string quoted(std::string_view text) {
+    return "\"" + std::string(text) + "\"";
+}
+
+/// The name of a data item, less the index behind it.
+std::string nameOf(std::string_view dataItem) {
+    return trim(before(dataItem, "["));
+}
+
+std::string directionText(int direction) {
+    return direction == kToHost ? "ToHost" : "ToEquip";
+}
+
+std::string streamFunction(const SECSMessageRecord& message) {
+    return "S" + message.getStreamText() + "F" + message.getFunctionText();
+}
+
+bool isHead(const ListRow& row) {
+    return row.image() == "SeqName";
+}
+
+/// The conditions of a statement tree, in no special order.
+std::vector<std::string> conditionsOf(const XmlElement& root) {
+    std::vector<std::string> conditions;
+    std::vector<const XmlElement*> open{&root};
+    while (!open.empty()) {
+        const XmlElement& element = *open.back();
+        open.pop_back();
+        conditions.push_back(getElementAttribute(element, "Condition"));
+        for (const XmlElement& child : element.children())
+            open.push_back(&child);
+    }
+    return conditions;
+}
+
+class TransactionChecker {
+public:
+    explicit TransactionChecker(const ModelerState& state)
+        : state_(state), received_(state.ProjectType == 1 ? kToHost : kToEquip) {}
+
+    std::vector<DefinitionFinding> run(const List& sequences) {
+        if (state_.TRModelStore != nullptr) {
+            for (const auto& record : state_.TRModelStore->TRMessages())
+                checkMessage(*record);
+        }
+        checkSequences(sequences);
+        return std::move(findings_);
+    }
+
+private:
+    void checkMessage(const TRMessageRecord& record) {
+        at(record.Name(), {});
+        checkName(record.Name());
+        const SECSMessageRecord* secsMessage = checkSECSMessage(record.SECSMessage());
+        if (secsMessage != nullptr && record.DataBlock())
+            checkDataBlock(*record.DataBlock(), *secsMessage);
+        if (record.Direction() != kToHost && record.Direction() != kToEquip)
+            tell("This TR message goes to neither side, so that the TMD file leaves it out");
+        if (record.Direction() != received_)
+            return;
+        checkDefault(record);
+        checkCondition(record.Condition());
+        for (const auto& item : record.TRItems()) {
+            at(record.Name(), item->Name());
+            checkItem(*item);
+        }
+    }
+
+    void checkName(const std::string& name) {
+        if (!isXmlName(name))
+            tell(quoted(name) + " is no name that a TMD file can hold");
+    }
+
+    void checkText(const std::string& text) {
+        if (!isXmlText(text))
+            tell("There are characters that a TMD file cannot hold");
+    }
+
+    /// Takes its items for what is checked next.
+    const SECSMessageRecord* checkSECSMessage(const std::string& name) {
+        items_.reset();
+        const SECSMessageRecord* found = state_.SECSMessageStore->getByName(name);
+        if (isBlank(name) || name == "NONE") {
+            tell("SECSMessage was not selected!");
+        } else if (found == nullptr) {
+            tell("Select a valid SECSMessage! There is no " + quoted(name));
+        } else {
+            checkName(name);
+            items_.emplace();
+            for (const SECSItemRecord& item : found->getItems())
+                items_->insert(item.getName());
+        }
+        return found;
+    }
+
+    /// It is a copy, which no change of the definition reaches.
+    void checkDataBlock(const SECSMessageRecord& block, const SECSMessageRecord& definition) {
+        for (const SECSItemRecord& item : block.getItems())
+            checkDataItem(item.getName());
+        if (block.getStream() != definition.getStream() || block.getFunction() != definition.getFunction())
+            tell("The data block is " + streamFunction(block) + ", and the SECS message " +
+                     streamFunction(definition) + " now",
+                 Severity::Warning);
+    }
+
+    void checkDefault(const TRMessageRecord& record) {
+        if (!isDefaultCondition(record.Condition()) || isBlank(record.SECSMessage()))
+            return;
+        const auto [first, isNew] = defaults_.emplace(upper(record.SECSMessage()), record.Name());
+        if (!isNew)
+            tell("Default TRMessage was duplicated! " + quoted(first->second) + " is one for " +
+                 quoted(record.SECSMessage()) + " already");
+    }
+
+    void checkItem(const TRItemRecord& item) {
+        checkName(item.Name());
+        checkText(item.Value() + item.ABSValue());
+        checkDataItem(nameOf(item.Value()));
+        if (!item.ConditionNode())
+            return;
+        for (const std::string& condition : conditionsOf(*item.ConditionNode()))
+            checkCondition(condition);
+    }
+
+    void checkCondition(const std::string& condition) {
+        checkText(condition);
+        for (const std::string& name : dataItemsOf(condition))
+            checkDataItem(name);
+    }
+
+    /// Each that is missing is told once a place.
+    void checkDataItem(const std::string& name) {
+        if (items_ && !name.empty() && !items_->contains(name) && told_.insert(name).second)
+            tell("The SECS message has no data item " + quoted(name));
+    }
+
+    void checkSequences(const List& sequences) {
+        const auto& rows = sequences.rows();
+        int position = 0;
+        at({}, {});
+        for (std::size_t index = 0; index < rows.size(); ++index) {
+            const ListRow& row = *rows[index];
+            if (!isHead(row)) {
+                ++position;
+                at(message_, std::to_string(position));
+                checkSequenceRow(row);
+                continue;
+            }
+            position = 0;
+            at(row.text(), {});
+            inSequence_ = true;
+            checkName(row.text());
+            if (index + 1 == rows.size() || isHead(*rows[index + 1]))
+                tell("Not defined SequenceItem!");
+        }
+    }
+
+    void checkSequenceRow(const ListRow& row) {
+        if (!inSequence_)
+            tell("This row stands before the first sequence");
+        const std::string& name = row.cell(kNameColumn);
+        const TRMessageRecord* record =
+            state_.TRModelStore == nullptr ? nullptr : state_.TRModelStore->getTRMessage(name);
+        if (record == nullptr)
+            return tell("There is no TR message " + quoted(name));
+        const std::string direction = directionText(record->Direction());
+        if (row.cell(kDirectionColumn) != direction)
+            tell(quoted(name) + " goes " + direction + " now, and not " +
+                     (row.cell(kDirectionColumn).empty() ? "nowhere" : row.cell(kDirectionColumn)),
+                 Severity::Warning);
+    }
+
+    /// What the next findings are about.
+    void at(std::string message, std::string item) {
+        message_ = std::move(message);
+        item_ = std::move(item);
+        told_.clear();
+    }
+
+    void tell(std::string text, Severity severity = Severity::Error) {
+        findings_.push_back({severity, message_, item_, std::move(text), 0});
+    }
+
+    const ModelerState& state_;
+    int received_;
+    std::vector<DefinitionFinding> findings_;
+    std::string message_;
+    std::string item_;
+    std::optional<ItemNames> items_;                        // of the SECS message at hand
+    std::unordered_set<std::string> told_;                  // data items
+    std::unordered_map<std::string, std::string> defaults_; // by upper-cased SECS message
+    bool inSequence_ = false;
+};
+
+/// Where the value behind an operator ends.
+std::size_t endOfValue(std::string_view condition, std::size_t from) {
+    const bool isQuoted = from < condition.size() && condition[from] == '\'';
+    const std::size_t end = isQuoted ? condition.find("')", from + 1) : condition.find(')', from);
+    return end == std::string_view::npos ? condition.size() : end;
+}
+
+} // namespace
+
+std::vector<DefinitionFinding> checkTransactions(const ModelerState& state, const List& lvwSequence) {
+    return TransactionChecker(state).run(lvwSequence);
+}
+
+std::vector<std::string> dataItemsOf(std::string_view condition) {
+    constexpr std::string_view kOpening = "({";
+    constexpr std::string_view kOperators[] = {"} == ", "} != "};
+    std::vector<std::string> names;
+    for (std::size_t at = condition.find(kOpening); at != std::string_view::npos;
+         at = condition.find(kOpening, at)) {
+        at += kOpening.size();
+        const std::size_t end =
+            std::min(condition.find(kOperators[0], at), condition.find(kOperators[1], at));
+        if (end == std::string_view::npos)
+            break;
+        names.push_back(nameOf(condition.substr(at, end - at)));
+        at = endOfValue(condition, end + kOperators[0].size());
+    }
+    return names;
+}
+
+} // namespace zb

@@ -1,0 +1,158 @@
+#include "outputs/zelto_generator.h"
+
+#include "platform/child_process.h"
+#include "platform/locale.h"
+#include "platform/number.h"
+#include "platform/result.h"
+#include "platform/settings.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+
+#include <cerrno>
+#include <cstring>
+
+namespace zb {
+
+namespace {
+
+constexpr std::chrono::seconds kUsualTimeLimit{600};
+constexpr std::chrono::seconds kFarewell{2};
+constexpr int kLongestTimeLimit = 7 * 24 * 3600;
+// More than anyone reads, and less than a window takes long to show.
+constexpr std::size_t kOutputBytes = 1 << 20;
+
+std::string userSetting(const SettingsStore& settings, std::string_view name) {
+    return trim(settings.stored(kSettingsKey, name).value_or(std::string()));
+}
+
+/// The text less a character at its end that was cut in two.
+std::string_view wholeCharacters(std::string_view text) {
+    constexpr std::size_t kLongest = 4;
+    for (std::size_t back = 1; back <= kLongest && back <= text.size(); ++back) {
+        const auto byte = static_cast<unsigned char>(text[text.size() - back]);
+        if ((byte & 0xC0U) == 0x80U)
+            continue;
+        const std::size_t length = byte < 0xC0 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
+        if (length > back)
+            text.remove_suffix(back);
+        break;
+    }
+    return text;
+}
+
+/// The lines of a text as a window shows them: no control characters but tabs, each line's end CR LF, none
+/// behind the last.
+std::string plainLines(std::string_view text) {
+    constexpr unsigned char kDelete = 0x7F;
+    std::string unified = replaceAll(replaceAll(text, "\r\n", "\n"), "\r", "\n");
+    while (!unified.empty() && unified.back() == '\n')
+        unified.pop_back();
+    std::string lines;
+    lines.reserve(unified.size());
+    for (const char character : unified) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (character == '\n')
+            lines += "\r\n";
+        else if ((byte < ' ' && character != '\t') || byte == kDelete)
+            lines += ' ';
+        else
+            lines += character;
+    }
+    return lines;
+}
+
+std::string inSeconds(std::chrono::seconds time) {
+    return std::to_string(time.count()) + (time.count() == 1 ? " second" : " seconds");
+}
+
+std::string signalName(int signal) {
+    const char* words = ::strsignal(signal);
+    return std::to_string(signal) + (words == nullptr ? "" : " (" + std::string(words) + ")");
+}
+
+} // namespace
+
+std::vector<std::string> commandWords(std::string_view command) {
+    std::vector<std::string> words;
+    bool inWord = false;
+    bool quoted = false;
+    for (std::size_t at = 0; at < command.size(); ++at) {
+        char character = command[at];
+        if (!quoted && (character == ' ' || character == '\t')) {
+            inWord = false;
+            continue;
+        }
+        if (!inWord)
+            words.emplace_back();
+        inWord = true;
+        if (character == '"') {
+            quoted = !quoted;
+            continue;
+        }
+        const bool escapes = quoted && character == '\\' && at + 1 < command.size();
+        if (escapes && (command[at + 1] == '"' || command[at + 1] == '\\'))
+            character = command[++at];
+        words.back() += character;
+    }
+    return words;
+}
+
+std::string ZeltoGenerator::generate(const std::string& projectFile) {
+    std::vector<std::string> arguments = commandWords(userSetting(settings_, kGeneratorCommand));
+    if (arguments.empty())
+        arguments.emplace_back(kGeneratorProgram);
+    arguments.push_back(projectFile);
+    const ProcessLimits limits{timeLimit(), kFarewell, kOutputBytes};
+    const ProcessOutcome outcome = runProcess(arguments, limits, keepAlive_);
+    using End = ProcessOutcome::End;
+    if (outcome.end == End::NotStarted)
+        success_ = Success::NotStarted;
+    else
+        success_ = outcome.end == End::Exited && outcome.number == 0 ? Success::Yes : Success::Failed;
+
+    const CodePage codePage =
+        chooseCodePage(settings_.readRegValue(kSettingsKey, "AnsiCodePage"), localeName());
+    const bool cut = outcome.droppedBytes > 0;
+    std::string text =
+        plainLines(decodeText(cut ? wholeCharacters(outcome.output) : outcome.output, codePage));
+    const std::string description = describe(arguments, outcome);
+    if (!text.empty() && !description.empty())
+        text += "\r\n";
+    return text + description;
+}
+
+std::chrono::seconds ZeltoGenerator::timeLimit() const {
+    const auto number = toNumber(userSetting(settings_, kGeneratorTimeLimit));
+    const auto seconds = number ? toInteger(*number, 1, kLongestTimeLimit) : std::nullopt;
+    return seconds ? std::chrono::seconds(*seconds) : kUsualTimeLimit;
+}
+
+/// What the generator did not say by itself; each sentence on a line.
+std::string ZeltoGenerator::describe(const std::vector<std::string>& arguments,
+                                     const ProcessOutcome& outcome) const {
+    using End = ProcessOutcome::End;
+    std::vector<std::string> sentences;
+    if (outcome.droppedBytes > 0)
+        sentences.push_back("... " + std::to_string(outcome.droppedBytes) + " more bytes are not shown.");
+    const bool configured = !commandWords(userSetting(settings_, kGeneratorCommand)).empty();
+    if (outcome.end == End::NotStarted && outcome.number == ENOENT && !configured) {
+        sentences.push_back(
+            "There is no generator of driver plug-ins: the setting GeneratorCommand names none, "
+            "and no program ZeltoGenerator is on the path.");
+    } else if (outcome.end == End::NotStarted) {
+        sentences.push_back("The generator " + arguments.front() +
+                            " cannot be started: " + describeSystemError(outcome.number));
+    } else if (outcome.end == End::TimedOut) {
+        sentences.push_back("The generator was ended because it ran for more than " + inSeconds(timeLimit()) +
+                            ".");
+    } else if (outcome.end == End::Signalled) {
+        sentences.push_back("The generator was ended by signal " + signalName(outcome.number) + ".");
+    } else if (outcome.number != 0) {
+        sentences.push_back("The generator failed with exit status " + std::to_string(outcome.number) + ".");
+    } else if (outcome.output.empty()) {
+        sentences.push_back("The generator has ended well and said nothing.");
+    }
+    return join(sentences, "\r\n");
+}
+
+} // namespace zb

@@ -1,0 +1,239 @@
+#include "platform/tree/node_tree.h"
+
+#include "platform/text.h"
+#include "platform/tree/node_walk.h"
+
+#include <utility>
+
+namespace zb {
+
+void Node::setText(std::string text) {
+    if (text_ == text)
+        return;
+    text_ = std::move(text);
+    changed();
+}
+
+Node* Node::firstSibling() {
+    return parent_ != nullptr ? parent_->firstChild_ : tree_->firstRoot_;
+}
+
+Node* Node::lastSibling() {
+    return parent_ != nullptr ? parent_->lastChild_ : tree_->lastRoot_;
+}
+
+int Node::level() const {
+    int level = 0;
+    for (const Node* above = parent_; above != nullptr; above = above->parent_)
+        ++level;
+    return level;
+}
+
+void Node::setBold(bool bold) {
+    bold_ = bold;
+    changed();
+}
+
+void Node::setExpanded(bool expanded) {
+    if (expanded_ == expanded)
+        return;
+    expanded_ = expanded;
+    if (tree_->listener_ != nullptr)
+        tree_->listener_->nodeExpanded(*this);
+}
+
+void Node::setBackColor(OptionalColor color) {
+    if (backColor_ == color)
+        return;
+    backColor_ = color;
+    changed();
+}
+
+OptionalColor Node::foreColor() const {
+    return foreColor_ ? foreColor_ : tree_->ordinaryForeColor_;
+}
+
+void Node::setForeColor(OptionalColor color) {
+    foreColor_ = color;
+    tree_->ownForeColors_ = true;
+    changed();
+}
+
+const std::string& Node::image() const {
+    static const std::string none;
+    return image_ ? *image_ : none;
+}
+
+void Node::setImage(std::string image) {
+    image_ = image.empty() ? nullptr : std::make_unique<std::string>(std::move(image));
+    changed();
+}
+
+void Node::changed() {
+    if (tree_->listener_ != nullptr)
+        tree_->listener_->nodeChanged(*this);
+}
+
+NodeTree::NodeTree() = default;
+NodeTree::~NodeTree() = default;
+
+Node* NodeTree::at(int index) const {
+    if (index < 1 || static_cast<std::size_t>(index) > nodes_.size())
+        return nullptr;
+    return nodes_[static_cast<std::size_t>(index) - 1].get();
+}
+
+Node* NodeTree::find(std::string_view key) const {
+    if (key.empty())
+        return nullptr;
+    const auto found = byKey_.find(upper(key));
+    return found == byKey_.end() ? nullptr : found->second;
+}
+
+Node& NodeTree::add(Node* relative, Relation relation, std::string text) {
+    const Place place = placeOf(relative, relation);
+    if (listener_ != nullptr)
+        listener_->beforeInsert(place.parent, place.previous);
+    // make_unique cannot reach the constructor, which only trees may call.
+    nodes_.push_back(std::unique_ptr<Node>(new Node(*this)));
+    Node& node = *nodes_.back();
+    node.text_ = std::move(text);
+    node.index_ = static_cast<int>(nodes_.size());
+    link(node, place);
+    if (listener_ != nullptr)
+        listener_->afterInsert(node);
+    return node;
+}
+
+bool NodeTree::setKey(Node& node, std::string_view key) {
+    if (!key.empty()) {
+        const Node* holder = find(key);
+        if (holder != nullptr && holder != &node)
+            return false;
+    }
+    if (node.key_)
+        byKey_.erase(upper(*node.key_));
+    node.key_ = key.empty() ? nullptr : std::make_unique<std::string>(key);
+    if (node.key_)
+        byKey_.emplace(upper(key), &node);
+    return true;
+}
+
+void NodeTree::remove(Node& node) {
+    if (listener_ != nullptr)
+        listener_->beforeRemove(node);
+    const Node* selectedBefore = selected_;
+    unlink(node);
+    closeUp(markLeaving(node));
+    if (listener_ != nullptr) {
+        listener_->afterRemove();
+        if (selected_ != selectedBefore)
+            listener_->selectionChanged();
+    }
+}
+
+void NodeTree::clear() {
+    while (firstRoot_ != nullptr)
+        remove(*lastRoot_);
+}
+
+void NodeTree::select(Node* node) {
+    if (selected_ == node)
+        return;
+    selected_ = node;
+    if (listener_ != nullptr)
+        listener_->selectionChanged();
+}
+
+void NodeTree::setOrdinaryForeColor(OptionalColor color) {
+    if (ordinaryForeColor_ == color && !ownForeColors_)
+        return;
+    ordinaryForeColor_ = color;
+    if (std::exchange(ownForeColors_, false)) {
+        for (const auto& node : nodes_)
+            node->foreColor_.reset();
+    }
+    if (listener_ != nullptr)
+        listener_->allChanged();
+}
+
+NodeTree::Place NodeTree::placeOf(Node* relative, Relation relation) const {
+    if (relation == Relation::Child)
+        return relative == nullptr ? Place{nullptr, lastRoot_} : Place{relative, relative->lastChild_};
+    if (relative == nullptr)
+        return relation == Relation::First ? Place{nullptr, nullptr} : Place{nullptr, lastRoot_};
+    switch (relation) {
+    case Relation::First:
+        return {relative->parent_, nullptr};
+    case Relation::Last:
+        return {relative->parent_, relative->lastSibling()};
+    case Relation::Previous:
+        return {relative->parent_, relative->previous_};
+    default:
+        return {relative->parent_, relative};
+    }
+}
+
+void NodeTree::link(Node& node, Place place) {
+    Node*& first = place.parent != nullptr ? place.parent->firstChild_ : firstRoot_;
+    Node*& last = place.parent != nullptr ? place.parent->lastChild_ : lastRoot_;
+    node.parent_ = place.parent;
+    node.previous_ = place.previous;
+    node.next_ = place.previous != nullptr ? place.previous->next_ : first;
+    (node.previous_ != nullptr ? node.previous_->next_ : first) = &node;
+    (node.next_ != nullptr ? node.next_->previous_ : last) = &node;
+    if (place.parent != nullptr)
+        ++place.parent->children_;
+}
+
+void NodeTree::unlink(Node& node) {
+    Node*& first = node.parent_ != nullptr ? node.parent_->firstChild_ : firstRoot_;
+    Node*& last = node.parent_ != nullptr ? node.parent_->lastChild_ : lastRoot_;
+    (node.previous_ != nullptr ? node.previous_->next_ : first) = node.next_;
+    (node.next_ != nullptr ? node.next_->previous_ : last) = node.previous_;
+    if (node.parent_ != nullptr)
+        --node.parent_->children_;
+    node.next_ = node.previous_ = nullptr;
+}
+
+/// Marks the subtree without recursion, for trees of any depth, and returns its lowest position.
+int NodeTree::markLeaving(Node& root) {
+    int lowest = root.index_;
+    for (Node* node = &root; node != nullptr; node = nextBelow(*node, root)) {
+        node->leaving_ = true;
+        lowest = node->index_ < lowest ? node->index_ : lowest;
+        if (node->key_)
+            byKey_.erase(upper(*node->key_));
+        if (selected_ == node)
+            selected_ = nullptr;
+    }
+    return lowest;
+}
+
+void NodeTree::closeUp(int from) {
+    std::size_t kept = static_cast<std::size_t>(from) - 1;
+    for (std::size_t i = kept; i < nodes_.size(); ++i) {
+        if (nodes_[i]->leaving_)
+            continue;
+        if (kept != i)
+            nodes_[kept] = std::move(nodes_[i]);
+        nodes_[kept]->index_ = static_cast<int>(kept) + 1;
+        ++kept;
+    }
+    nodes_.resize(kept);
+}
+
+bool isMessageKeyUsed(const NodeTree& tree, std::string_view name, int skipIndex) {
+    if (!name.empty()) {
+        const Node* holder = tree.find(name);
+        return holder != nullptr && holder->index() != skipIndex;
+    }
+    // Nodes without a Key have the empty one, as blank and description nodes do.
+    for (int index = 1; Node* node = tree.at(index); ++index) {
+        if (index != skipIndex && node->key().empty())
+            return true;
+    }
+    return false;
+}
+
+} // namespace zb

@@ -1,0 +1,107 @@
+#include "project/project_history.h"
+
+#include "platform/file_layer.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+namespace zb {
+namespace {
+
+class History : public testing::Test {
+protected:
+    void save(const std::string& content) {
+        ASSERT_TRUE(history.keep(project).ok());
+        test::writeFile(project, content);
+    }
+    std::vector<std::string> contents() {
+        std::vector<std::string> all;
+        for (const auto& version : history.versions(project))
+            all.push_back(test::readFile(version.path));
+        return all;
+    }
+
+    test::TemporaryFolder folder;
+    SystemFileLayer files;
+    ProjectHistory history{files, folder / "state"};
+    std::filesystem::path project = folder / "Line.zbp";
+};
+
+TEST_F(History, KeepsWhatTheNextSaveReplaces) {
+    save("one");
+    save("two");
+    save("three");
+    EXPECT_EQ(contents(), (std::vector<std::string>{"one", "two"}));
+}
+
+TEST_F(History, KeepsTheNewestTenAndGoesOnCounting) {
+    for (int version = 1; version <= 14; ++version)
+        save("content " + std::to_string(version));
+    const auto kept = history.versions(project);
+    ASSERT_EQ(kept.size(), 10U);
+    EXPECT_EQ(kept.front().number, 4);
+    EXPECT_EQ(kept.back().number, 13);
+    EXPECT_EQ(test::readFile(kept.back().path), "content 13");
+}
+
+TEST_F(History, KeepsNothingTwiceInARow) {
+    save("same");
+    save("same");
+    save("same");
+    EXPECT_EQ(contents(), std::vector<std::string>{"same"});
+}
+
+TEST_F(History, KeepsNoEmptyFile) {
+    save("");
+    save("one");
+    EXPECT_TRUE(contents().empty());
+}
+
+TEST_F(History, TellsProjectsOfOneNameApart) {
+    std::filesystem::create_directories(folder / "other");
+    test::writeFile(folder / "other/Line.zbp", "elsewhere");
+    ASSERT_TRUE(history.keep(folder / "other/Line.zbp").ok());
+    save("one");
+    save("two");
+    EXPECT_EQ(contents(), std::vector<std::string>{"one"});
+}
+
+TEST_F(History, KeepsProjectsWithTheLongestNames) {
+    project = folder / (std::string(251, 'n') + ".zbp");
+    save("one");
+    save("two");
+    EXPECT_EQ(contents(), std::vector<std::string>{"one"});
+    EXPECT_TRUE(history.restore(project, 1).ok());
+}
+
+TEST_F(History, RestoresUnderANewName) {
+    save("one");
+    save("two");
+    const auto first = history.restore(project, 1);
+    ASSERT_TRUE(first.ok());
+    EXPECT_EQ(first->filename(), "Line_version1.zbp");
+    EXPECT_EQ(test::readFile(*first), "one");
+    const auto second = history.restore(project, 1);
+    ASSERT_TRUE(second.ok());
+    EXPECT_EQ(second->filename(), "Line_version1_2.zbp");
+    EXPECT_EQ(test::readFile(project), "two");
+}
+
+TEST_F(History, HasNoVersionThatWasNotKept) {
+    save("one");
+    const auto missing = history.restore(project, 7);
+    ASSERT_FALSE(missing.ok());
+    EXPECT_EQ(missing.error().number, ENOENT);
+}
+
+TEST_F(History, KeepsNothingWithoutAFolder) {
+    ProjectHistory none(files, {});
+    test::writeFile(project, "one");
+    EXPECT_TRUE(none.keep(project).ok());
+    EXPECT_TRUE(none.versions(project).empty());
+}
+
+} // namespace
+} // namespace zb
