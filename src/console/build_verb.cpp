@@ -7,6 +7,7 @@
 #include "outputs/transaction_check.h"
 #include "outputs/zelto_generator.h"
 #include "platform/text.h"
+#include "platform/user_folders.h"
 #include "shell/project_files.h"
 
 #include <CLI/CLI.hpp>

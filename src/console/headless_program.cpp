@@ -3,7 +3,7 @@
 #include "console/loaded_project.h"
 #include "messages/smd/smd_reader.h"
 #include "modeler/sequence_table.h"
-#include "project/project_history.h"
+#include "platform/user_folders.h"
 #include "shell/project_files.h"
 
 #include <filesystem>

@@ -1,6 +1,7 @@
 #include "console/history_verb.h"
 
 #include "platform/file_layer.h"
+#include "platform/user_folders.h"
 #include "project/project_history.h"
 
 #include <CLI/CLI.hpp>

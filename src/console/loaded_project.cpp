@@ -6,6 +6,7 @@
 #include "platform/settings.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "platform/user_folders.h"
 #include "platform/wildcard.h"
 
 #include <algorithm>

@@ -5,6 +5,7 @@
 #include "outputs/zelto_generator.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
+#include "platform/user_folders.h"
 #include "shell/application.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "desktop/program_folders.h"
 
 #include "desktop/qt_text.h"
-#include "project/project_history.h"
+#include "platform/user_folders.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

@@ -9,7 +9,6 @@
 #include "platform/text_file.h"
 
 #include <cerrno>
-#include <cstring>
 
 namespace zb {
 
@@ -63,11 +62,6 @@ std::string plainLines(std::string_view text) {
 
 std::string inSeconds(std::chrono::seconds time) {
     return std::to_string(time.count()) + (time.count() == 1 ? " second" : " seconds");
-}
-
-std::string signalName(int signal) {
-    const char* words = ::strsignal(signal);
-    return std::to_string(signal) + (words == nullptr ? "" : " (" + std::string(words) + ")");
 }
 
 } // namespace
@@ -146,7 +140,7 @@ std::string ZeltoGenerator::describe(const std::vector<std::string>& arguments,
         sentences.push_back("The generator was ended because it ran for more than " + inSeconds(timeLimit()) +
                             ".");
     } else if (outcome.end == End::Signalled) {
-        sentences.push_back("The generator was ended by signal " + signalName(outcome.number) + ".");
+        sentences.push_back("The generator was ended by signal " + describeSignal(outcome.number) + ".");
     } else if (outcome.number != 0) {
         sentences.push_back("The generator failed with exit status " + std::to_string(outcome.number) + ".");
     } else if (outcome.output.empty()) {

@@ -37,4 +37,7 @@ struct ProcessOutcome {
 ProcessOutcome runProcess(const std::vector<std::string>& arguments, const ProcessLimits& limits,
                           const std::function<void()>& keepAlive);
 
+/// A signal's number, and in parentheses the system's words for it.
+std::string describeSignal(int signal);
+
 } // namespace zb

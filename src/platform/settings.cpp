@@ -1,6 +1,5 @@
 #include "platform/settings.h"
 
-#include <cstdlib>
 #include <map>
 #include <utility>
 
@@ -24,25 +23,7 @@ SettingPlace optionPlace(std::string_view valueName) {
     return {std::string(kApplication), std::string(kOptionSection), sanitizeUtf8(valueName)};
 }
 
-std::optional<std::filesystem::path> folderFromEnvironment(const char* name) {
-    const char* const value = std::getenv(name);
-    if (value == nullptr || *value == '\0') {
-        return std::nullopt;
-    }
-    return std::filesystem::path(value);
-}
-
 } // namespace
-
-std::filesystem::path settingsFolder() {
-    if (const auto chosen = folderFromEnvironment("ZELTOBENCH_CONFIG")) {
-        return *chosen;
-    }
-    if (const auto config = folderFromEnvironment("XDG_CONFIG_HOME")) {
-        return *config / "zeltobench";
-    }
-    return folderFromEnvironment("HOME").value_or("/") / ".config" / "zeltobench";
-}
 
 class SettingsStore::Storage {
 public:

@@ -15,10 +15,6 @@ inline constexpr std::string_view kSettingsKey = "SOFTWARE\\Halvern Works, Inc.\
 // What getOption answers for an option that was never set.
 inline constexpr std::string_view kNoOption = "NotExist";
 
-// The folder of settings.json: $ZELTOBENCH_CONFIG, else zeltobench below $XDG_CONFIG_HOME, else below
-// ~/.config.
-std::filesystem::path settingsFolder();
-
 // Named texts that outlast a run, in two groups: machine-wide values under key paths, and the options of the
 // user. They lie in one JSON file, which is read at every question, so that programs that run side by side
 // see what the others wrote. A file that cannot be understood counts as empty; the first write puts it aside

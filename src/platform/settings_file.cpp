@@ -1,18 +1,13 @@
 #include "platform/settings_file.h"
 
 #include <cerrno>
-#include <chrono>
 #include <system_error>
-#include <thread>
 #include <utility>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 #include <nlohmann/json.hpp>
 
 #include "platform/file_replacer.h"
+#include "platform/folder_lock.h"
 #include "platform/text_file.h"
 
 namespace zb {
@@ -59,33 +54,6 @@ std::optional<Json> parse(const std::string& bytes) {
     }
     return json;
 }
-
-// Keeps other programs from writing between our reading and our writing. The lock is on the folder, so that
-// it leaves no file behind. One that is not to be had within a second is done without: a stopped program must
-// not stop this one.
-class FolderLock {
-public:
-    explicit FolderLock(const std::filesystem::path& folder)
-        : descriptor_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        constexpr int kTries = 100;
-        for (int i = 0; descriptor_ >= 0 && i < kTries; ++i) {
-            if (::flock(descriptor_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) {
-                return;
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-    }
-    ~FolderLock() {
-        if (descriptor_ >= 0) {
-            ::close(descriptor_);
-        }
-    }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-
-private:
-    int descriptor_;
-};
 
 // Whether the damaged file is out of the way, under a name that nothing had yet.
 bool putAside(const std::filesystem::path& path) {

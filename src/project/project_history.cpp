@@ -8,7 +8,6 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
-#include <cstdlib>
 #include <string_view>
 
 namespace zb {
@@ -61,22 +60,7 @@ Result<void> makeFolders(FileLayer& files, const fs::path& folder) {
     return made || made.error().number == EEXIST ? Result<void>() : made;
 }
 
-const char* environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr && *value != '\0' ? value : nullptr;
-}
-
 } // namespace
-
-fs::path stateFolder() {
-    if (const char* own = environment("ZELTOBENCH_STATE"))
-        return own;
-    if (const char* state = environment("XDG_STATE_HOME"))
-        return fs::path(state) / "zeltobench";
-    if (const char* home = environment("HOME"))
-        return fs::path(home) / ".local" / "state" / "zeltobench";
-    return {};
-}
 
 Result<void> ProjectHistory::keep(const fs::path& projectFile) {
     if (stateFolder_.empty())

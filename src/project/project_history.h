@@ -11,10 +11,6 @@ namespace zb {
 
 class FileLayer;
 
-/// The user's state folder: $ZELTOBENCH_STATE, else zeltobench below $XDG_STATE_HOME, else below
-/// ~/.local/state.
-std::filesystem::path stateFolder();
-
 /// The previous versions of project files. Each project has a folder of its own, told apart by name and
 /// place; the newest ten versions are kept, with numbers that go on rising.
 class ProjectHistory {

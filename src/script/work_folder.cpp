@@ -1,21 +1,15 @@
 #include "script/work_folder.h"
 
-#include <cerrno>
-#include <cstdlib>
+#include "platform/temporary_folder.h"
+
 #include <system_error>
 
 namespace zb {
 
 namespace fs = std::filesystem;
 
-WorkFolder::WorkFolder() {
-    // Links are resolved at once: the program would show another path than the script names.
-    std::string pattern = (fs::canonical(fs::temp_directory_path()) / "zbc-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr)
-        throw fs::filesystem_error("no folder to work in", pattern,
-                                   std::error_code(errno, std::generic_category()));
-    path_ = pattern;
-}
+// Without links in it: the program would show another path than the script names.
+WorkFolder::WorkFolder() : path_(makeTemporaryFolder("zbc-")) {}
 
 WorkFolder::~WorkFolder() {
     std::error_code ignored;

@@ -2,7 +2,7 @@
 
 #include "controls/desktop.h"
 #include "platform/text.h"
-#include "shell/drives.h"
+#include "platform/drives.h"
 
 namespace zb {
 

@@ -1,6 +1,7 @@
 #include "console/command_line.h"
 #include "platform/file_layer.h"
 #include "platform/text_file.h"
+#include "platform/user_folders.h"
 #include "project/project_history.h"
 #include "script/work_folder.h"
 #include "support/ordinary_user.h"

@@ -1,4 +1,5 @@
 #include "platform/settings.h"
+#include "platform/user_folders.h"
 
 #include <cstdlib>
 

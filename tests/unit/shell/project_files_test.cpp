@@ -1,6 +1,6 @@
 #include "shell/project_files.h"
 
-#include "shell/drives.h"
+#include "platform/drives.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

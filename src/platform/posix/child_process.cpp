@@ -10,6 +10,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 
 namespace zb {
 
@@ -237,6 +238,11 @@ ProcessOutcome runProcess(const std::vector<std::string>& arguments, const Proce
     if (run.start(arguments))
         run.waitForEnd(keepAlive);
     return outcome;
+}
+
+std::string describeSignal(int signal) {
+    const char* words = ::strsignal(signal);
+    return std::to_string(signal) + (words == nullptr ? "" : " (" + std::string(words) + ")");
 }
 
 } // namespace zb

@@ -1,4 +1,4 @@
-#include "shell/drives.h"
+#include "platform/drives.h"
 
 #include "platform/text.h"
 
