@@ -6,28 +6,33 @@ BUILD := out/release
 help: ## list the targets
 	@grep -hE '^[a-z]+:.*##' $(MAKEFILE_LIST) | sed -E 's/:[^#]*## /\t/' | expand -t 12
 
-setup: ## install the Debian packages of packages.txt that are missing
-	@scripts/setup
+setup: ## install every Debian package that the other targets take
+	@scripts/setup packages.txt packages-test.txt packages-dev.txt
 
-$(BUILD)/build.ninja: | setup
-	cmake --preset release
-
-build: setup $(BUILD)/build.ninja ## build both programs and all tests
-	cmake --build --preset release -j $(JOBS)
+# The programs are built without looking for what only the tests take. A build folder that has the tests keeps them.
+build: ## build both programs
+	@scripts/setup packages.txt
+	@test -f $(BUILD)/build.ninja || cmake --preset release -D ZB_TESTS=OFF
+	cmake --build --preset release --target zbc zeltobench -j $(JOBS)
 
 run: build ## open the example project, or build a copy of it where there is no display
 	@scripts/run-example $(BUILD)
 
-test: build ## build and run every test
+all: ## build both programs, all tests and the benchmarks
+	@scripts/setup packages.txt packages-test.txt
+	cmake --preset release
+	cmake --build --preset release -j $(JOBS)
+
+test: all ## build and run every test
 	ctest --preset release -j $(JOBS) --timeout 600
 
-bench: build ## measure open, walks, edits on generated projects
+bench: all ## measure open, walks, edits on generated projects
 	@scripts/bench $(BUILD)
 
-screenshots: build ## draw the pictures of the windows in docs/pictures
+screenshots: all ## draw the pictures of the windows in docs/pictures
 	@scripts/screenshots $(BUILD)
 
-package: build ## make a Debian package of both programs in out/package
+package: all ## make a Debian package of both programs in out/package
 	cpack --config $(BUILD)/CPackConfig.cmake -G DEB -B out/package
 
 lint: setup ## formatting and static analysis; fails on any finding
@@ -42,4 +47,4 @@ asan: setup ## tests under the sanitizers, then a minute of each fuzzer
 clean: ## remove everything that was built
 	rm -rf out
 
-.PHONY: help setup build run test bench screenshots package lint asan clean
+.PHONY: help setup build run all test bench screenshots package lint asan clean

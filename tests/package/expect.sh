@@ -24,7 +24,7 @@ same() {
         status=1
     fi
 }
-# A tool of packages.txt; without it the test says nothing about the package, so it fails.
+# A tool of packages-test.txt; without it the test says nothing about the package, so it fails.
 need() {
     local tool
     for tool in "$@"; do
