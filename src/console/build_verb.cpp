@@ -144,8 +144,7 @@ int BuildVerb::buildTransactions(HeadlessProgram& program, ConsoleStreams stream
         return kExitDone;
     if (!application.builds.endedAtCheck())
         return tellFileFault(target, program.screen().lastText(), streams);
-    printFindings(streams.err, project_,
-                  errorsOf(checkTransactions(application, application.frmTRModeler.lvwSequence)));
+    printFindings(streams.err, project_, errorsOf(checkTransactions(application)));
     return kExitFault;
 }
 

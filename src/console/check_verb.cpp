@@ -16,7 +16,7 @@ std::vector<DefinitionFinding> transactionFindings(const std::string& path, cons
     HeadlessProgram program(path, project, generator);
     program.fillMessageStore();
     Application& application = program.application();
-    return checkTransactions(application, application.frmTRModeler.lvwSequence);
+    return checkTransactions(application);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "console/loaded_project.h"
 #include "messages/smd/smd_reader.h"
-#include "modeler/sequence_table.h"
+#include "model/sequence_lines.h"
 #include "platform/user_folders.h"
 #include "shell/project_files.h"
 
@@ -27,7 +27,7 @@ HeadlessProgram::HeadlessProgram(const std::string& path, const LoadedProject& p
     readSmdText(application_.frmSECSEditor.liveTree(), project.text, application_.frmSECSEditor);
     application_.frmTRModeler.newModelerProject();
     application_.TRModelStore->loadModelText(project.text);
-    loadSequenceTable(project.text, application_.frmTRModeler.lvwSequence);
+    application_.frmTRModeler.sequenceView().show(readSequences(project.text));
 }
 
 void HeadlessProgram::fillMessageStore() {

@@ -105,7 +105,8 @@ void printMessages(std::ostream& out, const char* heading, const TRModelStore& m
 
 void printSequences(std::ostream& out, const std::string& projectText) {
     Group group(out, "Sequences");
-    for (const SequenceLine& row : SequenceLine::readAll(projectText)) {
+    const Sequences sequences = readSequences(projectText);
+    for (const SequenceRow& row : sequences.rows()) {
         if (row.isHead())
             group.line(1, printable(row.text));
         else
@@ -150,8 +151,9 @@ void printTransactionsAsJson(std::ostream& out, const TRModelStore& model, const
                         {"items", items},
                         {"data", dataOf(*message)}});
     }
+    const Sequences sequences = readSequences(projectText);
     Json sequence;
-    for (const SequenceLine& row : SequenceLine::readAll(projectText)) {
+    for (const SequenceRow& row : sequences.rows()) {
         if (row.isHead() || sequence.is_null()) {
             if (!sequence.is_null())
                 printLine(out, sequence);

@@ -6,35 +6,66 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace zb {
 
-SequenceLine SequenceLine::parse(std::string_view line) {
-    const std::vector<std::string> pieces = split(line, kSequenceSeparator);
-    SequenceLine row;
-    const std::array fields{&row.picture, &row.text, &row.direction, &row.transactionName};
-    row.fieldCount = std::min(pieces.size(), fields.size());
-    for (std::size_t field = 0; field < row.fieldCount; ++field)
+namespace {
+
+constexpr std::string_view kSeparator = "\u00FF";
+constexpr std::size_t kFieldCount = 4;
+
+SequenceRow rowOf(const std::vector<std::string>& pieces) {
+    SequenceRow row;
+    const std::array<std::string*, kFieldCount> fields{&row.picture, &row.text, &row.direction,
+                                                       &row.transactionName};
+    for (std::size_t field = 0; field < std::min(pieces.size(), kFieldCount); ++field)
         *fields[field] = trim(pieces[field]);
+    row.isWhole = pieces.size() >= kFieldCount;
     return row;
 }
 
-std::vector<SequenceLine> SequenceLine::readAll(std::string_view projectText) {
+// A line break inside a name would end its row's line, and all rows after it would be lost.
+void appendField(std::string& text, std::string_view field) {
+    for (const char character : field)
+        text += character == '\r' || character == '\n' ? ' ' : character;
+}
+
+void appendRow(std::string& text, const SequenceRow& row) {
+    appendField(text, row.picture);
+    for (const std::string* field : {&row.text, &row.direction, &row.transactionName}) {
+        text += kSeparator;
+        appendField(text, *field);
+    }
+    text += "\r\n";
+}
+
+} // namespace
+
+Sequences readSequences(std::string_view projectText) {
     LineReader lines(projectText);
     auto line = lines.next();
     while (line && *line != kSequenceMarker)
         line = lines.next();
-    std::vector<SequenceLine> rows;
+    Sequences sequences;
     while (line && (line = lines.next())) {
         if (isBlank(*line))
             continue;
-        const SequenceLine row = parse(trimmed(*line));
-        if (row.fieldCount > 1)
-            rows.push_back(row);
-        if (!row.whole())
+        const std::vector<std::string> pieces = split(trimmed(*line), kSeparator);
+        if (pieces.size() > 1)
+            sequences.append(rowOf(pieces));
+        if (pieces.size() < kFieldCount)
             break;
     }
-    return rows;
+    return sequences;
+}
+
+void appendSequences(std::string& projectText, const Sequences& sequences) {
+    projectText += "\r\n\r\n\r\n";
+    projectText += kSequenceMarker;
+    projectText += "\r\n";
+    for (const SequenceRow& row : sequences.rows())
+        appendRow(projectText, row);
 }
 
 } // namespace zb

@@ -1,30 +1,22 @@
 #pragma once
 
+#include "model/sequences.h"
+
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace zb {
 
-/// What stands between the fields of a row.
-inline constexpr std::string_view kSequenceSeparator = "\u00FF";
+// The sequences as the last section of a project file: after its marker one line a row, the four fields
+// separated by U+00FF.
 
-/// A row of the sequence table as it stands in a project file.
-struct SequenceLine {
-    /// The rows of a project file's text, behind the marker of the table. The first line with fewer than four
-    /// fields ends the reading; it still gives a row when it has two.
-    static std::vector<SequenceLine> readAll(std::string_view projectText);
-    /// Takes the fields apart, each without the blanks around it.
-    static SequenceLine parse(std::string_view line);
+/// Reads the sequences of a project file's text; a text without the section gives none. The fields are
+/// trimmed. The first line with fewer than four fields ends the reading; it still gives a row when it has
+/// two.
+Sequences readSequences(std::string_view projectText);
 
-    bool whole() const { return fieldCount >= 4; }
-    bool isHead() const { return picture == "SeqName"; }
-
-    std::string picture;
-    std::string text; ///< the sequence's name, or the item's ordinal
-    std::string direction;
-    std::string transactionName;
-    std::size_t fieldCount = 0; ///< what is missing is empty
-};
+/// Appends the section, with the blank lines before it, to the text of a project file. A line break within a
+/// field becomes a blank.
+void appendSequences(std::string& projectText, const Sequences& sequences);
 
 } // namespace zb

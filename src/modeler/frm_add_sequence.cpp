@@ -2,7 +2,6 @@
 
 #include "controls/desktop.h"
 #include "modeler/modeler_state.h"
-#include "modeler/sequence_rows.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -32,9 +31,9 @@ frmAddSequence::frmAddSequence(ModelerState& state) : Window(state.desktop, "frm
     };
 }
 
-void frmAddSequence::requestSequenceName(const List& listItems) {
+void frmAddSequence::requestSequenceName(const Sequences& sequences) {
     SequenceName.clear();
-    sequences_ = &listItems;
+    sequences_ = &sequences;
     txtSequence.setText("");
     txtSequence.setLocked(false); // the last key of the time before may have locked it
     setFirstFocus(txtSequence);
@@ -65,11 +64,11 @@ void frmAddSequence::add() {
 }
 
 std::string frmAddSequence::whyNot(const std::string& name) const {
-    // The name of a head row stands in its first column, so that this one is empty and only a blank name
-    // meets it: two sequences may share a name.
+    // A head row has no transaction name, so that only a blank name is found here: two sequences may share a
+    // name.
     const std::string trimmedName = upper(trim(name));
-    for (const auto& row : sequences_->rows()) {
-        if (isSequenceHead(*row) && upper(row->cell(2)) == trimmedName)
+    for (const SequenceRow& row : sequences_->rows()) {
+        if (row.isHead() && upper(row.transactionName) == trimmedName)
             return name + " was already used in Sequence!";
     }
     if (state_.SECSMessageStore->getByName(name) != nullptr)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controls/list.h"
 #include "controls/simple_controls.h"
 #include "controls/text_field.h"
 #include "controls/window.h"
@@ -9,6 +8,7 @@
 
 namespace zb {
 
+class Sequences;
 struct ModelerState;
 
 /// Asks for the name of a new sequence.
@@ -21,8 +21,8 @@ public:
     Button cmdAdd{*this, "cmdAdd", "&Add"};
     Button cmdCancel{*this, "cmdCancel", "&Cancel"};
 
-    /// Runs modally; `listItems` are the sequences that stand already.
-    void requestSequenceName(const List& listItems);
+    /// Runs modally; `sequences` are those that the project has already.
+    void requestSequenceName(const Sequences& sequences);
     /// The name asked for; empty when no sequence is to be added.
     std::string SequenceName;
 
@@ -33,7 +33,7 @@ private:
     std::string whyNot(const std::string& name) const;
 
     ModelerState& state_;
-    const List* sequences_ = nullptr;
+    const Sequences* sequences_ = nullptr;
 };
 
 } // namespace zb

@@ -1,10 +1,10 @@
 #include "modeler/frm_tr_modeler.h"
 
 #include "controls/desktop.h"
+#include "model/sequence_lines.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/model_nodes.h"
-#include "modeler/sequence_table.h"
 #include "modeler/tr_object_table.h"
 #include "platform/text_file.h"
 
@@ -22,8 +22,9 @@ std::unique_ptr<BusyPointer> busyUnlessAlready(Window& window) {
 } // namespace
 
 frmTRModeler::frmTRModeler(ModelerState& state, ProjectCommands& commands)
-    : ModelerControls(state.desktop, commands), state_(state), addSequence_(state), treeCommands_(*this),
-      tableCommands_(*this), sequenceCommands_(*this, addSequence_) {
+    : ModelerControls(state.desktop, commands), state_(state), sequenceView_(lvwSequence, state.sequences),
+      addSequence_(state), treeCommands_(*this), tableCommands_(*this),
+      sequenceCommands_(*this, addSequence_) {
     setCaption("TRModeler");
     menus.runBusy(menus.mnuTMD, &ProjectCommands::commandBuildTmd);
     menus.runBusy(menus.mnuEditor, &ProjectCommands::commandEditor);
@@ -50,7 +51,7 @@ void frmTRModeler::makeStore() {
 
 void frmTRModeler::newModelerProject() {
     makeStore();
-    lvwSequence.clear();
+    sequenceView_.clear();
     foreign_.clear();
     if (state_.ProjectType == 2)
         state_.TRModelStore->clearTRMessages();
@@ -67,8 +68,7 @@ void frmTRModeler::openModelerProject() {
     state_.TRModelStore->loadModelText(text);
     foreign_ = ForeignSections::parse(text);
     displayModel();
-    lvwSequence.clear();
-    loadSequenceTable(text, lvwSequence);
+    sequenceView_.show(readSequences(text));
 }
 
 std::string frmTRModeler::saveModelerProject() {
@@ -76,8 +76,8 @@ std::string frmTRModeler::saveModelerProject() {
     std::string text = foreign_.text();
     if (const TRModelStore* model = store(); model != nullptr)
         text += model->saveModel();
-    // Last, so that the table stands at the end of the file.
-    saveSequenceTable(text, lvwSequence);
+    // The sequences are the last section of the file.
+    appendSequences(text, state_.sequences);
     return text;
 }
 
@@ -86,7 +86,7 @@ void frmTRModeler::clearAllTRMsgDef() {
         state_.TRModelStore->clearTRMessages();
     foreign_.clear();
     displayModel();
-    lvwSequence.clear();
+    sequenceView_.clear();
     current_ = ModelSelection();
 }
 

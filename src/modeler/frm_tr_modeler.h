@@ -6,6 +6,7 @@
 #include "modeler/modeler_controls.h"
 #include "modeler/modeler_state.h"
 #include "modeler/sequence_commands.h"
+#include "modeler/sequence_view.h"
 #include "modeler/tr_object_commands.h"
 #include "project/foreign_sections.h"
 
@@ -24,8 +25,8 @@ struct ModelSelection {
     std::string item;     ///< empty when no item is selected
 };
 
-/// The window in which the transaction model is seen and edited. Its trees and its table are views of the
-/// store; the rows of the sequences are the document.
+/// The window in which the transaction model is seen and edited. Its trees and lists are views of the
+/// store and of the sequences.
 class frmTRModeler final : public ModelerControls, public ModelViews {
 public:
     frmTRModeler(ModelerState& state, ProjectCommands& commands);
@@ -63,6 +64,7 @@ public:
     ModelSelection& current() { return current_; }
     /// Null until a project has been created or opened.
     TRModelStore* store() const { return state_.TRModelStore.get(); }
+    SequenceView& sequenceView() { return sequenceView_; }
     /// The key of the tree's root.
     std::string_view rootOf(const Tree& tree) const;
     frmTRMessage& messageDialog() { return *messageDialog_; }
@@ -82,6 +84,7 @@ private:
     ModelerState& state_;
     ForeignSections foreign_;
     ModelSelection current_;
+    SequenceView sequenceView_;
     frmAddSequence addSequence_;
     frmTRMessage* messageDialog_ = nullptr;
     frmTRItem* itemDialog_ = nullptr;

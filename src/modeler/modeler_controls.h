@@ -19,7 +19,7 @@ public:
     Tree tvwSndTRMsg{*this, "tvwSndTRMsg"};
     /// What is selected in a tree, as a table.
     List lvwTRObject{*this, "lvwTRObject"};
-    /// The sequences: the rows are the document.
+    /// The sequences; see SequenceView.
     List lvwSequence{*this, "lvwSequence"};
 
     PopupMenu mnuRcvTRMsgPopup{*this, "mnuRcvTRMsgPopup"};

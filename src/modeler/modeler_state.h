@@ -1,6 +1,7 @@
 #pragma once
 
 #include "messages/module_state.h"
+#include "model/sequences.h"
 #include "model/tr_model_store.h"
 
 #include <memory>
@@ -20,6 +21,8 @@ struct ModelerState : ModuleState {
 
     /// Null until a project has been created or opened; replaced by the next one.
     std::unique_ptr<zb::TRModelStore> TRModelStore;
+    /// The sequences of the open project; the modeler window shows and changes them.
+    Sequences sequences;
 };
 
 } // namespace zb

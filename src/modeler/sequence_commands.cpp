@@ -3,7 +3,6 @@
 #include "modeler/frm_add_sequence.h"
 #include "modeler/frm_tr_modeler.h"
 #include "modeler/model_nodes.h"
-#include "modeler/sequence_rows.h"
 
 namespace zb {
 
@@ -24,11 +23,11 @@ SequenceCommands::SequenceCommands(frmTRModeler& window, frmAddSequence& addDial
     list.onDragOver = [this](const DragData&, ListRow* row) { dragOver(row); };
     list.onDrop = [this](const DragData& data, ListRow* row) { drop(data, row); };
     window_.mnuSeqAddSequence.onClick = [this] { addSequence(); };
-    window_.mnuSeqDelete.onClick = [&list] {
-        if (list.selected() != nullptr)
-            deleteSequenceRow(list, *list.selected());
+    window_.mnuSeqDelete.onClick = [this] {
+        if (const ListRow* row = window_.lvwSequence.selected())
+            window_.sequenceView().remove(*row);
     };
-    window_.mnuSeqClearAll.onClick = [&list] { list.clear(); };
+    window_.mnuSeqClearAll.onClick = [this] { window_.sequenceView().clear(); };
 }
 
 void SequenceCommands::press(ListRow* row) {
@@ -49,9 +48,9 @@ void SequenceCommands::openPopup() {
 }
 
 void SequenceCommands::addSequence() {
-    addDialog_.requestSequenceName(window_.lvwSequence);
+    addDialog_.requestSequenceName(window_.sequenceView().sequences());
     if (!addDialog_.SequenceName.empty())
-        addSequenceHead(window_.lvwSequence, addDialog_.SequenceName);
+        window_.sequenceView().addSequence(addDialog_.SequenceName);
 }
 
 void SequenceCommands::dragOver(ListRow* row) {
@@ -63,7 +62,7 @@ void SequenceCommands::drop(const DragData& data, ListRow* row) {
     if (row == nullptr || data.form != DragData::Form::Text || !window_.TRMessageExists(data.text))
         return;
     row->setForeColor(kUnmarkedColor);
-    insertSequenceItem(window_.lvwSequence, *row, window_.getDirectionText(data.text), data.text);
+    window_.sequenceView().insertItem(*row, window_.getDirectionText(data.text), data.text);
 }
 
 } // namespace zb

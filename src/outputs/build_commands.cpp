@@ -46,7 +46,7 @@ bool BuildCommands::buildTmdTo(const std::string& target) {
     endedAtCheck_ = !checks.checkTRMessages() || !checks.checkSequences();
     if (endedAtCheck_)
         return false;
-    if (const Result<TmdContent> written = writeTMD(state_, windows_.modeler.lvwSequence, target))
+    if (const Result<TmdContent> written = writeTMD(state_, target))
         tmdContent_ = *written;
     else
         fileError_ = written.error();

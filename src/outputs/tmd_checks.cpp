@@ -24,10 +24,6 @@ Node* messageNode(NodeTree& tree, const std::string& name) {
     return nullptr;
 }
 
-bool isHead(const ListRow& row) {
-    return row.image() == "SeqName";
-}
-
 } // namespace
 
 bool isDefaultCondition(std::string_view condition) {
@@ -124,11 +120,11 @@ void TmdChecks::markReceived(std::string_view text) {
 
 bool TmdChecks::checkSequences() {
     bool complete = true;
-    const auto& rows = window_.lvwSequence.rows();
+    const auto& rows = state_.sequences.rows();
     for (std::size_t at = 0; at < rows.size(); ++at) {
-        if (!isHead(*rows[at]) || (at + 1 < rows.size() && !isHead(*rows[at + 1])))
+        if (!rows[at].isHead() || (at + 1 < rows.size() && !rows[at + 1].isHead()))
             continue;
-        rows[at]->setForeColor(kErrorForeColor);
+        window_.lvwSequence.rows()[at]->setForeColor(kErrorForeColor);
         complete = false;
     }
     return complete || refuse("Not defined SequenceItem!");

@@ -1,6 +1,5 @@
 #include "outputs/tmd_document.h"
 
-#include "controls/list.h"
 #include "modeler/modeler_state.h"
 #include "outputs/file_access.h"
 #include "platform/file_replacer.h"
@@ -16,8 +15,6 @@ namespace {
 // Spelled as the drivers in the field look for it.
 constexpr const char* kRootName = "Zelto-ModelingInformaion";
 constexpr std::string_view kNoCondition = "NONE";
-constexpr std::size_t kDirectionColumn = 1;
-constexpr std::size_t kNameColumn = 2;
 
 void setCount(XmlElement& element) {
     setElementAttribute(element, "Count", std::to_string(element.children().size()));
@@ -131,23 +128,23 @@ const char* ownerOf(std::string_view direction) {
     return direction == "ToEquip" ? "HOST" : "BOTH";
 }
 
-void writeSequenceItem(const ListRow& row, XmlElement* sequence) {
+void writeSequenceItem(const SequenceRow& row, XmlElement* sequence) {
     XmlElement element = createElement("SEQ");
-    setElementAttribute(element, "TransactionMessage", row.cell(kNameColumn));
-    setElementAttribute(element, "Owner", ownerOf(row.cell(kDirectionColumn)));
+    setElementAttribute(element, "TransactionMessage", row.transactionName);
+    setElementAttribute(element, "Owner", ownerOf(row.direction));
     // A row before all heads belongs to no sequence.
     if (sequence != nullptr)
         appendWhole(*sequence, std::move(element));
 }
 
-void writeSequences(const List& rows, XmlElement& section) {
+void writeSequences(const Sequences& sequences, XmlElement& section) {
     XmlElement* sequence = nullptr;
-    for (const auto& row : rows.rows()) {
-        if (row->image() == "SeqName") {
-            sequence = &section.append(createElement(row->text()));
+    for (const SequenceRow& row : sequences.rows()) {
+        if (row.isHead()) {
+            sequence = &section.append(createElement(row.text));
             setCount(*sequence);
         } else {
-            trapped([&] { writeSequenceItem(*row, sequence); });
+            trapped([&] { writeSequenceItem(row, sequence); });
             if (sequence != nullptr)
                 setCount(*sequence);
         }
@@ -156,7 +153,7 @@ void writeSequences(const List& rows, XmlElement& section) {
 
 } // namespace
 
-XmlElement composeTmd(const TRModelStore& model, int projectType, const List& sequences) {
+XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequences& sequences) {
     XmlElement secsMessages = createElement("SECSMessages");
     XmlElement received = createElement("TransactionMessages");
     setElementAttribute(received, "Type", "R");
@@ -177,10 +174,10 @@ XmlElement composeTmd(const TRModelStore& model, int projectType, const List& se
     return root;
 }
 
-Result<TmdContent> writeTMD(const ModelerState& state, const List& lvwSequence, const std::string& path) {
+Result<TmdContent> writeTMD(const ModelerState& state, const std::string& path) {
     if (const Result<void> deleted = deleteFileIfExists(state.files, path); !deleted)
         return deleted.error();
-    const XmlElement root = composeTmd(*state.TRModelStore, state.ProjectType, lvwSequence);
+    const XmlElement root = composeTmd(*state.TRModelStore, state.ProjectType, state.sequences);
     if (const Result<void> written = replaceFile(state.files, path, xmlDocument(root)); !written)
         return written.error();
     const auto& sections = root.children();

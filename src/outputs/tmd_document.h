@@ -8,16 +8,15 @@
 
 namespace zb {
 
-class List;
+class Sequences;
 class TRModelStore;
 struct ModelerState;
 
 /// The root element of the transaction modeling definitions: the model as the driver reads it at run time.
-/// `sequences` are the rows of `lvwSequence`.
 ///
 /// A record that no document can hold, as one whose name is no XML name, ends its section there without a
 /// word; what stands before it stays.
-XmlElement composeTmd(const TRModelStore& model, int projectType, const List& sequences);
+XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequences& sequences);
 
 /// What a TMD file that was written holds.
 struct TmdContent {
@@ -26,6 +25,6 @@ struct TmdContent {
 };
 
 /// Replaces the TMD file at `path`. After an error there is none.
-Result<TmdContent> writeTMD(const ModelerState& state, const List& lvwSequence, const std::string& path);
+Result<TmdContent> writeTMD(const ModelerState& state, const std::string& path);
 
 } // namespace zb

@@ -1,6 +1,5 @@
 #include "outputs/transaction_check.h"
 
-#include "controls/list.h"
 #include "outputs/tmd_checks.h"
 #include "platform/text.h"
 #include "platform/xml_document.h"
@@ -15,9 +14,6 @@ namespace {
 
 using Severity = DefinitionFinding::Severity;
 using ItemNames = std::unordered_set<std::string>;
-
-constexpr std::size_t kDirectionColumn = 1;
-constexpr std::size_t kNameColumn = 2;
 
 std::string quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
@@ -34,10 +30,6 @@ std::string directionText(int direction) {
 
 std::string streamFunction(const SECSMessageRecord& message) {
     return "S" + message.getStreamText() + "F" + message.getFunctionText();
-}
-
-bool isHead(const ListRow& row) {
-    return row.image() == "SeqName";
 }
 
 /// The conditions of a statement tree, in no special order.
@@ -59,12 +51,12 @@ public:
     explicit TransactionChecker(const ModelerState& state)
         : state_(state), received_(state.ProjectType == 1 ? kToHost : kToEquip) {}
 
-    std::vector<DefinitionFinding> run(const List& sequences) {
+    std::vector<DefinitionFinding> run() {
         if (state_.TRModelStore != nullptr) {
             for (const auto& record : state_.TRModelStore->TRMessages())
                 checkMessage(*record);
         }
-        checkSequences(sequences);
+        checkSequences();
         return std::move(findings_);
     }
 
@@ -155,39 +147,39 @@ private:
             tell("The SECS message has no data item " + quoted(name));
     }
 
-    void checkSequences(const List& sequences) {
-        const auto& rows = sequences.rows();
+    void checkSequences() {
+        const auto& rows = state_.sequences.rows();
         int position = 0;
         at({}, {});
         for (std::size_t index = 0; index < rows.size(); ++index) {
-            const ListRow& row = *rows[index];
-            if (!isHead(row)) {
+            const SequenceRow& row = rows[index];
+            if (!row.isHead()) {
                 ++position;
                 at(message_, std::to_string(position));
                 checkSequenceRow(row);
                 continue;
             }
             position = 0;
-            at(row.text(), {});
+            at(row.text, {});
             inSequence_ = true;
-            checkName(row.text());
-            if (index + 1 == rows.size() || isHead(*rows[index + 1]))
+            checkName(row.text);
+            if (index + 1 == rows.size() || rows[index + 1].isHead())
                 tell("Not defined SequenceItem!");
         }
     }
 
-    void checkSequenceRow(const ListRow& row) {
+    void checkSequenceRow(const SequenceRow& row) {
         if (!inSequence_)
             tell("This row stands before the first sequence");
-        const std::string& name = row.cell(kNameColumn);
+        const std::string& name = row.transactionName;
         const TRMessageRecord* record =
             state_.TRModelStore == nullptr ? nullptr : state_.TRModelStore->getTRMessage(name);
         if (record == nullptr)
             return tell("There is no TR message " + quoted(name));
         const std::string direction = directionText(record->Direction());
-        if (row.cell(kDirectionColumn) != direction)
+        if (row.direction != direction)
             tell(quoted(name) + " goes " + direction + " now, and not " +
-                     (row.cell(kDirectionColumn).empty() ? "nowhere" : row.cell(kDirectionColumn)),
+                     (row.direction.empty() ? "nowhere" : row.direction),
                  Severity::Warning);
     }
 
@@ -222,8 +214,8 @@ std::size_t endOfValue(std::string_view condition, std::size_t from) {
 
 } // namespace
 
-std::vector<DefinitionFinding> checkTransactions(const ModelerState& state, const List& lvwSequence) {
-    return TransactionChecker(state).run(lvwSequence);
+std::vector<DefinitionFinding> checkTransactions(const ModelerState& state) {
+    return TransactionChecker(state).run();
 }
 
 std::vector<std::string> dataItemsOf(std::string_view condition) {

@@ -1,6 +1,6 @@
 #include "bench/generated_project.h"
 #include "controls/user_hands.h"
-#include "modeler/sequence_table.h"
+#include "model/sequence_lines.h"
 #include "platform/text_file.h"
 #include "unit/shell/program.h"
 
@@ -123,10 +123,8 @@ void SaveModel(benchmark::State& state) {
 
 void LoadSequences(benchmark::State& state) {
     Modelled project(state.range(0));
-    for (auto _ : state) {
-        project.modeler.lvwSequence.clear();
-        loadSequenceTable(project.text, project.modeler.lvwSequence);
-    }
+    for (auto _ : state)
+        project.modeler.sequenceView().show(readSequences(project.text));
     state.counters["rows"] = static_cast<double>(project.modeler.lvwSequence.rows().size());
 }
 

@@ -26,7 +26,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::string_view bytes = zb::fuzz::asText(data, size);
     for (const char* before : {"", "## [TR MESSAGE] M\n", "## [TR MESSAGE] M\nTRItem I\n"}) {
         const std::string text = before + std::string(bytes);
-        zb::SequenceLine::readAll(text);
+        zb::readSequences(text);
         const std::string once = saved(text);
         zb::fuzz::demand(saved(zb::decodeProject(zb::encodeUtf16(once)).text) == once,
                          "a saved model comes back as it was");

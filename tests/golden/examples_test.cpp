@@ -81,9 +81,7 @@ protected:
         program_.application.start(path_.string());
     }
 
-    std::vector<DefinitionFinding> transactionFindings() {
-        return checkTransactions(program_.application, program_.application.frmTRModeler.lvwSequence);
-    }
+    std::vector<DefinitionFinding> transactionFindings() { return checkTransactions(program_.application); }
 
     std::string bytes_;
     TemporaryFolder folder_;

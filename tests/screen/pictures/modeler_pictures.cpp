@@ -76,7 +76,7 @@ public:
         auto& sequence = dynamic_cast<frmAddSequence&>(*desktop.find("frmAddSequence"));
         camera_.takeNext(sequence, QStringLiteral("add-sequence"),
                          [&sequence] { sequence.txtSequence.setText("Recovery"); });
-        sequence.requestSequenceName(modeler().lvwSequence);
+        sequence.requestSequenceName(modeler().sequenceView().sequences());
     }
 
 private:

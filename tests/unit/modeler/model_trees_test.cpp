@@ -204,7 +204,7 @@ TEST_F(ModelTrees, ClearOneSideAndLeaveTheOther) {
     addRecord("A_B", kToEquip);
     addRecord("C", kToHost);
     window.displayModel();
-    window.lvwSequence.add("Load");
+    window.sequenceView().addSequence("Load");
     hands.rightClick(onReceived(kReceiveRoot));
     click(window.mnuClearAllRcvTRMsg);
     EXPECT_EQ(recordNames(), (Texts{"A_B"}));

@@ -127,9 +127,9 @@ TEST_F(TRObjectTable, HasNothingToOfferWithoutACurrentTree) {
 }
 
 TEST_F(TRObjectTable, GivesItsRowsToTheSequences) {
-    window.lvwSequence.add("Load").setImage("SeqName");
+    window.sequenceView().addSequence("Load");
     hands.drag(onRow(table, 2), onRow(window.lvwSequence, 1));
-    EXPECT_EQ(rowsOf(window.lvwSequence), (Texts{"Load", "1|ToHost|B"}));
+    EXPECT_EQ(rowsOf(window.lvwSequence), (Texts{"Load||", "1|ToHost|B"}));
 }
 
 TEST_F(TRObjectTable, FollowsTheArrowKeys) {

@@ -25,7 +25,6 @@ public:
 
     Application& app() { return program_.application; }
     SilentScreen& screen() { return program_.screen; }
-    List& sequences() { return app().frmTRModeler.lvwSequence; }
 
     // A message of Direction 1 goes to the host, one of 2 to the equipment.
     TRMessageRecord& add(const std::string& name, int direction, const std::string& secsMessage,
@@ -53,22 +52,15 @@ public:
         return added;
     }
 
-    void addHead(const std::string& name) {
-        ListRow& row = sequences().add(name);
-        row.setImage("SeqName");
-        row.setBold(true);
-    }
+    void addHead(const std::string& name) { app().frmTRModeler.sequenceView().addSequence(name); }
 
     void addRow(const std::string& number, const std::string& direction, const std::string& name) {
-        ListRow& row = sequences().add(number);
-        row.setImage("SeqItem");
-        row.setCell(1, direction);
-        row.setCell(2, name);
+        zb::Sequences sequences = app().sequences;
+        sequences.append({kSequenceItem, number, direction, name});
+        app().frmTRModeler.sequenceView().show(std::move(sequences));
     }
 
-    XmlElement compose() {
-        return composeTmd(*app().TRModelStore, app().ProjectType, app().frmTRModeler.lvwSequence);
-    }
+    XmlElement compose() { return composeTmd(*app().TRModelStore, app().ProjectType, app().sequences); }
 
 private:
     std::unique_ptr<FileLayer> files_;

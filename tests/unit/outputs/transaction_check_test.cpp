@@ -19,7 +19,7 @@ protected:
 
     Words find() {
         Words lines;
-        for (const auto& finding : checkTransactions(desk_.app(), desk_.sequences())) {
+        for (const auto& finding : checkTransactions(desk_.app())) {
             const bool warning = finding.severity == DefinitionFinding::Severity::Warning;
             lines.push_back(finding.message + (finding.itemPath.empty() ? "" : "/" + finding.itemPath) +
                             ": " + (warning ? "warning: " : "") + finding.text);
