@@ -2,6 +2,7 @@
 
 #include "console/loaded_project.h"
 #include "console/message_source.h"
+#include "console/printable.h"
 #include "messages/library_drop.h"
 #include "messages/smd/smd_text.h"
 #include "platform/file_replacer.h"
@@ -87,7 +88,7 @@ public:
 
 private:
     void tellDuplicate(const std::string& name) {
-        err_ << file_ << ": " << name << " already exists.\n";
+        err_ << printable(file_) << ": " << printable(name) << " already exists.\n";
         told_ = true;
     }
 
@@ -126,7 +127,7 @@ int AddVerb::run(ConsoleStreams streams) {
     for (const std::string& name : names_) {
         const SECSLibraryStore::Records named = library.select(name);
         if (named.empty()) {
-            streams.err << library_ << ": " << name << ": there is no such message\n";
+            streams.err << printable(library_) << ": " << printable(name) << ": there is no such message\n";
             return kExitFault;
         }
         std::copy_if(named.begin(), named.end(), std::back_inserter(rows),
@@ -138,12 +139,13 @@ int AddVerb::run(ConsoleStreams streams) {
     if (!taking.taken().empty()) {
         const std::string text = withMessages(project.text, composeSmd(taking.taken(), SmdForm::Project));
         if (const Result<void> written = replaceFile(project_, encodeUtf16(text)); !written) {
-            streams.err << project_ << ": cannot be written: " << written.error().description << '\n';
+            streams.err << printable(project_)
+                        << ": cannot be written: " << printable(written.error().description) << '\n';
             return kExitFileFault;
         }
     }
     for (const SECSMessageRecord* record : taking.taken())
-        streams.out << record->getName() << '\n';
+        streams.out << printable(record->getName()) << '\n';
     const bool told = !tellColons(taking.taken(), project_, streams.err) || taking.toldDuplicates();
     return told ? kExitFault : libraryStatus;
 }

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 namespace {
 
 int tellFileFault(const std::string& path, const std::string& what, ConsoleStreams streams) {
-    streams.err << path << ": cannot be written: " << what << '\n';
+    streams.err << printable(path) << ": cannot be written: " << printable(what) << '\n';
     return kExitFileFault;
 }
 
@@ -78,7 +78,7 @@ int BuildVerb::run(ConsoleStreams streams) {
     ZeltoGenerator generator(userSettings);
     HeadlessProgram program(project_, project, generator);
     if (!program.canSave()) {
-        streams.err << project_ << ": not a project file: its name does not end in .zbp\n";
+        streams.err << printable(project_) << ": not a project file: its name does not end in .zbp\n";
         return kExitFault;
     }
     if (!makeProjectFolders(program.application()))
@@ -97,7 +97,8 @@ int BuildVerb::buildFiles(HeadlessProgram& program, LoadedProject& project, Cons
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) {
-        streams.err << folder.string() << ": cannot be made: " << error.message() << '\n';
+        streams.err << printable(folder.string()) << ": cannot be made: " << printable(error.message())
+                    << '\n';
         return kExitFileFault;
     }
     if (const int status = buildDefinitions(program, project, streams); status != kExitDone)
@@ -123,9 +124,9 @@ int BuildVerb::buildDefinitions(HeadlessProgram& program, LoadedProject& project
         return kExitFault;
     }
     if (project.tree.empty())
-        streams.out << project_ << ": no messages, so no file is built\n";
+        streams.out << printable(project_) << ": no messages, so no file is built\n";
     else
-        streams.out << target << ": "
+        streams.out << printable(target) << ": "
                     << counted(application.SECSMessageStore->getMessages().size(), "message") << '\n';
     return kExitDone;
 }
@@ -137,7 +138,7 @@ int BuildVerb::buildTransactions(HeadlessProgram& program, ConsoleStreams stream
     if (const auto& fileError = application.builds.fileError())
         return tellFileFault(target, fileError->description, streams);
     if (const auto& content = application.builds.tmdContent()) {
-        streams.out << target << ": " << counted(content->messages, "transaction message") << ", "
+        streams.out << printable(target) << ": " << counted(content->messages, "transaction message") << ", "
                     << counted(content->sequences, "sequence") << '\n';
     }
     if (built)
@@ -150,7 +151,7 @@ int BuildVerb::buildTransactions(HeadlessProgram& program, ConsoleStreams stream
 
 int BuildVerb::runGenerator(HeadlessProgram& program, ConsoleStreams streams) const {
     const std::string text = program.application().saveAndGenerate();
-    streams.out << replaceAll(text, "\r\n", "\n") << '\n';
+    streams.out << printableLines(text) << '\n';
     if (const std::string fault = program.screen().lastText(); !fault.empty())
         return tellFileFault(project_, fault, streams);
     return kExitDone;

@@ -6,7 +6,9 @@
 #include "console/convert_verb.h"
 #include "console/history_verb.h"
 #include "console/list_verb.h"
+#include "console/printable_stream.h"
 #include "console/script_verb.h"
+#include "platform/printable.h"
 #include "platform/text.h"
 #include "shell/version.h"
 
@@ -32,7 +34,7 @@ std::string firstLine(std::string_view text) {
 }
 
 int refuse(const std::string& what, ConsoleStreams streams) {
-    streams.err << "zbc: " << firstLine(what) << " (see zbc --help)\n";
+    streams.err << "zbc: " << printable(firstLine(what)) << " (see zbc --help)\n";
     return kExitUsage;
 }
 
@@ -58,7 +60,10 @@ std::vector<std::unique_ptr<Verb>> makeVerbs() {
     return verbs;
 }
 
-int runConsole(const std::vector<std::string>& arguments, ConsoleStreams streams) {
+int runConsole(const std::vector<std::string>& arguments, ConsoleStreams sinks) {
+    PrintableStream out(sinks.out);
+    PrintableStream err(sinks.err);
+    const ConsoleStreams streams{out, err};
     const auto verbs = makeVerbs();
     CLI::App app(kDescription, "zbc");
     app.footer(kExitCodes);

@@ -51,7 +51,7 @@ bool takeSelection(const MessageSource& source, const std::string& file,
         const SECSLibraryStore::Records named = source.select(name);
         chosen.insert(named.begin(), named.end());
         if (named.empty())
-            err << file << ": " << name << ": there is no such message\n";
+            err << printable(file) << ": " << printable(name) << ": there is no such message\n";
         found = found && !named.empty();
     }
     records.clear();
@@ -83,12 +83,13 @@ void ConvertVerb::declare(CLI::App& app) {
 int ConvertVerb::run(ConsoleStreams streams) {
     const SourceKind target = sourceKind(out_);
     if (target == SourceKind::Unknown || isBuiltIn(target)) {
-        streams.err << "zbc: " << out_ << " does not end in " << kSourceEndings << " (see zbc --help)\n";
+        streams.err << "zbc: " << printable(out_) << " does not end in " << kSourceEndings
+                    << " (see zbc --help)\n";
         return kExitUsage;
     }
     std::error_code ignored;
     if (target == SourceKind::Project && std::filesystem::exists(out_, ignored)) {
-        streams.err << out_ << ": is there already: zbc add puts messages into a project\n";
+        streams.err << printable(out_) << ": is there already: zbc add puts messages into a project\n";
         return kExitFault;
     }
     MessageSource source;
@@ -104,10 +105,11 @@ int ConvertVerb::run(ConsoleStreams streams) {
 
 int ConvertVerb::write(const SECSLibraryStore::Records& records, ConsoleStreams streams) const {
     if (const Result<void> written = replaceFile(out_, bytesOf(records, sourceKind(out_))); !written) {
-        streams.err << out_ << ": cannot be written: " << written.error().description << '\n';
+        streams.err << printable(out_) << ": cannot be written: " << printable(written.error().description)
+                    << '\n';
         return kExitFileFault;
     }
-    streams.out << out_ << ": " << counted(records.size(), "message") << '\n';
+    streams.out << printable(out_) << ": " << counted(records.size(), "message") << '\n';
     const bool project = sourceKind(out_) == SourceKind::Project;
     return !project || tellColons(records, out_, streams.err) ? kExitDone : kExitFault;
 }

@@ -10,9 +10,9 @@ namespace zb {
 void printFindings(std::ostream& stream, const std::string& file,
                    const std::vector<DefinitionFinding>& findings) {
     for (const DefinitionFinding& finding : findings) {
-        stream << file << ": " << printable(finding.message) << ": ";
+        stream << printable(file) << ": " << printable(finding.message) << ": ";
         if (!finding.itemPath.empty())
-            stream << finding.itemPath << ": ";
+            stream << printable(finding.itemPath) << ": ";
         if (finding.severity == DefinitionFinding::Severity::Warning)
             stream << "warning: ";
         stream << printable(finding.text) << '\n';
@@ -28,7 +28,7 @@ void printFindingsAsJson(std::ostream& stream, const std::string& file,
                                           {"item", finding.itemPath},
                                           {"severity", warning ? "warning" : "error"},
                                           {"text", finding.text}};
-        stream << line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+        stream << printableJson(line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)) << '\n';
     }
 }
 

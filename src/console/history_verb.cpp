@@ -1,6 +1,7 @@
 #include "console/history_verb.h"
 
 #include "platform/file_layer.h"
+#include "platform/printable.h"
 #include "platform/user_folders.h"
 #include "project/project_history.h"
 
@@ -29,11 +30,11 @@ std::string printTime(std::filesystem::file_time_type time) {
 int restoreVersion(ProjectHistory& history, const std::string& project, int number, ConsoleStreams streams) {
     const auto restored = history.restore(project, number);
     if (!restored) {
-        streams.err << project << ": version " << number
-                    << " cannot be brought back: " << restored.error().description << '\n';
+        streams.err << printable(project) << ": version " << number
+                    << " cannot be brought back: " << printable(restored.error().description) << '\n';
         return kExitFileFault;
     }
-    streams.out << restored->string() << '\n';
+    streams.out << printable(restored->string()) << '\n';
     return kExitDone;
 }
 

@@ -2,6 +2,7 @@
 
 #include "console/loaded_project.h"
 #include "console/message_source.h"
+#include "console/printable.h"
 #include "console/text_table.h"
 #include "console/transaction_list.h"
 #include "model/tr_model_store.h"
@@ -52,7 +53,7 @@ void printJson(std::ostream& out, const SECSLibraryStore::Records& messages) {
                                           {"direction", record.getDirection()},
                                           {"items", itemCount(record)},
                                           {"description", record.getDescription()}};
-        out << line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+        out << printableJson(line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)) << '\n';
     }
 }
 

@@ -3,6 +3,7 @@
 #include "messages/editor_pane.h"
 #include "messages/smd/smd_reader.h"
 #include "platform/locale.h"
+#include "platform/printable.h"
 #include "platform/settings.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
@@ -33,7 +34,8 @@ bool hasProjectLine(std::string_view text) {
 int LoadedProject::load(const std::string& path, ConsoleStreams streams) {
     const auto bytes = readBytes(path);
     if (!bytes) {
-        streams.err << path << ": cannot be read: " << bytes.error().description << '\n';
+        streams.err << printable(path) << ": cannot be read: " << printable(bytes.error().description)
+                    << '\n';
         return kExitFileFault;
     }
     const ProjectText project = decodeProject(*bytes);
@@ -41,7 +43,7 @@ int LoadedProject::load(const std::string& path, ConsoleStreams streams) {
     if (fault.empty() && !hasProjectLine(project.text))
         fault = "it has neither a project header nor a section of messages";
     if (!fault.empty()) {
-        streams.err << path << ": not a project file: " << fault << '\n';
+        streams.err << printable(path) << ": not a project file: " << printable(fault) << '\n';
         return kExitFault;
     }
     codePage = codePageOfUser();

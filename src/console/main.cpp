@@ -1,4 +1,5 @@
 #include "console/command_line.h"
+#include "platform/printable.h"
 
 #include <exception>
 #include <iostream>
@@ -12,7 +13,7 @@ int main(int argc, char** argv) {
         std::cerr << "zbc: standard output cannot be written\n";
         return zb::kExitFileFault;
     } catch (const std::exception& fault) {
-        std::cerr << "zbc: " << fault.what() << '\n';
+        std::cerr << "zbc: " << zb::printable(fault.what()) << '\n';
         return zb::kExitFileFault;
     }
 }

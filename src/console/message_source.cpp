@@ -32,7 +32,7 @@ int formatOf(SourceKind kind) {
 
 /// `FILE:LINE:COLUMN: text`; what is no error says so before its text.
 void printFinding(std::ostream& out, const std::string& file, const LibraryFinding& finding) {
-    out << file << ':' << finding.line << ':';
+    out << printable(file) << ':' << finding.line << ':';
     if (finding.column > 0)
         out << finding.column << ':';
     if (finding.severity == LibraryFinding::Severity::Warning)
@@ -97,7 +97,8 @@ int MessageSource::loadLibrary(const std::string& name, SourceKind kind, Console
             library_->load(block, kFormatSemi);
     } else {
         if (const auto bytes = readBytes(name); !bytes) {
-            streams.err << name << ": cannot be read: " << bytes.error().description << '\n';
+            streams.err << printable(name) << ": cannot be read: " << printable(bytes.error().description)
+                        << '\n';
             return kExitFileFault;
         }
         status = library_->load(name, formatOf(kind));
@@ -109,7 +110,7 @@ int MessageSource::loadLibrary(const std::string& name, SourceKind kind, Console
         faulty = faulty || finding.severity == LibraryFinding::Severity::Error;
     }
     if (!status.empty())
-        streams.err << name << ": not a message library: no message could be read\n";
+        streams.err << printable(name) << ": not a message library: no message could be read\n";
     return faulty ? kExitFault : kExitDone;
 }
 
@@ -156,7 +157,7 @@ bool tellColons(const SECSLibraryStore::Records& records, const std::string& fil
         while (const auto line = lines.next()) {
             if (!hasColon(*line))
                 continue;
-            err << file << ": " << printable(record->getName())
+            err << printable(file) << ": " << printable(record->getName())
                 << ": a project reads an item with \":\" as the head of a message: "
                 << printable(line->substr(line->find(' ') + 1)) << '\n';
             none = false;

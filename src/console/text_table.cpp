@@ -4,8 +4,15 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zb {
+
+void TextTable::add(std::vector<std::string> row) {
+    for (std::string& text : row)
+        text = printable(text);
+    rows_.push_back(std::move(row));
+}
 
 std::vector<std::string> TextTable::lines() const {
     std::vector<std::size_t> widths;
@@ -18,7 +25,7 @@ std::vector<std::string> TextTable::lines() const {
     for (const auto& row : rows_) {
         std::string line;
         for (std::size_t i = 0; i < row.size(); ++i)
-            line += printable(row[i]) + std::string(widths[i] - codePointCount(row[i]) + 2, ' ');
+            line += row[i] + std::string(widths[i] - codePointCount(row[i]) + 2, ' ');
         lines.push_back(trimRight(line));
     }
     return lines;

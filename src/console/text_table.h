@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace zb {
@@ -10,7 +9,8 @@ namespace zb {
 /// the last one.
 class TextTable {
 public:
-    void add(std::vector<std::string> row) { rows_.push_back(std::move(row)); }
+    /// Each text is made printable.
+    void add(std::vector<std::string> row);
     /// The rows as lines, without their line ends.
     std::vector<std::string> lines() const;
 

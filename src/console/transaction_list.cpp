@@ -116,7 +116,7 @@ void printSequences(std::ostream& out, const std::string& projectText) {
 }
 
 void printLine(std::ostream& out, const Json& object) {
-    out << object.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+    out << printableJson(object.dump(-1, ' ', false, Json::error_handler_t::replace)) << '\n';
 }
 
 Json jsonOf(const TRItemRecord& item) {

@@ -4,6 +4,7 @@
 #include "desktop/activation.h"
 #include "desktop/layout_memory.h"
 #include "desktop/pictures/pictures.h"
+#include "desktop/plain_labels.h"
 #include "desktop/window_binder.h"
 
 #include <QMainWindow>
@@ -79,6 +80,7 @@ private:
     QWidget* topLevelOf(const Window& window) const;
     QWidget* parentForBoxes() const;
 
+    PlainLabels plainLabels_;
     Pictures pictures_;
     LayoutMemory layout_;
     std::unique_ptr<Binding> binding_;

@@ -1,5 +1,6 @@
 #include "script/foretold.h"
 
+#include "platform/printable.h"
 #include "platform/text.h"
 #include "script/matching.h"
 
@@ -20,7 +21,8 @@ constexpr std::array<std::pair<Answer, std::string_view>, 4> kAnswers{
     {{Answer::OK, "OK"}, {Answer::Cancel, "Cancel"}, {Answer::Yes, "Yes"}, {Answer::No, "No"}}};
 
 void print(std::ostream& out, const nlohmann::ordered_json& line) {
-    out << line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n' << std::flush;
+    out << printableJson(line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)) << '\n'
+        << std::flush;
 }
 
 template<typename Shown>

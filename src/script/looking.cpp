@@ -1,6 +1,7 @@
 #include "controls/list.h"
 #include "controls/tree.h"
 #include "controls/window.h"
+#include "platform/printable.h"
 #include "platform/text.h"
 #include "script/matching.h"
 #include "script/script_context.h"
@@ -107,7 +108,7 @@ void showPlace(Context& context, const std::string& address, const Place& place)
     nlohmann::ordered_json line{{"address", address}};
     for (const auto& [name, value] : context.eyes.properties(place))
         line[name] = jsonOf(value);
-    context.out << line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    context.out << printableJson(line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)) << '\n';
 }
 
 void showNodes(Context& context, const std::string& address, Place place) {

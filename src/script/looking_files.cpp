@@ -1,3 +1,4 @@
+#include "platform/printable.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "script/matching.h"
@@ -130,7 +131,7 @@ void expectNoFile(Context& /*context*/, const Call& call) {
 
 void cat(Context& context, const Call& call) {
     for (const std::string& line : linesOf(textOf(context, call.word(0))))
-        context.out << line << '\n';
+        context.out << printableLines(line) << '\n';
 }
 
 constexpr std::array kCommands{

@@ -1,5 +1,6 @@
 #include "script/matching.h"
 
+#include "platform/printable.h"
 #include "platform/text.h"
 
 #include <nlohmann/json.hpp>
@@ -82,7 +83,8 @@ bool matchText(std::string_view pattern, std::string_view text) {
 }
 
 std::string quote(std::string_view text) {
-    return nlohmann::json(std::string(text)).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+    return printableJson(
+        nlohmann::json(std::string(text)).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }
 
 } // namespace zb

@@ -1,31 +1,17 @@
 #include "script/script_runner.h"
 
-#include "platform/text.h"
+#include "platform/printable.h"
 #include "platform/text_file.h"
 #include "script/interpreter.h"
 #include "script/script_screen.h"
 #include "script/work_folder.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <ostream>
 
 namespace zb {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-/// Terminals and CI logs get no control characters, whatever a script or the program brings.
-std::string printable(std::string_view message) {
-    std::string text = sanitizeUtf8(message);
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return c != '\n' && static_cast<unsigned char>(c) < ' '; },
-        '?');
-    return text;
-}
-
-} // namespace
 
 ScriptUser userOfStores() {
     return {[](ScriptedProgram& program) { return std::make_unique<StoreHands>(program); },
@@ -35,7 +21,7 @@ ScriptUser userOfStores() {
 ScriptRunner::Outcome ScriptRunner::run(const std::string& file) {
     const auto bytes = readBytes(file);
     if (!bytes) {
-        err_ << file << ": cannot be read: " << bytes.error().description << '\n';
+        err_ << printable(file) << ": cannot be read: " << printable(bytes.error().description) << '\n';
         return Outcome::Unreadable;
     }
     std::error_code error;
@@ -60,10 +46,10 @@ ScriptRunner::Outcome ScriptRunner::runText(const std::string& name, const std::
         screen.onModal = [&](Window& window) { interpreter.runDuring(window); };
         interpreter.run(script);
     } catch (const ScriptFailure& failure) {
-        err_ << name << ':' << failure.line() << ": " << printable(failure.what()) << '\n';
+        err_ << printable(name) << ':' << failure.line() << ": " << printableLines(failure.what()) << '\n';
         return Outcome::Failed;
     } catch (const std::exception& fault) {
-        err_ << name << ": expected a program to run, found " << fault.what() << '\n';
+        err_ << printable(name) << ": expected a program to run, found " << printable(fault.what()) << '\n';
         return Outcome::Failed;
     }
     return Outcome::Passed;

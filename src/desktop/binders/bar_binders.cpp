@@ -2,6 +2,7 @@
 
 #include "controls/bars.h"
 #include "desktop/pictures/pictures.h"
+#include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
 
 #include <QGridLayout>
@@ -130,7 +131,7 @@ const QLabel* StatusBarBinder::panel(std::string_view key) const {
 void StatusBarBinder::show(Change /*change*/) {
     for (std::size_t i = 0; i < panels_.size(); ++i) {
         panels_[i]->setText(toQt(store_.panels()[i].text));
-        panels_[i]->setToolTip(panels_[i]->text());
+        panels_[i]->setToolTip(toolTipOf(store_.panels()[i].text));
     }
 }
 

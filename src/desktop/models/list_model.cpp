@@ -3,6 +3,7 @@
 #include "controls/list.h"
 #include "desktop/colors.h"
 #include "desktop/pictures/pictures.h"
+#include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
 
 #include <QBrush>
@@ -37,7 +38,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return toQt(row->cell(static_cast<std::size_t>(index.column())));
     case Qt::ToolTipRole:
-        return toQt(row->cell(static_cast<std::size_t>(index.column())));
+        return toolTipOf(row->cell(static_cast<std::size_t>(index.column())));
     case Qt::ForegroundRole:
         return isOrdinary(row->foreColor()) ? QVariant() : QBrush(readable(*row->foreColor()));
     case Qt::DecorationRole:

@@ -1,6 +1,7 @@
 #include "desktop/models/node_tree_view.h"
 
 #include "controls/tree.h"
+#include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
 #include "platform/tree/node_walk.h"
 
@@ -300,7 +301,7 @@ bool NodeTreeView::viewportEvent(QEvent* event) {
     const bool cut =
         node != nullptr &&
         textLeft(*node) + fontMetrics().horizontalAdvance(toQt(node->text())) > viewport()->width();
-    QToolTip::showText(help->globalPos(), cut ? toQt(node->text()) : toolTip(), this);
+    QToolTip::showText(help->globalPos(), cut ? toolTipOf(node->text()) : toolTip(), this);
     return true;
 }
 

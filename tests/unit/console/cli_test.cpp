@@ -232,8 +232,8 @@ TEST_F(Cli, TellsADamagedNameOnItsLine) {
     const std::string file =
         write("Odd.zbp", encodeUtf16("## [EDIT SMD]  \r\n* a\r\nO\rd\x1B: S129 F1 H->E.\r\n"));
     expectFault({"check", file}, 1,
-                file + ": O d : You must insert a positive number less than 128 in the stream\n");
-    EXPECT_EQ(runZbc({"list", file}).out, "O d   S129F1  -  H->E  0  a\n");
+                file + ": O d?: You must insert a positive number less than 128 in the stream\n");
+    EXPECT_EQ(runZbc({"list", file}).out, "O d?  S129F1  -  H->E  0  a\n");
 }
 
 TEST_F(Cli, BuildsNoFileOfNoMessages) {

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <ostream>
+#include <streambuf>
+#include <string>
+
+namespace zb {
+
+/// A stream that hands each line on with nothing in it that could steer a terminal. It is the last guard of
+/// what zbc prints: names and texts are made printable where they are put into a line, since only there a
+/// line end within a name can be told from the end of the line.
+class PrintableStream final : public std::ostream {
+public:
+    explicit PrintableStream(std::ostream& sink) : std::ostream(nullptr), lines_(sink) { rdbuf(&lines_); }
+
+private:
+    class Lines final : public std::streambuf {
+    public:
+        explicit Lines(std::ostream& sink) : sink_(sink) {}
+        ~Lines() override { handOn(line_.size()); }
+        Lines(const Lines&) = delete;
+        Lines& operator=(const Lines&) = delete;
+
+    private:
+        int_type overflow(int_type character) override;
+        std::streamsize xsputn(const char* text, std::streamsize count) override;
+        int sync() override;
+        void handOn(std::size_t length);
+
+        std::ostream& sink_;
+        std::string line_; // not handed on yet: half a character must not be taken for damage
+    };
+
+    Lines lines_;
+};
+
+} // namespace zb

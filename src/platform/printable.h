@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Texts that somebody else wrote, made safe for a terminal: names of files, what is in them, arguments. Raw,
+// they could move the cursor, set colours and titles, forge a line, or show another order of characters than
+// the one that is there.
+namespace zb {
+
+/// The text on one line. Tabs and line ends become blanks; other control characters (C0, DEL, C1) and the
+/// marks that turn the direction of writing become "?"; a byte that is no UTF-8 becomes U+FFFD. Each
+/// character becomes exactly one, so that columns stay.
+std::string printable(std::string_view text);
+/// The same for a text of several lines: tabs and LF stay, and CR LF becomes LF.
+std::string printableLines(std::string_view text);
+/// A JSON text with an escape for each character that `printable` replaces. What it means stays the same.
+/// It must be one line of valid UTF-8, as a JSON library writes it.
+std::string printableJson(std::string_view json);
+
+} // namespace zb
