@@ -1,8 +1,8 @@
 #include "shell/frm_new_project.h"
 
 #include "controls/desktop.h"
-#include "platform/text.h"
 #include "platform/drives.h"
+#include "platform/text.h"
 
 namespace zb {
 

@@ -2,6 +2,7 @@
 
 #include "controls/desktop.h"
 #include "platform/settings.h"
+#include "shell/linked_libraries.h"
 #include "shell/option_settings.h"
 #include "shell/version.h"
 
@@ -73,7 +74,8 @@ frmAbout::frmAbout(Desktop& desktop) : Window(desktop, "frmAbout") {
     lblDescription.setText("Authoring of SECS-II message definitions and transaction models");
     lblDisclaimer.setText(
         "Definitions built with this program are the responsibility of those who use them: check them "
-        "against the manual of the equipment before production.");
+        "against the manual of the equipment before production.\n\n" +
+        licenceNotice());
     setFirstFocus(cmdOK);
     setCancelButton(cmdOK);
     cmdOK.onClick = [this] { hide(); };
