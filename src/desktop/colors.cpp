@@ -21,19 +21,28 @@ double luminance(const QColor& color) {
 }
 
 double contrast(const QColor& left, const QColor& right) {
-    const auto [dark, light] = std::minmax(luminance(left), luminance(right));
-    return (light + 0.05) / (dark + 0.05);
+    const double one = luminance(left);
+    const double other = luminance(right);
+    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
+}
+
+QColor base() {
+    return QGuiApplication::palette().color(QPalette::Base);
+}
+
+bool isLight(const QColor& background) {
+    return background.lightnessF() > 0.5F;
 }
 
 } // namespace
 
 QColor shaded(const Color& back) {
-    const QColor told = toQt(back);
-    const QColor base = QGuiApplication::palette().color(QPalette::Base);
-    if (told.saturation() > 0 || base.lightnessF() > 0.5F)
-        return told;
-    const float lightness = base.lightnessF() + (1.0F - told.lightnessF());
-    return QColor::fromHslF(std::max(base.hslHueF(), 0.0F), base.hslSaturationF(),
+    const QColor given = toQt(back);
+    const QColor dark = base();
+    if (given.saturation() > 0 || isLight(dark))
+        return given;
+    const float lightness = dark.lightnessF() + (1.0F - given.lightnessF());
+    return QColor::fromHslF(std::max(dark.hslHueF(), 0.0F), dark.hslSaturationF(),
                             std::clamp(lightness, 0.0F, 1.0F));
 }
 
@@ -63,8 +72,10 @@ QColor restingHighlight(const QPalette& palette) {
                             mix(highlight.blueF(), base.blueF()));
 }
 
-QColor readable(const Color& text) {
-    return readable(toQt(text), QGuiApplication::palette().color(QPalette::Base));
+QColor readable(const Color& text, const OptionalColor& back) {
+    if (isLight(base()))
+        return toQt(text);
+    return readable(toQt(text), back ? shaded(*back) : base());
 }
 
 } // namespace zb

@@ -15,12 +15,14 @@ inline QColor toQt(const Color& color) {
 /// The colour of an area. A grey that sets the area off from light surroundings is mirrored for dark ones.
 QColor shaded(const Color& back);
 
-/// Whether the program has given a text its ordinary colour, black, which is the palette's own on any screen.
+/// Whether a text has its ordinary colour, black, which is the palette's own on any screen.
 bool isOrdinary(const OptionalColor& text);
 
-/// The colour of a text, lightened or darkened as far as it takes to read it on the background: on that of
-/// the palette's fields, or on the one given.
-QColor readable(const Color& text);
+/// The colour in which a text of the program's colours is shown on its own background, else on that of the
+/// palette's fields. A light palette shows it unchanged; a dark one lightens or darkens it until it can be
+/// read.
+QColor readable(const Color& text, const OptionalColor& back = {});
+/// The colour of a text, lightened or darkened until it can be read on the background.
 QColor readable(QColor text, const QColor& background);
 
 /// The background of what is selected in a list or tree that the keyboard is not in: of several panes the one

@@ -94,13 +94,9 @@ QVariant NodeTreeModel::data(const QModelIndex& index, int role) const {
         return toQt(node.text());
     case Qt::BackgroundRole:
         return node.backColor() ? QBrush(shaded(*node.backColor())) : QVariant();
-    case Qt::ForegroundRole: {
-        if (isOrdinary(node.foreColor()))
-            return {};
-        const QColor color = toQt(*node.foreColor());
-        return QBrush(node.backColor() ? readable(color, shaded(*node.backColor()))
-                                       : readable(*node.foreColor()));
-    }
+    case Qt::ForegroundRole:
+        return isOrdinary(node.foreColor()) ? QVariant()
+                                            : QBrush(readable(*node.foreColor(), node.backColor()));
     case Qt::FontRole: {
         QFont font;
         font.setBold(true);
