@@ -1,10 +1,12 @@
 #include "console/command_line.h"
 #include "platform/printable.h"
+#include "platform/process_signals.h"
 
 #include <exception>
 #include <iostream>
 
 int main(int argc, char** argv) {
+    zb::letLargeWritesFail();
     const zb::ConsoleStreams streams{std::cout, std::cerr};
     try {
         const int status = zb::runConsole({argv + 1, argv + argc}, streams);

@@ -4,6 +4,7 @@
 #include "desktop/qt_text.h"
 #include "outputs/zelto_generator.h"
 #include "platform/file_layer.h"
+#include "platform/process_signals.h"
 #include "platform/settings.h"
 #include "platform/user_folders.h"
 #include "shell/application.h"
@@ -21,6 +22,7 @@ std::string commandLine() {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    zb::letLargeWritesFail();
     QApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zeltobench"));
     // The name of the entry in the desktop's menu: its icon stands for the windows.

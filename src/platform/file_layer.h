@@ -18,6 +18,7 @@ struct FileStatus {
     unsigned mode = 0; // the permission bits
     unsigned owner = 0;
     unsigned group = 0;
+    unsigned long names = 1; // how many names lead to it
 };
 
 // The system calls that writing files is made of, one function each, so that a test can put a fault behind
@@ -28,11 +29,19 @@ public:
 
     // Creates a file that must not exist yet and opens it for writing; gives its descriptor.
     virtual Result<int> create(const std::filesystem::path& path, unsigned mode) = 0;
+    // Opens a file that exists for writing, from its first byte on; its content stays until it is written
+    // over.
+    virtual Result<int> openToWrite(const std::filesystem::path& path) = 0;
+    // Cuts an open file off behind so many bytes.
+    virtual Result<void> truncate(int descriptor, std::size_t length) = 0;
     // Writes at the descriptor's place; gives how many bytes it took, which may be fewer than asked.
     virtual Result<std::size_t> write(int descriptor, std::string_view bytes) = 0;
     virtual Result<FileStatus> statusOf(int descriptor) = 0;
     virtual Result<void> setMode(int descriptor, unsigned mode) = 0;
     virtual Result<void> setOwner(int descriptor, unsigned owner, unsigned group) = 0;
+    // Gives a file the access control list of another one, or takes away its own when the other has none, and
+    // the attributes that users set. Where the file system knows neither, there is nothing to do.
+    virtual Result<void> copyAccess(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
     virtual Result<void> sync(int descriptor) = 0;
     virtual Result<void> close(int descriptor) = 0;
 
@@ -45,7 +54,7 @@ public:
     // Whether this process may write the file; the error says why not.
     virtual Result<void> checkWritable(const std::filesystem::path& path) = 0;
     // Makes one level; a missing parent is an error, and so is whatever stands there already.
-    virtual Result<void> makeFolder(const std::filesystem::path& path) = 0;
+    virtual Result<void> makeFolder(const std::filesystem::path& path, unsigned mode) = 0;
     // Makes the folder's entries outlast a hard stop.
     virtual Result<void> syncFolder(const std::filesystem::path& path) = 0;
     virtual Result<std::vector<std::string>> names(const std::filesystem::path& folder) = 0;
@@ -62,6 +71,9 @@ public:
     Result<FileStatus> statusOf(int descriptor) override;
     Result<void> setMode(int descriptor, unsigned mode) override;
     Result<void> setOwner(int descriptor, unsigned owner, unsigned group) override;
+    Result<int> openToWrite(const std::filesystem::path& path) override;
+    Result<void> truncate(int descriptor, std::size_t length) override;
+    Result<void> copyAccess(const std::filesystem::path& from, const std::filesystem::path& to) override;
     Result<void> sync(int descriptor) override;
     Result<void> close(int descriptor) override;
     Result<void> rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
@@ -69,7 +81,7 @@ public:
     Result<FileStatus> status(const std::filesystem::path& path) override;
     Result<std::filesystem::path> readLink(const std::filesystem::path& path) override;
     Result<void> checkWritable(const std::filesystem::path& path) override;
-    Result<void> makeFolder(const std::filesystem::path& path) override;
+    Result<void> makeFolder(const std::filesystem::path& path, unsigned mode) override;
     Result<void> syncFolder(const std::filesystem::path& path) override;
     Result<std::vector<std::string>> names(const std::filesystem::path& folder) override;
     long processId() override;

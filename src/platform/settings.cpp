@@ -1,8 +1,10 @@
 #include "platform/settings.h"
 
+#include <iostream>
 #include <map>
 #include <utility>
 
+#include "platform/printable.h"
 #include "platform/settings_file.h"
 #include "platform/text.h"
 
@@ -39,7 +41,14 @@ class SettingsStore::FileStorage : public Storage {
 public:
     explicit FileStorage(std::filesystem::path folder) : file_(std::move(folder)) {}
     std::optional<std::string> read(const SettingPlace& place) const override { return file_.read(place); }
-    void write(const SettingPlace& place, const std::string& value) override { file_.write(place, value); }
+    void write(const SettingPlace& place, const std::string& value) override {
+        // The program goes on without: a setting is no reason to disturb the user. Who looks for the reason
+        // finds it.
+        if (const Result<void> written = file_.write(place, value); !written) {
+            std::cerr << "The setting " << printable(place.name)
+                      << " was not saved: " << printable(written.error().description) << std::endl;
+        }
+    }
 
 private:
     SettingsFile file_;

@@ -1,6 +1,7 @@
 #include "platform/settings_file.h"
 
 #include <cerrno>
+#include <chrono>
 #include <system_error>
 #include <utility>
 
@@ -93,10 +94,15 @@ std::optional<std::string> SettingsFile::read(const SettingPlace& place) const {
     return level->is_string() ? std::optional(level->get<std::string>()) : std::nullopt;
 }
 
-void SettingsFile::write(const SettingPlace& place, const std::string& value) const {
+Result<void> SettingsFile::write(const SettingPlace& place, const std::string& value) const {
+    // Many writers need a moment; a stopped one must not stop this program for good.
+    constexpr std::chrono::seconds kLongestWait{10};
     std::error_code ignored;
     std::filesystem::create_directories(folder_, ignored);
-    const FolderLock lock(folder_);
+    const FolderLock lock(folder_, kLongestWait);
+    if (lock.isBusy()) {
+        return FileError{EBUSY, "another program keeps " + folder_.string() + " locked"};
+    }
     Json json = Json::object();
     const Result<std::string> bytes = readBytes(path_);
     if (bytes) {
@@ -104,13 +110,14 @@ void SettingsFile::write(const SettingPlace& place, const std::string& value) co
         if (parsed) {
             json = std::move(*parsed);
         } else if (!putAside(path_)) {
-            return;
+            return FileError{EIO, path_.string() + " is damaged and cannot be put aside"};
         }
     } else if (bytes.error().number != ENOENT) {
-        return;
+        return FileError{bytes.error().number,
+                         "Cannot read " + path_.string() + ": " + bytes.error().description};
     }
     json[place.root][place.key][place.name] = value;
-    static_cast<void>(replaceFile(path_, json.dump(2) + "\n"));
+    return replaceFile(path_, json.dump(2) + "\n");
 }
 
 } // namespace zb

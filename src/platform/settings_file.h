@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/result.h"
+
 namespace zb {
 
 // Where a setting lies in the file: root, then key, then name.
@@ -24,9 +26,9 @@ public:
 
     // The text at this place; nothing when there is none, or no file that can be understood.
     std::optional<std::string> read(const SettingPlace& place) const;
-    // Sets the text at this place, valid UTF-8 all. A damaged file is kept under another name first. When
-    // anything fails, nothing is changed.
-    void write(const SettingPlace& place, const std::string& value) const;
+    // Sets the text at this place, valid UTF-8 all. A damaged file is kept under another name first. Another
+    // program that writes is waited for. When anything fails, nothing is changed.
+    Result<void> write(const SettingPlace& place, const std::string& value) const;
 
 private:
     std::filesystem::path folder_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -13,7 +14,10 @@
 namespace zb {
 
 // The bytes of a regular file. A missing or unreadable file is an error, and so is whatever is no file (a
-// folder, a pipe, a device): nothing that could keep the program waiting is ever read.
+// folder, a pipe, a device): nothing that could keep the program waiting is ever read. A file with more than
+// kLargestReadable bytes is an error (EFBIG) that names its size: a project or a library never comes near it,
+// and reading could exhaust the memory.
+inline constexpr std::uintmax_t kLargestReadable = std::uintmax_t{512} << 20U;
 Result<std::string> readBytes(const std::filesystem::path& path);
 
 // How the bytes of a library or definition file become text.

@@ -3,11 +3,14 @@
 #include "platform/file_layer.h"
 #include "platform/file_replacer.h"
 #include "platform/text_file.h"
+#include "project/version_thinning.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <chrono>
+#include <iterator>
 #include <string_view>
 
 namespace zb {
@@ -48,7 +51,9 @@ std::string versionName(int number) {
     return digits + std::string(kExtension);
 }
 
+// Names and content of projects are nobody else's business.
 Result<void> makeFolders(FileLayer& files, const fs::path& folder) {
+    constexpr unsigned kPrivateMode = 0700;
     std::error_code error;
     if (fs::is_directory(folder, error))
         return {};
@@ -56,8 +61,26 @@ Result<void> makeFolders(FileLayer& files, const fs::path& folder) {
         if (const Result<void> parent = makeFolders(files, folder.parent_path()); !parent)
             return parent.error();
     }
-    const Result<void> made = files.makeFolder(folder);
+    const Result<void> made = files.makeFolder(folder, kPrivateMode);
     return made || made.error().number == EEXIST ? Result<void>() : made;
+}
+
+fs::path wholePath(const fs::path& projectFile) {
+    std::error_code error;
+    fs::path whole = fs::weakly_canonical(projectFile, error);
+    return error ? fs::absolute(projectFile, error) : whole;
+}
+
+// In each folder: the fingerprint of what was saved last, a line end, and the path of the project.
+constexpr const char* kNote = "project";
+
+std::string fingerprintOf(std::string_view bytes) {
+    return fingerprint(bytes) + "-" + std::to_string(bytes.size());
+}
+
+VersionAge ageOf(const ProjectHistory::Version& version) {
+    const auto time = std::chrono::file_clock::to_sys(version.time);
+    return {std::chrono::time_point_cast<std::chrono::system_clock::duration>(time), version.bytes};
 }
 
 } // namespace
@@ -74,15 +97,27 @@ Result<void> ProjectHistory::keep(const fs::path& projectFile) {
         if (newest && *newest == *now)
             return {};
     }
-    const fs::path folder = folderOf(projectFile);
-    if (const Result<void> made = makeFolders(files_, folder); !made)
-        return made.error();
+    const Result<fs::path> folder = ownFolder(projectFile);
+    if (!folder)
+        return folder.error();
     const int number = kept.empty() ? 1 : kept.back().number + 1;
-    if (const Result<void> written = replaceFile(files_, folder / versionName(number), *now); !written)
+    if (const auto written = replacePrivateFile(files_, *folder / versionName(number), *now); !written)
         return written.error();
-    for (std::size_t i = 0; i + kMostVersions < kept.size() + 1; ++i)
-        static_cast<void>(files_.remove(kept[i].path));
+    const std::vector<Version> all = versions(projectFile);
+    std::vector<VersionAge> ages;
+    std::transform(all.begin(), all.end(), std::back_inserter(ages), ageOf);
+    for (const std::size_t position : versionsToDrop(ages, std::chrono::system_clock::now()))
+        static_cast<void>(files_.remove(all[position].path));
     return {};
+}
+
+void ProjectHistory::noteSaved(const fs::path& projectFile, std::string_view bytes) {
+    const fs::path folder = placeOf(projectFile);
+    std::error_code error;
+    // Without the note a moved project begins a history anew, which is no reason to report a failed save.
+    if (!stateFolder_.empty() && fs::is_directory(folder, error))
+        static_cast<void>(replacePrivateFile(files_, folder / kNote,
+                                             fingerprintOf(bytes) + "\n" + wholePath(projectFile).string()));
 }
 
 std::vector<ProjectHistory::Version> ProjectHistory::versions(const fs::path& projectFile) const {
@@ -124,17 +159,65 @@ Result<fs::path> ProjectHistory::restore(const fs::path& projectFile, int number
     std::error_code error;
     for (int copy = 2; fs::exists(target, error); ++copy)
         target = projectFile.parent_path() / (base + "_" + std::to_string(copy) + std::string(kExtension));
-    if (const Result<void> written = replaceFile(files_, target, *bytes); !written)
+    if (const Result<void> written = replacePrivateFile(files_, target, *bytes); !written)
         return written.error();
+    if (fs::is_regular_file(projectFile, error)) {
+        if (const Result<void> given = giveRights(projectFile, target); !given)
+            return given.error();
+    }
     return target;
 }
 
-fs::path ProjectHistory::folderOf(const fs::path& projectFile) const {
+Result<void> ProjectHistory::giveRights(const fs::path& from, const fs::path& to) {
+    if (const Result<void> copied = files_.copyAccess(from, to); !copied)
+        return copied;
     std::error_code error;
-    fs::path whole = fs::weakly_canonical(projectFile, error);
-    if (error)
-        whole = fs::absolute(projectFile, error);
+    fs::permissions(to, fs::status(from, error).permissions() & fs::perms::mask, error);
+    return error ? Result<void>(systemError(error.value())) : Result<void>();
+}
+
+fs::path ProjectHistory::placeOf(const fs::path& projectFile) const {
+    const fs::path whole = wholePath(projectFile);
     return stateFolder_ / "history" / (beginning(whole.stem().string()) + "-" + fingerprint(whole.string()));
+}
+
+fs::path ProjectHistory::folderOf(const fs::path& projectFile) const {
+    fs::path place = placeOf(projectFile);
+    std::error_code error;
+    if (fs::is_directory(place, error))
+        return place;
+    const fs::path before = folderBeforeMove(projectFile);
+    return before.empty() ? place : before;
+}
+
+// The folder of a project that was saved with the same content, and is no longer where it was.
+fs::path ProjectHistory::folderBeforeMove(const fs::path& projectFile) const {
+    const Result<std::string> now = readBytes(projectFile);
+    if (!now)
+        return {};
+    const std::string wanted = fingerprintOf(*now) + "\n";
+    std::error_code error;
+    for (fs::directory_iterator at(stateFolder_ / "history", error); !error && at != fs::directory_iterator();
+         at.increment(error)) {
+        const Result<std::string> note = readBytes(at->path() / kNote);
+        std::error_code ignored;
+        if (note && note->starts_with(wanted) && !fs::exists(note->substr(wanted.size()), ignored))
+            return at->path();
+    }
+    return {};
+}
+
+Result<fs::path> ProjectHistory::ownFolder(const fs::path& projectFile) {
+    fs::path place = placeOf(projectFile);
+    const fs::path now = folderOf(projectFile);
+    if (now != place) {
+        if (const Result<void> renamed = files_.rename(now, place); !renamed)
+            return renamed.error();
+        return place;
+    }
+    if (const Result<void> made = makeFolders(files_, place); !made)
+        return made.error();
+    return place;
 }
 
 } // namespace zb

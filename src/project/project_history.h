@@ -5,18 +5,18 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zb {
 
 class FileLayer;
 
-/// The previous versions of project files. Each project has a folder of its own, told apart by name and
-/// place; the newest ten versions are kept, with numbers that go on rising.
+/// The previous versions of project files. Each project has a folder of its own, found by name and place; a
+/// project that was moved is known by its content. Versions have numbers that go on rising, and are thinned
+/// out by age (see version_thinning.h). Only the user can read them.
 class ProjectHistory {
 public:
-    static constexpr std::size_t kMostVersions = 10;
-
     struct Version {
         int number = 0;
         std::uintmax_t bytes = 0;
@@ -28,15 +28,22 @@ public:
     ProjectHistory(FileLayer& files, std::filesystem::path stateFolder)
         : files_(files), stateFolder_(std::move(stateFolder)) {}
 
-    /// Keeps what stands in the project file now, unless it is empty or the newest version already.
+    /// Keeps what is in the project file now, unless it is empty or the newest version already.
     Result<void> keep(const std::filesystem::path& projectFile);
+    /// Remembers what was saved, so that the project is known again at another place.
+    void noteSaved(const std::filesystem::path& projectFile, std::string_view bytes);
     /// Oldest first.
     std::vector<Version> versions(const std::filesystem::path& projectFile) const;
-    /// Puts a version back beside the project file under a new name, which it gives.
+    /// Puts a version back beside the project file under a new name, which it gives. It has the rights of the
+    /// project file; without one only the user can read it.
     Result<std::filesystem::path> restore(const std::filesystem::path& projectFile, int number);
 
 private:
+    std::filesystem::path placeOf(const std::filesystem::path& projectFile) const;
     std::filesystem::path folderOf(const std::filesystem::path& projectFile) const;
+    std::filesystem::path folderBeforeMove(const std::filesystem::path& projectFile) const;
+    Result<std::filesystem::path> ownFolder(const std::filesystem::path& projectFile);
+    Result<void> giveRights(const std::filesystem::path& from, const std::filesystem::path& to);
 
     FileLayer& files_;
     std::filesystem::path stateFolder_;

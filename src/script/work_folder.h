@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/temporary_folder.h"
+
 #include <filesystem>
-#include <string>
 
 namespace zb {
 
-/// A fresh empty folder that goes, with all in it, when this object does.
+/// A fresh empty folder that goes, with all in it, when this object does. Those that killed scripts of the
+/// same user left are removed before.
 class WorkFolder {
 public:
     /// Throws std::filesystem::filesystem_error when none can be made.
@@ -14,10 +16,10 @@ public:
     WorkFolder(const WorkFolder&) = delete;
     WorkFolder& operator=(const WorkFolder&) = delete;
 
-    const std::filesystem::path& path() const { return path_; }
+    const std::filesystem::path& path() const { return folder_.path(); }
 
 private:
-    std::filesystem::path path_;
+    TemporaryFolder folder_;
 };
 
 } // namespace zb

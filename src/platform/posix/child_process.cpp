@@ -59,7 +59,7 @@ public:
         sigset_t signals;
         ::sigemptyset(&signals);
         ::posix_spawnattr_setsigmask(&attributes_, &signals);
-        for (const int signal : {SIGPIPE, SIGINT, SIGTERM, SIGQUIT, SIGHUP, SIGCHLD})
+        for (const int signal : {SIGPIPE, SIGINT, SIGTERM, SIGQUIT, SIGHUP, SIGCHLD, SIGXFSZ})
             ::sigaddset(&signals, signal);
         ::posix_spawnattr_setsigdefault(&attributes_, &signals);
     }

@@ -31,7 +31,8 @@ FileStatus read(const struct stat& status) {
     } else if (S_ISLNK(status.st_mode)) {
         kind = FileKind::link;
     }
-    return {kind, status.st_mode & kPermissions, status.st_uid, status.st_gid};
+    return {kind, status.st_mode & kPermissions, status.st_uid, status.st_gid,
+            static_cast<unsigned long>(status.st_nlink)};
 }
 
 template<typename Call>
@@ -52,6 +53,18 @@ Result<int> SystemFileLayer::create(const std::filesystem::path& path, unsigned 
         return systemError(errno);
     }
     return descriptor;
+}
+
+Result<int> SystemFileLayer::openToWrite(const std::filesystem::path& path) {
+    const int descriptor = untilNotInterrupted([&] { return ::open(path.c_str(), O_WRONLY | O_CLOEXEC); });
+    if (descriptor < 0) {
+        return systemError(errno);
+    }
+    return descriptor;
+}
+
+Result<void> SystemFileLayer::truncate(int descriptor, std::size_t length) {
+    return outcome(untilNotInterrupted([&] { return ::ftruncate(descriptor, static_cast<off_t>(length)); }));
 }
 
 Result<std::size_t> SystemFileLayer::write(int descriptor, std::string_view bytes) {
@@ -117,8 +130,8 @@ Result<void> SystemFileLayer::checkWritable(const std::filesystem::path& path) {
     return outcome(::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS));
 }
 
-Result<void> SystemFileLayer::makeFolder(const std::filesystem::path& path) {
-    return outcome(::mkdir(path.c_str(), 0777));
+Result<void> SystemFileLayer::makeFolder(const std::filesystem::path& path, unsigned mode) {
+    return outcome(::mkdir(path.c_str(), mode));
 }
 
 Result<void> SystemFileLayer::syncFolder(const std::filesystem::path& path) {

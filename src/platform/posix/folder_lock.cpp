@@ -1,7 +1,6 @@
 #include "platform/folder_lock.h"
 
 #include <cerrno>
-#include <chrono>
 #include <thread>
 
 #include <fcntl.h>
@@ -10,13 +9,20 @@
 
 namespace zb {
 
-FolderLock::FolderLock(const std::filesystem::path& folder)
-    : descriptor_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    constexpr int kTries = 100;
-    for (int i = 0; descriptor_ >= 0 && i < kTries; ++i) {
-        if (::flock(descriptor_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK)
+FolderLock::FolderLock(const std::filesystem::path& folder, std::chrono::milliseconds longestWait)
+    : descriptor_(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    constexpr std::chrono::milliseconds kTurn{5};
+    const auto end = std::chrono::steady_clock::now() + longestWait;
+    while (descriptor_ >= 0 && ::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+        if (errno == EINTR)
+            continue;
+        if (errno != EWOULDBLOCK)
             return;
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        if (std::chrono::steady_clock::now() >= end) {
+            busy_ = true;
+            return;
+        }
+        std::this_thread::sleep_for(kTurn);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -10,6 +11,12 @@
 namespace zb {
 
 namespace {
+
+// Rounded up, so that a file just over the limit does not seem to be at it.
+std::string inMebibytes(std::uintmax_t bytes) {
+    constexpr unsigned kShift = 20;
+    return std::to_string((bytes + (std::uintmax_t{1} << kShift) - 1) >> kShift) + " MiB";
+}
 
 class OpenFile {
 public:
@@ -45,7 +52,11 @@ Result<std::string> readAll(int descriptor, std::size_t expected) {
 
 Result<std::string> readBytes(const std::filesystem::path& path) {
     // Without O_NONBLOCK the opening of a pipe would wait for its writer.
-    const OpenFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    int descriptor = -1;
+    do {
+        descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    } while (descriptor < 0 && errno == EINTR);
+    const OpenFile file(descriptor);
     if (file.descriptor() < 0)
         return systemError(errno);
     struct stat status {};
@@ -55,7 +66,11 @@ Result<std::string> readBytes(const std::filesystem::path& path) {
         return systemError(EISDIR);
     if (!S_ISREG(status.st_mode))
         return FileError{EINVAL, "Not a regular file"};
-    return readAll(file.descriptor(), static_cast<std::size_t>(status.st_size));
+    const auto size = static_cast<std::uintmax_t>(status.st_size);
+    if (size > kLargestReadable)
+        return FileError{EFBIG, "The file has " + inMebibytes(size) + ", and at most " +
+                                    inMebibytes(kLargestReadable) + " are read"};
+    return readAll(file.descriptor(), static_cast<std::size_t>(size));
 }
 
 } // namespace zb

@@ -34,6 +34,15 @@ public:
         }
         return SystemFileLayer::write(descriptor, bytes);
     }
+    Result<int> openToWrite(const std::filesystem::path& path) override {
+        return fails("openToWrite") ? error() : SystemFileLayer::openToWrite(path);
+    }
+    Result<void> truncate(int descriptor, std::size_t length) override {
+        return fails("truncate") ? error() : SystemFileLayer::truncate(descriptor, length);
+    }
+    Result<void> copyAccess(const std::filesystem::path& from, const std::filesystem::path& to) override {
+        return fails("copyAccess") ? error() : SystemFileLayer::copyAccess(from, to);
+    }
     Result<FileStatus> statusOf(int descriptor) override {
         return fails("statusOf") ? error() : SystemFileLayer::statusOf(descriptor);
     }

@@ -237,11 +237,12 @@ TEST(FileReplacer, ClearsWhatAKilledProcessLeft) {
 TEST(FileLayer, MakesOneLevelOfFolders) {
     const TemporaryFolder folder;
     SystemFileLayer layer;
-    EXPECT_TRUE(layer.makeFolder(folder / "one").ok());
+    EXPECT_TRUE(layer.makeFolder(folder / "one", 0700).ok());
     EXPECT_TRUE(fs::is_directory(folder / "one"));
-    EXPECT_EQ(layer.makeFolder(folder / "two/three").error(),
+    EXPECT_EQ(modeOf(folder / "one"), 0700U);
+    EXPECT_EQ(layer.makeFolder(folder / "two/three", 0777).error(),
               (FileError{ENOENT, "No such file or directory"}));
-    EXPECT_EQ(layer.makeFolder(folder / "one").error().number, EEXIST);
+    EXPECT_EQ(layer.makeFolder(folder / "one", 0777).error().number, EEXIST);
     EXPECT_FALSE(layer.remove(folder / "one").ok());
 }
 

@@ -1,11 +1,17 @@
+#include "platform/folder_lock.h"
 #include "platform/settings.h"
 #include "platform/user_folders.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
+#include <future>
+#include <memory>
 
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/temporary_folder.h"
@@ -178,6 +184,30 @@ TEST(SettingsInAFile, SkipValuesThatAreNoText) {
     writeFile(folder / "settings.json", R"({"Zeltobench": {"ZeltobenchOption": {"MessageFormat": 5}}})");
     const SettingsStore store(folder.path());
     EXPECT_EQ(store.getOption("MessageFormat"), "NotExist");
+}
+
+TEST(SettingsInAFile, ReportAFailedWriteOnStandardError) {
+    const TemporaryFolder folder;
+    writeFile(folder / "file", "x");
+    SettingsStore blocked(folder / "file/config");
+    testing::internal::CaptureStderr();
+    blocked.writeRegValue("k", "v\x1B[31m", "1");
+    const std::string reported = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(reported, testing::StartsWith("The setting v?[31m was not saved: Cannot "));
+    EXPECT_EQ(std::count(reported.begin(), reported.end(), '\n'), 1);
+}
+
+TEST(SettingsInAFile, WaitForAnotherProgramThatWrites) {
+    const TemporaryFolder folder;
+    SettingsStore store(folder.path());
+    auto lock = std::make_unique<FolderLock>(folder.path(), std::chrono::milliseconds(0));
+    auto written = std::async(std::launch::async, [&] { store.writeRegValue("k", "v", "1"); });
+    // Longer than a second, after which a write was once given up.
+    EXPECT_EQ(written.wait_for(std::chrono::milliseconds(1500)), std::future_status::timeout);
+    EXPECT_EQ(store.readRegValue("k", "v"), "");
+    lock.reset();
+    written.get();
+    EXPECT_EQ(store.readRegValue("k", "v"), "1");
 }
 
 TEST(SettingsInAFile, FailSilently) {

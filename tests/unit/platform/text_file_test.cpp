@@ -36,6 +36,14 @@ TEST(ReadBytes, GivesAFileAsItIs) {
     EXPECT_EQ(*read, bytes);
 }
 
+TEST(ReadBytes, RefusesAFileThatIsTooLargeWithItsSize) {
+    const TemporaryFolder folder;
+    writeFile(folder / "file", "");
+    std::filesystem::resize_file(folder / "file", kLargestReadable + 1); // takes no room on the disk
+    EXPECT_EQ(readBytes(folder / "file").error(),
+              (FileError{EFBIG, "The file has 513 MiB, and at most 512 MiB are read"}));
+}
+
 TEST(ReadBytes, RefusesWhatIsNoFile) {
     const TemporaryFolder folder;
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
 
 namespace zb {
 namespace {
@@ -44,6 +45,70 @@ TEST_F(History, KeepsTheNewestTenAndGoesOnCounting) {
     EXPECT_EQ(kept.front().number, 4);
     EXPECT_EQ(kept.back().number, 13);
     EXPECT_EQ(test::readFile(kept.back().path), "content 13");
+}
+
+unsigned modeOf(const std::filesystem::path& path) {
+    return static_cast<unsigned>(std::filesystem::status(path).permissions() & std::filesystem::perms::mask);
+}
+
+TEST_F(History, RapidSavesLeaveTheOldVersions) {
+    save("of last week");
+    save("one");
+    std::filesystem::last_write_time(history.versions(project).front().path,
+                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(170));
+    for (int version = 1; version <= 20; ++version)
+        save("content " + std::to_string(version));
+    const auto kept = contents();
+    ASSERT_EQ(kept.size(), 11U);
+    EXPECT_EQ(kept.front(), "of last week");
+    EXPECT_EQ(kept.back(), "content 19");
+}
+
+TEST_F(History, OnlyTheUserCanReadVersions) {
+    save("one");
+    std::filesystem::permissions(project, std::filesystem::perms(0644));
+    save("two");
+    const auto versions = history.versions(project);
+    ASSERT_EQ(versions.size(), 1U);
+    EXPECT_EQ(modeOf(versions.front().path), 0600U);
+    EXPECT_EQ(modeOf(versions.front().path.parent_path()), 0700U);
+    EXPECT_EQ(modeOf(folder / "state/history"), 0700U);
+    EXPECT_EQ(modeOf(folder / "state"), 0700U);
+}
+
+TEST_F(History, ARestoredVersionHasTheRightsOfTheProject) {
+    save("one");
+    save("two");
+    for (const unsigned mode : {0600U, 0664U, 0440U}) {
+        std::filesystem::permissions(project, std::filesystem::perms(mode));
+        const auto restored = history.restore(project, 1);
+        ASSERT_TRUE(restored.ok());
+        EXPECT_EQ(modeOf(*restored), mode);
+    }
+    std::filesystem::remove(project);
+    EXPECT_EQ(modeOf(*history.restore(project, 1)), 0600U);
+}
+
+TEST_F(History, GoesWithAProjectThatIsMoved) {
+    save("one");
+    save("two");
+    history.noteSaved(project, "two");
+    std::filesystem::create_directories(folder / "moved");
+    std::filesystem::rename(project, folder / "moved/Line.zbp");
+    project = folder / "moved/Line.zbp";
+    EXPECT_EQ(contents(), std::vector<std::string>{"one"});
+    save("three");
+    EXPECT_EQ(contents(), (std::vector<std::string>{"one", "two"}));
+}
+
+TEST_F(History, StaysWithAProjectThatIsCopied) {
+    save("one");
+    save("two");
+    history.noteSaved(project, "two");
+    test::writeFile(folder / "Copy.zbp", "two");
+    EXPECT_TRUE(history.versions(folder / "Copy.zbp").empty());
+    ASSERT_TRUE(history.keep(folder / "Copy.zbp").ok());
+    EXPECT_EQ(contents(), std::vector<std::string>{"one"});
 }
 
 TEST_F(History, KeepsNothingTwiceInARow) {
