@@ -2,7 +2,7 @@
 
 #include "controls/combo.h"
 #include "controls/desktop.h"
-#include "messages/message_record.h"
+#include "model/data_item_address.h"
 #include "platform/number.h"
 #include "platform/text.h"
 
@@ -22,25 +22,6 @@ std::string withoutLastCharacter(const std::string& text) {
 }
 
 } // namespace
-
-int checkDimension(const SECSMessageRecord& message, std::string_view name) {
-    int result = 0;
-    int depth = 0;
-    int lastLevel = 0;
-    for (const SECSItemRecord& item : message.getItems()) {
-        if (item.getType() == "L" && !item.isFixed()) {
-            const int level = item.getLevel();
-            if (level > lastLevel)
-                ++depth;
-            else if (level < lastLevel)
-                --depth;
-            lastLevel = level;
-        }
-        if (item.getName() == name)
-            result = depth;
-    }
-    return result;
-}
 
 frmArrayInfo::frmArrayInfo(Desktop& desktop) : Window(desktop, "frmArrayInfo") {
     setCaption("Set Array Item");

@@ -13,10 +13,6 @@ namespace zb {
 class Combo;
 class SECSMessageRecord;
 
-/// How many of the variable lists around a data item still have no count. The walk knows a list as left only
-/// when the next variable list comes, and of several items of one name the last one counts.
-int checkDimension(const SECSMessageRecord& message, std::string_view name);
-
 /// Asks for the array index of a data item that lies inside variable lists.
 class frmArrayInfo final : public Window {
 public:

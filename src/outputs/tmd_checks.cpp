@@ -1,6 +1,7 @@
 #include "outputs/tmd_checks.h"
 
 #include "controls/desktop.h"
+#include "model/condition.h"
 #include "platform/text.h"
 
 #include <utility>
@@ -25,11 +26,6 @@ Node* messageNode(NodeTree& tree, const std::string& name) {
 }
 
 } // namespace
-
-bool isDefaultCondition(std::string_view condition) {
-    const std::string_view text = trimmed(condition);
-    return text.empty() || text == kNone;
-}
 
 TmdChecks::TmdChecks(ModelerState& state, ModelerControls& window, std::function<void()> showModeler)
     : state_(state), window_(window), showModeler_(std::move(showModeler)) {}

@@ -11,9 +11,6 @@
 
 namespace zb {
 
-/// Whether a TR message with this condition takes every message that no other one takes.
-bool isDefaultCondition(std::string_view condition);
-
 /// The checks before a TMD build. A failed one shows its box over the modeler window and marks what is faulty
 /// there in red.
 class TmdChecks {

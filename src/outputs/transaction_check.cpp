@@ -1,6 +1,7 @@
 #include "outputs/transaction_check.h"
 
-#include "outputs/tmd_checks.h"
+#include "model/statement.h"
+#include "modeler/modeler_state.h"
 #include "platform/text.h"
 #include "platform/xml_document.h"
 
@@ -19,31 +20,12 @@ std::string quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
 }
 
-/// The name of a data item, less the index behind it.
-std::string nameOf(std::string_view dataItem) {
-    return trim(before(dataItem, "["));
-}
-
 std::string directionText(int direction) {
     return direction == kToHost ? "ToHost" : "ToEquip";
 }
 
 std::string streamFunction(const SECSMessageRecord& message) {
     return "S" + message.getStreamText() + "F" + message.getFunctionText();
-}
-
-/// The conditions of a statement tree, in no special order.
-std::vector<std::string> conditionsOf(const XmlElement& root) {
-    std::vector<std::string> conditions;
-    std::vector<const XmlElement*> open{&root};
-    while (!open.empty()) {
-        const XmlElement& element = *open.back();
-        open.pop_back();
-        conditions.push_back(getElementAttribute(element, "Condition"));
-        for (const XmlElement& child : element.children())
-            open.push_back(&child);
-    }
-    return conditions;
 }
 
 class TransactionChecker {
@@ -72,7 +54,7 @@ private:
         if (record.Direction() != received_)
             return;
         checkDefault(record);
-        checkCondition(record.Condition());
+        checkCondition(Condition::parse(record.Condition()));
         for (const auto& item : record.TRItems()) {
             at(record.Name(), item->Name());
             checkItem(*item);
@@ -128,20 +110,19 @@ private:
     void checkItem(const TRItemRecord& item) {
         checkName(item.Name());
         checkText(item.Value() + item.ABSValue());
-        checkDataItem(nameOf(item.Value()));
-        if (!item.ConditionNode())
-            return;
-        for (const std::string& condition : conditionsOf(*item.ConditionNode()))
-            checkCondition(condition);
+        checkDataItem(DataItemAddress(item.Value()).name());
+        const std::vector<Statement> statements = statementsOf(item);
+        for (const Statement* statement : flatStatements(statements))
+            checkCondition(statement->condition);
     }
 
-    void checkCondition(const std::string& condition) {
-        checkText(condition);
-        for (const std::string& name : dataItemsOf(condition))
-            checkDataItem(name);
+    void checkCondition(const Condition& condition) {
+        checkText(condition.text());
+        for (const DataItemAddress& item : condition.dataItems())
+            checkDataItem(item.name());
     }
 
-    /// Each that is missing is told once a place.
+    /// Each that is missing is reported once a place.
     void checkDataItem(const std::string& name) {
         if (items_ && !name.empty() && !items_->contains(name) && told_.insert(name).second)
             tell("The SECS message has no data item " + quoted(name));
@@ -205,34 +186,10 @@ private:
     bool inSequence_ = false;
 };
 
-/// Where the value behind an operator ends.
-std::size_t endOfValue(std::string_view condition, std::size_t from) {
-    const bool isQuoted = from < condition.size() && condition[from] == '\'';
-    const std::size_t end = isQuoted ? condition.find("')", from + 1) : condition.find(')', from);
-    return end == std::string_view::npos ? condition.size() : end;
-}
-
 } // namespace
 
 std::vector<DefinitionFinding> checkTransactions(const ModelerState& state) {
     return TransactionChecker(state).run();
-}
-
-std::vector<std::string> dataItemsOf(std::string_view condition) {
-    constexpr std::string_view kOpening = "({";
-    constexpr std::string_view kOperators[] = {"} == ", "} != "};
-    std::vector<std::string> names;
-    for (std::size_t at = condition.find(kOpening); at != std::string_view::npos;
-         at = condition.find(kOpening, at)) {
-        at += kOpening.size();
-        const std::size_t end =
-            std::min(condition.find(kOperators[0], at), condition.find(kOperators[1], at));
-        if (end == std::string_view::npos)
-            break;
-        names.push_back(nameOf(condition.substr(at, end - at)));
-        at = endOfValue(condition, end + kOperators[0].size());
-    }
-    return names;
 }
 
 } // namespace zb

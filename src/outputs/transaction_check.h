@@ -2,8 +2,6 @@
 
 #include "messages/definition_check.h"
 
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace zb {
@@ -17,8 +15,5 @@ struct ModelerState;
 /// A finding's `message` is the name of a TR message or of a sequence, its `itemPath` that of a TR item or
 /// the position of a row. SECS messages are looked up in the store of the last walk.
 std::vector<DefinitionFinding> checkTransactions(const ModelerState& state);
-
-/// The names of data items that a condition asks about, without their indexes.
-std::vector<std::string> dataItemsOf(std::string_view condition);
 
 } // namespace zb

@@ -1,5 +1,5 @@
 #include "messages/message_record.h"
-#include "modeler/frm_array_info.h"
+#include "model/data_item_address.h"
 
 #include <gtest/gtest.h>
 

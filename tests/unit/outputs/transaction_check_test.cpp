@@ -122,15 +122,5 @@ TEST_F(TransactionCheck, PassesAProjectWithoutAModel) {
     EXPECT_EQ(find(), Words{});
 }
 
-TEST(DataItemsOf, TakesTheNamesOfSimpleConditions) {
-    EXPECT_EQ(dataItemsOf("({MDLN} == 'x')"), Words{"MDLN"});
-    EXPECT_EQ(dataItemsOf("(({A[1;2]} == 1) or (({B} != '({C} == 2)') and ({D} == TRUE)))"),
-              (Words{"A", "B", "D"}));
-    for (const char* text : {"", "NONE", "({", "({A}", "({A} = 1)", "{A} == 1", "(a)"})
-        EXPECT_EQ(dataItemsOf(text), Words{}) << text;
-    EXPECT_EQ(dataItemsOf("({A} == '"), Words{"A"});
-    EXPECT_EQ(dataItemsOf("({A} == "), Words{"A"});
-}
-
 } // namespace
 } // namespace zb
