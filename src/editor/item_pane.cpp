@@ -9,6 +9,7 @@
 #include "messages/item_record.h"
 #include "platform/number.h"
 #include "platform/text.h"
+#include "platform/tree/node_walk.h"
 
 #include <algorithm>
 #include <array>
@@ -44,17 +45,6 @@ SECSItemRecord recordOf(const Node& node) {
 
 bool isVariableList(const SECSItemRecord& record) {
     return record.getType() == "L" && !record.isFixed();
-}
-
-/// The node behind `node` in a walk over all that lies below `top`; null at its end.
-Node* nextBelow(Node& node, const Node& top) {
-    if (node.child() != nullptr)
-        return node.child();
-    for (Node* above = &node; above != &top; above = above->parent()) {
-        if (above->next() != nullptr)
-            return above->next();
-    }
-    return nullptr;
 }
 
 /// Whether a store's handler is to be passed over while this lives.

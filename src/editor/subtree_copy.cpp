@@ -2,6 +2,7 @@
 
 #include "editor/item_names.h"
 #include "platform/tree/node_tree.h"
+#include "platform/tree/node_walk.h"
 
 namespace zb {
 
@@ -10,26 +11,18 @@ namespace zb {
 // they are.
 CopyOutcome copySubtree(const Node& source, Node& destination, NodeTree& destinationTree) {
     MessageItemNames names(destination);
-    const Node* from = source.child();
-    Node* parent = &destination;
-    while (from != nullptr) {
+    Node* last = &destination;
+    std::size_t lastLevel = 0; // of the copies; the destination is at 0
+    for (NodeWalk walk(source); const Node* from = walk.node(); walk.next()) {
         const std::string text = names.uniqueItemText(from->text());
         if (text.empty())
             return CopyOutcome::Broken;
-        Node& copy = destinationTree.add(parent, Relation::Child, text);
-        copy.setExpanded(true);
+        for (; lastLevel > walk.depth(); --lastLevel)
+            last = last->parent();
+        last = &destinationTree.add(last, Relation::Child, text);
+        ++lastLevel;
+        last->setExpanded(true);
         names.add(itemNameInText(text));
-        if (from->child() != nullptr) {
-            from = from->child();
-            parent = &copy;
-            continue;
-        }
-        while (from != &source && from->next() == nullptr) {
-            from = from->parent();
-            if (from != &source)
-                parent = parent->parent();
-        }
-        from = from == &source ? nullptr : from->next();
     }
     return CopyOutcome::Whole;
 }

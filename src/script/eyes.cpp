@@ -4,6 +4,7 @@
 #include "controls/combo.h"
 #include "controls/list.h"
 #include "controls/tree.h"
+#include "platform/tree/node_walk.h"
 #include "script/address.h"
 #include "script/properties.h"
 
@@ -29,22 +30,13 @@ std::optional<PropertyValue> cellOf(const Place& place, std::string_view name) {
     return place.target.row->cell(number - 1);
 }
 
-/// All nodes from `first` on with what lies below them, without recursion, for trees of any depth.
+/// `first` and its next siblings, with all that is below them.
 std::vector<std::string> linesFrom(const Node* first) {
     std::vector<std::string> lines;
-    std::size_t level = 0;
-    for (const Node* node = first; node != nullptr;) {
-        lines.push_back(std::string(2 * level, ' ') + node->text());
-        if (node->child() != nullptr) {
-            node = node->child();
-            ++level;
-            continue;
-        }
-        while (level > 0 && node->next() == nullptr) {
-            node = node->parent();
-            --level;
-        }
-        node = node->next();
+    for (const Node* top = first; top != nullptr; top = top->next()) {
+        lines.push_back(top->text());
+        for (NodeWalk walk(*top); const Node* node = walk.node(); walk.next())
+            lines.push_back(std::string(2 * (walk.depth() + 1), ' ') + node->text());
     }
     return lines;
 }

@@ -2,9 +2,11 @@
 
 #include "platform/tree/node.h"
 
+#include <cstddef>
+
 namespace zb {
 
-/// The node that follows behind the subtree of `node`, within that of `root`; null behind the last one.
+/// The node that follows the subtree of `node`, within that of `root`; null after the last one.
 inline Node* nextBeside(const Node& node, const Node& root) {
     const Node* at = &node;
     while (at != &root && at->next() == nullptr)
@@ -16,5 +18,42 @@ inline Node* nextBeside(const Node& node, const Node& root) {
 inline Node* nextBelow(const Node& node, const Node& root) {
     return node.child() != nullptr ? node.child() : nextBeside(node, root);
 }
+
+/// A walk through all nodes below a root from the top down that knows how deep it is:
+///
+///     for (NodeWalk walk(root); const Node* node = walk.node(); walk.next())
+///
+/// Nodes may be added elsewhere meanwhile; the node at hand and those above it must stay.
+class NodeWalk {
+public:
+    explicit NodeWalk(const Node& root) : root_(root), node_(root.child()) {}
+
+    /// Null after the last node.
+    Node* node() const { return node_; }
+    /// How many nodes are between the root and this one; 0 for a child of the root.
+    std::size_t depth() const { return depth_; }
+
+    void next() {
+        if (node_->child() != nullptr) {
+            node_ = node_->child();
+            ++depth_;
+            return;
+        }
+        while (node_->next() == nullptr) {
+            node_ = node_->parent();
+            if (node_ == &root_) {
+                node_ = nullptr;
+                return;
+            }
+            --depth_;
+        }
+        node_ = node_->next();
+    }
+
+private:
+    const Node& root_;
+    Node* node_;
+    std::size_t depth_ = 0;
+};
 
 } // namespace zb
