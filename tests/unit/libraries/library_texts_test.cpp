@@ -1,5 +1,6 @@
 #include "messages/libraries/built_in.h"
-#include "unit/libraries/layout_table.h"
+#include "messages/libraries/published_layouts.h"
+#include "unit/libraries/layout_text.h"
 #include "unit/libraries/smd_text.h"
 
 #include <gmock/gmock.h>
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <cctype>
 #include <functional>
+#include <map>
 #include <optional>
 #include <regex>
 #include <set>
@@ -97,7 +99,7 @@ std::regex valueForm(const std::string& type) {
 }
 
 // "CEID" for the "CEID2" of a message that has both.
-std::string dictionaryName(const std::string& name, const ItemFormats& formats) {
+std::string dictionaryName(const std::string& name, const PublishedFormats& formats) {
     return formats.contains(name) ? name : std::regex_replace(name, std::regex("[0-9]+$"), "");
 }
 
@@ -132,13 +134,15 @@ TEST(LibraryTexts, EveryLayoutHasItsMessage) {
     for (const auto& message : semiMessages())
         held.emplace(message.stream, message.function);
     std::set<std::pair<int, int>> published;
-    for (const auto& [key, layout] : readLayouts())
-        published.insert(key);
+    for (const PublishedLayout& layout : publishedLayouts())
+        published.emplace(layout.stream, layout.function);
     EXPECT_EQ(held, published);
 }
 
 TEST(LibraryTexts, MessageAgreesWithItsLayout) {
-    const auto layouts = readLayouts();
+    std::map<std::pair<int, int>, PublishedLayout> layouts;
+    for (const PublishedLayout& layout : publishedLayouts())
+        layouts.emplace(std::pair{layout.stream, layout.function}, layout);
     for (const auto& message : semiMessages()) {
         SCOPED_TRACE(message.name);
         const auto& layout = layouts.at({message.stream, message.function});
@@ -146,8 +150,8 @@ TEST(LibraryTexts, MessageAgreesWithItsLayout) {
         const auto form = named == namedForms().end() ? NamedForm{} : named->second;
         EXPECT_EQ(layoutOf(message), numberRepeatedItems(layout.forms.at(form.form)));
         EXPECT_EQ(message.title, layout.title);
-        EXPECT_EQ(message.direction, form.direction.value_or(layout.direction));
-        EXPECT_EQ(message.wait, layout.reply != "no");
+        EXPECT_EQ(message.direction, form.direction.value_or(std::string(layout.direction)));
+        EXPECT_EQ(message.wait, layout.reply != PublishedLayout::Reply::No);
     }
 }
 
@@ -220,13 +224,13 @@ TEST(LibraryTexts, VariableListIsNamedAfterWhatItCounts) {
         const auto& repeated = list.children.front();
         EXPECT_THAT(list.name, testing::MatchesRegex("[A-Z]+[A-Z0-9]*COUNT2?"));
         if (repeated.type != "L") {
-            EXPECT_EQ(list.name, dictionaryName(repeated.name, readItemFormats()) + "COUNT");
+            EXPECT_EQ(list.name, dictionaryName(repeated.name, publishedFormats()) + "COUNT");
         }
     });
 }
 
 TEST(LibraryTexts, ItemHasOneOfItsFormats) {
-    const auto formats = readItemFormats();
+    const auto formats = publishedFormats();
     forEachItem([&](const Item& item, const Message&) {
         if (item.type == "L")
             return;
@@ -256,7 +260,7 @@ TEST(LibraryTexts, ValueIsCanonicalForTypeAndCount) {
 }
 
 TEST(LibraryTexts, ItemLooksTheSameInEveryMessage) {
-    const auto formats = readItemFormats();
+    const auto formats = publishedFormats();
     std::map<std::string, std::set<std::string>> forms;
     forEachItem([&](const Item& item, const Message&) {
         if (item.type == "L")

@@ -1,6 +1,6 @@
 // The checks of the library texts are worth what their tools are worth: these cases show that the tools can
 // fail.
-#include "unit/libraries/layout_table.h"
+#include "unit/libraries/layout_text.h"
 #include "unit/libraries/smd_text.h"
 
 #include <gmock/gmock.h>
