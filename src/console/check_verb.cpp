@@ -11,7 +11,7 @@ namespace zb {
 
 namespace {
 
-std::vector<DefinitionFinding> transactionFindings(const std::string& path, const LoadedProject& project) {
+Findings transactionFindings(const std::string& path, const LoadedProject& project) {
     NoGenerator generator;
     HeadlessProgram program(path, project, generator);
     program.fillMessageStore();
@@ -49,7 +49,7 @@ int CheckVerb::run(ConsoleStreams streams) {
     if (const int status = project.load(project_, streams); status != kExitDone)
         return status;
     auto findings = checkDefinitions(project.tree, project.codePage);
-    for (DefinitionFinding& finding : transactionFindings(project_, project))
+    for (Finding& finding : transactionFindings(project_, project))
         findings.push_back(std::move(finding));
     const auto faults = errorsOf(findings);
     if (!warnings_)

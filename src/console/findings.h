@@ -1,6 +1,6 @@
 #pragma once
 
-#include "messages/definition_check.h"
+#include "platform/finding.h"
 
 #include <iosfwd>
 #include <string>
@@ -10,12 +10,10 @@ namespace zb {
 
 /// One line a finding: `FILE: MESSAGE: item path: text`, the path left out for the message itself, and
 /// "warning: " before the text of what is no fault.
-void printFindings(std::ostream& stream, const std::string& file,
-                   const std::vector<DefinitionFinding>& findings);
+void printFindings(std::ostream& stream, const std::string& file, const Findings& findings);
 /// One JSON object a line.
-void printFindingsAsJson(std::ostream& stream, const std::string& file,
-                         const std::vector<DefinitionFinding>& findings);
+void printFindingsAsJson(std::ostream& stream, const std::string& file, const Findings& findings);
 /// Those that stop a build.
-std::vector<DefinitionFinding> errorsOf(std::vector<DefinitionFinding> findings);
+Findings errorsOf(Findings findings);
 
 } // namespace zb

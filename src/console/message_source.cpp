@@ -5,6 +5,7 @@
 #include "messages/libraries/built_in.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "platform/tree/node_walk.h"
 #include "platform/wildcard.h"
 
 #include <algorithm>
@@ -31,35 +32,22 @@ int formatOf(SourceKind kind) {
 }
 
 /// `FILE:LINE:COLUMN: text`; what is no error says so before its text.
-void printFinding(std::ostream& out, const std::string& file, const LibraryFinding& finding) {
-    out << printable(file) << ':' << finding.line << ':';
-    if (finding.column > 0)
-        out << finding.column << ':';
-    if (finding.severity == LibraryFinding::Severity::Warning)
+void printFinding(std::ostream& out, const std::string& file, const Finding& finding) {
+    out << printable(file) << ':' << finding.place.line << ':';
+    if (finding.place.column > 0)
+        out << finding.place.column << ':';
+    if (finding.severity == Severity::Warning)
         out << " warning:";
-    else if (finding.severity == LibraryFinding::Severity::Note)
+    else if (finding.severity == Severity::Note)
         out << " note:";
     out << ' ' << printable(finding.text) << '\n';
 }
 
-/// The items below a message, one line each, led by their levels.
+/// The items below a message, one line each, with its level first.
 std::string bodyOf(const Node& message) {
     std::string body;
-    std::size_t level = 1;
-    const Node* node = message.child();
-    while (node != nullptr) {
-        body.append(std::to_string(level)).append(" ").append(node->text()).append("\r\n");
-        if (node->child() != nullptr) {
-            node = node->child();
-            ++level;
-            continue;
-        }
-        while (node != &message && node->next() == nullptr) {
-            node = node->parent();
-            --level;
-        }
-        node = node == &message ? nullptr : node->next();
-    }
+    for (NodeWalk walk(message); const Node* node = walk.node(); walk.next())
+        body.append(std::to_string(walk.depth() + 1)).append(" ").append(node->text()).append("\r\n");
     return body;
 }
 
@@ -105,9 +93,9 @@ int MessageSource::loadLibrary(const std::string& name, SourceKind kind, Console
     }
     messages_ = library_->getMessages();
     bool faulty = !status.empty();
-    for (const LibraryFinding& finding : library_->findings()) {
+    for (const Finding& finding : library_->findings()) {
         printFinding(streams.err, name, finding);
-        faulty = faulty || finding.severity == LibraryFinding::Severity::Error;
+        faulty = faulty || finding.severity == Severity::Error;
     }
     if (!status.empty())
         streams.err << printable(name) << ": not a message library: no message could be read\n";

@@ -5,6 +5,7 @@
 #include "messages/message_record.h"
 #include "platform/text.h"
 #include "platform/tree/node_tree.h"
+#include "platform/tree/node_walk.h"
 #include "platform/wildcard.h"
 
 #include <unordered_set>
@@ -12,8 +13,6 @@
 namespace zb {
 
 namespace {
-
-using Severity = DefinitionFinding::Severity;
 
 bool isMessage(const Node* node) {
     return node != nullptr && hasColon(node->text());
@@ -30,7 +29,7 @@ class DefinitionChecker {
 public:
     DefinitionChecker(const NodeTree& tree, const CodePage& codePage) : tree_(tree), codePage_(codePage) {}
 
-    std::vector<DefinitionFinding> run() {
+    Findings run() {
         for (const Node* node = tree_.firstRoot(); node != nullptr; node = node->next()) {
             path_.clear();
             if (isMessage(node))
@@ -60,23 +59,11 @@ private:
         checkItems(node);
     }
 
-    /// In tree order, without recursion.
     void checkItems(const Node& message) {
-        const Node* item = message.child();
-        path_.assign(item == nullptr ? 0 : 1, 1);
-        while (item != nullptr) {
-            checkItem(*item);
-            if (item->child() != nullptr) {
-                item = item->child();
-                path_.push_back(1);
-                continue;
-            }
-            while (item->next() == nullptr && item->parent() != &message) {
-                item = item->parent();
-                path_.pop_back();
-            }
-            item = item->next();
+        for (NodeWalk walk(message); const Node* item = walk.node(); walk.next()) {
+            path_.resize(walk.depth() + 1);
             ++path_.back();
+            checkItem(*item);
         }
     }
 
@@ -108,12 +95,13 @@ private:
         std::string path;
         for (const int position : path_)
             path.append(path.empty() ? "" : "/").append(std::to_string(position));
-        findings_.push_back({severity, message_, path, replaceAll(text, "\r\n", " "), node.index()});
+        findings_.push_back(
+            {severity, FindingPlace::inMessage(message_, path, node.index()), replaceAll(text, "\r\n", " ")});
     }
 
     const NodeTree& tree_;
     const CodePage& codePage_;
-    std::vector<DefinitionFinding> findings_;
+    Findings findings_;
     std::string message_;
     std::vector<int> path_;
     std::unordered_set<std::string> names_; // upper-cased
@@ -122,7 +110,7 @@ private:
 
 } // namespace
 
-std::vector<DefinitionFinding> checkDefinitions(const NodeTree& tree, const CodePage& codePage) {
+Findings checkDefinitions(const NodeTree& tree, const CodePage& codePage) {
     return DefinitionChecker(tree, codePage).run();
 }
 

@@ -7,6 +7,7 @@
 #include "platform/text_file.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace zb {
 
@@ -16,23 +17,8 @@ std::uint64_t streamFunctionKey(int stream, int function) {
     return (std::uint64_t{static_cast<std::uint32_t>(stream)} << 32U) | static_cast<std::uint32_t>(function);
 }
 
-LibraryFinding fromText(const TextFinding& finding) {
-    const bool isError = finding.severity == TextFinding::Severity::Error;
-    return {isError ? LibraryFinding::Severity::Error : LibraryFinding::Severity::Warning, finding.line, 0,
-            finding.text};
-}
-
-LibraryFinding fromSml(SmlFinding&& finding) {
-    LibraryFinding::Severity severity = LibraryFinding::Severity::Note;
-    if (finding.severity == SmlSeverity::warning)
-        severity = LibraryFinding::Severity::Warning;
-    else if (finding.severity == SmlSeverity::error)
-        severity = LibraryFinding::Severity::Error;
-    return {severity, finding.line, finding.column, std::move(finding.text)};
-}
-
-/// The body as numbered lines; items that have no item's form are told.
-std::string numberedBody(const SmdMessageText& message, TextFindings& findings) {
+/// The body as numbered lines; items without the form of an item are reported.
+std::string numberedBody(const SmdMessageText& message, Findings& findings) {
     std::string lines;
     lines.reserve(message.body.size());
     SmdBodyReader reader(message.body, message.bodyLine, &findings);
@@ -41,7 +27,7 @@ std::string numberedBody(const SmdMessageText& message, TextFindings& findings) 
     while (reader.next(item)) {
         const std::string status = record.parseText(item.text);
         if (!status.empty())
-            findings.push_back({TextFinding::Severity::Error, item.line, status + ": " + item.text});
+            findings.push_back({Severity::Error, FindingPlace::atLine(item.line), status + ": " + item.text});
         lines.append(std::to_string(item.level)).append(" ").append(item.text).append("\r\n");
     }
     return lines;
@@ -123,15 +109,14 @@ std::string SECSLibraryStore::loadText(std::string_view text, int formatCode) {
 }
 
 void SECSLibraryStore::loadSmd(std::string_view text) {
-    TextFindings findings;
-    SmdTextSplitter splitter(text, &findings);
+    SmdTextSplitter splitter(text, &findings_);
     while (const std::optional<SmdMessageText> message = splitter.next()) {
-        const std::string body = numberedBody(*message, findings);
+        const std::string body = numberedBody(*message, findings_);
         SECSMessageRecord record;
         const std::string status =
             record.parseTexts(withBlanksForTabs(message->head), message->description, body);
         if (!status.empty()) {
-            findings.push_back({TextFinding::Severity::Error, message->headLine, status});
+            findings_.push_back({Severity::Error, FindingPlace::atLine(message->headLine), status});
             continue;
         }
         // The head as a tree holds it, whatever parted its words in the file.
@@ -140,16 +125,11 @@ void SECSLibraryStore::loadSmd(std::string_view text) {
             record.parseTexts(nodeText, message->description, body);
         add(std::move(record));
     }
-    for (const TextFinding& finding : findings)
-        findings_.push_back(fromText(finding));
 }
 
 void SECSLibraryStore::loadMdf(std::string_view text) {
-    TextFindings findings;
-    for (SECSMessageRecord& record : parseMdf(text, findings))
+    for (SECSMessageRecord& record : parseMdf(text, findings_))
         add(std::move(record));
-    for (const TextFinding& finding : findings)
-        findings_.push_back(fromText(finding));
 }
 
 void SECSLibraryStore::loadSml(std::string_view text) {
@@ -162,8 +142,7 @@ void SECSLibraryStore::loadSml(std::string_view text) {
                           message.description, message.body);
         add(std::move(record));
     }
-    for (SmlFinding& finding : library.findings)
-        findings_.push_back(fromSml(std::move(finding)));
+    std::move(library.findings.begin(), library.findings.end(), std::back_inserter(findings_));
 }
 
 void SECSLibraryStore::add(SECSMessageRecord record) {

@@ -2,6 +2,7 @@
 
 #include "messages/message_record.h"
 #include "platform/code_page.h"
+#include "platform/finding.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,18 +13,6 @@
 #include <vector>
 
 namespace zb {
-
-/// Something to tell about a library's text.
-struct LibraryFinding {
-    enum class Severity { Note, Warning, Error };
-
-    Severity severity = Severity::Error;
-    std::size_t line = 0;   ///< from 1
-    std::size_t column = 0; ///< from 1; 0 where only the line is known
-    std::string text;
-
-    bool operator==(const LibraryFinding&) const = default;
-};
 
 /// The messages of one library: a built-in one, or a file of another project, driver or equipment maker.
 class SECSLibraryStore {
@@ -38,13 +27,13 @@ public:
     /// One row a message: name, stream, function and description, joined by "\".
     std::vector<std::string> getRows() const;
     /// Adds the messages of a library's text (for the formats 1001 and 1002) or of a file (1003 to 1005). The
-    /// status is blank when at least one message was read; what else there is to tell stands in `findings`.
+    /// status is blank when at least one message was read; all else is in `findings`.
     std::string load(const std::string& textOrPath, int formatCode);
 
     /// In the order in which they were loaded.
     Records getMessages() const;
-    /// Of all loads, in the order of the text.
-    const std::vector<LibraryFinding>& findings() const { return findings_; }
+    /// Of all loads, in the order of the text, with their lines; those of SML with their columns, too.
+    const Findings& findings() const { return findings_; }
 
 private:
     std::string loadText(std::string_view text, int formatCode);
@@ -56,7 +45,7 @@ private:
     CodePage codePage_;
     std::vector<std::unique_ptr<SECSMessageRecord>> records_;
     std::unordered_map<std::uint64_t, Records> byStreamFunction_;
-    std::vector<LibraryFinding> findings_;
+    Findings findings_;
 };
 
 /// The MessageNode Text that the parts of a record make up.

@@ -113,7 +113,7 @@ std::string itemOf(std::string_view field) {
 /// Gathers the lines of one message until the next begins.
 class MdfReader {
 public:
-    MdfReader(TextFindings& findings, std::vector<SECSMessageRecord>& records)
+    MdfReader(Findings& findings, std::vector<SECSMessageRecord>& records)
         : findings_(findings), records_(records) {}
 
     void line(std::string_view line, std::size_t number) {
@@ -145,13 +145,13 @@ public:
         if (status.empty())
             records_.push_back(std::move(record));
         else
-            findings_.push_back({TextFinding::Severity::Error, start_, status});
+            findings_.push_back({Severity::Error, FindingPlace::atLine(start_), status});
     }
 
     void end() {
         if (open_)
             findings_.push_back(
-                {TextFinding::Severity::Warning, start_, "The message does not end with \"END\""});
+                {Severity::Warning, FindingPlace::atLine(start_), "The message does not end with \"END\""});
         finish();
     }
 
@@ -185,10 +185,10 @@ private:
     }
 
     void tell(std::string text) {
-        findings_.push_back({TextFinding::Severity::Error, number_, std::move(text)});
+        findings_.push_back({Severity::Error, FindingPlace::atLine(number_), std::move(text)});
     }
 
-    TextFindings& findings_;
+    Findings& findings_;
     std::vector<SECSMessageRecord>& records_;
     std::size_t number_ = 0;
     std::size_t start_ = 0;
@@ -224,7 +224,7 @@ std::string composeMdf(const std::vector<const SECSMessageRecord*>& records) {
     return text;
 }
 
-std::vector<SECSMessageRecord> parseMdf(std::string_view text, TextFindings& findings) {
+std::vector<SECSMessageRecord> parseMdf(std::string_view text, Findings& findings) {
     std::vector<SECSMessageRecord> records;
     MdfReader reader(findings, records);
     LineReader lines(text);
@@ -237,8 +237,8 @@ std::vector<SECSMessageRecord> parseMdf(std::string_view text, TextFindings& fin
         if (isFirst && content == kFirstLine)
             continue;
         if (isFirst)
-            findings.push_back(
-                {TextFinding::Severity::Error, lines.lineNumber(), "The first line is not \"MDF 1\""});
+            findings.push_back({Severity::Error, FindingPlace::atLine(lines.lineNumber()),
+                                "The first line is not \"MDF 1\""});
         reader.line(content, lines.lineNumber());
     }
     reader.end();

@@ -27,15 +27,15 @@ bool startsWith(std::string_view word, char upperLetter, char lowerLetter) {
     return !word.empty() && (word.front() == upperLetter || word.front() == lowerLetter);
 }
 
-std::string firstError(const TextFindings& findings) {
-    const auto found = std::find_if(findings.begin(), findings.end(), [](const TextFinding& finding) {
-        return finding.severity == TextFinding::Severity::Error;
+std::string firstError(const Findings& findings) {
+    const auto found = std::find_if(findings.begin(), findings.end(), [](const Finding& finding) {
+        return finding.severity == Severity::Error;
     });
     return found == findings.end() ? std::string() : found->text;
 }
 
 std::string checkBody(std::string_view body) {
-    TextFindings findings;
+    Findings findings;
     SmdBodyReader reader(body, 1, &findings);
     SmdItemText item;
     SECSItemRecord record;
@@ -118,7 +118,7 @@ std::string SECSMessageRecord::parseNodeText(std::string_view nodeText, std::str
 
 std::string SECSMessageRecord::parseSmd(std::string_view text, int formatCode) {
     if (formatCode == kFormatMdf) {
-        TextFindings findings;
+        Findings findings;
         const std::vector<SECSMessageRecord> records = parseMdf(text, findings);
         *this = records.empty() ? SECSMessageRecord() : records.front();
         if (records.size() != 1)
@@ -134,7 +134,7 @@ std::string SECSMessageRecord::parseSmd(std::string_view text, int formatCode) {
 std::string SECSMessageRecord::takeSmd(std::string_view text, BodyCheck check) {
     *this = SECSMessageRecord();
     source_ = text;
-    TextFindings findings;
+    Findings findings;
     SmdTextSplitter splitter(source_, &findings);
     const std::optional<SmdMessageText> message = splitter.next();
     if (!message)

@@ -13,7 +13,6 @@ namespace zb {
 
 namespace {
 
-using Severity = DefinitionFinding::Severity;
 using ItemNames = std::unordered_set<std::string>;
 
 std::string quoted(std::string_view text) {
@@ -33,7 +32,7 @@ public:
     explicit TransactionChecker(const ModelerState& state)
         : state_(state), received_(state.ProjectType == 1 ? kToHost : kToEquip) {}
 
-    std::vector<DefinitionFinding> run() {
+    Findings run() {
         if (state_.TRModelStore != nullptr) {
             for (const auto& record : state_.TRModelStore->TRMessages())
                 checkMessage(*record);
@@ -172,12 +171,12 @@ private:
     }
 
     void tell(std::string text, Severity severity = Severity::Error) {
-        findings_.push_back({severity, message_, item_, std::move(text), 0});
+        findings_.push_back({severity, FindingPlace::inMessage(message_, item_), std::move(text)});
     }
 
     const ModelerState& state_;
     int received_;
-    std::vector<DefinitionFinding> findings_;
+    Findings findings_;
     std::string message_;
     std::string item_;
     std::optional<ItemNames> items_;                        // of the SECS message at hand
@@ -188,7 +187,7 @@ private:
 
 } // namespace
 
-std::vector<DefinitionFinding> checkTransactions(const ModelerState& state) {
+Findings checkTransactions(const ModelerState& state) {
     return TransactionChecker(state).run();
 }
 

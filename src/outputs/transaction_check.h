@@ -14,6 +14,6 @@ struct ModelerState;
 ///
 /// A finding's `message` is the name of a TR message or of a sequence, its `itemPath` that of a TR item or
 /// the position of a row. SECS messages are looked up in the store of the last walk.
-std::vector<DefinitionFinding> checkTransactions(const ModelerState& state);
+Findings checkTransactions(const ModelerState& state);
 
 } // namespace zb

@@ -8,7 +8,7 @@ using zb::fuzz::demand;
 namespace {
 
 void readSmd(std::string_view text) {
-    zb::TextFindings findings;
+    zb::Findings findings;
     zb::SmdTextSplitter splitter(text, &findings);
     while (const auto message = splitter.next()) {
         zb::SmdBodyReader body(message->body, message->bodyLine, &findings);
@@ -22,13 +22,13 @@ void readSmd(std::string_view text) {
 }
 
 void readMdf(std::string_view text) {
-    zb::TextFindings findings;
+    zb::Findings findings;
     const std::vector<zb::SECSMessageRecord> records = zb::parseMdf(text, findings);
     std::vector<const zb::SECSMessageRecord*> all;
     for (const zb::SECSMessageRecord& record : records)
         all.push_back(&record);
     const std::string composed = zb::composeMdf(all);
-    zb::TextFindings findingsAgain;
+    zb::Findings findingsAgain;
     demand(zb::parseMdf(composed, findingsAgain).size() == records.size(), "what is written is read back");
 }
 

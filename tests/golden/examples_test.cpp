@@ -42,13 +42,13 @@ protected:
     std::string bytes_;
 };
 
-std::string linesOf(const std::vector<DefinitionFinding>& findings, const std::string& file) {
+std::string linesOf(const Findings& findings, const std::string& file) {
     std::string lines;
-    for (const DefinitionFinding& finding : findings) {
-        lines += file + ": " + finding.message + ": ";
-        if (!finding.itemPath.empty())
-            lines += finding.itemPath + ": ";
-        if (finding.severity == DefinitionFinding::Severity::Warning)
+    for (const Finding& finding : findings) {
+        lines += file + ": " + finding.place.message + ": ";
+        if (!finding.place.item.empty())
+            lines += finding.place.item + ": ";
+        if (finding.severity == Severity::Warning)
             lines += "warning: ";
         lines += finding.text + "\n";
     }
@@ -81,7 +81,7 @@ protected:
         program_.application.start(path_.string());
     }
 
-    std::vector<DefinitionFinding> transactionFindings() { return checkTransactions(program_.application); }
+    Findings transactionFindings() { return checkTransactions(program_.application); }
 
     std::string bytes_;
     TemporaryFolder folder_;
@@ -146,7 +146,7 @@ TEST_F(FaultyProgram, TellsEachOfItsFaults) {
     // A save walk fills the store with faulty messages as well.
     program_.application.projects.saveProject();
     auto findings = checkDefinitions(program_.application.frmSECSEditor.liveTree(), CodePage(1252));
-    for (DefinitionFinding& finding : transactionFindings())
+    for (Finding& finding : transactionFindings())
         findings.push_back(std::move(finding));
     expectGolden(linesOf(findings, "Faulty.zbp"), "faulty/check.txt");
 }

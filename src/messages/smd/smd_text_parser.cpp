@@ -95,9 +95,9 @@ std::string cleanItemText(std::string_view text) {
     return clean;
 }
 
-void SmdTextSplitter::tell(TextFinding::Severity severity, std::string text) {
+void SmdTextSplitter::tell(Severity severity, std::string text) {
     if (findings_ != nullptr)
-        findings_->push_back({severity, lineNumber_ + 1, std::move(text)});
+        findings_->push_back({severity, FindingPlace::atLine(lineNumber_ + 1), std::move(text)});
 }
 
 /// Looks at the next line without taking it.
@@ -140,7 +140,7 @@ std::optional<SmdMessageText> SmdTextSplitter::next() {
             continue;
         }
         if (isBracketLine(content) || content.find(':') == std::string_view::npos) {
-            tell(TextFinding::Severity::Error, "This line belongs to no message");
+            tell(Severity::Error, "This line belongs to no message");
             description_ = {};
             continue;
         }
@@ -174,12 +174,12 @@ void SmdTextSplitter::takeBody(SmdMessageText& message) {
     message.body = text_.substr(start, position_ - start);
     if (!message.ended && findings_ != nullptr)
         findings_->push_back(
-            {TextFinding::Severity::Warning, lineNumber_, "The message does not end with \".\""});
+            {Severity::Warning, FindingPlace::atLine(lineNumber_), "The message does not end with \".\""});
 }
 
 void SmdBodyReader::tell(std::string text) {
     if (findings_ != nullptr)
-        findings_->push_back({TextFinding::Severity::Error, lineNumber_, std::move(text)});
+        findings_->push_back({Severity::Error, FindingPlace::atLine(lineNumber_), std::move(text)});
 }
 
 bool SmdBodyReader::next(SmdItemText& item) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/finding.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -7,18 +9,6 @@
 #include <vector>
 
 namespace zb {
-
-/// Something to tell about a line of a definition text.
-struct TextFinding {
-    enum class Severity { Warning, Error };
-
-    Severity severity = Severity::Error;
-    std::size_t line = 0; ///< from 1
-    std::string text;
-
-    bool operator==(const TextFinding&) const = default;
-};
-using TextFindings = std::vector<TextFinding>;
 
 /// An item as a tree holds it: blanks and tabs outside of the quoted value become single blanks, and the type
 /// is upper-cased.
@@ -38,7 +28,7 @@ struct SmdMessageText {
 /// lacks its final ".". Lines that belong to no message are told as findings and passed over.
 class SmdTextSplitter {
 public:
-    explicit SmdTextSplitter(std::string_view text, TextFindings* findings = nullptr)
+    explicit SmdTextSplitter(std::string_view text, Findings* findings = nullptr)
         : text_(text), findings_(findings) {}
 
     std::optional<SmdMessageText> next();
@@ -48,10 +38,10 @@ private:
     void takeLine();
     void takeComment();
     void takeBody(SmdMessageText& message);
-    void tell(TextFinding::Severity severity, std::string text);
+    void tell(Severity severity, std::string text);
 
     std::string_view text_;
-    TextFindings* findings_;
+    Findings* findings_;
     std::size_t position_ = 0;
     std::size_t lineNumber_ = 0;
     std::string_view line_; ///< the line at hand, when `peeked_`
@@ -71,7 +61,7 @@ struct SmdItemText {
 /// the brackets do; there the type is upper-cased, and blanks and tabs between words count as one blank.
 class SmdBodyReader {
 public:
-    explicit SmdBodyReader(std::string_view body, std::size_t firstLine = 1, TextFindings* findings = nullptr)
+    explicit SmdBodyReader(std::string_view body, std::size_t firstLine = 1, Findings* findings = nullptr)
         : body_(body), lineNumber_(firstLine - 1), findings_(findings) {}
 
     /// False at the end, when what is still open has been told.
@@ -85,7 +75,7 @@ private:
 
     std::string_view body_;
     std::size_t lineNumber_;
-    TextFindings* findings_;
+    Findings* findings_;
     long lastDepth_ = 0;
     int level_ = 0;
     int openLists_ = 0;

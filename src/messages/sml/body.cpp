@@ -131,7 +131,7 @@ bool Body::sameValues(std::size_t list) const {
     return true;
 }
 
-Body::Form Body::repeatedForm(std::size_t index, std::size_t bound, Findings& findings) const {
+Body::Form Body::repeatedForm(std::size_t index, std::size_t bound, FindingCollector& findings) const {
     const Item& list = items_[index];
     if (list.children > 1 && !childrenAreAlike(index)) {
         findings.warn(list.offset,
@@ -144,7 +144,7 @@ Body::Form Body::repeatedForm(std::size_t index, std::size_t bound, Findings& fi
     return {std::max(bound, list.children), true, true};
 }
 
-Body::Form Body::listForm(std::size_t index, Findings& findings) const {
+Body::Form Body::listForm(std::size_t index, FindingCollector& findings) const {
     const Item& list = items_[index];
     const std::size_t declared = list.count.number;
     const bool bounded = list.count.kind == Count::Kind::upTo;
@@ -171,7 +171,7 @@ Body::Form Body::templateForm(const Item& item) const {
     return {1, false, false};
 }
 
-Body::Form Body::valueForm(const Item& item, Findings& findings) const {
+Body::Form Body::valueForm(const Item& item, FindingCollector& findings) const {
     const std::string_view unit = isQuotedType(item.type) ? "characters" : "values";
     const std::size_t declared = item.count.number;
     if (item.repeats || item.count.kind == Count::Kind::open)
@@ -192,7 +192,7 @@ Body::Form Body::valueForm(const Item& item, Findings& findings) const {
     return {std::max(declared, item.values), false, false};
 }
 
-std::string_view Body::uniqueName(const Item& item, std::string_view wanted, Findings& findings) {
+std::string_view Body::uniqueName(const Item& item, std::string_view wanted, FindingCollector& findings) {
     const std::string_view unique = namesInUse_.take(wanted);
     if (unique.size() != wanted.size())
         findings.note(item.offset,
@@ -200,7 +200,7 @@ std::string_view Body::uniqueName(const Item& item, std::string_view wanted, Fin
     return unique;
 }
 
-std::string_view Body::nameFor(std::size_t index, const Form& form, Findings& findings) {
+std::string_view Body::nameFor(std::size_t index, const Form& form, FindingCollector& findings) {
     const Item& item = items_[index];
     const std::string_view written = name(item);
     if (isAllowedName(written, item.type))
@@ -252,7 +252,7 @@ void Body::appendLine(std::string& lines, const Item& item, const Form& form, st
     lines += item.key ? " [K]\r\n" : "\r\n";
 }
 
-bool Body::compose(std::string& lines, Findings& findings) {
+bool Body::compose(std::string& lines, FindingCollector& findings) {
     constexpr std::size_t kUsualLine = 24;
     namesInUse_.clear();
     lines.reserve(values_.size() + names_.size() + items_.size() * kUsualLine);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "messages/sml/findings.h"
+#include "messages/sml/finding_collector.h"
 #include "messages/sml/item_type.h"
 #include "messages/sml/unique_names.h"
 
@@ -62,7 +62,7 @@ public:
 
     // One line for each item: level, blank, item Text, CR LF. All lists are closed. Nothing, and an error
     // among the findings, when an item holds more than a count can tell.
-    bool compose(std::string& lines, Findings& findings);
+    bool compose(std::string& lines, FindingCollector& findings);
 
 private:
     struct Form {
@@ -73,13 +73,13 @@ private:
     bool sameStructure(std::size_t left, std::size_t right) const;
     bool childrenAreAlike(std::size_t list) const;
     bool sameValues(std::size_t list) const;
-    Form listForm(std::size_t index, Findings& findings) const;
-    Form repeatedForm(std::size_t index, std::size_t bound, Findings& findings) const;
-    Form valueForm(const Item& item, Findings& findings) const;
+    Form listForm(std::size_t index, FindingCollector& findings) const;
+    Form repeatedForm(std::size_t index, std::size_t bound, FindingCollector& findings) const;
+    Form valueForm(const Item& item, FindingCollector& findings) const;
     Form templateForm(const Item& item) const;
     // The view holds until the next name is asked for; so does that of `nameFor`.
-    std::string_view uniqueName(const Item& item, std::string_view wanted, Findings& findings);
-    std::string_view nameFor(std::size_t index, const Form& form, Findings& findings);
+    std::string_view uniqueName(const Item& item, std::string_view wanted, FindingCollector& findings);
+    std::string_view nameFor(std::size_t index, const Form& form, FindingCollector& findings);
     void appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const;
 
     std::vector<Item> items_;

@@ -379,7 +379,7 @@ bool ItemReader::applyRange(Item& item, std::string_view words, std::size_t offs
 }
 
 bool atDirective(std::string_view text, std::size_t offset) {
-    Findings unused(text);
+    FindingCollector unused(text);
     Scanner scanner(text, unused);
     scanner.moveTo(offset);
     if (scanner.peek() == '#')

@@ -21,7 +21,7 @@ public:
         broken,   // not to be read; an error is told
     };
 
-    ItemReader(Scanner& scanner, Findings& findings, Body& body, const Defines& defines,
+    ItemReader(Scanner& scanner, FindingCollector& findings, Body& body, const Defines& defines,
                const CodePage& codePage)
         : scanner_(scanner), findings_(findings), body_(body), defines_(defines), value_(codePage) {}
 
@@ -71,7 +71,7 @@ private:
     Step cutShort();
 
     Scanner& scanner_;
-    Findings& findings_;
+    FindingCollector& findings_;
     Body& body_;
     const Defines& defines_;
     TextValue value_;

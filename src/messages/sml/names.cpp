@@ -73,7 +73,7 @@ std::string allowedDescription(std::string_view description) {
     return trim(allowed);
 }
 
-void describe(ReadMessage& read, Findings& findings) {
+void describe(ReadMessage& read, FindingCollector& findings) {
     std::string& description = read.message.description;
     if (isAllowedDescription(description))
         return;
@@ -85,7 +85,7 @@ void describe(ReadMessage& read, Findings& findings) {
 
 } // namespace
 
-void nameMessages(std::vector<ReadMessage>& messages, Findings& findings) {
+void nameMessages(std::vector<ReadMessage>& messages, FindingCollector& findings) {
     Names names;
     for (ReadMessage& read : messages) {
         if (read.writtenName.empty())

@@ -58,7 +58,7 @@ private:
     void passBroken();
     void finish(ReadMessage read);
 
-    Findings findings_;
+    FindingCollector findings_;
     Scanner scanner_;
     Defines defines_;
     Body body_;
@@ -76,6 +76,6 @@ bool applyMarks(SmlMessage& message, std::string_view words);
 
 // Gives every message a name that no other has: first those that bring one, then the rest by stream and
 // function. What a name or a description cannot hold is replaced.
-void nameMessages(std::vector<ReadMessage>& messages, Findings& findings);
+void nameMessages(std::vector<ReadMessage>& messages, FindingCollector& findings);
 
 } // namespace zb::sml

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "messages/sml/characters.h"
-#include "messages/sml/findings.h"
+#include "messages/sml/finding_collector.h"
 
 #include <cstddef>
 #include <string>
@@ -20,7 +20,7 @@ struct Comment {
 // A place in the text. All reading of SML goes through here, and goes forward only.
 class Scanner {
 public:
-    Scanner(std::string_view text, Findings& findings) : text_(text), findings_(findings) {}
+    Scanner(std::string_view text, FindingCollector& findings) : text_(text), findings_(findings) {}
 
     std::string_view text() const { return text_; }
     std::size_t offset() const { return offset_; }
@@ -67,7 +67,7 @@ private:
     void addComment(std::size_t offset, std::string_view text);
 
     std::string_view text_;
-    Findings& findings_;
+    FindingCollector& findings_;
     std::size_t offset_ = 0;
     std::vector<Comment> comments_;
     bool passedLineEnd_ = false;

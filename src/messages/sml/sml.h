@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstddef>
+#include "platform/finding.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,19 +11,6 @@
 namespace zb {
 
 class CodePage;
-
-enum class SmlSeverity {
-    note,    // something had to change its form, or has no place in a definition
-    warning, // the text breaks a rule of the language; it was read as it was most likely meant
-    error,   // a message was mended at its end, or could not be read at all
-};
-
-struct SmlFinding {
-    SmlSeverity severity = SmlSeverity::note;
-    std::size_t line = 0;   // from 1
-    std::size_t column = 0; // from 1, in characters
-    std::string text;
-};
 
 // A message in the grammar of the message tree.
 struct SmlMessage {
@@ -42,7 +30,7 @@ struct SmlMessage {
 
 struct SmlLibrary {
     std::vector<SmlMessage> messages; // in the order of the file
-    std::vector<SmlFinding> findings; // in the order of the file
+    Findings findings;                // in the order of the file, with line and column
 };
 
 // Reads every message that can be read. `text` is UTF-8 without a mark; the code page measures texts and

@@ -57,7 +57,8 @@ TEST(PublishedFormats, ListTheFormatsOfAnItem) {
     EXPECT_THAT(formats.at("MDLN"), ElementsAre("A"));
     for (const auto& [name, list] : formats)
         for (const std::string_view format : list)
-            EXPECT_TRUE(std::regex_match(std::string(format), std::regex("L|A|B|J|BOOLEAN|[IU][1248]|F[48]")))
+            EXPECT_TRUE(
+                std::regex_match(std::string(format), std::regex("L|A|B|J|X|BOOLEAN|[IU][1248]|F[48]")))
                 << name << ": " << format;
 }
 

@@ -11,9 +11,9 @@ using testing::IsEmpty;
 
 std::vector<std::string> findingsOf(const NodeTree& tree) {
     std::vector<std::string> lines;
-    for (const DefinitionFinding& finding : checkDefinitions(tree, CodePage(1252)))
-        lines.push_back((finding.severity == DefinitionFinding::Severity::Error ? "" : "warning: ") +
-                        finding.message + ": " + finding.itemPath + ": " + finding.text);
+    for (const Finding& finding : checkDefinitions(tree, CodePage(1252)))
+        lines.push_back((finding.severity == Severity::Error ? "" : "warning: ") + finding.place.message +
+                        ": " + finding.place.item + ": " + finding.text);
     return lines;
 }
 
@@ -57,9 +57,9 @@ TEST(DefinitionCheck, WarnsOfWhatABuildLetsPass) {
 TEST(DefinitionCheck, TellsTheNodeAndLeavesTheTreeAlone) {
     test::Workbench bench;
     bench.read({"* a", "A: S1 F1 H->E", "    U1 3 1", "    U1 1 -1."});
-    const std::vector<DefinitionFinding> findings = checkDefinitions(bench.tree, CodePage(1252));
+    const Findings findings = checkDefinitions(bench.tree, CodePage(1252));
     ASSERT_EQ(findings.size(), 1U);
-    EXPECT_EQ(findings[0].nodeIndex, 5);
+    EXPECT_EQ(findings[0].place.nodeIndex, 5);
     EXPECT_EQ(bench.tree.at(4)->text(), "U1 3 1");
     EXPECT_EQ(bench.tree.at(5)->backColor(), OptionalColor());
     EXPECT_EQ(bench.tree.selected(), nullptr);
@@ -80,11 +80,11 @@ TEST(DefinitionCheck, TheFirstErrorIsWhereTheCheckedWalkStops) {
     for (const std::string& item : items) {
         test::Workbench bench;
         bench.read({"* a", "A: S1 F1 H->E", "    A 3 GOOD 'x'", "    " + item + "."});
-        const std::vector<DefinitionFinding> findings = checkDefinitions(bench.tree, bench.state.codePage);
+        const Findings findings = checkDefinitions(bench.tree, bench.state.codePage);
         SmdWriter(bench.state, bench.pane).buildMessageText("", "MODELER", bench.tree);
         ASSERT_EQ(bench.screen.boxes.size(), 1U) << item;
         ASSERT_FALSE(findings.empty()) << item;
-        EXPECT_EQ(findings.front().nodeIndex, bench.tree.selected()->index()) << item;
+        EXPECT_EQ(findings.front().place.nodeIndex, bench.tree.selected()->index()) << item;
         std::string shown = bench.screen.boxes[0].text;
         if (const std::size_t lineEnd = shown.find("\r\n"); lineEnd != std::string::npos)
             shown.replace(lineEnd, 2, " ");

@@ -119,7 +119,7 @@ TEST_F(LibraryStore, BrokenMessagesAreToldAndTheOthersRead) {
     EXPECT_EQ(store.load(path, kFormatSmd), "");
     EXPECT_EQ(names(store.getMessages()), (Lines{"A", "C"}));
     ASSERT_EQ(store.findings().size(), 2u);
-    EXPECT_EQ(store.findings()[0].line, 2u);
+    EXPECT_EQ(store.findings()[0].place.line, 2u);
     EXPECT_EQ(store.findings()[0].text, "The stream is not \"S\" and a number");
 }
 
@@ -128,11 +128,10 @@ TEST_F(LibraryStore, SmlIsReadWithItsFindings) {
               "");
     EXPECT_EQ(texts(store),
               (Lines{"Ask\r\nS1F1: S1 F1 W H->E\r\n", "\r\nS6F12: S6 F12 W H<->E\r\n1 B 1 0\r\n"}));
-    using Severity = LibraryFinding::Severity;
-    EXPECT_EQ(store.findings(),
-              (std::vector<LibraryFinding>{
-                  {Severity::Warning, 3, 1, "W stands on an even function, which is a reply"},
-                  {Severity::Error, 4, 10, "expected a whole number from 0 to 255, found \"256\""}}));
+    EXPECT_EQ(store.findings(), (Findings{{Severity::Warning, FindingPlace::atLine(3, 1),
+                                           "W stands on an even function, which is a reply"},
+                                          {Severity::Error, FindingPlace::atLine(4, 10),
+                                           "expected a whole number from 0 to 255, found \"256\""}}));
 }
 
 TEST_F(LibraryStore, EveryLibraryMessageComesBackFromEachForm) {

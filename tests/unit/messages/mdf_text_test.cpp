@@ -16,7 +16,7 @@ const std::string kText =
           "ITEM 2 A 6 MDLN 'HLVF\\\\b'", "ITEM 2 L 5V N", "ITEM 3 U1 1 5 [K]", "END"});
 
 TEST(MdfText, ReadsBackWhatItWrites) {
-    TextFindings findings;
+    Findings findings;
     const std::vector<SECSMessageRecord> records = parseMdf(kText, findings);
     EXPECT_THAT(findings, IsEmpty());
     ASSERT_EQ(records.size(), 2U);
@@ -27,7 +27,7 @@ TEST(MdfText, ReadsBackWhatItWrites) {
 }
 
 TEST(MdfText, MayBeWrittenCarelessly) {
-    TextFindings findings;
+    Findings findings;
     const std::vector<SECSMessageRecord> records =
         parseMdf("MDF 1\t\n\tMESSAGE\tA \t\nDESCRIPTION  a\tb\t\nHEAD\tS1\tF1 W\tH->E\t\n"
                  "ITEM\t1\tl\t2\t\n  ITEM 2 a\t3  N 'a  b'\n ITEM 2 u1 1 0 \nEND\t\n",
@@ -42,7 +42,7 @@ TEST(MdfText, AnyTextStaysOnItsLine) {
     SECSMessageRecord record;
     const std::string description = " \\ tab\t cr\r lf\n \\n end ";
     EXPECT_EQ(record.parseTexts("My Msg.: S1 F1 H->E", description, "1 A 5 ' .  '\r\n"), "");
-    TextFindings findings;
+    Findings findings;
     const std::vector<SECSMessageRecord> again = parseMdf(composeMdf({&record}), findings);
     EXPECT_THAT(findings, IsEmpty());
     ASSERT_EQ(again.size(), 1U);
@@ -52,7 +52,7 @@ TEST(MdfText, AnyTextStaysOnItsLine) {
 }
 
 TEST(MdfText, TellsWhatBreaksTheGrammarAndGoesOn) {
-    TextFindings findings;
+    Findings findings;
     const std::vector<SECSMessageRecord> records =
         parseMdf("HEAD S1 F1 H->E\n"
                  "MESSAGE A\nHEAD S1 H->E\nEND\n"
@@ -64,17 +64,17 @@ TEST(MdfText, TellsWhatBreaksTheGrammarAndGoesOn) {
         names.push_back(record.getName());
     EXPECT_THAT(names, ElementsAre("B", "C"));
     std::vector<std::size_t> lines;
-    for (const TextFinding& finding : findings)
-        lines.push_back(finding.line);
+    for (const Finding& finding : findings)
+        lines.push_back(finding.place.line);
     EXPECT_THAT(lines, ElementsAre(1U, 1U, 2U, 7U, 8U, 9U, 10U, 5U));
-    EXPECT_EQ(findings.back().severity, TextFinding::Severity::Warning);
+    EXPECT_EQ(findings.back().severity, Severity::Warning);
 }
 
 TEST(MdfText, LevelsHaveAnEnd) {
     std::string text = "MDF 1\nMESSAGE A\nHEAD S1 F1 H->E\n";
     for (int level = 1; level <= 1100; ++level)
         text += "ITEM " + std::to_string(level) + " L 1\n";
-    TextFindings findings;
+    Findings findings;
     parseMdf(text + "END\n", findings);
     EXPECT_EQ(findings.size(), 100U);
 }

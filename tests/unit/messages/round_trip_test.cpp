@@ -117,7 +117,7 @@ TEST_P(GeneratedProjects, TheCheckedWalkFindsNothingToChange) {
 
 TEST_P(GeneratedProjects, ASmdFileIsReadBackAsItWas) {
     const std::string text = build("BUILD_SMD");
-    TextFindings findings;
+    Findings findings;
     SmdTextSplitter splitter(text, &findings);
     std::vector<SECSMessageRecord> records;
     while (const auto message = splitter.next()) {
@@ -126,14 +126,14 @@ TEST_P(GeneratedProjects, ASmdFileIsReadBackAsItWas) {
                                 std::string(message->body);
         EXPECT_EQ(records.emplace_back().parseSmd(one, kFormatSmd), "") << one;
     }
-    EXPECT_EQ(findings, TextFindings());
+    EXPECT_EQ(findings, Findings());
     EXPECT_EQ(addAll(records), before);
 }
 
 TEST_P(GeneratedProjects, AnMdfFileIsReadBackAsItWas) {
-    TextFindings findings;
+    Findings findings;
     EXPECT_EQ(addAll(parseMdf(build("BUILD_MDF"), findings)), before);
-    EXPECT_EQ(findings, TextFindings());
+    EXPECT_EQ(findings, Findings());
 }
 
 TEST_P(GeneratedProjects, TheStoreHoldsTheMessagesOfTheTree) {

@@ -8,11 +8,11 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::string describe(const TextFindings& findings) {
+std::string describe(const Findings& findings) {
     std::string text;
-    for (const TextFinding& finding : findings)
-        text += (finding.severity == TextFinding::Severity::Error ? "error " : "warning ") +
-                std::to_string(finding.line) + ": " + finding.text + "\n";
+    for (const Finding& finding : findings)
+        text += (finding.severity == Severity::Error ? "error " : "warning ") +
+                std::to_string(finding.place.line) + ": " + finding.text + "\n";
     return text;
 }
 
@@ -21,7 +21,7 @@ TEST(SmdTextSplitter, CutsATextIntoItsMessages) {
         "***\r\n* first: one\r\n***\r\nA: S1 F1 H->E.\r\n\r\n"
         "***\r\n* second\r\n***\r\nB: S1 F2 H->E\r\n    <L 1\r\n        <A 3 'a.'>\r\n    >.\r\n"
         "C: S1 F3 H->E.\r\n";
-    TextFindings findings;
+    Findings findings;
     SmdTextSplitter splitter(text, &findings);
     std::vector<std::string> messages;
     while (const auto message = splitter.next())
@@ -35,7 +35,7 @@ TEST(SmdTextSplitter, CutsATextIntoItsMessages) {
 
 TEST(SmdTextSplitter, TellsLinesThatBelongNowhereAndEndsThatLack) {
     const std::string text = "noise\nA: S1 F1 H->E\n    <L 0>\n* b\nB: S1 F1 H->E.\n    <L 0>.\n";
-    TextFindings findings;
+    Findings findings;
     SmdTextSplitter splitter(text, &findings);
     int count = 0;
     while (splitter.next())
@@ -46,7 +46,7 @@ TEST(SmdTextSplitter, TellsLinesThatBelongNowhereAndEndsThatLack) {
                                   "error 6: This line belongs to no message\n");
 }
 
-std::string read(const std::string& body, TextFindings& findings) {
+std::string read(const std::string& body, Findings& findings) {
     SmdBodyReader reader(body, 10, &findings);
     SmdItemText item;
     std::string text;
@@ -56,14 +56,14 @@ std::string read(const std::string& body, TextFindings& findings) {
 }
 
 TEST(SmdBodyReader, BracketsTellTheLevels) {
-    TextFindings findings;
+    Findings findings;
     EXPECT_EQ(read("<L 2\n<L 1 X\n<A 1 '>'>>\n\n<U1 1 5> >.", findings),
               "10: 1 L 2\n11: 2 L 1 X\n12: 3 A 1 '>'\n14: 2 U1 1 5\n");
     EXPECT_EQ(describe(findings), "");
 }
 
 TEST(SmdBodyReader, FaultsAreToldWithTheirLines) {
-    TextFindings findings;
+    Findings findings;
     EXPECT_EQ(read("<L 2\n<U1 1 5\n> x\n>\n>\n<L 1\n<L 1", findings),
               "10: 1 L 2\n11: 2 U1 1 5\n15: 1 L 1\n16: 2 L 1\n");
     EXPECT_EQ(describe(findings), "error 11: \">\" is missing at the end of the item\n"
@@ -73,7 +73,7 @@ TEST(SmdBodyReader, FaultsAreToldWithTheirLines) {
 }
 
 TEST(SmdBodyReader, IndentationTellsTheLevelsOfBareItems) {
-    TextFindings findings;
+    Findings findings;
     EXPECT_EQ(
         read("    L 1\r\n            U1 1 5\r\n    A 2 '.'\r\n    F4 1 1.\r\n    U1 1 7.\r\n", findings),
         "10: 1 L 1\n11: 2 U1 1 5\n12: 1 A 2 '.'\n13: 1 F4 1 1.\n14: 1 U1 1 7\n");

@@ -20,9 +20,10 @@ protected:
     Words find() {
         Words lines;
         for (const auto& finding : checkTransactions(desk_.app())) {
-            const bool warning = finding.severity == DefinitionFinding::Severity::Warning;
-            lines.push_back(finding.message + (finding.itemPath.empty() ? "" : "/" + finding.itemPath) +
-                            ": " + (warning ? "warning: " : "") + finding.text);
+            const bool warning = finding.severity == Severity::Warning;
+            lines.push_back(finding.place.message +
+                            (finding.place.item.empty() ? "" : "/" + finding.place.item) + ": " +
+                            (warning ? "warning: " : "") + finding.text);
         }
         return lines;
     }

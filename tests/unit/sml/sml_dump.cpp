@@ -20,14 +20,14 @@ std::string dump(const std::vector<SmlMessage>& messages) {
     return text;
 }
 
-std::string dump(const std::vector<SmlFinding>& findings) {
+std::string dump(const Findings& findings) {
     std::string text;
-    for (const SmlFinding& finding : findings) {
-        text += finding.severity == SmlSeverity::error     ? "error "
-                : finding.severity == SmlSeverity::warning ? "warning "
-                                                           : "note ";
-        text +=
-            std::to_string(finding.line) + ":" + std::to_string(finding.column) + " " + finding.text + "\n";
+    for (const Finding& finding : findings) {
+        text += finding.severity == Severity::Error     ? "error "
+                : finding.severity == Severity::Warning ? "warning "
+                                                        : "note ";
+        text += std::to_string(finding.place.line) + ":" + std::to_string(finding.place.column) + " " +
+                finding.text + "\n";
     }
     return text;
 }

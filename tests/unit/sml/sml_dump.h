@@ -13,6 +13,6 @@ std::string readDump(std::string_view sml, int codePage = 1252);
 
 // The same without the findings.
 std::string dump(const std::vector<SmlMessage>& messages);
-std::string dump(const std::vector<SmlFinding>& findings);
+std::string dump(const Findings& findings);
 
 } // namespace zb::test

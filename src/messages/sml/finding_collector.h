@@ -9,24 +9,24 @@
 namespace zb::sml {
 
 // Collects findings by their place in the text, and counts lines only once, at the end.
-class Findings {
+class FindingCollector {
 public:
-    explicit Findings(std::string_view text) : text_(text) {}
+    explicit FindingCollector(std::string_view text) : text_(text) {}
 
-    void note(std::size_t offset, std::string text) { add(SmlSeverity::note, offset, std::move(text)); }
-    void warn(std::size_t offset, std::string text) { add(SmlSeverity::warning, offset, std::move(text)); }
-    void fail(std::size_t offset, std::string text) { add(SmlSeverity::error, offset, std::move(text)); }
+    void note(std::size_t offset, std::string text) { add(Severity::Note, offset, std::move(text)); }
+    void warn(std::size_t offset, std::string text) { add(Severity::Warning, offset, std::move(text)); }
+    void fail(std::size_t offset, std::string text) { add(Severity::Error, offset, std::move(text)); }
 
     // The findings in the order of the text, with line and column.
-    std::vector<SmlFinding> take();
+    Findings take();
 
 private:
     struct Entry {
-        SmlSeverity severity;
+        Severity severity;
         std::size_t offset;
         std::string text;
     };
-    void add(SmlSeverity severity, std::size_t offset, std::string text);
+    void add(Severity severity, std::size_t offset, std::string text);
 
     std::string_view text_;
     std::vector<Entry> entries_;

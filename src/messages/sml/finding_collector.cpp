@@ -1,4 +1,4 @@
-#include "messages/sml/findings.h"
+#include "messages/sml/finding_collector.h"
 
 #include "messages/sml/characters.h"
 #include "platform/text.h"
@@ -14,17 +14,17 @@ constexpr std::size_t kMostFindings = 100'000;
 
 } // namespace
 
-void Findings::add(SmlSeverity severity, std::size_t offset, std::string text) {
+void FindingCollector::add(Severity severity, std::size_t offset, std::string text) {
     if (entries_.size() < kMostFindings)
         entries_.push_back({severity, offset, std::move(text)});
     else
         ++leftOut_;
 }
 
-std::vector<SmlFinding> Findings::take() {
+Findings FindingCollector::take() {
     std::stable_sort(entries_.begin(), entries_.end(),
                      [](const Entry& left, const Entry& right) { return left.offset < right.offset; });
-    std::vector<SmlFinding> findings;
+    Findings findings;
     findings.reserve(entries_.size() + 1);
     std::size_t line = 1;
     std::size_t column = 1;
@@ -38,10 +38,10 @@ std::vector<SmlFinding> Findings::take() {
             column = 1;
         }
         column += codePointCount(passed);
-        findings.push_back({entry.severity, line, column, std::move(entry.text)});
+        findings.push_back({entry.severity, FindingPlace::atLine(line, column), std::move(entry.text)});
     }
     if (leftOut_ > 0)
-        findings.push_back({SmlSeverity::error, line, column,
+        findings.push_back({Severity::Error, FindingPlace::atLine(line, column),
                             std::to_string(leftOut_) + " further findings are not listed"});
     return findings;
 }

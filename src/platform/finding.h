@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zb {
+
+enum class Severity {
+    Note,    ///< something had to change its form, or has no place in a definition
+    Warning, ///< it can be read and built, though perhaps not as it was meant
+    Error    ///< it cannot be read or built, or a driver cannot follow it
+};
+
+/// Where a finding is: in a text, or in a project. What does not apply is 0 or empty.
+struct FindingPlace {
+    static FindingPlace atLine(std::size_t line, std::size_t column = 0) { return {line, column, {}, {}, 0}; }
+    static FindingPlace inMessage(std::string message, std::string item, int nodeIndex = 0) {
+        return {0, 0, std::move(message), std::move(item), nodeIndex};
+    }
+
+    std::size_t line = 0;   ///< from 1
+    std::size_t column = 0; ///< from 1, in characters
+    std::string message;    ///< the name of a message, of a TR message or of a sequence
+    /// Within the message: positions on the way to an item, from 1, joined by "/", as "2/1". Within a TR
+    /// message the name of a TR item, within a sequence the position of a row.
+    std::string item;
+    int nodeIndex = 0; ///< flat Index in the message tree
+
+    bool operator==(const FindingPlace&) const = default;
+};
+
+/// What a reader or a check has to say about one place.
+struct Finding {
+    Severity severity = Severity::Error;
+    FindingPlace place;
+    std::string text; ///< a sentence on one line
+
+    bool operator==(const Finding&) const = default;
+};
+using Findings = std::vector<Finding>;
+
+} // namespace zb
