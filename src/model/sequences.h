@@ -44,6 +44,8 @@ public:
 
     /// The nearest head at or before `at`; nothing when there is none, as in a damaged file.
     std::optional<std::size_t> headOf(std::size_t at) const;
+    /// Whether an item follows the head at `at`.
+    bool hasItems(std::size_t at) const { return at + 1 < rows_.size() && !rows_[at + 1].isHead(); }
     /// The index after the last item that follows `at` directly, where `at` is a head or an item.
     std::size_t endOfItems(std::size_t at) const;
 

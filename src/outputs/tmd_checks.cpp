@@ -1,7 +1,7 @@
 #include "outputs/tmd_checks.h"
 
 #include "controls/desktop.h"
-#include "model/condition.h"
+#include "outputs/tmd_rules.h"
 #include "platform/text.h"
 
 #include <utility>
@@ -9,8 +9,6 @@
 namespace zb {
 
 namespace {
-
-constexpr std::string_view kNone = "NONE";
 
 /// The message's node. The Keys of items share the tree and may be the same, so the text counts, too.
 Node* messageNode(NodeTree& tree, const std::string& name) {
@@ -32,19 +30,16 @@ TmdChecks::TmdChecks(ModelerState& state, ModelerControls& window, std::function
 
 bool TmdChecks::checkTRMessages() {
     if (checkSECSMessageMissing())
-        return refuse("Select a valid SECSMessage!");
+        return refuse(kUnknownSECSMessageText);
     if (checkSECSMessageUnselected())
-        return refuse("SECSMessage was not selected!");
-    if (!checkDefaults())
-        return false;
-    DefaultTRMessages.clear();
-    return true;
+        return refuse(kNoSECSMessageText);
+    return checkDefaults();
 }
 
 bool TmdChecks::checkSECSMessageMissing() {
     Records faulty;
     for (const auto& record : state_.TRModelStore->TRMessages()) {
-        if (state_.SECSMessageStore->getByName(record->SECSMessage()) == nullptr)
+        if (!isSECSMessageKnown(*record, *state_.SECSMessageStore))
             faulty.push_back(record.get());
     }
     return markAll(faulty);
@@ -53,41 +48,33 @@ bool TmdChecks::checkSECSMessageMissing() {
 bool TmdChecks::checkSECSMessageUnselected() {
     Records faulty;
     for (const auto& record : state_.TRModelStore->TRMessages()) {
-        if (isBlank(record->SECSMessage()) || record->SECSMessage() == kNone)
+        if (!isSECSMessageSelected(*record))
             faulty.push_back(record.get());
     }
     return markAll(faulty);
 }
 
 bool TmdChecks::checkDefaults() {
-    DefaultTRMessages.clear();
+    DefaultTRMessages defaults;
     for (const auto& record : state_.TRModelStore->TRMessages()) {
-        if (record->Direction() != receivedDirection() || !isDefaultCondition(record->Condition()))
+        const std::optional<std::string> registered = defaults.add(*record, receivedDirection());
+        if (!registered)
             continue;
-        const std::string key = upper(record->SECSMessage());
-        if (!isDefaultRegistered(key)) {
-            // A default without a name takes the place, and cannot be told from none.
-            if (!DefaultTRMessages.emplace(key, record->Name()).second)
-                return false;
-            continue;
-        }
+        // A default without a name cannot be told from none, and ends the check without a word.
+        if (!defaults.isDefaultRegistered(record->SECSMessage()))
+            return false;
+        // Showing the window fills the stores anew.
         const std::string name = record->Name();
-        const std::string registered = DefaultTRMessages.at(key);
         showModeler_();
-        refuse("Default TRMessage was duplicated!");
+        refuse(kSecondDefaultText);
         markReceived(name);
-        markReceived(registered);
+        markReceived(*registered);
         return false;
     }
     return true;
 }
 
-bool TmdChecks::isDefaultRegistered(std::string_view secsMessage) const {
-    const auto found = DefaultTRMessages.find(upper(secsMessage));
-    return found != DefaultTRMessages.end() && !isBlank(found->second);
-}
-
-// The marks come behind the change to the window, so that they are on what it shows.
+// The marks come after the change to the window, so that they are on what it shows.
 bool TmdChecks::markAll(const Records& faulty) {
     if (faulty.empty())
         return false;
@@ -118,12 +105,12 @@ bool TmdChecks::checkSequences() {
     bool complete = true;
     const auto& rows = state_.sequences.rows();
     for (std::size_t at = 0; at < rows.size(); ++at) {
-        if (!rows[at].isHead() || (at + 1 < rows.size() && !rows[at + 1].isHead()))
+        if (!rows[at].isHead() || state_.sequences.hasItems(at))
             continue;
         window_.lvwSequence.rows()[at]->setForeColor(kErrorForeColor);
         complete = false;
     }
-    return complete || refuse("Not defined SequenceItem!");
+    return complete || refuse(kEmptySequenceText);
 }
 
 bool TmdChecks::refuse(std::string_view text) {

@@ -6,7 +6,6 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace zb {
@@ -27,8 +26,6 @@ public:
     bool checkSECSMessageMissing();
     /// Whether a TR message has no SECS message, or one of the name that stands for none; each is marked.
     bool checkSECSMessageUnselected();
-    /// Whether a default of the SECS message has been met already.
-    bool isDefaultRegistered(std::string_view secsMessage) const;
 
 private:
     using Records = std::vector<const TRMessageRecord*>;
@@ -43,8 +40,6 @@ private:
     ModelerState& state_;
     ModelerControls& window_;
     std::function<void()> showModeler_;
-    /// Name of the default TR message by the upper-cased name of its SECS message.
-    std::unordered_map<std::string, std::string> DefaultTRMessages;
 };
 
 } // namespace zb

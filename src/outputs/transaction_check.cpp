@@ -2,11 +2,11 @@
 
 #include "model/statement.h"
 #include "modeler/modeler_state.h"
+#include "outputs/tmd_rules.h"
 #include "platform/text.h"
 #include "platform/xml_document.h"
 
 #include <optional>
-#include <unordered_map>
 #include <unordered_set>
 
 namespace zb {
@@ -45,7 +45,7 @@ private:
     void checkMessage(const TRMessageRecord& record) {
         at(record.Name(), {});
         checkName(record.Name());
-        const SECSMessageRecord* secsMessage = checkSECSMessage(record.SECSMessage());
+        const SECSMessageRecord* secsMessage = checkSECSMessage(record);
         if (secsMessage != nullptr && record.DataBlock())
             checkDataBlock(*record.DataBlock(), *secsMessage);
         if (record.Direction() != kToHost && record.Direction() != kToEquip)
@@ -71,13 +71,14 @@ private:
     }
 
     /// Takes its items for what is checked next.
-    const SECSMessageRecord* checkSECSMessage(const std::string& name) {
+    const SECSMessageRecord* checkSECSMessage(const TRMessageRecord& record) {
         items_.reset();
+        const std::string& name = record.SECSMessage();
         const SECSMessageRecord* found = state_.SECSMessageStore->getByName(name);
-        if (isBlank(name) || name == "NONE") {
-            tell("SECSMessage was not selected!");
+        if (!isSECSMessageSelected(record)) {
+            tell(std::string(kNoSECSMessageText));
         } else if (found == nullptr) {
-            tell("Select a valid SECSMessage! There is no " + quoted(name));
+            tell(std::string(kUnknownSECSMessageText) + " There is no " + quoted(name));
         } else {
             checkName(name);
             items_.emplace();
@@ -98,11 +99,10 @@ private:
     }
 
     void checkDefault(const TRMessageRecord& record) {
-        if (!isDefaultCondition(record.Condition()) || isBlank(record.SECSMessage()))
+        if (isBlank(record.SECSMessage()))
             return;
-        const auto [first, isNew] = defaults_.emplace(upper(record.SECSMessage()), record.Name());
-        if (!isNew)
-            tell("Default TRMessage was duplicated! " + quoted(first->second) + " is one for " +
+        if (const auto first = defaults_.add(record, received_))
+            tell(std::string(kSecondDefaultText) + " " + quoted(*first) + " is one for " +
                  quoted(record.SECSMessage()) + " already");
     }
 
@@ -143,8 +143,8 @@ private:
             at(row.text, {});
             inSequence_ = true;
             checkName(row.text);
-            if (index + 1 == rows.size() || rows[index + 1].isHead())
-                tell("Not defined SequenceItem!");
+            if (!state_.sequences.hasItems(index))
+                tell(std::string(kEmptySequenceText));
         }
     }
 
@@ -179,9 +179,9 @@ private:
     Findings findings_;
     std::string message_;
     std::string item_;
-    std::optional<ItemNames> items_;                        // of the SECS message at hand
-    std::unordered_set<std::string> told_;                  // data items
-    std::unordered_map<std::string, std::string> defaults_; // by upper-cased SECS message
+    std::optional<ItemNames> items_;       // of the SECS message at hand
+    std::unordered_set<std::string> told_; // data items
+    DefaultTRMessages defaults_;
     bool inSequence_ = false;
 };
 

@@ -167,7 +167,6 @@ TEST_P(TmdChecksTest, AnswerOneByOne) {
     TmdChecks all = checks();
     EXPECT_FALSE(all.checkSECSMessageMissing());
     EXPECT_TRUE(all.checkSECSMessageUnselected());
-    EXPECT_FALSE(all.isDefaultRegistered("NONE"));
     EXPECT_TRUE(desk_.screen().boxes.empty());
 }
 
