@@ -1,7 +1,7 @@
 #include "editor/frm_find.h"
 
 #include "controls/desktop.h"
-#include "editor/find_scan.h"
+#include "messages/find_scan.h"
 #include "platform/text.h"
 #include "platform/tree/node_tree.h"
 

@@ -1,6 +1,6 @@
 #include "editor/item_key_filter.h"
 
-#include "editor/item_value.h"
+#include "messages/item_value.h"
 #include "platform/number.h"
 #include "platform/text.h"
 

@@ -3,13 +3,13 @@
 #include "controls/desktop.h"
 #include "editor/editor_controls.h"
 #include "editor/item_key_filter.h"
-#include "editor/item_value.h"
-#include "editor/message_nodes.h"
+#include "messages/item_key.h"
 #include "messages/item_normalizer.h"
 #include "messages/item_record.h"
+#include "messages/item_value.h"
+#include "messages/message_nodes.h"
 #include "platform/number.h"
 #include "platform/text.h"
-#include "platform/tree/node_walk.h"
 
 #include <algorithm>
 #include <array>
@@ -19,7 +19,6 @@ namespace zb {
 namespace {
 
 constexpr double kMostCount = 1000000;
-constexpr std::string_view kKeyMark = " [K]";
 
 /// The type tokens of the buttons, in their order.
 constexpr std::array<std::string_view, 16> kTypeTokens{"L",  "A",  "B",  "BOOLEAN", "I1", "I2", "I4", "I8",
@@ -41,10 +40,6 @@ SECSItemRecord recordOf(const Node& node) {
     SECSItemRecord record;
     record.parseText(node.text());
     return record;
-}
-
-bool isVariableList(const SECSItemRecord& record) {
-    return record.getType() == "L" && !record.isFixed();
 }
 
 /// Whether a store's handler is to be passed over while this lives.
@@ -184,31 +179,6 @@ void ItemPane::keyReleased() {
     }
     clearKeysInMessage(*node);
     updateItemNodeText(*node);
-}
-
-bool ItemPane::isKeyForbidden(const Node& node) const {
-    const SECSItemRecord item = recordOf(node);
-    if (item.getType() == "L")
-        return !item.isFixed();
-    // The topmost node is the message, which is no item.
-    for (const Node* above = node.parent(); above != nullptr && above->parent() != nullptr;
-         above = above->parent()) {
-        if (isVariableList(recordOf(*above)))
-            return true;
-    }
-    return false;
-}
-
-void ItemPane::clearKeysInMessage(Node& node) {
-    for (Node* item = rootOf(node).child(); item != nullptr; item = item->next())
-        removeKeyMark(*item);
-}
-
-void ItemPane::removeKeyMark(Node& node) {
-    for (Node* item = &node; item != nullptr; item = nextBelow(*item, node)) {
-        if (contains(item->text(), kKeyMark))
-            item->setText(replaceAll(item->text(), kKeyMark, ""));
-    }
 }
 
 // Value

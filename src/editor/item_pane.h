@@ -32,13 +32,6 @@ public:
     std::string getSelectedItemType() const;
     /// Presses the button of a type token, compared upper-cased; an unknown one leaves all buttons up.
     void selectTypeButton(std::string_view token);
-    /// Whether the item stands where its place in the message can vary, so that it cannot be the key. A list
-    /// is judged by itself, any other item by the lists around it.
-    bool isKeyForbidden(const Node& node) const;
-    /// Takes the key mark from every item of the node's message.
-    void clearKeysInMessage(Node& node);
-    /// Takes the key mark from the node and all below it.
-    void removeKeyMark(Node& node);
     void resetTypeButtons();
 
 private:

@@ -3,7 +3,7 @@
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
 #include "editor/message_key_filter.h"
-#include "editor/message_nodes.h"
+#include "messages/message_nodes.h"
 #include "messages/message_record.h"
 #include "platform/number.h"
 #include "platform/text.h"

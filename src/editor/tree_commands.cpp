@@ -2,9 +2,9 @@
 
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
-#include "editor/item_names.h"
-#include "editor/message_nodes.h"
-#include "editor/subtree_copy.h"
+#include "messages/item_names.h"
+#include "messages/message_nodes.h"
+#include "messages/subtree_copy.h"
 #include "platform/text.h"
 #include "platform/wildcard.h"
 

@@ -2,9 +2,10 @@
 
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
-#include "editor/message_nodes.h"
+#include "messages/item_key.h"
 #include "messages/item_normalizer.h"
 #include "messages/item_record.h"
+#include "messages/message_nodes.h"
 #include "messages/message_record.h"
 #include "messages/module_state.h"
 #include "platform/number.h"
@@ -136,7 +137,7 @@ void TreeInteraction::showCount(Node& node, const SECSItemRecord& record) {
 
 void TreeInteraction::showKeyAndValue(Node& node, const SECSItemRecord& record) {
     const bool list = record.getType() == "L";
-    const bool keyAllowed = !list && !window_.itemPane.isKeyForbidden(node);
+    const bool keyAllowed = !list && !isKeyForbidden(node);
     window_.chkIsItemKey.setChecked(keyAllowed && record.isKey());
     window_.chkIsItemKey.setEnabled(keyAllowed);
     window_.txtInit.setEnabled(!list);

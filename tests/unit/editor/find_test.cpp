@@ -1,7 +1,7 @@
 #include "controls/desktop.h"
 #include "controls/user_hands.h"
-#include "editor/find_scan.h"
 #include "editor/frm_find.h"
+#include "messages/find_scan.h"
 #include "platform/tree/node_tree.h"
 #include "unit/editor/box_screen.h"
 

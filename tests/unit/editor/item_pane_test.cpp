@@ -1,3 +1,4 @@
+#include "messages/item_key.h"
 #include "unit/editor/item_pane_fixture.h"
 
 #include <gtest/gtest.h>
@@ -174,7 +175,7 @@ TEST_P(ItemKey, StandsAtAFixedPlace) {
     open(item);
     window.chkIsItemKey.setEnabled(true);
     click(window.chkIsItemKey);
-    EXPECT_EQ(pane.isKeyForbidden(item), !GetParam().allowed);
+    EXPECT_EQ(isKeyForbidden(item), !GetParam().allowed);
     EXPECT_EQ(window.chkIsItemKey.checked(), GetParam().allowed);
     EXPECT_EQ(item.text(), GetParam().item + (GetParam().allowed ? " [K]" : ""));
     EXPECT_EQ(other.text(), GetParam().allowed ? "U2 1 other 0" : "U2 1 other 0 [K]");
@@ -210,12 +211,12 @@ TEST_F(ItemPaneTest, KeyMarksGoFromAllThatLiesBelow) {
     Node& deep = add(add(list, "L 1"), "U1 1 a 0 [K]");
     Node& last = add(list, "A 3 b 'x' [K]");
     Node& beside = add(message, "U1 1 c 0 [K]");
-    pane.removeKeyMark(list);
+    removeKeyMark(list);
     EXPECT_EQ(list.text(), "L 2");
     EXPECT_EQ(deep.text(), "U1 1 a 0");
     EXPECT_EQ(last.text(), "A 3 b 'x'");
     EXPECT_EQ(beside.text(), "U1 1 c 0 [K]");
-    pane.clearKeysInMessage(deep);
+    clearKeysInMessage(deep);
     EXPECT_EQ(beside.text(), "U1 1 c 0");
 }
 

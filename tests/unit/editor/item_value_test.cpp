@@ -1,4 +1,4 @@
-#include "editor/item_value.h"
+#include "messages/item_value.h"
 
 #include <gtest/gtest.h>
 

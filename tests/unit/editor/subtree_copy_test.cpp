@@ -1,4 +1,4 @@
-#include "editor/subtree_copy.h"
+#include "messages/subtree_copy.h"
 
 #include "platform/tree/node_tree.h"
 

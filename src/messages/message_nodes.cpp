@@ -1,4 +1,4 @@
-#include "editor/message_nodes.h"
+#include "messages/message_nodes.h"
 
 #include "platform/text.h"
 #include "platform/tree/node_tree.h"

@@ -1,4 +1,4 @@
-#include "editor/item_value.h"
+#include "messages/item_value.h"
 
 #include "platform/number.h"
 #include "platform/text.h"

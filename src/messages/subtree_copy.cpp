@@ -1,6 +1,6 @@
-#include "editor/subtree_copy.h"
+#include "messages/subtree_copy.h"
 
-#include "editor/item_names.h"
+#include "messages/item_names.h"
 #include "platform/tree/node_tree.h"
 #include "platform/tree/node_walk.h"
 

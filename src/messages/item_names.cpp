@@ -1,7 +1,7 @@
-#include "editor/item_names.h"
+#include "messages/item_names.h"
 
-#include "editor/message_nodes.h"
 #include "messages/item_record.h"
+#include "messages/message_nodes.h"
 #include "platform/text.h"
 #include "platform/tree/node.h"
 #include "platform/tree/node_walk.h"

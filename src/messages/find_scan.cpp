@@ -1,4 +1,4 @@
-#include "editor/find_scan.h"
+#include "messages/find_scan.h"
 
 #include "platform/text.h"
 #include "platform/tree/node_tree.h"
