@@ -75,6 +75,7 @@ void DesktopScreen::detach() {
     main_ = nullptr;
     documents_ = nullptr;
     menusOf_ = nullptr;
+    front_ = nullptr;
     if (std::exchange(busyPointer_, false))
         QApplication::restoreOverrideCursor();
 }
@@ -267,8 +268,14 @@ void DesktopScreen::addSearchKey(Window& window, QWidget& form) {
 void DesktopScreen::bringToFront(Window& window) {
     bind(window);
     const Showing showing(*binding_);
-    if (frames_.at(&window).document != nullptr)
-        documents_->setActiveSubWindow(frames_.at(&window).document);
+    // A window that is in front already is brought there again only by the command that shows it.
+    const bool shownAgain = front_ == &window || front_ == nullptr || !front_->visible();
+    front_ = &window;
+    if (QMdiSubWindow* document = frames_.at(&window).document; document != nullptr) {
+        documents_->setActiveSubWindow(document);
+        if (window.visible() && (shownAgain || document->isMinimized()) && !document->isMaximized())
+            document->showMaximized();
+    }
     QWidget* shown = topLevelOf(window);
     if (window.visible() && shown != nullptr && shown->isVisible())
         activation_.bringToFront(*shown);
@@ -367,6 +374,8 @@ void DesktopScreen::forget(Window& window) {
         delete found->second.document.data();
     if (menusOf_ == &window)
         menusOf_ = nullptr;
+    if (front_ == &window)
+        front_ = nullptr;
     frames_.erase(found);
 }
 

@@ -91,6 +91,7 @@ private:
     QMdiArea* documents_ = nullptr;
     std::unique_ptr<Beginning> beginning_;
     const Window* menusOf_ = nullptr;
+    const Window* front_ = nullptr; // brought to the front last
     bool busyPointer_ = false;
     int waiting_ = 0; // boxes and dialogs that wait for the user, whatever runs behind them
 };

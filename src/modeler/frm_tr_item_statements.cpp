@@ -55,6 +55,9 @@ void frmTRItem::dropPicture() {
         desktop().showBox("Select Condition!", BoxIcon::Information);
         return;
     }
+    // A picture of another program stands for no statement until one has been dragged here.
+    if (statementType_.empty())
+        return;
     const StatementTree::Added added = statements_.addStatement(*currentNode_, statementType_);
     if (!added.refusal.empty())
         desktop().showBox(added.refusal, BoxIcon::Critical);

@@ -64,13 +64,14 @@ void mark(QWidget& target, bool marked) {
 
 constexpr char kTakenFormat[] = "application/x-zeltobench-drag";
 
+bool takesPicture(const QWidget& target, const QMimeData& content) {
+    return content.hasImage() && target.property("takesPictures").toBool();
+}
+
 QPixmap pictureOf(const QWidget& source, const QStringList& texts) {
     const QStringList lines = linesOf(texts);
     const QFontMetrics metrics = source.fontMetrics();
-    int width = 0;
-    for (const QString& line : lines)
-        width = std::max(width, metrics.horizontalAdvance(line));
-    const QSize size(std::min(width, 400) + 2 * kMargin,
+    const QSize size(dragTextWidth(metrics, lines) + 2 * kMargin,
                      metrics.lineSpacing() * static_cast<int>(lines.size()) + kMargin);
     const qreal ratio = source.devicePixelRatioF();
     QPixmap picture(size * ratio);
@@ -94,6 +95,15 @@ QPixmap pictureOf(const QWidget& source, const QStringList& texts) {
 
 } // namespace
 
+int dragTextWidth(const QFontMetrics& metrics, const QStringList& lines) {
+    constexpr int kWidest = 400;
+    int width = 0;
+    // An advance is rounded, and a text that is wider by a fraction of a pixel would be elided.
+    for (const QString& line : lines)
+        width = std::max(width, metrics.horizontalAdvance(line) + 1);
+    return std::min(width, kWidest);
+}
+
 void runDrag(Binding& binding, QWidget& source, const DragData& data, const QStringList& texts) {
     runDrag(binding, source, data, texts.isEmpty() ? QPixmap() : pictureOf(source, texts));
 }
@@ -113,9 +123,11 @@ void runDrag(Binding& binding, QWidget& source, const DragData& data, const QPix
     binding.drag.reset();
 }
 
-DragData dragDataOf(const Binding& binding, const QDropEvent& event) {
+DragData dragDataOf(const Binding& binding, const QDropEvent& event, const QWidget* target) {
     if (binding.drag)
         return *binding.drag;
+    if (target != nullptr && takesPicture(*target, *event.mimeData()))
+        return {{}, nullptr, DragData::Form::Picture};
     return {fromQt(event.mimeData()->text()), nullptr};
 }
 
@@ -125,7 +137,7 @@ bool followDrag(const Binding& binding, QWidget& target, QEvent& event) {
         return false;
     }
     auto& drop = static_cast<QDropEvent&>(event);
-    const bool takes = binding.drag || drop.mimeData()->hasText();
+    const bool takes = binding.drag || drop.mimeData()->hasText() || takesPicture(target, *drop.mimeData());
     if (takes)
         drop.acceptProposedAction();
     else

@@ -8,6 +8,7 @@
 
 class QDropEvent;
 class QEvent;
+class QFontMetrics;
 class QPixmap;
 class QWidget;
 
@@ -15,17 +16,21 @@ namespace zb {
 
 struct Binding;
 
+/// The width in pixels, at most 400, in which the lines of a drag picture are shown.
+int dragTextWidth(const QFontMetrics& metrics, const QStringList& lines);
+
 /// Runs a drag that a store has agreed to, under a picture of the texts that are dragged; returns behind the
 /// drop.
 void runDrag(Binding& binding, QWidget& source, const DragData& data, const QStringList& texts);
 /// The same under a picture of its own.
 void runDrag(Binding& binding, QWidget& source, const DragData& data, const QPixmap& picture);
 
-/// What hangs over a widget or falls on it: the program's own drag, else plain text from outside.
-DragData dragDataOf(const Binding& binding, const QDropEvent& event);
+/// The drag over a widget or dropped on it: the program's own, else a picture from another program where the
+/// target has the property "takesPictures", else plain text.
+DragData dragDataOf(const Binding& binding, const QDropEvent& event, const QWidget* target = nullptr);
 
-/// Takes a drag of the program or of plain text, and no other; false when nothing hangs or falls here now.
-/// While it hangs over the target, the target is framed.
+/// Accepts a drag of the program, of plain text, or of a picture where the target takes one, and no other;
+/// false when there is nothing to drop. The target is framed while the drag is over it.
 bool followDrag(const Binding& binding, QWidget& target, QEvent& event);
 
 /// The keyboard's drag: what a store lets go of is kept like a copied text, until another text is copied.

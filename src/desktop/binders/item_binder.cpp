@@ -121,14 +121,24 @@ void ItemBinder::pressedTwice(const QMouseEvent& event) {
 }
 
 void ItemBinder::mouseMoved(const QMouseEvent& event) {
-    const bool far =
-        (event.position().toPoint() - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
-    if (!(event.buttons() & Qt::LeftButton) || !isMember(draggable_) || !far)
+    if (!(event.buttons() & Qt::LeftButton) || !isMember(draggable_) || !isDrag(event.position().toPoint()))
         return;
     const Target from = std::exchange(draggable_, {});
+    const auto data = hands().beginDrag(from);
+    // Without a drag the release is still that of a click.
+    if (!data)
+        return;
     pressed_ = {};
-    if (const auto data = hands().beginDrag(from))
-        runDrag(binding(), view_, *data, selectedTexts());
+    runDrag(binding(), view_, *data, selectedTexts());
+}
+
+// A hand that shakes within the pressed row clicks; a drag leaves the row or goes far.
+bool ItemBinder::isDrag(const QPoint& place) const {
+    const int moved = (place - pressedAt_).manhattanLength();
+    const int least = QApplication::startDragDistance();
+    const QRect row = placeOf(draggable_);
+    const bool within = place.y() >= row.top() && place.y() <= row.bottom();
+    return moved >= (within ? 3 * least : least);
 }
 
 void ItemBinder::mouseReleased(const QMouseEvent& event) {
@@ -145,7 +155,7 @@ bool ItemBinder::drops(QEvent& event) {
         return true;
     auto& drop = static_cast<QDropEvent&>(event);
     const QPoint place = drop.position().toPoint();
-    const DragData data = dragDataOf(binding(), drop);
+    const DragData data = dragDataOf(binding(), drop, &view_);
     if (event.type() == QEvent::Drop) {
         hands().drop(data, targetAt(place));
     } else if (event.type() == QEvent::DragMove) {

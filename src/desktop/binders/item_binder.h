@@ -40,6 +40,7 @@ private:
     bool viewportEvent(QEvent& event);
     void mousePressed(const QMouseEvent& event);
     void mouseMoved(const QMouseEvent& event);
+    bool isDrag(const QPoint& place) const;
     void mouseReleased(const QMouseEvent& event);
     void pressedTwice(const QMouseEvent& event);
     bool drops(QEvent& event);

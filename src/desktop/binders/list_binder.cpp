@@ -52,6 +52,7 @@ ListBinder::ListBinder(List& list, QTreeView& view, Binding& binding)
                                                                      : QAbstractItemView::SingleSelection);
     view_.viewport()->setAcceptDrops(takesDrops());
     view_.header()->setSectionsClickable(true);
+    view_.header()->setSectionsMovable(false);
     view_.header()->setHighlightSections(false);
     connect(view_.header(), &QHeaderView::sectionClicked, this, [this](int section) {
         Target target = Target::whole(list_);

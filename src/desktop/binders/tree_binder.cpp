@@ -75,9 +75,20 @@ bool TreeBinder::keptByView(const QMouseEvent& event) {
     Node* node = view_.nodeAt(place);
     if (event.button() != Qt::LeftButton || node == nullptr || !view_.isOnBox(*node, place))
         return false;
-    if (hands().focus(tree_).empty())
-        view_.toggle(*node);
+    pressOnBox(*node);
     return true;
+}
+
+// A tree that hears of presses hears of one on a box too, as of any other place of the row.
+void TreeBinder::pressOnBox(Node& node) {
+    Target target = Target::whole(tree_);
+    target.node = &node;
+    const int index = node.index();
+    const QPointer<Binder> alive(this);
+    const auto refusal =
+        tree_.onMouseDown ? hands().mouseDown(target, UserHands::MouseButton::Left) : hands().focus(tree_);
+    if (refusal.empty() && alive && tree_.nodes().at(index) == &node)
+        view_.toggle(node);
 }
 
 bool TreeBinder::keyPressed(QKeyEvent& event) {

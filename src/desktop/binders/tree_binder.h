@@ -19,6 +19,7 @@ private:
     bool keyPressed(QKeyEvent& event) override;
     bool moveByPage(const QKeyEvent& event);
     bool openByKey(const QKeyEvent& event);
+    void pressOnBox(Node& node);
     bool keptByView(const QMouseEvent& event) override;
 
     Target targetAt(const QPoint& place) const override;

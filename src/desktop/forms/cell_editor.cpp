@@ -36,7 +36,7 @@ private:
 
 CellEditor::CellEditor(frmArrayInfo& dialog, QWidget& form)
     : QObject(&form), dialog_(dialog), view_(*form.findChild<QTreeView*>(QStringLiteral("lvwArray"))),
-      line_(*form.findChild<QLineEdit*>(QStringLiteral("txtValue"))) {
+      line_(*form.findChild<QLineEdit*>(QStringLiteral("txtValue"))), viewport_(view_.viewport()) {
     // Within the viewport a cell that is scrolled out of view takes its field along.
     line_.setParent(view_.viewport());
     line_.setFrame(false);
@@ -61,7 +61,7 @@ bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
     }
     if (watched == &line_ && (type == QEvent::Show || type == QEvent::FocusIn))
         follow();
-    else if (watched == view_.viewport() && type == QEvent::Resize) // the columns are laid out behind it
+    else if (watched == viewport_ && type == QEvent::Resize) // the columns are laid out behind it
         QMetaObject::invokeMethod(
             this, [this] { follow(); }, Qt::QueuedConnection);
     return false;

@@ -5,6 +5,7 @@
 class QKeyEvent;
 class QLineEdit;
 class QTreeView;
+class QWidget;
 
 namespace zb {
 
@@ -28,6 +29,7 @@ private:
     frmArrayInfo& dialog_;
     QTreeView& view_;
     QLineEdit& line_;
+    const QWidget* viewport_; // only compared: the view may be half destroyed when its viewport has an event
 };
 
 } // namespace zb

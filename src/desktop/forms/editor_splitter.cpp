@@ -33,6 +33,8 @@ EditorSplitter::EditorSplitter(frmSECSEditor& editor, QWidget& form)
     splitter_.handle(kPaneColumn)->installEventFilter(this);
     auto* width = form.findChild<QLineEdit*>(QStringLiteral("txtTreeWidth"));
     connect(width, &QLineEdit::editingFinished, this, [this] { showWidth(); });
+    // The handle of the library moves the left edge of the tree, and so its width.
+    connect(&splitter_, &QSplitter::splitterMoved, this, [this] { takeShownWidth(); });
 }
 
 bool EditorSplitter::eventFilter(QObject* watched, QEvent* event) {
@@ -55,16 +57,37 @@ void EditorSplitter::tellPlace() {
     editor_.placeTreeColumn(place);
 }
 
-// A width of an earlier run becomes the editor's by the same road as one that the mouse drags.
 void EditorSplitter::takeRemembered() {
     tellPlace();
     if (!splitter_.property(kRemembered).toBool())
         return;
     splitter_.setProperty(kRemembered, false);
+    takeShownWidth();
+}
+
+// A width that the screen chose, in an earlier run or for want of room, becomes the editor's in the same way
+// as one that the mouse drags. The gap that is seen is then the gap that the editor knows.
+void EditorSplitter::takeShownWidth() {
+    tellPlace();
+    const int shown = column_.width();
+    if (shown == toPixels(editor_.treeWidth()))
+        return;
     const int edge = toUnits(column_.x()) + editor_.treeWidth() + 1;
     editor_.leftButtonDown(edge, 1);
-    editor_.mouseMove(edge + toUnits(column_.width()) - editor_.treeWidth(), 1, true);
+    editor_.mouseMove(edge + toUnits(shown) - editor_.treeWidth(), 1, true);
     editor_.buttonUp();
+    editor_.mouseMove(0, 0, false);
+}
+
+// The place of the mouse in the editor's units, from the middle of a pixel: the gap begins behind its edge.
+// It is held where the panes keep their least width.
+QPoint EditorSplitter::placeOf(const QMouseEvent& mouse) const {
+    const QPoint place = splitter_.mapFromGlobal(mouse.globalPosition().toPoint());
+    const int panes = std::max(splitter_.widget(kPaneColumn)->minimumSizeHint().width(),
+                               splitter_.widget(kPaneColumn)->minimumWidth());
+    const int farthest =
+        std::max(splitter_.width() - panes - 1, column_.geometry().right() + splitter_.handleWidth());
+    return {toUnits(std::min(place.x(), farthest)) + kUnitsOfPixel / 2, toUnits(place.y())};
 }
 
 bool EditorSplitter::handleEvent(QEvent& event) {
@@ -77,14 +100,17 @@ bool EditorSplitter::handleEvent(QEvent& event) {
         return false;
     }
     const auto& mouse = static_cast<QMouseEvent&>(event);
-    const QPoint place = splitter_.mapFromGlobal(mouse.globalPosition().toPoint());
-    const int x = toUnits(place.x());
-    const int y = toUnits(place.y());
+    const bool left = mouse.buttons().testFlag(Qt::LeftButton);
     if (event.type() == QEvent::MouseButtonPress) {
-        editor_.leftButtonDown(x, y);
+        takeShownWidth();
+        const QPoint place = placeOf(mouse);
+        if (left)
+            editor_.leftButtonDown(place.x(), place.y());
     } else if (event.type() == QEvent::MouseMove) {
-        editor_.mouseMove(x, y, mouse.buttons().testFlag(Qt::LeftButton));
-        showWidth();
+        const QPoint place = placeOf(mouse);
+        editor_.mouseMove(place.x(), place.y(), left);
+        if (left)
+            showWidth();
     } else {
         editor_.buttonUp();
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
 
 class QLineEdit;
 class QMouseEvent;
@@ -21,6 +22,8 @@ private:
     bool handleEvent(QEvent& event);
     void tellPlace();
     void takeRemembered();
+    void takeShownWidth();
+    QPoint placeOf(const QMouseEvent& mouse) const;
     void showWidth();
 
     frmSECSEditor& editor_;
