@@ -1,7 +1,9 @@
-#include "model/tr_message_record.h"
+#include "model/data_block_node.h"
 
 #include "messages/item_grammar.h"
+#include "messages/message_record.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -60,18 +62,16 @@ XmlElement elementOf(const SECSItemRecord& item) {
 
 } // namespace
 
-std::optional<XmlElement> TRMessageRecord::DataBlockNode() const {
-    if (!dataBlock_)
-        return std::nullopt;
-    XmlElement block = headOf(*dataBlock_);
+XmlElement dataBlockNodeOf(const SECSMessageRecord& message) {
+    XmlElement block = headOf(message);
     // The elements around the next item, from the block inwards. They keep their place in memory as long as
-    // they stand here: only the innermost gets children.
+    // they are here: only the innermost gets children.
     struct Open {
         XmlElement* element;
         int level;
     };
     std::vector<Open> open{{&block, 0}};
-    for (const SECSItemRecord& item : dataBlock_->getItems()) {
+    for (const SECSItemRecord& item : message.getItems()) {
         while (open.size() > 1 &&
                (open.back().level >= item.getLevel() || open.size() > std::size_t{kDeepestLevel}))
             open.pop_back();
