@@ -1,7 +1,7 @@
 #include "controls/control.h"
 #include "controls/desktop.h"
 #include "controls/drag.h"
-#include "script/script_context.h"
+#include "script/command_rules.h"
 #include "script/script_failure.h"
 
 #include <array>

@@ -1,6 +1,7 @@
 #include "script/interpreter.h"
 
 #include "controls/window.h"
+#include "script/command_rules.h"
 
 #include <exception>
 

@@ -3,8 +3,8 @@
 #include "controls/window.h"
 #include "platform/printable.h"
 #include "platform/text.h"
+#include "script/command_rules.h"
 #include "script/matching.h"
-#include "script/script_context.h"
 #include "script/script_failure.h"
 #include "script/setting_names.h"
 

@@ -1,6 +1,6 @@
 #include "platform/text_file.h"
+#include "script/command_rules.h"
 #include "script/matching.h"
-#include "script/script_context.h"
 #include "script/script_failure.h"
 #include "script/script_files.h"
 #include "script/setting_names.h"

@@ -2,6 +2,7 @@
 
 #include "platform/printable.h"
 #include "platform/text_file.h"
+#include "script/command_rules.h"
 #include "script/interpreter.h"
 #include "script/script_screen.h"
 #include "script/work_folder.h"

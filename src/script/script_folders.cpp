@@ -1,4 +1,4 @@
-#include "script/script_context.h"
+#include "script/script_folders.h"
 
 #include "script/script_failure.h"
 
@@ -22,22 +22,6 @@ std::string variable(const std::string& name, const ScriptFolders& folders) {
 }
 
 } // namespace
-
-const CommandRule* findCommand(std::string_view name) {
-    for (const auto commands :
-         {actingCommands(), lookingCommands(), fileLookingCommands(), preparingCommands()}) {
-        for (const CommandRule& rule : commands) {
-            if (rule.name == name)
-                return &rule;
-        }
-    }
-    return nullptr;
-}
-
-BlockKind blockOfCommand(std::string_view name) {
-    const CommandRule* rule = findCommand(name);
-    return rule == nullptr ? BlockKind::None : rule->block;
-}
 
 std::string replaceVariables(const std::string& word, const ScriptFolders& folders) {
     std::string result;
