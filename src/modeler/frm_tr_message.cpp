@@ -43,13 +43,12 @@ void frmTRMessage::connectValues() {
     cmbItemValue.add("true");
     cmbItemValue.add("false");
     cmbItemValue.setVisible(false);
-    tvwSelSECSMsg.onNodeClick = [this](Node& node) { itemClicked(node); };
+    tvwSelSECSMsg.onNodeClick = [this](Node& node) { values_.itemClicked(node, !isReceivedMode()); };
     txtItemValue.onKeyDown = [this](KeyEvent key) {
         const std::size_t length = state_.codePage.ansiByteLength(trim(txtItemValue.text()));
-        applyKeyEffect(txtItemValue,
-                       filterSentValueKey(selectedItem_ ? &*selectedItem_ : nullptr, key, length));
+        applyKeyEffect(txtItemValue, filterSentValueKey(values_.selectedItem(), key, length));
     };
-    cmdSetValue.onClick = [this] { setSelectedItem(); };
+    cmdSetValue.onClick = [this] { values_.setSelectedItem(); };
 }
 
 void frmTRMessage::connectFrame() {
@@ -149,7 +148,7 @@ void frmTRMessage::clearDialog() {
     txtTRName.setText("");
     cmbSECSMessage.clear();
     tvwSelSECSMsg.replaceNodes();
-    selectedItem_.reset();
+    values_.forget();
     lblItemDsc.setText("");
     txtItemValue.setText("");
     builder.cmbDataItem.clear();
@@ -210,7 +209,7 @@ void frmTRMessage::chooseSECSMessage() {
 
 void frmTRMessage::showSECSMessage(const SECSMessageRecord& message) {
     tvwSelSECSMsg.replaceNodes();
-    selectedItem_.reset();
+    values_.forget();
     addMessageToTree(tvwSelSECSMsg.nodes(), message, OnDuplicate::KeepSilent, desktop());
 }
 

@@ -7,6 +7,7 @@
 #include "modeler/condition_builder.h"
 #include "modeler/condition_controls.h"
 #include "modeler/frm_array_info.h"
+#include "modeler/sent_value_editor.h"
 
 #include <optional>
 #include <string>
@@ -95,15 +96,6 @@ private:
     void storeDirection(TRMessageRecord& record) const;
     void storeContent(TRMessageRecord& record);
 
-    void itemClicked(Node& node);
-    void askForItem(const SECSItemRecord& item);
-    void askForText(std::string_view what, const std::string& text);
-    void setSelectedItem();
-    void setSelectedList(Node* list);
-    void updateItemNodeText(Node* node, std::string_view value);
-    void removeItemNode(Node& node);
-    void copyItemNode(const Node& source, Node& parent);
-
     ModelerState& state_;
     ModelViews& views_;
     frmArrayInfo arrayDialog_;
@@ -113,8 +105,7 @@ private:
     bool keepVisible_ = false;
     /// A copy: the store of the messages is filled anew by each save and build.
     std::optional<SECSMessageRecord> selectedMessage_;
-    /// The item of the clicked node, while a value is being set.
-    std::optional<SECSItemRecord> selectedItem_;
+    SentValueEditor values_{*this};
 };
 
 } // namespace zb

@@ -112,7 +112,7 @@ void frmTRMessage::selectListWithoutCount(const SECSItemRecord& list) {
             continue;
         // A value that is being set belongs to the node that was clicked for it.
         if (nodes.selected() != node)
-            selectedItem_.reset();
+            values_.forget();
         nodes.select(node);
         return;
     }

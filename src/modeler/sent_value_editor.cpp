@@ -1,4 +1,5 @@
-// The values of a message to be sent, set item by item in its tree.
+#include "modeler/sent_value_editor.h"
+
 #include "controls/desktop.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/sent_values.h"
@@ -28,69 +29,70 @@ void makeVisible(const Node& node) {
 
 } // namespace
 
-void frmTRMessage::itemClicked(Node& node) {
-    lblItemDsc.setText("");
-    txtItemValue.setText("");
-    txtItemValue.setEnabled(false);
-    cmdSetValue.setEnabled(false);
+void SentValueEditor::itemClicked(const Node& node, bool maySet) {
+    window_.lblItemDsc.setText("");
+    window_.txtItemValue.setText("");
+    window_.txtItemValue.setEnabled(false);
+    window_.cmdSetValue.setEnabled(false);
     // The message node cannot be set, and the tree of a received message is there to be read.
-    if (isReceivedMode() || node.parent() == nullptr)
+    if (!maySet || node.parent() == nullptr)
         return;
     selectedItem_.emplace();
     selectedItem_->parseText(node.text());
-    txtItemValue.setVisible(true);
-    cmbItemValue.setVisible(false);
+    window_.txtItemValue.setVisible(true);
+    window_.cmbItemValue.setVisible(false);
     if (selectedItem_->getType() == "L" && selectedItem_->isFixed())
         return;
     askForItem(*selectedItem_);
-    cmdSetValue.setEnabled(true);
+    window_.cmdSetValue.setEnabled(true);
 }
 
-void frmTRMessage::askForItem(const SECSItemRecord& item) {
+void SentValueEditor::askForItem(const SECSItemRecord& item) {
     if (item.getType() == "L") {
         askForText("Input ListItem's Count", std::to_string(item.getCount()));
     } else if (item.getType() == "BOOLEAN") {
-        lblItemDsc.setText("Select Boolean Value");
-        txtItemValue.setVisible(false);
-        cmbItemValue.setVisible(true);
+        window_.lblItemDsc.setText("Select Boolean Value");
+        window_.txtItemValue.setVisible(false);
+        window_.cmbItemValue.setVisible(true);
         const bool off = item.getValue() == "0" || equalsIgnoringCase(item.getValue(), "FALSE");
-        cmbItemValue.setText(off ? "False" : "True");
+        window_.cmbItemValue.setText(off ? "False" : "True");
     } else {
         askForText("Input DataItem's Value", item.getValue());
     }
 }
 
-void frmTRMessage::askForText(std::string_view what, const std::string& text) {
-    lblItemDsc.setText(what);
-    txtItemValue.setText(text);
-    txtItemValue.setEnabled(true);
-    txtItemValue.setFocus();
-    txtItemValue.selectAll();
+void SentValueEditor::askForText(std::string_view what, const std::string& text) {
+    window_.lblItemDsc.setText(what);
+    window_.txtItemValue.setText(text);
+    window_.txtItemValue.setEnabled(true);
+    window_.txtItemValue.setFocus();
+    window_.txtItemValue.selectAll();
 }
 
-void frmTRMessage::setSelectedItem() {
+void SentValueEditor::setSelectedItem() {
     if (!selectedItem_)
         return;
-    Node* node = tvwSelSECSMsg.nodes().selected();
+    Node* node = window_.tvwSelSECSMsg.nodes().selected();
     const std::string& type = selectedItem_->getType();
     if (type == "L") {
         setSelectedList(node);
         return;
     }
-    updateItemNodeText(node, type == "BOOLEAN" ? cmbItemValue.text() : trim(txtItemValue.text()));
-    txtItemValue.setText("");
+    updateItemNodeText(node,
+                       type == "BOOLEAN" ? window_.cmbItemValue.text() : trim(window_.txtItemValue.text()));
+    window_.txtItemValue.setText("");
     selectedItem_.reset();
 }
 
 /// The first child is the template of all. What is no count leaves list and field as they are.
-void frmTRMessage::setSelectedList(Node* list) {
-    const std::string text = trim(txtItemValue.text());
+void SentValueEditor::setSelectedList(Node* list) {
+    const std::string text = trim(window_.txtItemValue.text());
     const std::optional<int> count = listCountOf(text);
     if (!count)
         return;
     const Node* first = list == nullptr ? nullptr : list->child();
     if (first != nullptr && nodesIn(*first) * (*count - 1) > kMostCopiedNodes) {
-        desktop().showBox("A list of this length has too many items!", BoxIcon::Critical);
+        window_.desktop().showBox("A list of this length has too many items!", BoxIcon::Critical);
         return;
     }
     updateItemNodeText(list, text);
@@ -102,21 +104,21 @@ void frmTRMessage::setSelectedList(Node* list) {
         for (int copies = *count - 1; copies > 0; --copies)
             copyItemNode(*first, *list);
     }
-    txtItemValue.setText("");
+    window_.txtItemValue.setText("");
     selectedItem_.reset();
 }
 
-void frmTRMessage::updateItemNodeText(Node* node, std::string_view value) {
+void SentValueEditor::updateItemNodeText(Node* node, std::string_view value) {
     if (node != nullptr && selectedItem_)
         node->setText(setItemValue(*selectedItem_, value));
 }
 
-void frmTRMessage::removeItemNode(Node& node) {
-    tvwSelSECSMsg.nodes().remove(node);
+void SentValueEditor::removeItemNode(Node& node) {
+    window_.tvwSelSECSMsg.nodes().remove(node);
 }
 
-void frmTRMessage::copyItemNode(const Node& source, Node& parent) {
-    Node& copy = tvwSelSECSMsg.nodes().add(&parent, Relation::Child, source.text());
+void SentValueEditor::copyItemNode(const Node& source, Node& parent) {
+    Node& copy = window_.tvwSelSECSMsg.nodes().add(&parent, Relation::Child, source.text());
     makeVisible(copy);
     for (const Node* child = source.child(); child != nullptr; child = child->next())
         copyItemNode(*child, copy);

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "messages/item_record.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zb {
+
+class frmTRMessage;
+class Node;
+
+/// Sets the values and the list counts of a message to be sent, item by item in the tree of its dialog.
+class SentValueEditor {
+public:
+    explicit SentValueEditor(frmTRMessage& window) : window_(window) {}
+
+    /// Asks for the value of the clicked item. The tree of a received message is there to be read, so that
+    /// nothing may be set in it.
+    void itemClicked(const Node& node, bool maySet);
+    /// Writes the value that was asked for to the node that is selected now.
+    void setSelectedItem();
+    /// Leaves the item whose value is being set.
+    void forget() { selectedItem_.reset(); }
+    /// The item whose value is being set; null for none.
+    const SECSItemRecord* selectedItem() const { return selectedItem_ ? &*selectedItem_ : nullptr; }
+
+private:
+    void askForItem(const SECSItemRecord& item);
+    void askForText(std::string_view what, const std::string& text);
+    void setSelectedList(Node* list);
+    void updateItemNodeText(Node* node, std::string_view value);
+    void removeItemNode(Node& node);
+    void copyItemNode(const Node& source, Node& parent);
+
+    frmTRMessage& window_;
+    std::optional<SECSItemRecord> selectedItem_;
+};
+
+} // namespace zb
