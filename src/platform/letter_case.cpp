@@ -31,18 +31,16 @@ constexpr std::size_t kMostAtOnce = std::size_t{1} << 26U;
 // Parts end before a lead byte or ASCII, never inside a character.
 std::size_t endOfPart(std::string_view text, std::size_t start) {
     std::size_t end = std::min(text.size(), start + kMostAtOnce);
-    while (end < text.size() && end > start + 1 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
+    while (end < text.size() && end > start + 1 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
         --end;
-    }
     return end;
 }
 
 } // namespace
 
 std::string upper(std::string_view anyText) {
-    if (isAscii(anyText)) {
+    if (isAscii(anyText))
         return upperAscii(anyText);
-    }
     const std::string clean = sanitizeUtf8(anyText);
     const std::string_view text = clean;
     std::string result;
@@ -54,9 +52,8 @@ std::string upper(std::string_view anyText) {
         icu::CaseMap::utf8ToUpper(
             "", 0, icu::StringPiece(text.data() + start, static_cast<std::int32_t>(end - start)), sink,
             nullptr, status);
-        if (U_FAILURE(status)) {
+        if (U_FAILURE(status))
             throw std::runtime_error("upper case: " + std::string(u_errorName(status)));
-        }
         start = end;
     }
     return result;

@@ -6,9 +6,8 @@ namespace zb {
 
 std::vector<std::string> split(std::string_view text, std::string_view separator) {
     std::vector<std::string> pieces;
-    if (text.empty()) {
+    if (text.empty())
         return pieces;
-    }
     std::size_t start = 0;
     if (!separator.empty()) {
         for (std::size_t end = text.find(separator); end != std::string_view::npos;
@@ -28,9 +27,8 @@ std::vector<std::string> splitAtBlanks(std::string_view text) {
 std::string join(const std::vector<std::string>& pieces, std::string_view separator) {
     std::string joined;
     for (std::size_t i = 0; i < pieces.size(); ++i) {
-        if (i > 0) {
+        if (i > 0)
             joined += separator;
-        }
         joined += pieces[i];
     }
     return joined;
@@ -66,9 +64,8 @@ bool isBlank(std::string_view text) {
 }
 
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to) {
-    if (from.empty()) {
+    if (from.empty())
         return std::string(text);
-    }
     std::string replaced;
     replaced.reserve(text.size());
     std::size_t start = 0;

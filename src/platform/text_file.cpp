@@ -16,27 +16,22 @@ constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 } // namespace
 
 std::string decodeText(std::string_view bytes, const CodePage& codePage, DecodeAs decodeAs) {
-    if (decodeAs == DecodeAs::codePage) {
+    if (decodeAs == DecodeAs::codePage)
         return codePage.toUtf8(bytes);
-    }
-    if (bytes.starts_with(kLittleEndianMark)) {
+    if (bytes.starts_with(kLittleEndianMark))
         return decodeUtf16(bytes.substr(kLittleEndianMark.size()), ByteOrder::littleEndian).text;
-    }
-    if (bytes.starts_with(kBigEndianMark)) {
+    if (bytes.starts_with(kBigEndianMark))
         return decodeUtf16(bytes.substr(kBigEndianMark.size()), ByteOrder::bigEndian).text;
-    }
-    if (bytes.starts_with(kUtf8Mark)) {
+    if (bytes.starts_with(kUtf8Mark))
         return sanitizeUtf8(bytes.substr(kUtf8Mark.size()));
-    }
     return isValidUtf8(bytes) ? std::string(bytes) : codePage.toUtf8(bytes);
 }
 
 std::string decodeText(std::string&& bytes, const CodePage& codePage) {
     const bool marked = bytes.starts_with(kLittleEndianMark) || bytes.starts_with(kBigEndianMark) ||
                         bytes.starts_with(kUtf8Mark);
-    if (!marked && isValidUtf8(bytes)) {
+    if (!marked && isValidUtf8(bytes))
         return std::move(bytes);
-    }
     return decodeText(std::string_view(bytes), codePage);
 }
 
@@ -57,9 +52,8 @@ bool readsAsUtf16(std::string_view bytes, ByteOrder order) {
     const std::size_t units = bytes.size() / 2;
     for (std::size_t i = 0; i < units; ++i) {
         const char16_t unit = unitAt(bytes, 2 * i, order);
-        if (!isTextUnit(unit)) {
+        if (!isTextUnit(unit))
             return false;
-        }
         ascii += unit < 0x80 ? 1 : 0;
     }
     return units > 0 && ascii * kLeastAsciiShare >= units;
@@ -73,11 +67,10 @@ ProjectText projectOfUtf16(std::string_view bytes, ByteOrder order, bool marked)
                                                         : ProjectEncoding::utf16BigEndian;
     project.marked = marked;
     project.replacements = decoded.replacements;
-    if (decoded.endsInCharacter) {
+    if (decoded.endsInCharacter)
         project.fault = "the file ends in the middle of a character";
-    } else if (project.text.empty()) {
+    else if (project.text.empty())
         project.fault = "the file is empty";
-    }
     return project;
 }
 
@@ -88,13 +81,11 @@ ProjectText projectOfUtf8(std::string_view bytes, bool marked) {
 
 ProjectText unmarkedProject(std::string_view bytes) {
     const bool hasNul = bytes.find('\0') != std::string_view::npos;
-    if (!hasNul && isValidUtf8(bytes)) {
+    if (!hasNul && isValidUtf8(bytes))
         return projectOfUtf8(bytes, false);
-    }
     for (const ByteOrder order : {ByteOrder::littleEndian, ByteOrder::bigEndian}) {
-        if (readsAsUtf16(bytes, order)) {
+        if (readsAsUtf16(bytes, order))
             return projectOfUtf16(bytes, order, false);
-        }
     }
     ProjectText project = projectOfUtf16(bytes, ByteOrder::littleEndian, false);
     project.encoding = ProjectEncoding::unknown;
@@ -105,31 +96,25 @@ ProjectText unmarkedProject(std::string_view bytes) {
 } // namespace
 
 ProjectText decodeProject(std::string_view bytes) {
-    if (bytes.empty()) {
+    if (bytes.empty())
         return {{}, ProjectEncoding::unknown, false, 0, "the file is empty"};
-    }
-    if (bytes.starts_with(kLittleEndianMark)) {
+    if (bytes.starts_with(kLittleEndianMark))
         return projectOfUtf16(bytes.substr(kLittleEndianMark.size()), ByteOrder::littleEndian, true);
-    }
-    if (bytes.starts_with(kBigEndianMark)) {
+    if (bytes.starts_with(kBigEndianMark))
         return projectOfUtf16(bytes.substr(kBigEndianMark.size()), ByteOrder::bigEndian, true);
-    }
-    if (bytes.starts_with(kUtf8Mark)) {
+    if (bytes.starts_with(kUtf8Mark))
         return projectOfUtf8(bytes.substr(kUtf8Mark.size()), true);
-    }
     return unmarkedProject(bytes);
 }
 
 std::optional<std::string_view> LineReader::next() {
-    if (rest_.empty()) {
+    if (rest_.empty())
         return std::nullopt;
-    }
     const std::size_t end = rest_.find('\n');
     std::string_view line = rest_.substr(0, end);
     rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
-    if (line.ends_with('\r')) {
+    if (line.ends_with('\r'))
         line.remove_suffix(1);
-    }
     ++lineNumber_;
     return line;
 }

@@ -41,12 +41,10 @@ std::size_t appendAscii(std::string& text, std::string_view bytes, std::size_t p
     while (position + kWord <= bytes.size()) {
         std::uint64_t word = 0;
         std::memcpy(&word, bytes.data() + position, kWord);
-        if ((word & mask) != 0) {
+        if ((word & mask) != 0)
             break;
-        }
-        for (std::size_t i = 0; i < kUnitsPerWord; ++i) {
+        for (std::size_t i = 0; i < kUnitsPerWord; ++i)
             buffer[filled + i] = bytes[position + kUnit * i + low];
-        }
         filled += kUnitsPerWord;
         position += kWord;
         if (filled == buffer.size()) {
@@ -79,12 +77,10 @@ std::size_t appendAsciiAsUtf16(std::string& bytes, std::string_view utf8, std::s
     while (position + kWord <= utf8.size()) {
         std::uint64_t word = 0;
         std::memcpy(&word, utf8.data() + position, kWord);
-        if ((word & 0x8080808080808080U) != 0) {
+        if ((word & 0x8080808080808080U) != 0)
             break;
-        }
-        for (std::size_t i = 0; i < kWord; ++i) {
+        for (std::size_t i = 0; i < kWord; ++i)
             buffer[filled + kUnit * i] = utf8[position + i];
-        }
         filled += kUnit * kWord;
         position += kWord;
         if (filled == buffer.size()) {

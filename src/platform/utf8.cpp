@@ -19,14 +19,12 @@ std::size_t endOfAscii(std::string_view text, std::size_t position) {
     while (position + sizeof(std::uint64_t) <= text.size()) {
         std::uint64_t word = 0;
         std::memcpy(&word, text.data() + position, sizeof word);
-        if ((word & kHighBits) != 0) {
+        if ((word & kHighBits) != 0)
             break;
-        }
         position += sizeof word;
     }
-    while (position < text.size() && byteAt(text, position) < 0x80) {
+    while (position < text.size() && byteAt(text, position) < 0x80)
         ++position;
-    }
     return position;
 }
 
@@ -38,18 +36,14 @@ struct Lead {
 };
 
 Lead readLead(unsigned byte) {
-    if (byte < 0x80) {
+    if (byte < 0x80)
         return {1, byte, 0};
-    }
-    if (byte >= 0xC2 && byte < 0xE0) {
+    if (byte >= 0xC2 && byte < 0xE0)
         return {2, byte & 0x1FU, 0x80};
-    }
-    if (byte >= 0xE0 && byte < 0xF0) {
+    if (byte >= 0xE0 && byte < 0xF0)
         return {3, byte & 0x0FU, 0x800};
-    }
-    if (byte >= 0xF0 && byte < 0xF5) {
+    if (byte >= 0xF0 && byte < 0xF5)
         return {4, byte & 0x07U, 0x10000};
-    }
     return {0, 0, 0};
 }
 
@@ -66,20 +60,17 @@ bool isAscii(std::string_view text) {
 DecodedCharacter decodeCharacter(std::string_view text, std::size_t position) {
     constexpr DecodedCharacter kInvalid{kReplacement, 1, false};
     const Lead lead = readLead(byteAt(text, position));
-    if (lead.length == 0 || position + lead.length > text.size()) {
+    if (lead.length == 0 || position + lead.length > text.size())
         return kInvalid;
-    }
     char32_t point = lead.bits;
     for (std::size_t i = 1; i < lead.length; ++i) {
         const unsigned trail = byteAt(text, position + i);
-        if ((trail & 0xC0U) != 0x80U) {
+        if ((trail & 0xC0U) != 0x80U)
             return kInvalid;
-        }
         point = (point << 6U) | (trail & 0x3FU);
     }
-    if (point < lead.least || point > 0x10FFFF || isSurrogate(point)) {
+    if (point < lead.least || point > 0x10FFFF || isSurrogate(point))
         return kInvalid;
-    }
     return {point, lead.length, true};
 }
 
@@ -87,9 +78,8 @@ bool isValidUtf8(std::string_view text) {
     for (std::size_t position = endOfAscii(text, 0); position < text.size();
          position = endOfAscii(text, position)) {
         const DecodedCharacter character = decodeCharacter(text, position);
-        if (!character.valid) {
+        if (!character.valid)
             return false;
-        }
         position += character.length;
     }
     return true;
@@ -147,18 +137,16 @@ std::u32string codePoints(std::string_view text) {
 
 std::size_t codePointCount(std::string_view text) {
     std::size_t count = 0;
-    for (std::size_t position = 0; position < text.size(); ++count) {
+    for (std::size_t position = 0; position < text.size(); ++count)
         position += decodeCharacter(text, position).length;
-    }
     return count;
 }
 
 std::string fromCodePoints(std::u32string_view points) {
     std::string text;
     text.reserve(points.size());
-    for (const char32_t point : points) {
+    for (const char32_t point : points)
         appendCodePoint(text, point);
-    }
     return text;
 }
 

@@ -8,17 +8,15 @@
 namespace zb {
 
 void WildcardPattern::addLiteral(std::u32string_view characters) {
-    if (elements_.empty() || elements_.back().kind != Kind::literal) {
+    if (elements_.empty() || elements_.back().kind != Kind::literal)
         elements_.push_back({Kind::literal, {}, {}, false});
-    }
     elements_.back().literal += fromCodePoints(characters);
 }
 
 void WildcardPattern::addElement(Kind kind) {
     const bool repeatedRun = kind == Kind::run && !elements_.empty() && elements_.back().kind == Kind::run;
-    if (!repeatedRun) {
+    if (!repeatedRun)
         elements_.push_back({kind, {}, {}, false});
-    }
 }
 
 std::optional<WildcardPattern::Element> WildcardPattern::parseSet(std::u32string_view inside) {
@@ -30,9 +28,8 @@ std::optional<WildcardPattern::Element> WildcardPattern::parseSet(std::u32string
     for (std::size_t i = 0; i < inside.size();) {
         const bool range = i + 2 < inside.size() && inside[i + 1] == U'-';
         const char32_t last = range ? inside[i + 2] : inside[i];
-        if (last < inside[i]) {
+        if (last < inside[i])
             return std::nullopt;
-        }
         set.ranges.push_back({inside[i], last});
         i += range ? 3 : 1;
     }
@@ -56,17 +53,15 @@ std::optional<WildcardPattern> WildcardPattern::compile(std::string_view pattern
             break;
         case U'[': {
             const std::size_t close = view.find(U']', i + 1);
-            if (close == std::u32string_view::npos) {
+            if (close == std::u32string_view::npos)
                 return std::nullopt;
-            }
             const std::u32string_view inside = view.substr(i + 1, close - i - 1);
             if (inside == U"!") {
                 compiled.addLiteral(inside);
             } else if (!inside.empty()) {
                 std::optional<Element> set = parseSet(inside);
-                if (!set) {
+                if (!set)
                     return std::nullopt;
-                }
                 compiled.elements_.push_back(std::move(*set));
             }
             i = close;
@@ -86,9 +81,8 @@ std::optional<std::size_t> WildcardPattern::step(const Element& element, std::st
         const bool fits = text.substr(position).starts_with(element.literal);
         return fits ? std::optional(position + element.literal.size()) : std::nullopt;
     }
-    if (position >= text.size()) {
+    if (position >= text.size())
         return std::nullopt;
-    }
     const DecodedCharacter character = decodeCharacter(text, position);
     const char32_t point = character.codePoint;
     bool fits = true;
@@ -112,9 +106,8 @@ bool WildcardPattern::matches(std::string_view text) const {
     std::size_t next = 0;
     while (next < elements_.size() || position < text.size()) {
         if (next < elements_.size() && elements_[next].kind == Kind::run) {
-            if (++next == elements_.size()) {
+            if (++next == elements_.size())
                 return true;
-            }
             afterRun = next;
             runEnd = position;
         } else {
@@ -124,16 +117,14 @@ bool WildcardPattern::matches(std::string_view text) const {
                 ++next;
                 continue;
             }
-            if (!afterRun || runEnd >= text.size()) {
+            if (!afterRun || runEnd >= text.size())
                 return false;
-            }
             runEnd += decodeCharacter(text, runEnd).length;
         }
         if (elements_[*afterRun].kind == Kind::literal) {
             runEnd = text.find(elements_[*afterRun].literal, runEnd);
-            if (runEnd == std::string_view::npos) {
+            if (runEnd == std::string_view::npos)
                 return false;
-            }
         }
         position = runEnd;
         next = *afterRun;

@@ -66,9 +66,8 @@ public:
             EXPECT_EQ(node->parent(), parent);
             EXPECT_EQ(node->previous(), previous);
             EXPECT_EQ(tree().at(node->index()), node);
-            if (!node->key().empty()) {
+            if (!node->key().empty())
                 EXPECT_EQ(tree().find(node->key()), node);
-            }
             count += 1 + reachable(node->child(), node);
         }
         return count;

@@ -162,9 +162,8 @@ TEST_P(Paste, GoesWhereItMay) {
     const Lines before = treeOutline();
     select(GetParam().place == "none" ? nullptr : nodeReading(GetParam().place));
     window.treeCommands.pasteFromTemp(GetParam().position);
-    if (GetParam().outcome == "refused") {
+    if (GetParam().outcome == "refused")
         expectBox("You cannot paste");
-    }
     expectNoBox();
     const bool nothingPasted = GetParam().outcome == "refused" || GetParam().outcome == "silent";
     EXPECT_EQ(treeOutline() == before, nothingPasted);

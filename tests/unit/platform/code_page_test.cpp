@@ -117,9 +117,8 @@ TEST(AnsiCut, NeverMeasuresMoreThanItsCount) {
 
 TEST(AnsiCut, HoldsForLongTexts) {
     std::string text;
-    for (int i = 0; i < 5000; ++i) {
+    for (int i = 0; i < 5000; ++i)
         text += "한";
-    }
     const CodePage page(949);
     EXPECT_EQ(page.ansiByteLength(text), 10'000U);
     EXPECT_EQ(page.midAnsi(text, 1, 10'000), text);
@@ -145,9 +144,8 @@ TEST(CodePageOfLocale, FollowsTheLanguage) {
     EXPECT_EQ(codePageFromLocale("zh-Hant"), 950);
     EXPECT_EQ(codePageFromLocale("pl_PL.UTF-8"), 1250);
     EXPECT_EQ(codePageFromLocale("ru_RU"), 1251);
-    for (const char* western : {"", "C", "POSIX", "en_US.UTF-8", "de_DE@euro", "kok_IN", " ", "k"}) {
+    for (const char* western : {"", "C", "POSIX", "en_US.UTF-8", "de_DE@euro", "kok_IN", " ", "k"})
         EXPECT_EQ(codePageFromLocale(western), 1252) << western;
-    }
 }
 
 TEST(CodePageChoice, PrefersTheSetting) {

@@ -61,23 +61,20 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"[-]", "-", true}, Row{"[]]", "]", true}, Row{"*[[]K]", "U1 1 2 [K]", true}));
 
 TEST(WildcardRefusal, NamesNoPattern) {
-    for (const char* pattern : {"[", "a[b", "*[", "[!", "[z-a]", "[a-cz-a]", "[!9-0]"}) {
+    for (const char* pattern : {"[", "a[b", "*[", "[!", "[z-a]", "[a-cz-a]", "[!9-0]"})
         EXPECT_FALSE(WildcardPattern::compile(pattern).has_value()) << pattern;
-    }
 }
 
 TEST(WildcardCost, StaysInProportionToPatternAndText) {
     std::string pattern;
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 200; ++i)
         pattern += "*a";
-    }
     const std::string text(100'000, 'a');
     EXPECT_TRUE(WildcardPattern::compile(pattern)->matches(text));
     EXPECT_FALSE(WildcardPattern::compile(pattern + "*b")->matches(text));
     std::string spread;
-    for (int i = 0; i < 200; ++i) {
+    for (int i = 0; i < 200; ++i)
         spread += "*?[ab]";
-    }
     EXPECT_FALSE(WildcardPattern::compile(spread + "c")->matches(text));
     EXPECT_TRUE(WildcardPattern::compile(std::string(100'000, '*'))->matches(text));
 }
