@@ -4,10 +4,10 @@
 
 namespace zb {
 
-void runBusy(MenuEntry& entry, ProjectCommands& commands, void (ProjectCommands::*command)(Window&)) {
+void runBusy(MenuEntry& entry, ProjectCommands& commands, ProjectCommand command) {
     entry.onClick = [&window = entry.window(), &commands, command] {
         const BusyPointer busy(window);
-        (commands.*command)(window);
+        commands.run(command, window);
     };
 }
 
@@ -18,11 +18,11 @@ ProjectMenu::ProjectMenu(Window& window, ProjectCommands& commands)
       mnuSaveAs(window, "mnuSaveAs", "SaveAs(&E)", &mnuProject),
       mnuPrint(window, "mnuPrint", "Print(&P)", &mnuProject),
       mnuExit(window, "mnuExit", "Exit(&X)", &mnuProject) {
-    runBusy(mnuNew, commands, &ProjectCommands::commandNew);
-    runBusy(mnuOpen, commands, &ProjectCommands::commandOpen);
-    runBusy(mnuSave, commands, &ProjectCommands::commandSave);
-    runBusy(mnuSaveAs, commands, &ProjectCommands::commandSaveAs);
-    mnuExit.onClick = [&commands] { commands.commandExit(); };
+    runBusy(mnuNew, commands, ProjectCommand::New);
+    runBusy(mnuOpen, commands, ProjectCommand::Open);
+    runBusy(mnuSave, commands, ProjectCommand::Save);
+    runBusy(mnuSaveAs, commands, ProjectCommand::SaveAs);
+    mnuExit.onClick = [&window, &commands] { commands.run(ProjectCommand::Exit, window); };
     mnuNew.setShortcut("Ctrl+N");
     mnuOpen.setShortcut("Ctrl+O");
     mnuSave.setShortcut("Ctrl+S");
@@ -40,10 +40,10 @@ CommandMenus::CommandMenus(Window& window, ProjectCommands& commands)
       mnuEditor(window, "mnuEditor", "SECSEditor(&E)", &mnuWindow),
       mnuModeler(window, "mnuModeler", "TRModeler(&M)", &mnuWindow), mnuHelp(window, "mnuHelp", "Help(&H)"),
       mnuAbout(window, "mnuAbout", "About(&A)", &mnuHelp) {
-    runBusy(mnuBuildSMD, commands, &ProjectCommands::commandBuildSmd);
-    runBusy(mnuBuildZeltoPlugIn, commands, &ProjectCommands::commandBuildPlugIn);
-    runBusy(mnuOption, commands, &ProjectCommands::commandOption);
-    mnuAbout.onClick = [&window, &commands] { commands.commandAbout(window); };
+    runBusy(mnuBuildSMD, commands, ProjectCommand::BuildSmd);
+    runBusy(mnuBuildZeltoPlugIn, commands, ProjectCommand::BuildPlugIn);
+    runBusy(mnuOption, commands, ProjectCommand::Option);
+    mnuAbout.onClick = [&window, &commands] { commands.run(ProjectCommand::About, window); };
 }
 
 } // namespace zb

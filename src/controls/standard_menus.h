@@ -10,7 +10,7 @@ namespace zb {
 // that has menus of its own between Project and Build declares the two halves apart.
 
 /// Makes an entry run a shared command, with the hourglass on the entry's window.
-void runBusy(MenuEntry& entry, ProjectCommands& commands, void (ProjectCommands::*command)(Window&));
+void runBusy(MenuEntry& entry, ProjectCommands& commands, ProjectCommand command);
 
 class ProjectMenu {
 public:
@@ -50,9 +50,7 @@ public:
     StandardMenus(Window& window, ProjectCommands& commands)
         : ProjectMenu(window, commands), CommandMenus(window, commands), commands_(commands) {}
 
-    void runBusy(MenuEntry& entry, void (ProjectCommands::*command)(Window&)) {
-        zb::runBusy(entry, commands_, command);
-    }
+    void runBusy(MenuEntry& entry, ProjectCommand command) { zb::runBusy(entry, commands_, command); }
 
 private:
     ProjectCommands& commands_;

@@ -6,7 +6,7 @@ namespace zb {
 
 EditorControls::EditorControls(Desktop& desktop, ProjectCommands& commands)
     : Window(desktop, "frmSECSEditor"), projectMenu(*this, commands), commandMenus(*this, commands) {
-    runBusy(commandMenus.mnuModeler, commands, &ProjectCommands::commandModeler);
+    runBusy(commandMenus.mnuModeler, commands, ProjectCommand::Modeler);
     setCaption("SECS Message Editor");
     lvwSource.addColumn("Name", 1200);
     lvwSource.addColumn(" Sx, Fx", 900);

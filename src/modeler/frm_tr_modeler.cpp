@@ -26,8 +26,8 @@ frmTRModeler::frmTRModeler(ModelerState& state, ProjectCommands& commands)
       addSequence_(state), treeCommands_(*this), tableCommands_(*this),
       sequenceCommands_(*this, addSequence_) {
     setCaption("TRModeler");
-    menus.runBusy(menus.mnuTMD, &ProjectCommands::commandBuildTmd);
-    menus.runBusy(menus.mnuEditor, &ProjectCommands::commandEditor);
+    menus.runBusy(menus.mnuTMD, ProjectCommand::BuildTmd);
+    menus.runBusy(menus.mnuEditor, ProjectCommand::Editor);
     displayModel();
 }
 

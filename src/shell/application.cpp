@@ -81,41 +81,55 @@ void Application::exit() {
     TRModelStore.reset();
 }
 
-void Application::commandNew(Window& /*over*/) {
-    if (!projects.newProject())
-        return;
+void Application::run(ProjectCommand command, Window& /*over*/) {
+    switch (command) {
+    case ProjectCommand::New:
+        if (projects.newProject())
+            showOpened();
+        break;
+    case ProjectCommand::Open:
+        if (projects.openProject())
+            showOpened();
+        break;
+    case ProjectCommand::Save:
+        projects.saveProject();
+        break;
+    case ProjectCommand::SaveAs:
+        projects.saveProjectAs();
+        break;
+    case ProjectCommand::Exit:
+        exit();
+        break;
+    case ProjectCommand::BuildSmd:
+        builds.buildSmd();
+        break;
+    case ProjectCommand::BuildTmd:
+        builds.buildTmd();
+        break;
+    case ProjectCommand::BuildPlugIn:
+        buildPlugIn();
+        break;
+    case ProjectCommand::Option:
+        frmOption.request();
+        break;
+    case ProjectCommand::Editor:
+        showEditor();
+        break;
+    case ProjectCommand::Modeler:
+        showModeler();
+        break;
+    case ProjectCommand::About:
+        frmAbout.showModal();
+        break;
+    }
+}
+
+void Application::showOpened() {
     frmMain.enableProjectButtons();
     showEditor();
 }
 
-void Application::commandOpen(Window& /*over*/) {
-    if (!projects.openProject())
-        return;
-    frmMain.enableProjectButtons();
-    showEditor();
-}
-
-void Application::commandSave(Window& /*over*/) {
-    projects.saveProject();
-}
-
-void Application::commandSaveAs(Window& /*over*/) {
-    projects.saveProjectAs();
-}
-
-void Application::commandExit() {
-    exit();
-}
-
-void Application::commandBuildSmd(Window& /*over*/) {
-    builds.buildSmd();
-}
-
-void Application::commandBuildTmd(Window& /*over*/) {
-    builds.buildTmd();
-}
-
-void Application::commandBuildPlugIn(Window& /*over*/) {
+void Application::buildPlugIn() {
     if (!builds.buildSmd() || !builds.buildTmd())
         return;
     const std::string result = saveAndGenerate();
@@ -129,22 +143,6 @@ void Application::commandBuildPlugIn(Window& /*over*/) {
 std::string Application::saveAndGenerate() {
     projects.saveProject();
     return generator_.generate(projectFilePath());
-}
-
-void Application::commandOption(Window& /*over*/) {
-    frmOption.request();
-}
-
-void Application::commandEditor(Window& /*over*/) {
-    showEditor();
-}
-
-void Application::commandModeler(Window& /*over*/) {
-    showModeler();
-}
-
-void Application::commandAbout(Window& /*over*/) {
-    frmAbout.showModal();
 }
 
 } // namespace zb

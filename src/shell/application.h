@@ -68,18 +68,9 @@ private:
     void openStartedProject();
     void exit();
 
-    void commandNew(Window& over) override;
-    void commandOpen(Window& over) override;
-    void commandSave(Window& over) override;
-    void commandSaveAs(Window& over) override;
-    void commandExit() override;
-    void commandBuildSmd(Window& over) override;
-    void commandBuildTmd(Window& over) override;
-    void commandBuildPlugIn(Window& over) override;
-    void commandOption(Window& over) override;
-    void commandEditor(Window& over) override;
-    void commandModeler(Window& over) override;
-    void commandAbout(Window& over) override;
+    void run(ProjectCommand command, Window& over) override;
+    void showOpened();
+    void buildPlugIn();
 
     Generator& generator_;
     ApplicationFolders folders_;

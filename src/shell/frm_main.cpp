@@ -38,15 +38,15 @@ void frmMain::wireMenus(ProjectCommands& commands) {
             entry->setEnabled(false);
     };
     // A save shows no hourglass in this window.
-    mnuSave.onClick = [this, &commands] { commands.commandSave(*this); };
-    mnuSaveAs.onClick = [this, &commands] { commands.commandSaveAs(*this); };
-    runBusy(mnuSMD, commands, &ProjectCommands::commandBuildSmd);
-    runBusy(mnuTMD, commands, &ProjectCommands::commandBuildTmd);
-    runBusy(mnuBuildZeltoPlugIn, commands, &ProjectCommands::commandBuildPlugIn);
-    runBusy(mnuOption, commands, &ProjectCommands::commandOption);
-    runBusy(mnuEditor, commands, &ProjectCommands::commandEditor);
-    runBusy(mnuModeler, commands, &ProjectCommands::commandModeler);
-    mnuAbout.onClick = [this, &commands] { commands.commandAbout(*this); };
+    mnuSave.onClick = [this, &commands] { commands.run(ProjectCommand::Save, *this); };
+    mnuSaveAs.onClick = [this, &commands] { commands.run(ProjectCommand::SaveAs, *this); };
+    runBusy(mnuSMD, commands, ProjectCommand::BuildSmd);
+    runBusy(mnuTMD, commands, ProjectCommand::BuildTmd);
+    runBusy(mnuBuildZeltoPlugIn, commands, ProjectCommand::BuildPlugIn);
+    runBusy(mnuOption, commands, ProjectCommand::Option);
+    runBusy(mnuEditor, commands, ProjectCommand::Editor);
+    runBusy(mnuModeler, commands, ProjectCommand::Modeler);
+    mnuAbout.onClick = [this, &commands] { commands.run(ProjectCommand::About, *this); };
 }
 
 void frmMain::buildToolbar() {

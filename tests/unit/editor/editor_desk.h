@@ -23,28 +23,14 @@ namespace zb {
 class RecordingCommands final : public ProjectCommands {
 public:
     struct Call {
-        std::string name;
+        ProjectCommand command;
         Pointer pointer;
         friend bool operator==(const Call&, const Call&) = default;
     };
 
-    void commandNew(Window& over) override { note("New", over); }
-    void commandOpen(Window& over) override { note("Open", over); }
-    void commandSave(Window& over) override { note("Save", over); }
-    void commandSaveAs(Window& over) override { note("SaveAs", over); }
-    void commandExit() override { calls.push_back({"Exit", Pointer::Default}); }
-    void commandBuildSmd(Window& over) override { note("BuildSmd", over); }
-    void commandBuildTmd(Window& over) override { note("BuildTmd", over); }
-    void commandBuildPlugIn(Window& over) override { note("BuildPlugIn", over); }
-    void commandOption(Window& over) override { note("Option", over); }
-    void commandEditor(Window& over) override { note("Editor", over); }
-    void commandModeler(Window& over) override { note("Modeler", over); }
-    void commandAbout(Window& over) override { note("About", over); }
+    void run(ProjectCommand command, Window& over) override { calls.push_back({command, over.pointer()}); }
 
     std::vector<Call> calls;
-
-private:
-    void note(const char* name, const Window& over) { calls.push_back({name, over.pointer()}); }
 };
 
 /// An editor window with a user before it.

@@ -144,7 +144,7 @@ TEST_F(ProjectFile, TheWayToTheModelerStopsAtAFault) {
 struct MenuRow {
     std::string name;
     std::string caption;
-    std::string command; ///< empty for an entry that asks for no project command
+    std::optional<ProjectCommand> command; ///< nothing for an entry that runs no shared command
     Pointer pointer = Pointer::Default;
 };
 
@@ -162,8 +162,8 @@ TEST_P(Menu, HasItsCaptionAndCommand) {
     control->setEnabled(true);
     click(*control);
     std::vector<RecordingCommands::Call> calls;
-    if (!GetParam().command.empty())
-        calls.push_back({GetParam().command, GetParam().pointer});
+    if (GetParam().command)
+        calls.push_back({*GetParam().command, GetParam().pointer});
     EXPECT_EQ(commands.calls, calls);
     EXPECT_EQ(window.pointer(), Pointer::Default);
 }
@@ -172,22 +172,25 @@ constexpr Pointer kHourglass = Pointer::Hourglass;
 
 INSTANTIATE_TEST_SUITE_P(
     Table, Menu,
-    testing::Values(MenuRow{"mnuProject", "Project(&P)", ""}, MenuRow{"mnuNew", "New(&N)", "New", kHourglass},
-                    MenuRow{"mnuOpen", "Open(&O)", "Open", kHourglass},
-                    MenuRow{"mnuSave", "Save(&S)", "Save", kHourglass},
-                    MenuRow{"mnuSaveAs", "SaveAs(&E)", "SaveAs", kHourglass},
-                    MenuRow{"mnuPrint", "Print(&P)", ""}, MenuRow{"mnuExit", "Exit(&X)", "Exit"},
-                    MenuRow{"mnuFind", "Find(&F)", ""}, MenuRow{"mnuExpand", "Expand(&N)", ""},
-                    MenuRow{"mnuSECSMessageLibrary", "SECS Message Library(&M)", ""},
-                    MenuRow{"mnuItem", "&Insert Item", ""}, MenuRow{"mnuChild", "&Add Child Item", ""},
-                    MenuRow{"mnuBuildSMD", "SECS Message Definitions(&S)", "BuildSmd", kHourglass},
-                    MenuRow{"mnuTMD", "Transaction Modeling Definitions(&T)", ""},
-                    MenuRow{"mnuBuildZeltoPlugIn", "ZeltoDriver Interface PlugIn(&P)", "BuildPlugIn",
-                            kHourglass},
-                    MenuRow{"mnuOption", "Option(&O)", "Option", kHourglass},
-                    MenuRow{"mnuEditor", "SECSEditor(&E)", ""},
-                    MenuRow{"mnuModeler", "TRModeler(&M)", "Modeler", kHourglass},
-                    MenuRow{"mnuAbout", "About(&A)", "About"}));
+    testing::Values(
+        MenuRow{"mnuProject", "Project(&P)", std::nullopt},
+        MenuRow{"mnuNew", "New(&N)", ProjectCommand::New, kHourglass},
+        MenuRow{"mnuOpen", "Open(&O)", ProjectCommand::Open, kHourglass},
+        MenuRow{"mnuSave", "Save(&S)", ProjectCommand::Save, kHourglass},
+        MenuRow{"mnuSaveAs", "SaveAs(&E)", ProjectCommand::SaveAs, kHourglass},
+        MenuRow{"mnuPrint", "Print(&P)", std::nullopt}, MenuRow{"mnuExit", "Exit(&X)", ProjectCommand::Exit},
+        MenuRow{"mnuFind", "Find(&F)", std::nullopt}, MenuRow{"mnuExpand", "Expand(&N)", std::nullopt},
+        MenuRow{"mnuSECSMessageLibrary", "SECS Message Library(&M)", std::nullopt},
+        MenuRow{"mnuItem", "&Insert Item", std::nullopt},
+        MenuRow{"mnuChild", "&Add Child Item", std::nullopt},
+        MenuRow{"mnuBuildSMD", "SECS Message Definitions(&S)", ProjectCommand::BuildSmd, kHourglass},
+        MenuRow{"mnuTMD", "Transaction Modeling Definitions(&T)", std::nullopt},
+        MenuRow{"mnuBuildZeltoPlugIn", "ZeltoDriver Interface PlugIn(&P)", ProjectCommand::BuildPlugIn,
+                kHourglass},
+        MenuRow{"mnuOption", "Option(&O)", ProjectCommand::Option, kHourglass},
+        MenuRow{"mnuEditor", "SECSEditor(&E)", std::nullopt},
+        MenuRow{"mnuModeler", "TRModeler(&M)", ProjectCommand::Modeler, kHourglass},
+        MenuRow{"mnuAbout", "About(&A)", ProjectCommand::About}));
 
 TEST_F(EditorWindow, TreeWidthBelow500GivesWayToTheOldOne) {
     const int before = window.treeWidth();

@@ -17,18 +17,7 @@ namespace zb {
 
 class NoCommands : public ProjectCommands {
 public:
-    void commandNew(Window& /*over*/) override {}
-    void commandOpen(Window& /*over*/) override {}
-    void commandSave(Window& /*over*/) override {}
-    void commandSaveAs(Window& /*over*/) override {}
-    void commandExit() override {}
-    void commandBuildSmd(Window& /*over*/) override {}
-    void commandBuildTmd(Window& /*over*/) override {}
-    void commandBuildPlugIn(Window& /*over*/) override {}
-    void commandOption(Window& /*over*/) override {}
-    void commandEditor(Window& /*over*/) override {}
-    void commandModeler(Window& /*over*/) override {}
-    void commandAbout(Window& /*over*/) override {}
+    void run(ProjectCommand /*command*/, Window& /*over*/) override {}
 };
 
 /// The pane in its window, over a tree with one message.
