@@ -4,6 +4,7 @@
 #include "platform/locale.h"
 #include "platform/number.h"
 #include "platform/result.h"
+#include "platform/setting_names.h"
 #include "platform/settings.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
@@ -105,7 +106,7 @@ std::string ZeltoGenerator::generate(const std::string& projectFile) {
         success_ = outcome.end == End::Exited && outcome.number == 0 ? Success::Yes : Success::Failed;
 
     const CodePage codePage =
-        chooseCodePage(settings_.readRegValue(kSettingsKey, "AnsiCodePage"), localeName());
+        chooseCodePage(settings_.readRegValue(kSettingsKey, kAnsiCodePage), localeName());
     const bool cut = outcome.droppedBytes > 0;
     std::string text =
         plainLines(decodeText(cut ? wholeCharacters(outcome.output) : outcome.output, codePage));

@@ -13,10 +13,6 @@ namespace zb {
 class SettingsStore;
 struct ProcessOutcome;
 
-/// The settings of the generator, among the machine-wide ones.
-inline constexpr std::string_view kGeneratorCommand = "GeneratorCommand";
-inline constexpr std::string_view kGeneratorTimeLimit = "GeneratorTimeLimit";
-
 /// The program that is looked for on the path when the settings name none.
 inline constexpr std::string_view kGeneratorProgram = "ZeltoGenerator";
 

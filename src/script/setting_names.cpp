@@ -1,5 +1,6 @@
 #include "script/setting_names.h"
 
+#include "platform/setting_names.h"
 #include "script/script_failure.h"
 
 #include <algorithm>
@@ -9,8 +10,7 @@
 namespace zb {
 
 void checkSettingName(std::string_view name) {
-    constexpr std::array<std::string_view, 5> kNames{"RecentProject", "SRCGen", "PlugInType", "MessageFormat",
-                                                     "AnsiCodePage"};
+    constexpr std::array kNames{kRecentProject, kSrcGen, kPlugInType, kMessageFormat, kAnsiCodePage};
     if (std::find(kNames.begin(), kNames.end(), name) == kNames.end())
         throw ScriptFailure("RecentProject, SRCGen, PlugInType, MessageFormat or AnsiCodePage",
                             std::string(name));

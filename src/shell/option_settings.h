@@ -1,19 +1,13 @@
 #pragma once
 
+#include "platform/setting_names.h"
+
 #include <string>
 #include <string_view>
 
 namespace zb {
 
 class SettingsStore;
-
-/// Names of the machine-wide settings.
-inline constexpr std::string_view kRecentProject = "RecentProject";
-inline constexpr std::string_view kSrcGen = "SRCGen";
-inline constexpr std::string_view kPlugInType = "PlugInType";
-inline constexpr std::string_view kAnsiCodePage = "AnsiCodePage";
-/// A per-user option, which the program only reads.
-inline constexpr std::string_view kMessageFormat = "MessageFormat";
 
 /// The mark of Yes in `SRCGen`; any other text counts as No.
 inline constexpr std::string_view kGenerateSource = "73";

@@ -1,5 +1,6 @@
 #include "desktop/keep_painting.h"
 #include "outputs/zelto_generator.h"
+#include "platform/setting_names.h"
 #include "platform/settings.h"
 
 #include <gtest/gtest.h>
