@@ -23,13 +23,11 @@ Result<fs::path> followLinks(FileLayer& layer, fs::path path) {
     constexpr int kMostLinks = 40;
     for (int followed = 0; followed < kMostLinks; ++followed) {
         const Result<FileStatus> status = layer.status(path);
-        if (!status || status->kind != FileKind::link) {
+        if (!status || status->kind != FileKind::link)
             return path;
-        }
         const Result<fs::path> target = layer.readLink(path);
-        if (!target) {
+        if (!target)
             return namingFile("follow the link", path, target.error());
-        }
         path = path.parent_path() / *target;
     }
     return namingFile("follow the link", path, systemError(ELOOP));
@@ -46,20 +44,16 @@ void removeStaleTemporaries(FileLayer& layer, const fs::path& target) {
 Result<std::optional<FileStatus>> inspectTarget(FileLayer& layer, const fs::path& target) {
     const Result<FileStatus> status = layer.status(target);
     if (!status) {
-        if (status.error().number == ENOENT) {
+        if (status.error().number == ENOENT)
             return std::optional<FileStatus>();
-        }
         return namingFile("write", target, status.error());
     }
-    if (status->kind == FileKind::folder) {
+    if (status->kind == FileKind::folder)
         return namingFile("write", target, systemError(EISDIR));
-    }
-    if (status->kind != FileKind::regular) {
+    if (status->kind != FileKind::regular)
         return namingFile("write", target, FileError{EINVAL, "Not a regular file"});
-    }
-    if (const Result<void> writable = layer.checkWritable(target); !writable) {
+    if (const Result<void> writable = layer.checkWritable(target); !writable)
         return namingFile("write", target, writable.error());
-    }
     return std::optional<FileStatus>(*status);
 }
 
@@ -67,12 +61,10 @@ Result<std::optional<FileStatus>> inspectTarget(FileLayer& layer, const fs::path
 // well where the system allows, which it does for administrators only.
 Result<bool> takeOwner(FileLayer& layer, const ScratchFile& file, const FileStatus& old) {
     const Result<FileStatus> now = layer.statusOf(file.descriptor());
-    if (!now) {
+    if (!now)
         return namingFile("read the mode of", file.path(), now.error());
-    }
-    if (now->owner == old.owner && now->group == old.group) {
+    if (now->owner == old.owner && now->group == old.group)
         return true;
-    }
     return layer.setOwner(file.descriptor(), old.owner, old.group).ok() ||
            layer.setOwner(file.descriptor(), now->owner, old.group).ok();
 }
@@ -87,25 +79,20 @@ unsigned modeFor(const FileStatus& now, const FileStatus& old) {
 Result<bool> takeRights(FileLayer& layer, const ScratchFile& file, const fs::path& target,
                         const FileStatus& old) {
     const Result<bool> owned = takeOwner(layer, file, old);
-    if (!owned || !*owned) {
+    if (!owned || !*owned)
         return owned;
-    }
-    if (!layer.copyAccess(target, file.path())) {
+    if (!layer.copyAccess(target, file.path()))
         return false;
-    }
     // Only where it differs, since some file systems know no modes and refuse the call. After the owner,
     // since a new owner takes mode bits away.
     const Result<FileStatus> now = layer.statusOf(file.descriptor());
-    if (!now) {
+    if (!now)
         return namingFile("read the mode of", file.path(), now.error());
-    }
     const unsigned mode = modeFor(*now, old);
-    if (now->mode == mode) {
+    if (now->mode == mode)
         return true;
-    }
-    if (const Result<void> done = layer.setMode(file.descriptor(), mode); !done) {
+    if (const Result<void> done = layer.setMode(file.descriptor(), mode); !done)
         return namingFile("set the mode of", file.path(), done.error());
-    }
     return true;
 }
 
@@ -114,46 +101,37 @@ Result<bool> writeBeside(FileLayer& layer, const fs::path& target, const std::op
                          std::string_view bytes, unsigned newMode) {
     ScratchFile temporary(layer, scratchPath(layer, target, kKind));
     // A file that only some may read must not be open to others while it is written.
-    if (const Result<void> created = temporary.create(old ? kPrivateMode : newMode); !created) {
+    if (const Result<void> created = temporary.create(old ? kPrivateMode : newMode); !created)
         return created.error();
-    }
-    if (const Result<void> filled = temporary.write(bytes); !filled) {
+    if (const Result<void> filled = temporary.write(bytes); !filled)
         return filled.error();
-    }
     if (old) {
-        if (const Result<bool> taken = takeRights(layer, temporary, target, *old); !taken || !*taken) {
+        if (const Result<bool> taken = takeRights(layer, temporary, target, *old); !taken || !*taken)
             return taken;
-        }
     }
     Result<void> done = temporary.finish();
-    if (done) {
+    if (done)
         done = temporary.rename(target);
-    }
     return done ? Result<bool>(true) : Result<bool>(done.error());
 }
 
 Result<void> replace(FileLayer& layer, const fs::path& path, std::string_view bytes, unsigned newMode) {
     const Result<fs::path> target = followLinks(layer, path);
-    if (!target) {
+    if (!target)
         return target.error();
-    }
     const Result<std::optional<FileStatus>> old = inspectTarget(layer, *target);
-    if (!old) {
+    if (!old)
         return old.error();
-    }
     removeStaleTemporaries(layer, *target);
-    if (*old) {
+    if (*old)
         finishGuardedWrite(layer, *target);
-    }
     const bool hasOtherNames = *old && (*old)->names > 1;
     const Result<bool> written =
         hasOtherNames ? Result<bool>(false) : writeBeside(layer, *target, *old, bytes, newMode);
-    if (!written) {
+    if (!written)
         return written.error();
-    }
-    if (!*written) {
+    if (!*written)
         return writeGuarded(layer, *target, bytes);
-    }
     // The new content is there under its name. Should the sync of the name fail and the machine stop at
     // once, the old content comes back whole, which is no reason to call the save a failure.
     static_cast<void>(layer.syncFolder(target->parent_path()));

@@ -16,9 +16,8 @@ class TemporaryFolder {
 public:
     TemporaryFolder() {
         std::string pattern = (std::filesystem::temp_directory_path() / "zb-test-XXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) {
+        if (::mkdtemp(pattern.data()) == nullptr)
             throw std::runtime_error("cannot make " + pattern);
-        }
         path_ = pattern;
     }
     ~TemporaryFolder() {
@@ -47,9 +46,8 @@ inline std::string readFile(const std::filesystem::path& path) {
 // The names of all that lies directly in the folder.
 inline std::set<std::string> namesIn(const std::filesystem::path& folder) {
     std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
         names.insert(entry.path().filename().string());
-    }
     return names;
 }
 

@@ -16,21 +16,19 @@ namespace {
 constexpr unsigned kPermissions = 07777;
 
 Result<void> outcome(int answer) {
-    if (answer != 0) {
+    if (answer != 0)
         return systemError(errno);
-    }
     return {};
 }
 
 FileStatus read(const struct stat& status) {
     FileKind kind = FileKind::other;
-    if (S_ISREG(status.st_mode)) {
+    if (S_ISREG(status.st_mode))
         kind = FileKind::regular;
-    } else if (S_ISDIR(status.st_mode)) {
+    else if (S_ISDIR(status.st_mode))
         kind = FileKind::folder;
-    } else if (S_ISLNK(status.st_mode)) {
+    else if (S_ISLNK(status.st_mode))
         kind = FileKind::link;
-    }
     return {kind, status.st_mode & kPermissions, status.st_uid, status.st_gid,
             static_cast<unsigned long>(status.st_nlink)};
 }
@@ -38,9 +36,8 @@ FileStatus read(const struct stat& status) {
 template<typename Call>
 auto untilNotInterrupted(Call call) {
     auto answer = call();
-    while (answer == -1 && errno == EINTR) {
+    while (answer == -1 && errno == EINTR)
         answer = call();
-    }
     return answer;
 }
 
@@ -49,17 +46,15 @@ auto untilNotInterrupted(Call call) {
 Result<int> SystemFileLayer::create(const std::filesystem::path& path, unsigned mode) {
     constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
     const int descriptor = untilNotInterrupted([&] { return ::open(path.c_str(), kFlags, mode); });
-    if (descriptor < 0) {
+    if (descriptor < 0)
         return systemError(errno);
-    }
     return descriptor;
 }
 
 Result<int> SystemFileLayer::openToWrite(const std::filesystem::path& path) {
     const int descriptor = untilNotInterrupted([&] { return ::open(path.c_str(), O_WRONLY | O_CLOEXEC); });
-    if (descriptor < 0) {
+    if (descriptor < 0)
         return systemError(errno);
-    }
     return descriptor;
 }
 
@@ -70,17 +65,15 @@ Result<void> SystemFileLayer::truncate(int descriptor, std::size_t length) {
 Result<std::size_t> SystemFileLayer::write(int descriptor, std::string_view bytes) {
     const ssize_t count =
         untilNotInterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
-    if (count < 0) {
+    if (count < 0)
         return systemError(errno);
-    }
     return static_cast<std::size_t>(count);
 }
 
 Result<FileStatus> SystemFileLayer::statusOf(int descriptor) {
     struct stat status {};
-    if (::fstat(descriptor, &status) != 0) {
+    if (::fstat(descriptor, &status) != 0)
         return systemError(errno);
-    }
     return read(status);
 }
 
@@ -111,18 +104,16 @@ Result<void> SystemFileLayer::remove(const std::filesystem::path& path) {
 
 Result<FileStatus> SystemFileLayer::status(const std::filesystem::path& path) {
     struct stat status {};
-    if (::lstat(path.c_str(), &status) != 0) {
+    if (::lstat(path.c_str(), &status) != 0)
         return systemError(errno);
-    }
     return read(status);
 }
 
 Result<std::filesystem::path> SystemFileLayer::readLink(const std::filesystem::path& path) {
     std::error_code error;
     std::filesystem::path target = std::filesystem::read_symlink(path, error);
-    if (error) {
+    if (error)
         return systemError(error.value());
-    }
     return target;
 }
 
@@ -154,9 +145,8 @@ Result<std::vector<std::string>> SystemFileLayer::names(const std::filesystem::p
         names.push_back(entry->path().filename().string());
         entry.increment(error);
     }
-    if (error) {
+    if (error)
         return systemError(error.value());
-    }
     return names;
 }
 
@@ -165,9 +155,8 @@ long SystemFileLayer::processId() {
 }
 
 bool SystemFileLayer::isProcessAlive(long processId) {
-    if (processId <= 0 || processId > std::numeric_limits<pid_t>::max()) {
+    if (processId <= 0 || processId > std::numeric_limits<pid_t>::max())
         return false;
-    }
     return ::kill(static_cast<pid_t>(processId), 0) == 0 || errno != ESRCH;
 }
 

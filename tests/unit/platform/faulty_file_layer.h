@@ -19,19 +19,15 @@ public:
         return fails("create") ? error() : SystemFileLayer::create(path, mode);
     }
     Result<std::size_t> write(int descriptor, std::string_view bytes) override {
-        if (fails("write")) {
+        if (fails("write"))
             return error();
-        }
         // Half of what was asked for, as a disk does that is filling up.
-        if (call_ == "laterWrite" && bytes.size() > 1) {
+        if (call_ == "laterWrite" && bytes.size() > 1)
             return SystemFileLayer::write(descriptor, bytes.substr(0, bytes.size() / 2));
-        }
-        if (call_ == "laterWrite" && ++faults_ > 0) {
+        if (call_ == "laterWrite" && ++faults_ > 0)
             return error();
-        }
-        if (fails("nothingWritten")) {
+        if (fails("nothingWritten"))
             return std::size_t{0};
-        }
         return SystemFileLayer::write(descriptor, bytes);
     }
     Result<int> openToWrite(const std::filesystem::path& path) override {
@@ -80,9 +76,8 @@ public:
 
 private:
     bool fails(std::string_view call) {
-        if (call != call_) {
+        if (call != call_)
             return false;
-        }
         ++faults_;
         return true;
     }

@@ -53,9 +53,8 @@ TEST(FileReplacer, WritesRelativePaths) {
 TEST(FileReplacer, TakesTheLongestNames) {
     const TemporaryFolder folder;
     std::string name;
-    for (int i = 0; i < 85; ++i) {
+    for (int i = 0; i < 85; ++i)
         name += "한";
-    }
     ASSERT_EQ(name.size(), 255U);
     EXPECT_TRUE(replaceFile(folder / name, "x").ok());
     EXPECT_EQ(namesIn(folder.path()), Names({name}));
@@ -210,9 +209,8 @@ TEST(FileReplacer, GivesNewFilesTheUsualMode) {
 // The number of a process that has ended.
 pid_t endedProcess() {
     const pid_t child = ::fork();
-    if (child == 0) {
+    if (child == 0)
         ::_exit(0);
-    }
     ::waitpid(child, nullptr, 0);
     return child;
 }
@@ -223,9 +221,8 @@ TEST(FileReplacer, ClearsWhatAKilledProcessLeft) {
     const std::string alive = ".a.zbp.zbtmp-" + std::to_string(::getppid());
     const std::string own = ".a.zbp.zbtmp-" + std::to_string(::getpid());
     const Names kept{alive, ".b.zbp.zbtmp-" + dead, ".a.zbp.zbtmp-", ".a.zbp.zbtmp-12x", ".a.zbp.zbtmp--3"};
-    for (const std::string& name : kept) {
+    for (const std::string& name : kept)
         writeFile(folder / name, "kept");
-    }
     writeFile(folder / (".a.zbp.zbtmp-" + dead), "stale");
     writeFile(folder / own, "stale");
     EXPECT_TRUE(replaceFile(folder / "a.zbp", "new").ok());

@@ -134,16 +134,14 @@ TEST(SettingsInAFile, LoseNothingToProcessesSideBySide) {
         ASSERT_GE(child, 0);
         if (child == 0) {
             SettingsStore store(folder.path());
-            for (int value = 0; value < kValues; ++value) {
+            for (int value = 0; value < kValues; ++value)
                 store.writeRegValue("k", std::to_string(process) + "-" + std::to_string(value), "set");
-            }
             ::_exit(0);
         }
         children.push_back(child);
     }
-    for (const pid_t child : children) {
+    for (const pid_t child : children)
         ::waitpid(child, nullptr, 0);
-    }
     const SettingsStore store(folder.path());
     for (int process = 0; process < kProcesses; ++process) {
         for (int value = 0; value < kValues; ++value) {
@@ -241,11 +239,10 @@ protected:
     }
     void TearDown() override {
         for (const auto& [name, value] : old_) {
-            if (value) {
+            if (value)
                 ::setenv(name.c_str(), value->c_str(), 1);
-            } else {
+            else
                 ::unsetenv(name.c_str());
-            }
         }
     }
     static void set(const std::string& own, const std::string& config, const std::string& home) {

@@ -151,16 +151,14 @@ TEST(ProjectBytesWithLoneSurrogates, AreCountedAndReplaced) {
 
 TEST(ProjectBytes, ComeBackFromTheEncoder) {
     std::string text;
-    for (int i = 0; i < 4000; ++i) {
+    for (int i = 0; i < 4000; ++i)
         text += std::string(static_cast<std::size_t>(i % 19), 'x') + (i % 3 == 0 ? "한" : "é𝄞") + "\r\n";
-    }
     const std::string bytes = encodeUtf16(text);
     EXPECT_EQ(bytes.substr(0, 2), "\xFF\xFE");
     EXPECT_EQ(decodeProject(bytes).text, text);
     std::string swapped = bytes;
-    for (std::size_t i = 0; i < swapped.size(); i += 2) {
+    for (std::size_t i = 0; i < swapped.size(); i += 2)
         std::swap(swapped[i], swapped[i + 1]);
-    }
     EXPECT_EQ(decodeProject(swapped).text, text);
 }
 
@@ -173,9 +171,8 @@ TEST(Utf16Encoder, MarksAndReplaces) {
 std::vector<std::string> linesOf(std::string_view text) {
     std::vector<std::string> lines;
     LineReader reader(text);
-    while (const auto line = reader.next()) {
+    while (const auto line = reader.next())
         lines.emplace_back(*line);
-    }
     EXPECT_EQ(reader.lineNumber(), lines.size());
     EXPECT_TRUE(reader.atEnd());
     return lines;
