@@ -1,13 +1,14 @@
-#include "console/add_verb.h"
+#include "console/verbs.h"
 
-#include "console/loaded_project.h"
 #include "console/message_source.h"
 #include "console/printable.h"
+#include "console/project_loading.h"
 #include "messages/library_drop.h"
 #include "messages/smd/smd_text.h"
 #include "platform/file_replacer.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "project/project_text.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -17,9 +18,6 @@
 namespace zb {
 
 namespace {
-
-constexpr std::string_view kHeader = "###[PROJECT INFORMATION]";
-constexpr std::string_view kSection = "## [EDIT SMD]";
 
 /// The entries of a drag for these messages, in the order in which their rows would show.
 std::vector<std::string> entriesOf(SECSLibraryStore::Records records) {
@@ -33,46 +31,13 @@ std::vector<std::string> entriesOf(SECSLibraryStore::Records records) {
     return entries;
 }
 
-/// Where the section of messages goes in a project without one: behind the header, before all that follows
-/// with its blank lines.
-std::size_t placeOfSection(std::string_view text) {
-    LineReader lines(text);
-    std::size_t place = 0;
-    bool behindBlank = false;
-    while (const auto line = lines.next()) {
-        if (!behindBlank)
-            place = static_cast<std::size_t>(line->data() - text.data());
-        behindBlank = isBlank(*line);
-        if (line->starts_with("##") && *line != kHeader)
-            return place;
-    }
-    return text.size();
-}
-
-/// The project's text with the messages at the end of its section of messages; all else stays as it is.
-std::string withMessages(const std::string& text, const std::string& messages) {
-    LineReader lines(text);
-    bool inSection = false;
-    while (const auto line = lines.next()) {
-        const std::string_view content = trimmed(*line);
-        const auto offset = static_cast<std::size_t>(line->data() - text.data());
-        if (inSection && content.substr(0, 2) == "##")
-            return text.substr(0, offset) + messages + text.substr(offset);
-        inSection = inSection || content == kSection;
-    }
-    const std::size_t place = inSection ? text.size() : placeOfSection(text);
-    const std::string end = place == 0 || text[place - 1] == '\n' ? "" : "\r\n";
-    const std::string opening = inSection ? "" : std::string(kSection) + "\r\n";
-    return text.substr(0, place) + end + opening + messages + text.substr(place);
-}
-
 /// Takes what a drop would add. Messages that the project has already are told where the drop tells them.
 class Taking {
 public:
-    Taking(const NodeTree& tree, std::string file, std::ostream& err) : file_(std::move(file)), err_(err) {
-        for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next())
-            if (isMessageNode(*node))
-                names_.insert(upper(before(node->text(), ": ")));
+    Taking(const ProjectMessages& messages, std::string file, std::ostream& err)
+        : file_(std::move(file)), err_(err) {
+        for (const SECSMessageRecord& record : messages.records())
+            names_.insert(upper(before(record.getNodeText(), ": ")));
     }
 
     void take(const MessageSource& library, const DropStep& step) {
@@ -99,6 +64,21 @@ private:
     bool told_ = false;
 };
 
+/// `zbc add PROJECT.zbp LIBRARY NAME...`
+class AddVerb final : public Verb {
+public:
+    std::string name() const override { return "add"; }
+    std::string summary() const override { return "Put messages of a library into a project"; }
+    std::string example() const override;
+    void declare(CLI::App& app) override;
+    int run(ConsoleStreams streams) override;
+
+private:
+    std::string project_;
+    std::string library_;
+    std::vector<std::string> names_;
+};
+
 } // namespace
 
 std::string AddVerb::example() const {
@@ -115,8 +95,9 @@ void AddVerb::declare(CLI::App& app) {
 }
 
 int AddVerb::run(ConsoleStreams streams) {
-    LoadedProject project;
-    if (const int status = project.load(project_, streams); status != kExitDone)
+    int status = kExitDone;
+    const auto file = loadProject(project_, streams, status);
+    if (!file)
         return status;
     MessageSource library;
     const int libraryStatus = library.load(library_, streams);
@@ -133,11 +114,11 @@ int AddVerb::run(ConsoleStreams streams) {
         std::copy_if(named.begin(), named.end(), std::back_inserter(rows),
                      [&chosen](const auto* record) { return chosen.insert(record).second; });
     }
-    Taking taking(project.tree, project_, streams.err);
+    Taking taking(file->project.messages, project_, streams.err);
     for (const DropStep& step : planDrop(entriesOf(std::move(rows))))
         taking.take(library, step);
     if (!taking.taken().empty()) {
-        const std::string text = withMessages(project.text, composeSmd(taking.taken(), SmdForm::Project));
+        const std::string text = insertMessages(file->text, composeSmd(taking.taken(), SmdForm::Project));
         if (const Result<void> written = replaceFile(project_, encodeUtf16(text)); !written) {
             streams.err << printable(project_)
                         << ": cannot be written: " << printable(written.error().description) << '\n';
@@ -148,6 +129,10 @@ int AddVerb::run(ConsoleStreams streams) {
         streams.out << printable(record->getName()) << '\n';
     const bool told = !tellColons(taking.taken(), project_, streams.err) || taking.toldDuplicates();
     return told ? kExitFault : libraryStatus;
+}
+
+std::unique_ptr<Verb> makeAddVerb() {
+    return std::make_unique<AddVerb>();
 }
 
 } // namespace zb

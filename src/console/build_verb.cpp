@@ -1,14 +1,22 @@
-#include "console/build_verb.h"
+#include "console/verbs.h"
 
 #include "console/findings.h"
-#include "console/headless_program.h"
-#include "console/loaded_project.h"
 #include "console/printable.h"
+#include "console/project_loading.h"
+#include "messages/smd/smd_writer.h"
+#include "outputs/definition_document.h"
+#include "outputs/tmd_document.h"
 #include "outputs/transaction_check.h"
 #include "outputs/zelto_generator.h"
+#include "platform/file_access.h"
+#include "platform/file_layer.h"
+#include "platform/file_replacer.h"
+#include "platform/settings.h"
 #include "platform/text.h"
 #include "platform/user_folders.h"
-#include "shell/project_files.h"
+#include "project/project_history.h"
+#include "project/project_text.h"
+#include "project/project_view.h"
 
 #include <CLI/CLI.hpp>
 #include <ostream>
@@ -23,6 +31,43 @@ int tellFileFault(const std::string& path, const std::string& what, ConsoleStrea
     streams.err << printable(path) << ": cannot be written: " << printable(what) << '\n';
     return kExitFileFault;
 }
+
+std::string onOneLine(const std::string& text) {
+    return replaceAll(replaceAll(text, "\r", ""), "\n", " ");
+}
+
+/// `zbc build PROJECT.zbp [--smd|--mdf] [--out DIR|--plugin]`
+class BuildVerb final : public Verb {
+public:
+    std::string name() const override { return "build"; }
+    std::string summary() const override { return "Build the SMD or MDF file and the TMD file of a project"; }
+    std::string example() const override;
+    void declare(CLI::App& app) override;
+    int run(ConsoleStreams streams) override;
+
+private:
+    bool isMdfWanted() const;
+    fs::path inFolder(const std::string& usualPath) const;
+    int buildFiles(ConsoleStreams streams);
+    int buildDefinitions(ConsoleStreams streams);
+    int buildTransactions(ConsoleStreams streams);
+    int buildPlugIn(ConsoleStreams streams);
+    /// Saves the project with its messages as the build normalized them.
+    Result<void> save();
+
+    std::string project_;
+    std::string folder_;
+    bool smd_ = false;
+    bool mdf_ = false;
+    bool plugIn_ = false;
+
+    Project content_;
+    NodeTree tree_;
+    SECSMessageStore messages_; ///< of the build walk
+    CodePage codePage_{1252};
+    ProjectPlace place_;
+    SystemFileLayer files_;
+};
 
 } // namespace
 
@@ -66,34 +111,54 @@ fs::path BuildVerb::inFolder(const std::string& usualPath) const {
 }
 
 int BuildVerb::run(ConsoleStreams streams) {
-    LoadedProject project;
-    if (const int status = project.load(project_, streams); status != kExitDone)
+    int status = kExitDone;
+    auto file = loadProject(project_, streams, status);
+    if (!file)
         return status;
-    if (!plugIn_) {
-        NoGenerator generator;
-        HeadlessProgram program(project_, project, generator);
-        return buildFiles(program, project, streams);
-    }
-    const SettingsStore userSettings(settingsFolder());
-    ZeltoGenerator generator(userSettings);
-    HeadlessProgram program(project_, project, generator);
-    if (!program.canSave()) {
+    content_ = std::move(file->project);
+    content_.messages.fill(tree_);
+    codePage_ = codePageOfUser();
+    place_ = splitProjectPath(project_);
+    return plugIn_ ? buildPlugIn(streams) : buildFiles(streams);
+}
+
+int BuildVerb::buildPlugIn(ConsoleStreams streams) {
+    std::error_code ignored;
+    if (!fs::equivalent(place_.projectFile(), project_, ignored)) {
         streams.err << printable(project_) << ": not a project file: its name does not end in .zbp\n";
         return kExitFault;
     }
-    if (!makeProjectFolders(program.application()))
-        return tellFileFault(program.application().ProjectPath, program.screen().lastText(), streams);
-    if (const int status = buildFiles(program, project, streams); status != kExitDone)
+    if (const Result<void> made = makeProjectFolders(place_.folder); !made)
+        return tellFileFault(place_.folder, onOneLine(describeFolderFault(made.error())), streams);
+    if (const int status = buildFiles(streams); status != kExitDone)
         return status;
-    if (const int status = runGenerator(program, streams); status != kExitDone)
-        return status;
+    const Result<void> saved = save();
+    const SettingsStore userSettings(settingsFolder());
+    ZeltoGenerator generator(userSettings);
+    streams.out << printableLines(generator.generate(place_.projectFile())) << '\n';
+    if (!saved)
+        return tellFileFault(project_, describeFileFault(saved.error()), streams);
     if (generator.success() == ZeltoGenerator::Success::Yes)
         return kExitDone;
     return generator.success() == ZeltoGenerator::Success::Failed ? kExitFault : kExitFileFault;
 }
 
-int BuildVerb::buildFiles(HeadlessProgram& program, LoadedProject& project, ConsoleStreams streams) const {
-    const fs::path folder = inFolder(program.application().smdFilePath()).parent_path();
+Result<void> BuildVerb::save() {
+    const std::string path = place_.projectFile();
+    if (const Result<void> access = checkProjectFile(files_, path); !access)
+        return access.error();
+    if (!tree_.empty()) {
+        SECSMessageStore saved;
+        SmdWriter(codePage_).buildMessageText(WalkMode::SaveProject, tree_, saved);
+        content_.messages = ProjectMessages(saved.allTexts());
+    } else {
+        content_.messages = ProjectMessages();
+    }
+    return replaceProjectFile(files_, stateFolder(), path, composeProject(content_));
+}
+
+int BuildVerb::buildFiles(ConsoleStreams streams) {
+    const fs::path folder = inFolder(place_.builtFile(".smd")).parent_path();
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) {
@@ -101,60 +166,61 @@ int BuildVerb::buildFiles(HeadlessProgram& program, LoadedProject& project, Cons
                     << '\n';
         return kExitFileFault;
     }
-    if (const int status = buildDefinitions(program, project, streams); status != kExitDone)
+    if (const int status = buildDefinitions(streams); status != kExitDone)
         return status;
-    return buildTransactions(program, streams);
+    return buildTransactions(streams);
 }
 
-int BuildVerb::buildDefinitions(HeadlessProgram& program, LoadedProject& project,
-                                ConsoleStreams streams) const {
-    Application& application = program.application();
+int BuildVerb::buildDefinitions(ConsoleStreams streams) {
     const bool mdf = isMdfWanted();
-    const std::string target = inFolder(mdf ? application.mdfFilePath() : application.smdFilePath()).string();
-    // A build stops at its first fault and fills up values on its way, so all faults are looked for before
+    const std::string target = inFolder(place_.builtFile(mdf ? ".mdf" : ".smd")).string();
+    // A build stops at its first fault and normalizes values on its way, so all faults are looked for before
     // it.
-    const auto faults = errorsOf(checkDefinitions(project.tree, project.codePage));
-    const bool built = application.builds.buildSmdTo(target, mdf ? "BUILD_MDF" : "BUILD_SMD");
-    if (const auto& fileError = application.builds.fileError())
-        return tellFileFault(target, fileError->description, streams);
-    if (!built && faults.empty())
-        return tellFileFault(target, program.screen().lastText(), streams);
-    if (!built) {
+    const auto faults = errorsOf(checkDefinitions(tree_, codePage_));
+    const auto refuse = [&](const std::string& what) {
+        if (faults.empty())
+            return tellFileFault(target, what, streams);
         printFindings(streams.err, project_, faults);
         return kExitFault;
-    }
-    if (project.tree.empty())
+    };
+    if (const Result<void> access = checkFileAccess(files_, target); !access)
+        return refuse(describeFileFault(access.error()));
+    const WalkOutcome outcome = SmdWriter(codePage_).buildMessageText(
+        mdf ? WalkMode::BuildMdf : WalkMode::BuildSmd, tree_, messages_);
+    if (!outcome.status.empty())
+        return refuse(outcome.status);
+    if (tree_.empty()) {
         streams.out << printable(project_) << ": no messages, so no file is built\n";
-    else
-        streams.out << printable(target) << ": "
-                    << counted(application.SECSMessageStore->getMessages().size(), "message") << '\n';
-    return kExitDone;
-}
-
-int BuildVerb::buildTransactions(HeadlessProgram& program, ConsoleStreams streams) const {
-    Application& application = program.application();
-    const std::string target = inFolder(application.tmdFilePath()).string();
-    const bool built = application.builds.buildTmdTo(target);
-    if (const auto& fileError = application.builds.fileError())
-        return tellFileFault(target, fileError->description, streams);
-    if (const auto& content = application.builds.tmdContent()) {
-        streams.out << printable(target) << ": " << counted(content->messages, "transaction message") << ", "
-                    << counted(content->sequences, "sequence") << '\n';
-    }
-    if (built)
         return kExitDone;
-    if (!application.builds.endedAtCheck())
-        return tellFileFault(target, program.screen().lastText(), streams);
-    printFindings(streams.err, project_, errorsOf(checkTransactions(application)));
-    return kExitFault;
+    }
+    const std::string text = composeDefinitions(messages_, mdf ? DefinitionForm::Mdf : DefinitionForm::Smd);
+    if (const Result<void> written = replaceFile(files_, target, text); !written)
+        return tellFileFault(target, written.error().description, streams);
+    streams.out << printable(target) << ": " << counted(messages_.getMessages().size(), "message") << '\n';
+    return kExitDone;
 }
 
-int BuildVerb::runGenerator(HeadlessProgram& program, ConsoleStreams streams) const {
-    const std::string text = program.application().saveAndGenerate();
-    streams.out << printableLines(text) << '\n';
-    if (const std::string fault = program.screen().lastText(); !fault.empty())
-        return tellFileFault(project_, fault, streams);
+int BuildVerb::buildTransactions(ConsoleStreams streams) {
+    if (content_.model->TRMessages().empty())
+        return kExitDone;
+    const std::string target = inFolder(place_.builtFile(".tmd")).string();
+    if (const Result<void> access = checkFileAccess(files_, target); !access)
+        return tellFileFault(target, describeFileFault(access.error()), streams);
+    const ProjectView view = viewOf(content_, messages_);
+    if (!mayBuildTmd(view)) {
+        printFindings(streams.err, project_, errorsOf(checkTransactions(view)));
+        return kExitFault;
+    }
+    const Result<TmdContent> written = writeTMD(view, files_, target);
+    if (!written)
+        return tellFileFault(target, written.error().description, streams);
+    streams.out << printable(target) << ": " << counted(written->messages, "transaction message") << ", "
+                << counted(written->sequences, "sequence") << '\n';
     return kExitDone;
+}
+
+std::unique_ptr<Verb> makeBuildVerb() {
+    return std::make_unique<BuildVerb>();
 }
 
 } // namespace zb

@@ -1,9 +1,10 @@
-#include "console/check_verb.h"
+#include "console/verbs.h"
 
 #include "console/findings.h"
-#include "console/headless_program.h"
-#include "console/loaded_project.h"
+#include "console/project_loading.h"
+#include "messages/smd/smd_writer.h"
 #include "outputs/transaction_check.h"
+#include "project/project_view.h"
 
 #include <CLI/CLI.hpp>
 
@@ -11,13 +12,34 @@ namespace zb {
 
 namespace {
 
-Findings transactionFindings(const std::string& path, const LoadedProject& project) {
-    NoGenerator generator;
-    HeadlessProgram program(path, project, generator);
-    program.fillMessageStore();
-    Application& application = program.application();
-    return checkTransactions(application);
+/// The faults of the messages, then those of the transaction model.
+Findings findingsOf(const Project& project, const CodePage& codePage) {
+    NodeTree tree;
+    project.messages.fill(tree);
+    Findings findings = checkDefinitions(tree, codePage);
+    SECSMessageStore messages;
+    SmdWriter(codePage).buildMessageText(WalkMode::SaveProject, tree, messages);
+    for (Finding& finding : checkTransactions(viewOf(project, messages)))
+        findings.push_back(std::move(finding));
+    return findings;
 }
+
+/// `zbc check PROJECT.zbp [--json] [--warnings]`
+class CheckVerb final : public Verb {
+public:
+    std::string name() const override { return "check"; }
+    std::string summary() const override {
+        return "Report every fault of the messages and the transaction model";
+    }
+    std::string example() const override;
+    void declare(CLI::App& app) override;
+    int run(ConsoleStreams streams) override;
+
+private:
+    std::string project_;
+    bool json_ = false;
+    bool warnings_ = false;
+};
 
 } // namespace
 
@@ -45,12 +67,11 @@ void CheckVerb::declare(CLI::App& app) {
 }
 
 int CheckVerb::run(ConsoleStreams streams) {
-    LoadedProject project;
-    if (const int status = project.load(project_, streams); status != kExitDone)
+    int status = kExitDone;
+    const auto file = loadProject(project_, streams, status);
+    if (!file)
         return status;
-    auto findings = checkDefinitions(project.tree, project.codePage);
-    for (Finding& finding : transactionFindings(project_, project))
-        findings.push_back(std::move(finding));
+    auto findings = findingsOf(file->project, codePageOfUser());
     const auto faults = errorsOf(findings);
     if (!warnings_)
         findings = faults;
@@ -59,6 +80,10 @@ int CheckVerb::run(ConsoleStreams streams) {
     else
         printFindings(streams.err, project_, findings);
     return faults.empty() ? kExitDone : kExitFault;
+}
+
+std::unique_ptr<Verb> makeCheckVerb() {
+    return std::make_unique<CheckVerb>();
 }
 
 } // namespace zb

@@ -1,16 +1,10 @@
 #include "console/command_line.h"
 
-#include "console/add_verb.h"
-#include "console/build_verb.h"
-#include "console/check_verb.h"
-#include "console/convert_verb.h"
-#include "console/history_verb.h"
-#include "console/list_verb.h"
 #include "console/printable_stream.h"
-#include "console/script_verb.h"
+#include "console/verbs.h"
 #include "platform/printable.h"
 #include "platform/text.h"
-#include "shell/version.h"
+#include "platform/version.h"
 
 #include <CLI/CLI.hpp>
 #include <ostream>
@@ -38,7 +32,7 @@ int refuse(const std::string& what, ConsoleStreams streams) {
     return kExitUsage;
 }
 
-Verb* chosenVerb(const CLI::App& app, const std::vector<std::unique_ptr<Verb>>& verbs) {
+Verb* chosenVerb(const CLI::App& app, const Verbs& verbs) {
     for (const auto& verb : verbs) {
         if (app.got_subcommand(verb->name()))
             return verb.get();
@@ -48,23 +42,18 @@ Verb* chosenVerb(const CLI::App& app, const std::vector<std::unique_ptr<Verb>>& 
 
 } // namespace
 
-std::vector<std::unique_ptr<Verb>> makeVerbs() {
-    std::vector<std::unique_ptr<Verb>> verbs;
-    verbs.push_back(std::make_unique<BuildVerb>());
-    verbs.push_back(std::make_unique<CheckVerb>());
-    verbs.push_back(std::make_unique<ListVerb>());
-    verbs.push_back(std::make_unique<ConvertVerb>());
-    verbs.push_back(std::make_unique<AddVerb>());
-    verbs.push_back(std::make_unique<HistoryVerb>());
-    verbs.push_back(std::make_unique<ScriptVerb>());
+Verbs makeVerbs() {
+    Verbs verbs;
+    for (const auto make :
+         {makeBuildVerb, makeCheckVerb, makeListVerb, makeConvertVerb, makeAddVerb, makeHistoryVerb})
+        verbs.push_back(make());
     return verbs;
 }
 
-int runConsole(const std::vector<std::string>& arguments, ConsoleStreams sinks) {
+int runConsole(const Verbs& verbs, const std::vector<std::string>& arguments, ConsoleStreams sinks) {
     PrintableStream out(sinks.out);
     PrintableStream err(sinks.err);
     const ConsoleStreams streams{out, err};
-    const auto verbs = makeVerbs();
     CLI::App app(kDescription, "zbc");
     app.footer(kExitCodes);
     app.set_version_flag("--version", "zbc " + std::string(kVersion), "Print the version and leave");

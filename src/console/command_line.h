@@ -8,10 +8,12 @@
 
 namespace zb {
 
-/// All verbs of zbc.
-std::vector<std::unique_ptr<Verb>> makeVerbs();
+using Verbs = std::vector<std::unique_ptr<Verb>>;
 
-/// Runs the console with these arguments, the program's name not among them; gives the exit status.
-int runConsole(const std::vector<std::string>& arguments, ConsoleStreams streams);
+/// The verbs that work without a window.
+Verbs makeVerbs();
+
+/// Runs the console with these arguments, without the name of the program; returns the exit status.
+int runConsole(const Verbs& verbs, const std::vector<std::string>& arguments, ConsoleStreams streams);
 
 } // namespace zb

@@ -1,4 +1,4 @@
-#include "console/convert_verb.h"
+#include "console/verbs.h"
 
 #include "console/message_source.h"
 #include "console/printable.h"
@@ -8,6 +8,7 @@
 #include "platform/file_replacer.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "project/project_text.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -19,9 +20,6 @@ namespace zb {
 
 namespace {
 
-/// Without a word about it a new project is one of a host.
-constexpr const char* kProjectHeader = "\r\n###[PROJECT INFORMATION]\r\nProjectType=1\r\n";
-
 bool isBuiltIn(SourceKind kind) {
     return kind == SourceKind::Gem || kind == SourceKind::Semi;
 }
@@ -29,9 +27,10 @@ bool isBuiltIn(SourceKind kind) {
 std::string bytesOf(const SECSLibraryStore::Records& records, SourceKind kind) {
     switch (kind) {
     case SourceKind::Project:
-        return encodeUtf16(
-            std::string(kProjectHeader) +
-            (records.empty() ? "" : "## [EDIT SMD]\r\n" + composeSmd(records, SmdForm::Project)));
+        // Nothing says which side a new project describes, so it is a host's.
+        return encodeUtf16(composeStart(
+            Side::Host,
+            records.empty() ? ProjectMessages() : ProjectMessages(composeSmd(records, SmdForm::Project))));
     case SourceKind::Mdf:
         return composeMdf(records);
     case SourceKind::Sml:
@@ -59,6 +58,23 @@ bool takeSelection(const MessageSource& source, const std::string& file,
                  [&chosen](const auto* record) { return chosen.count(record) > 0; });
     return found;
 }
+
+/// `zbc convert IN OUT [--messages S1F13,S6F11]`
+class ConvertVerb final : public Verb {
+public:
+    std::string name() const override { return "convert"; }
+    std::string summary() const override { return "Turn messages from one file format into another"; }
+    std::string example() const override;
+    void declare(CLI::App& app) override;
+    int run(ConsoleStreams streams) override;
+
+private:
+    int write(const SECSLibraryStore::Records& records, ConsoleStreams streams) const;
+
+    std::string in_;
+    std::string out_;
+    std::vector<std::string> selection_;
+};
 
 } // namespace
 
@@ -112,6 +128,10 @@ int ConvertVerb::write(const SECSLibraryStore::Records& records, ConsoleStreams 
     streams.out << printable(out_) << ": " << counted(records.size(), "message") << '\n';
     const bool project = sourceKind(out_) == SourceKind::Project;
     return !project || tellColons(records, out_, streams.err) ? kExitDone : kExitFault;
+}
+
+std::unique_ptr<Verb> makeConvertVerb() {
+    return std::make_unique<ConvertVerb>();
 }
 
 } // namespace zb

@@ -1,4 +1,4 @@
-#include "console/history_verb.h"
+#include "console/verbs.h"
 
 #include "platform/file_layer.h"
 #include "platform/printable.h"
@@ -38,6 +38,20 @@ int restoreVersion(ProjectHistory& history, const std::string& project, int numb
     return kExitDone;
 }
 
+/// `zbc history PROJECT.zbp [--restore N]`
+class HistoryVerb final : public Verb {
+public:
+    std::string name() const override { return "history"; }
+    std::string summary() const override { return "List the kept versions of a project, or bring one back"; }
+    std::string example() const override;
+    void declare(CLI::App& app) override;
+    int run(ConsoleStreams streams) override;
+
+private:
+    std::string project_;
+    int restore_ = 0;
+};
+
 } // namespace
 
 std::string HistoryVerb::example() const {
@@ -64,6 +78,10 @@ int HistoryVerb::run(ConsoleStreams streams) {
     for (const auto& version : history.versions(project_))
         streams.out << version.number << "  " << printTime(version.time) << "  " << version.bytes << '\n';
     return kExitDone;
+}
+
+std::unique_ptr<Verb> makeHistoryVerb() {
+    return std::make_unique<HistoryVerb>();
 }
 
 } // namespace zb

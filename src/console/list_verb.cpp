@@ -1,12 +1,10 @@
-#include "console/list_verb.h"
+#include "console/verbs.h"
 
-#include "console/loaded_project.h"
 #include "console/message_source.h"
 #include "console/printable.h"
+#include "console/project_loading.h"
 #include "console/text_table.h"
 #include "console/transaction_list.h"
-#include "model/tr_model_store.h"
-#include "shell/project_files.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -57,6 +55,23 @@ void printJson(std::ostream& out, const SECSLibraryStore::Records& messages) {
     }
 }
 
+/// `zbc list FILE|gem|semi [--json] [--transactions]`
+class ListVerb final : public Verb {
+public:
+    std::string name() const override { return "list"; }
+    std::string summary() const override { return "List the messages of a project or library"; }
+    std::string example() const override;
+    void declare(CLI::App& app) override;
+    int run(ConsoleStreams streams) override;
+
+private:
+    int listTransactions(ConsoleStreams streams) const;
+
+    std::string source_;
+    bool json_ = false;
+    bool transactions_ = false;
+};
+
 } // namespace
 
 std::string ListVerb::example() const {
@@ -92,17 +107,20 @@ int ListVerb::listTransactions(ConsoleStreams streams) const {
         streams.err << "zbc: --transactions needs a project (see zbc --help)\n";
         return kExitUsage;
     }
-    LoadedProject project;
-    if (const int status = project.load(source_, streams); status != kExitDone)
+    int status = kExitDone;
+    const auto file = loadProject(source_, streams, status);
+    if (!file)
         return status;
-    TRModelStore model;
-    model.setProjectType(projectTypeOf(project.text));
-    model.loadModelText(project.text);
+    const Project& project = file->project;
     if (json_)
-        printTransactionsAsJson(streams.out, model, project.text);
+        printTransactionsAsJson(streams.out, *project.model, project.sequences);
     else
-        printTransactions(streams.out, model, project.text);
+        printTransactions(streams.out, *project.model, project.sequences);
     return kExitDone;
+}
+
+std::unique_ptr<Verb> makeListVerb() {
+    return std::make_unique<ListVerb>();
 }
 
 } // namespace zb

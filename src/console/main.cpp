@@ -1,4 +1,5 @@
 #include "console/command_line.h"
+#include "console/script_verb.h"
 #include "platform/printable.h"
 #include "platform/process_signals.h"
 
@@ -9,7 +10,9 @@ int main(int argc, char** argv) {
     zb::letLargeWritesFail();
     const zb::ConsoleStreams streams{std::cout, std::cerr};
     try {
-        const int status = zb::runConsole({argv + 1, argv + argc}, streams);
+        zb::Verbs verbs = zb::makeVerbs();
+        verbs.push_back(zb::makeScriptVerb());
+        const int status = zb::runConsole(verbs, {argv + 1, argv + argc}, streams);
         if (std::cout.flush())
             return status;
         std::cerr << "zbc: standard output cannot be written\n";

@@ -1,11 +1,10 @@
 #include "console/message_source.h"
 
-#include "console/loaded_project.h"
 #include "console/printable.h"
+#include "console/project_loading.h"
 #include "messages/libraries/built_in.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
-#include "platform/tree/node_walk.h"
 #include "platform/wildcard.h"
 
 #include <algorithm>
@@ -41,14 +40,6 @@ void printFinding(std::ostream& out, const std::string& file, const Finding& fin
     else if (finding.severity == Severity::Note)
         out << " note:";
     out << ' ' << printable(finding.text) << '\n';
-}
-
-/// The items below a message, one line each, with its level first.
-std::string bodyOf(const Node& message) {
-    std::string body;
-    for (NodeWalk walk(message); const Node* node = walk.node(); walk.next())
-        body.append(std::to_string(walk.depth() + 1)).append(" ").append(node->text()).append("\r\n");
-    return body;
 }
 
 } // namespace
@@ -103,18 +94,13 @@ int MessageSource::loadLibrary(const std::string& name, SourceKind kind, Console
 }
 
 int MessageSource::loadProject(const std::string& name, ConsoleStreams streams) {
-    LoadedProject project;
-    if (const int status = project.load(name, streams); status != kExitDone)
+    int status = kExitDone;
+    const auto file = zb::loadProject(name, streams, status);
+    if (!file)
         return status;
-    for (const Node* node = project.tree.firstRoot(); node != nullptr; node = node->next()) {
-        if (!isMessageNode(*node))
-            continue;
-        const Node* description = node->previous();
-        auto record = std::make_unique<SECSMessageRecord>();
-        record->parseTexts(node->text(), description == nullptr ? "" : description->text(), bodyOf(*node));
-        messages_.push_back(record.get());
-        ofProject_.push_back(std::move(record));
-    }
+    ofProject_ = file->project.messages.records();
+    for (const SECSMessageRecord& record : ofProject_)
+        messages_.push_back(&record);
     return kExitDone;
 }
 

@@ -37,7 +37,7 @@ private:
     int loadProject(const std::string& name, ConsoleStreams streams);
 
     std::unique_ptr<SECSLibraryStore> library_;
-    std::vector<std::unique_ptr<SECSMessageRecord>> ofProject_;
+    std::vector<SECSMessageRecord> ofProject_;
     SECSLibraryStore::Records messages_;
 };
 

@@ -7,6 +7,23 @@
 
 namespace zb {
 
+namespace {
+
+/// `zbc script FILE...`
+class ScriptVerb final : public Verb {
+public:
+    std::string name() const override { return "script"; }
+    std::string summary() const override { return "Run scripts that work the program as a person does"; }
+    std::string example() const override;
+    void declare(CLI::App& app) override;
+    int run(ConsoleStreams streams) override;
+
+private:
+    std::vector<std::string> files_;
+};
+
+} // namespace
+
 std::string ScriptVerb::example() const {
     return "zbc script bulk-edit.zbs checks/*.zbs\n"
            "  Runs each script with a program, settings and work folder of its own. A script that fails\n"
@@ -32,6 +49,10 @@ int ScriptVerb::run(ConsoleStreams streams) {
     if (failed)
         return kExitFault;
     return unreadable ? kExitFileFault : kExitDone;
+}
+
+std::unique_ptr<Verb> makeScriptVerb() {
+    return std::make_unique<ScriptVerb>();
 }
 
 } // namespace zb

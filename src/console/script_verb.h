@@ -2,22 +2,11 @@
 
 #include "console/verb.h"
 
-#include <string>
-#include <vector>
+#include <memory>
 
 namespace zb {
 
-/// `zbc script FILE...`
-class ScriptVerb final : public Verb {
-public:
-    std::string name() const override { return "script"; }
-    std::string summary() const override { return "Run scripts that work the program as a person does"; }
-    std::string example() const override;
-    void declare(CLI::App& app) override;
-    int run(ConsoleStreams streams) override;
-
-private:
-    std::vector<std::string> files_;
-};
+/// The verb that runs scripts. It is in a library of its own, because it brings all windows along.
+std::unique_ptr<Verb> makeScriptVerb();
 
 } // namespace zb

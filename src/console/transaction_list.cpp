@@ -2,7 +2,7 @@
 
 #include "console/printable.h"
 #include "console/text_table.h"
-#include "model/sequence_lines.h"
+#include "model/sequences.h"
 #include "model/tr_model_store.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
@@ -103,9 +103,8 @@ void printMessages(std::ostream& out, const char* heading, const TRModelStore& m
     }
 }
 
-void printSequences(std::ostream& out, const std::string& projectText) {
+void printSequences(std::ostream& out, const Sequences& sequences) {
     Group group(out, "Sequences");
-    const Sequences sequences = readSequences(projectText);
     for (const SequenceRow& row : sequences.rows()) {
         if (row.isHead())
             group.line(1, printable(row.text));
@@ -129,14 +128,14 @@ Json jsonOf(const TRItemRecord& item) {
 
 } // namespace
 
-void printTransactions(std::ostream& out, const TRModelStore& model, const std::string& projectText) {
+void printTransactions(std::ostream& out, const TRModelStore& model, const Sequences& sequences) {
     printMessages(out, "Received messages", model, Kind::Received);
     printMessages(out, "Sent messages", model, Kind::Sent);
     printMessages(out, "Messages of no direction", model, Kind::Other);
-    printSequences(out, projectText);
+    printSequences(out, sequences);
 }
 
-void printTransactionsAsJson(std::ostream& out, const TRModelStore& model, const std::string& projectText) {
+void printTransactionsAsJson(std::ostream& out, const TRModelStore& model, const Sequences& sequences) {
     constexpr const char* kKinds[] = {"received", "sent", "other"};
     for (const auto& message : model.TRMessages()) {
         Json items = Json::array();
@@ -151,7 +150,6 @@ void printTransactionsAsJson(std::ostream& out, const TRModelStore& model, const
                         {"items", items},
                         {"data", dataOf(*message)}});
     }
-    const Sequences sequences = readSequences(projectText);
     Json sequence;
     for (const SequenceRow& row : sequences.rows()) {
         if (row.isHead() || sequence.is_null()) {

@@ -1,18 +1,18 @@
 #pragma once
 
 #include <iosfwd>
-#include <string>
 
 namespace zb {
 
+class Sequences;
 class TRModelStore;
 
 // The transaction model of a project and its sequences, on standard output.
 
 /// Received messages with their items and statements, sent ones with their data, then the sequences; one
 /// group below the other, empty ones left out.
-void printTransactions(std::ostream& out, const TRModelStore& model, const std::string& projectText);
+void printTransactions(std::ostream& out, const TRModelStore& model, const Sequences& sequences);
 /// One JSON object a message and a sequence.
-void printTransactionsAsJson(std::ostream& out, const TRModelStore& model, const std::string& projectText);
+void printTransactionsAsJson(std::ostream& out, const TRModelStore& model, const Sequences& sequences);
 
 } // namespace zb

@@ -1,14 +1,14 @@
 #include "editor/frm_sec_editor.h"
 
-#include "messages/module_state.h"
-#include "messages/smd/smd_reader.h"
-#include "messages/smd/smd_writer.h"
+#include "controls/desktop.h"
 #include "platform/number.h"
+#include "project/module_state.h"
+#include "project/project_messages.h"
 
 namespace zb {
 
-frmSECSEditor::frmSECSEditor(ModuleState& state, ProjectCommands& commands)
-    : EditorControls(state.desktop, commands), state_(state), itemPane(*this, state.codePage) {
+frmSECSEditor::frmSECSEditor(Desktop& desktop, ModuleState& state, ProjectCommands& commands)
+    : EditorControls(desktop, commands), state_(state), itemPane(*this, state.codePage) {
     mnuExpand.onClick = [this] { toggleExpand(); };
     mnuFind.onClick = [this] { fire(onFind); };
     wireTreeWidth();
@@ -23,22 +23,36 @@ void frmSECSEditor::newEditorProject() {
     state_.SECSMessageStore = std::make_unique<SECSMessageStore>();
 }
 
-void frmSECSEditor::openEditorProject() {
+void frmSECSEditor::openEditorProject(const ProjectMessages& messages) {
     cboSECSMessage.clear();
     state_.SECSMessageStore = std::make_unique<SECSMessageStore>();
     replaceTree();
     InitItem();
     InitMsg();
-    readSmdSection(liveTree(), state_.projectFilePath(), *this);
+    messages.fill(liveTree(), [this](std::string_view name) { InsertCbo(name); });
+    TreeView_ForeColor();
     cboFirstSelect();
 }
 
-std::string frmSECSEditor::saveEditorProject() {
-    return SmdWriter(state_, *this).buildMessageText(state_.projectFilePath(), "SAVE_PROJECT", liveTree());
+std::string frmSECSEditor::buildMessageText(WalkMode mode) {
+    state_.SECSMessageStore = std::make_unique<SECSMessageStore>();
+    InitMsg();
+    hideItemPane();
+    SmdWriter writer(state_.codePage,
+                     [this](const SECSMessageRecord& record) { display_DefSECSMsg(record); });
+    WalkOutcome outcome = writer.buildMessageText(mode, liveTree(), *state_.SECSMessageStore);
+    if (outcome.fault)
+        showFault(*outcome.fault);
+    return std::move(outcome.status);
 }
 
-std::string frmSECSEditor::walkForModeler() {
-    return SmdWriter(state_, *this).buildMessageText(state_.ProjectName, "MODELER", liveTree());
+void frmSECSEditor::showFault(const NodeFault& fault) {
+    if (Node* node = liveTree().at(fault.nodeIndex)) {
+        liveTree().select(node);
+        node->setBackColor(kErrorBackColor);
+    }
+    const bool plain = fault.fault.tone == DefinitionFault::Tone::Plain;
+    desktop().showBox(std::string(fault.fault.text), plain ? BoxIcon::None : BoxIcon::Critical);
 }
 
 void frmSECSEditor::TreeView_ForeColor() {

@@ -7,7 +7,7 @@
 #include "editor/splitter.h"
 #include "editor/tree_commands.h"
 #include "editor/tree_interaction.h"
-#include "messages/editor_pane.h"
+#include "messages/smd/smd_writer.h"
 
 #include <functional>
 #include <string>
@@ -15,14 +15,15 @@
 
 namespace zb {
 
+class ProjectMessages;
 struct ModuleState;
 class ProjectCommands;
 
 /// The window in which the SECS messages of a project are edited. It owns the live message tree, the
 /// clipboard and the panes; it is built once and stays for the whole run.
-class frmSECSEditor final : public EditorControls, public EditorPane {
+class frmSECSEditor final : public EditorControls {
 public:
-    frmSECSEditor(ModuleState& state, ProjectCommands& commands);
+    frmSECSEditor(Desktop& desktop, ModuleState& state, ProjectCommands& commands);
 
     /// Which of two trees is the live one, 1 or 2; it changes whenever a fresh tree takes the old one's
     /// place.
@@ -33,22 +34,21 @@ public:
 
     /// Empties the editor for a new project.
     void newEditorProject();
-    /// Empties the editor and reads the messages of the project file; a file that cannot be opened leaves it
-    /// empty.
-    void openEditorProject();
-    /// Writes the messages to the end of the sections that the save gathers. The status is empty on success.
-    std::string saveEditorProject();
-    /// Checks all messages as the way to the modeler asks for; the status is empty when they are sound.
-    std::string walkForModeler();
+    /// Shows the messages of another project.
+    void openEditorProject(const ProjectMessages& messages);
+    /// The walk over the live tree by which the messages leave it; it refills the store of messages. The
+    /// status is empty on success, else the words of the first fault, whose node is selected and marked after
+    /// a box has shown it.
+    std::string buildMessageText(WalkMode mode);
     /// The system does not print.
     std::string printEditorProject() { return {}; }
 
-    void InsertCbo(std::string_view name) override { messagePane.InsertCbo(name); }
-    void TreeView_ForeColor() override;
-    void InitMsg() override { messagePane.InitMsg(); }
-    void display_DefSECSMsg(const SECSMessageRecord& record) override { messagePane.display(record); }
+    void InsertCbo(std::string_view name) { messagePane.InsertCbo(name); }
+    void TreeView_ForeColor();
+    void InitMsg() { messagePane.InitMsg(); }
+    void display_DefSECSMsg(const SECSMessageRecord& record) { messagePane.display(record); }
     /// Until the next click on an item.
-    void hideItemPane() override { picItem.setVisible(false); }
+    void hideItemPane() { picItem.setVisible(false); }
 
     void InitItem() { itemPane.InitItem(); }
     void cboFirstSelect() { messagePane.cboFirstSelect(); }
@@ -73,6 +73,7 @@ private:
     static constexpr int kFirstTreeWidth = 4500;
 
     void replaceTree();
+    void showFault(const NodeFault& fault);
     void toggleExpand();
     void wireTreeWidth();
     void takeTypedWidth();

@@ -4,9 +4,9 @@
 #include "editor/frm_sec_editor.h"
 #include "messages/libraries/built_in.h"
 #include "messages/library_drop.h"
-#include "messages/module_state.h"
 #include "messages/smd/smd_reader.h"
 #include "platform/text.h"
+#include "project/module_state.h"
 
 #include <algorithm>
 #include <array>
@@ -250,11 +250,11 @@ void LibraryPane::dropRows() {
 void LibraryPane::addMessages(const DropStep& step) {
     for (const SECSMessageRecord* record : library_->getByStreamFunction(step.streamFunction)) {
         window_.display_DefSECSMsg(*record);
-        const std::string status = addMessageToTree(
-            window_.liveTree(), *record, step.tellsDuplicates ? OnDuplicate::Tell : OnDuplicate::KeepSilent,
-            window_.desktop());
-        if (status == "Key")
+        if (!addMessageToTree(window_.liveTree(), *record).empty()) {
+            if (step.tellsDuplicates)
+                window_.desktop().showBox(record->getName() + " already exists.");
             continue;
+        }
         window_.InsertCbo(record->getName());
         if (window_.cboSECSMessage.text().empty())
             window_.cboFirstSelect();

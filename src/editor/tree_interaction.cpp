@@ -7,9 +7,9 @@
 #include "messages/item_record.h"
 #include "messages/message_nodes.h"
 #include "messages/message_record.h"
-#include "messages/module_state.h"
 #include "platform/number.h"
 #include "platform/wildcard.h"
+#include "project/module_state.h"
 
 #include <cmath>
 

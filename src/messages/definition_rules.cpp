@@ -10,10 +10,10 @@ namespace zb {
 namespace {
 
 constexpr DefinitionFault kStream{"You must insert a positive number less than 128 in the stream",
-                                  BoxIcon::None};
+                                  DefinitionFault::Tone::Plain};
 constexpr DefinitionFault kFunction{"You must insert a positive number less than 255 in the function",
-                                    BoxIcon::None};
-constexpr DefinitionFault kNoName{"Insert item name", BoxIcon::None};
+                                    DefinitionFault::Tone::Plain};
+constexpr DefinitionFault kNoName{"Insert item name", DefinitionFault::Tone::Plain};
 constexpr DefinitionFault kNumericName{"Only numeric value cannot be a item name."};
 constexpr DefinitionFault kNameChars{"The name of this item is not correct"};
 constexpr DefinitionFault kNameTwice{"The name of this item be duplicated"};
@@ -26,7 +26,7 @@ constexpr DefinitionFault kBoolean{"Insert boolean(0, 1, False, True) for initia
 constexpr DefinitionFault kInteger{"Insert integer for initial value."};
 constexpr DefinitionFault kUnsigned{"Insert unsigned integer for initial value."};
 constexpr DefinitionFault kFloat{"Insert floating point for initial value."};
-constexpr DefinitionFault kBadType{"Bad item type", BoxIcon::None};
+constexpr DefinitionFault kBadType{"Bad item type", DefinitionFault::Tone::Plain};
 
 std::string_view wordAt(std::string_view text, int place) {
     for (; place > 0; --place)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controls/screen.h"
 #include "messages/item_record.h"
 
 #include <optional>
@@ -11,10 +10,13 @@
 
 namespace zb {
 
-/// What a rule says of a definition, with the icon of the box that shows it.
+/// What a rule says of a definition.
 struct DefinitionFault {
+    /// How a window shows the fault: most of them as an error, a few as a plain message.
+    enum class Tone { Error, Plain };
+
     std::string_view text;
-    BoxIcon icon = BoxIcon::Critical;
+    Tone tone = Tone::Error;
 
     bool operator==(const DefinitionFault&) const = default;
 };

@@ -1,10 +1,6 @@
 #include "messages/message_store.h"
 
-#include "messages/mdf_text.h"
-#include "platform/file_replacer.h"
 #include "platform/text.h"
-
-#include <cerrno>
 
 namespace zb {
 
@@ -62,21 +58,6 @@ std::string SECSMessageStore::allTexts() const {
     for (const Entry& entry : entries_)
         texts += entry.record ? entry.record->sourceText() : entry.otherText;
     return texts;
-}
-
-Result<void> SECSMessageStore::writeFile(FileLayer& files, const std::string& path, std::string_view mode,
-                                         std::string* projectSections) const {
-    if (mode == "SAVE_PROJECT") {
-        if (projectSections == nullptr)
-            return FileError{EBADF, "No project is being saved"};
-        projectSections->append("## [EDIT SMD]\r\n").append(allTexts());
-        return {};
-    }
-    if (mode == "BUILD_SMD")
-        return replaceFile(files, path, allTexts());
-    if (mode == "BUILD_MDF")
-        return replaceFile(files, path, composeMdf(getMessages()));
-    return {};
 }
 
 } // namespace zb

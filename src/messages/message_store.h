@@ -1,7 +1,6 @@
 #pragma once
 
 #include "messages/message_record.h"
-#include "platform/result.h"
 
 #include <cstdint>
 #include <memory>
@@ -11,8 +10,6 @@
 #include <vector>
 
 namespace zb {
-
-class FileLayer;
 
 /// The messages of a project, as the last walk over its tree left them. The store owns its records.
 class SECSMessageStore {
@@ -29,10 +26,8 @@ public:
     /// no record, yet it keeps its place among what is written: a save must not drop it. Lesser faults of a
     /// head, as a missing direction, leave a record, since a walk lets them pass.
     std::string addMessageText(std::string_view smdText);
-    /// Writes what the mode asks for: a build to `path`, a save's section to the end of `projectSections`,
-    /// and nothing for the other modes. The error is the system's.
-    Result<void> writeFile(FileLayer& files, const std::string& path, std::string_view mode,
-                           std::string* projectSections) const;
+    /// The texts of all messages in order, as they were added.
+    std::string allTexts() const;
 
 private:
     /// Of a text that is a message the record holds the text.
@@ -40,7 +35,6 @@ private:
         std::unique_ptr<SECSMessageRecord> record;
         std::string otherText;
     };
-    std::string allTexts() const;
 
     std::vector<Entry> entries_;
     std::unordered_map<std::string, const SECSMessageRecord*> byName_; // upper-cased

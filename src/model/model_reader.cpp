@@ -3,7 +3,7 @@
 #include "messages/item_grammar.h"
 #include "model/element_lines.h"
 #include "model/fact_text.h"
-#include "model/project_lines.h"
+#include "model/tr_message_lines.h"
 #include "model/tr_model_store.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
@@ -213,18 +213,13 @@ private:
 
 } // namespace
 
-void readModel(std::string_view projectText, TRModelStore& model) {
+void readModel(const std::vector<std::string_view>& parts, TRModelStore& model) {
     ModelReader reader(model);
-    ProjectLines sorter;
-    LineReader lines(projectText);
-    while (const auto line = lines.next()) {
-        const auto section = sorter.take(*line);
-        if (section == ProjectLines::Section::Model)
+    for (const std::string_view part : parts) {
+        LineReader lines(part);
+        while (const auto line = lines.next())
             reader.line(*line);
-        else if (section == ProjectLines::Section::SequenceMarker)
-            break;
-        else
-            reader.closeMessage();
+        reader.closeMessage();
     }
     reader.finish();
 }

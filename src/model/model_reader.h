@@ -1,13 +1,15 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 namespace zb {
 
 class TRModelStore;
 
-/// Adds the TR messages of a project file's text to the model. Lines that cannot be understood are passed
-/// over; a second message or item of a name only fills what the first one lacks.
-void readModel(std::string_view projectText, TRModelStore& model);
+/// Adds the TR messages of the model's section to the model. The section may be in parts, of whole lines, and
+/// no message goes on from one part to the next. Lines that cannot be understood are passed over; a second
+/// message or item of a name only fills what the first one lacks.
+void readModel(const std::vector<std::string_view>& parts, TRModelStore& model);
 
 } // namespace zb

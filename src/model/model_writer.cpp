@@ -2,7 +2,7 @@
 
 #include "messages/item_grammar.h"
 #include "model/fact_text.h"
-#include "model/project_lines.h"
+#include "model/tr_message_lines.h"
 #include "model/tr_model_store.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
@@ -109,9 +109,6 @@ void writeMessage(FactLines& lines, const TRMessageRecord& message) {
 
 std::string composeModel(const TRModelStore& model) {
     FactLines lines;
-    if (model.TRMessages().empty())
-        return {};
-    lines.line({}, kModelMarker, kModelVersion);
     for (const auto& message : model.TRMessages())
         writeMessage(lines, *message);
     return lines.take();

@@ -1,6 +1,5 @@
 #include "model/sequence_lines.h"
 
-#include "model/project_lines.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 
@@ -42,13 +41,10 @@ void appendRow(std::string& text, const SequenceRow& row) {
 
 } // namespace
 
-Sequences readSequences(std::string_view projectText) {
-    LineReader lines(projectText);
-    auto line = lines.next();
-    while (line && *line != kSequenceMarker)
-        line = lines.next();
+Sequences readSequences(std::string_view rows) {
+    LineReader lines(rows);
     Sequences sequences;
-    while (line && (line = lines.next())) {
+    while (const auto line = lines.next()) {
         if (isBlank(*line))
             continue;
         const std::vector<std::string> pieces = split(trimmed(*line), kSeparator);
@@ -60,12 +56,9 @@ Sequences readSequences(std::string_view projectText) {
     return sequences;
 }
 
-void appendSequences(std::string& projectText, const Sequences& sequences) {
-    projectText += "\r\n\r\n\r\n";
-    projectText += kSequenceMarker;
-    projectText += "\r\n";
+void appendSequences(std::string& text, const Sequences& sequences) {
     for (const SequenceRow& row : sequences.rows())
-        appendRow(projectText, row);
+        appendRow(text, row);
 }
 
 } // namespace zb

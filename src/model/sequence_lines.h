@@ -7,16 +7,13 @@
 
 namespace zb {
 
-// The sequences as the last section of a project file: after its marker one line a row, the four fields
-// separated by U+00FF.
+// The sequences as text: one line a row, the four fields separated by U+00FF.
 
-/// Reads the sequences of a project file's text; a text without the section gives none. The fields are
-/// trimmed. The first line with fewer than four fields ends the reading; it still gives a row when it has
-/// two.
-Sequences readSequences(std::string_view projectText);
+/// Reads the rows. The fields are trimmed. The first line with fewer than four fields ends the reading; it
+/// still gives a row when it has two.
+Sequences readSequences(std::string_view rows);
 
-/// Appends the section, with the blank lines before it, to the text of a project file. A line break within a
-/// field becomes a blank.
-void appendSequences(std::string& projectText, const Sequences& sequences);
+/// Appends the rows to a text. A line break within a field becomes a blank.
+void appendSequences(std::string& text, const Sequences& sequences);
 
 } // namespace zb

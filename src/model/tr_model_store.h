@@ -35,15 +35,6 @@ public:
     /// Without effect for a name that is not there.
     void deleteTRMessage(std::string_view name) { messages_.remove(name); }
     void clearTRMessages() { messages_.clear(); }
-    /// Reads the messages from the model's section of the project file. A file without one, or one that
-    /// cannot be read, adds none; of a damaged section everything is taken that can be told apart. Called
-    /// when the project type is set.
-    void loadModel(const std::string& path);
-    /// The same from the decoded text of a project file.
-    void loadModelText(std::string_view projectText);
-    /// The model's section, to stand between the SECS messages and the sequence table; empty for an empty
-    /// model.
-    std::string saveModel() const;
 
 private:
     int projectType_ = 1;

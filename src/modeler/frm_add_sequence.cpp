@@ -1,8 +1,8 @@
 #include "modeler/frm_add_sequence.h"
 
 #include "controls/desktop.h"
-#include "modeler/modeler_state.h"
 #include "platform/text.h"
+#include "project/module_state.h"
 
 #include <algorithm>
 
@@ -20,7 +20,8 @@ bool isUsedIn(const TRModelStore& model, std::string_view name) {
 
 } // namespace
 
-frmAddSequence::frmAddSequence(ModelerState& state) : Window(state.desktop, "frmAddSequence"), state_(state) {
+frmAddSequence::frmAddSequence(Desktop& desktop, ModuleState& state)
+    : Window(desktop, "frmAddSequence"), state_(state) {
     setCaption("AddSequence");
     setCancelButton(cmdCancel);
     txtSequence.onKeyDown = [this](KeyEvent key) { txtSequence.setLocked(!mayEnter(key)); };

@@ -9,12 +9,12 @@
 namespace zb {
 
 class Sequences;
-struct ModelerState;
+struct ModuleState;
 
 /// Asks for the name of a new sequence.
 class frmAddSequence final : public Window {
 public:
-    explicit frmAddSequence(ModelerState& state);
+    frmAddSequence(Desktop& desktop, ModuleState& state);
 
     Label lblSequence{*this, "lblSequence", "Define Sequence Name"};
     TextField txtSequence{*this, "txtSequence"};
@@ -32,7 +32,7 @@ private:
     /// What the name is used for already; empty when it is free.
     std::string whyNot(const std::string& name) const;
 
-    ModelerState& state_;
+    ModuleState& state_;
     const Sequences* sequences_ = nullptr;
 };
 

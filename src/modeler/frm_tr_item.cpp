@@ -4,8 +4,8 @@
 #include "model/statement_node.h"
 #include "model/statement_text.h"
 #include "modeler/model_views.h"
-#include "modeler/modeler_state.h"
 #include "platform/text.h"
+#include "project/module_state.h"
 
 #include <memory>
 #include <utility>
@@ -27,9 +27,9 @@ bool isBare(const std::string& text) {
 
 } // namespace
 
-frmTRItem::frmTRItem(ModelerState& state, ModelViews& views)
-    : Window(state.desktop, "frmTRItem"), state_(state), views_(views), arrayDialog_(state.desktop),
-      valueDialog_(state.desktop), conditions_(builder, arrayDialog_, conditionHome()) {
+frmTRItem::frmTRItem(Desktop& desktop, ModuleState& state, ModelViews& views)
+    : Window(desktop, "frmTRItem"), state_(state), views_(views), arrayDialog_(desktop),
+      valueDialog_(desktop), conditions_(builder, arrayDialog_, conditionHome()) {
     setCancelButton(cmdCancel);
     txtSECSMessage.setReadOnly(true);
     cmbItemValue.onChoose = [this] { askForArrayIndex(cmbItemValue, selectedMessage(), arrayDialog_); };

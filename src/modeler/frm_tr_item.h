@@ -17,12 +17,12 @@ namespace zb {
 class ModelViews;
 class TRItemRecord;
 class TRMessageRecord;
-struct ModelerState;
+struct ModuleState;
 
 /// The dialog in which an item of a received TR message is created or changed.
 class frmTRItem final : public Window {
 public:
-    frmTRItem(ModelerState& state, ModelViews& views);
+    frmTRItem(Desktop& desktop, ModuleState& state, ModelViews& views);
 
     Label lblTRItemName{*this, "lblTRItemName", "TRItemName"};
     TextField txtTRItemName{*this, "txtTRItemName"};
@@ -84,7 +84,7 @@ private:
     /// The message that owns the item; null when it has gone meanwhile.
     TRMessageRecord* trMessage() const;
 
-    ModelerState& state_;
+    ModuleState& state_;
     ModelViews& views_;
     bool keepVisible_ = false;
     std::string messageName_;

@@ -1,9 +1,9 @@
 #include "modeler/frm_tr_message.h"
 
 #include "messages/smd/smd_reader.h"
-#include "modeler/modeler_state.h"
 #include "modeler/sent_values.h"
 #include "platform/text.h"
+#include "project/module_state.h"
 
 namespace zb {
 
@@ -14,14 +14,14 @@ constexpr std::string_view kTowardsEquipment = "H -> E";
 
 } // namespace
 
-frmTRMessage::frmTRMessage(ModelerState& state, ModelViews& views)
-    : Window(state.desktop, "frmTRMessage"), state_(state), views_(views), arrayDialog_(state.desktop),
+frmTRMessage::frmTRMessage(Desktop& desktop, ModuleState& state, ModelViews& views)
+    : Window(desktop, "frmTRMessage"), state_(state), views_(views), arrayDialog_(desktop),
       conditions_(builder, arrayDialog_,
                   {ConditionHome::OperatorReading::FirstPressed, ConditionHome::AfterDuplicate::PressFirst,
                    ConditionHome::EnterInValue::AddsCondition,
                    [this] { return selectedMessage_ ? &*selectedMessage_ : nullptr; },
                    [this] { return state_.SECSMessageStore->getByName(trim(cmbSECSMessage.text())); }}),
-      writer_(state, noPane_) {
+      writer_(state.codePage) {
     connectConditions();
     connectValues();
     connectFrame();
@@ -210,7 +210,7 @@ void frmTRMessage::chooseSECSMessage() {
 void frmTRMessage::showSECSMessage(const SECSMessageRecord& message) {
     tvwSelSECSMsg.replaceNodes();
     values_.forget();
-    addMessageToTree(tvwSelSECSMsg.nodes(), message, OnDuplicate::KeepSilent, desktop());
+    static_cast<void>(addMessageToTree(tvwSelSECSMsg.nodes(), message)); // the tree is empty
 }
 
 // What an existing record shows

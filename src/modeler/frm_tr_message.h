@@ -17,13 +17,13 @@ namespace zb {
 
 class ModelViews;
 class TRMessageRecord;
-struct ModelerState;
+struct ModuleState;
 
 /// The dialog in which a TR message, received or sent, is created or changed. Of a received one its condition
 /// is built; of a sent one the values and the list counts are filled in.
 class frmTRMessage final : public Window {
 public:
-    frmTRMessage(ModelerState& state, ModelViews& views);
+    frmTRMessage(Desktop& desktop, ModuleState& state, ModelViews& views);
 
     Label lblTRName{*this, "lblTRName", "TRName"};
     TextField txtTRName{*this, "txtTRName"};
@@ -88,6 +88,7 @@ private:
     bool isConditionDuplicated(std::string_view name, std::string_view message,
                                std::string_view condition) const;
     bool checkTRMessageName();
+    std::optional<SECSMessageRecord> composeDataBlock();
     bool checkDataBlock();
     void selectListWithoutCount(const SECSItemRecord& list);
     bool addTRMessageFromDialog(const std::string& name);
@@ -96,11 +97,10 @@ private:
     void storeDirection(TRMessageRecord& record) const;
     void storeContent(TRMessageRecord& record);
 
-    ModelerState& state_;
+    ModuleState& state_;
     ModelViews& views_;
     frmArrayInfo arrayDialog_;
     ConditionBuilder conditions_;
-    NoEditorPane noPane_;
     SmdWriter writer_;
     bool keepVisible_ = false;
     /// A copy: the store of the messages is filled anew by each save and build.

@@ -3,8 +3,8 @@
 #include "model/reserved_words.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/model_views.h"
-#include "modeler/modeler_state.h"
 #include "platform/text.h"
+#include "project/module_state.h"
 
 #include <algorithm>
 #include <memory>
@@ -89,9 +89,18 @@ bool frmTRMessage::checkTRMessageName() {
     return true;
 }
 
+/// The message that the tree shows; nothing when there is none, or when it is not correct, which a box says.
+std::optional<SECSMessageRecord> frmTRMessage::composeDataBlock() {
+    auto block = writer_.composeSingleMessage(tvwSelSECSMsg.nodes());
+    if (block)
+        return std::move(block).value();
+    desktop().showBox(block.error());
+    return std::nullopt;
+}
+
 /// A message can be sent only when each of its lists has a count.
 bool frmTRMessage::checkDataBlock() {
-    const auto block = writer_.composeSingleMessage("MODELER_SAVE", tvwSelSECSMsg.nodes());
+    const auto block = composeDataBlock();
     if (!block)
         return refuse("SECSMessage Format Error!");
     for (const SECSItemRecord& item : block->getItems()) {
@@ -166,7 +175,7 @@ void frmTRMessage::storeContent(TRMessageRecord& record) {
     if (isReceivedMode())
         record.setCondition(trim(txtResultCondition.text()));
     else
-        record.setDataBlock(writer_.composeSingleMessage("MODELER_SAVE", tvwSelSECSMsg.nodes()));
+        record.setDataBlock(composeDataBlock());
     record.setReport(chkReport.checked());
 }
 

@@ -1,12 +1,11 @@
 #include "modeler/frm_tr_modeler.h"
 
 #include "controls/desktop.h"
-#include "model/sequence_lines.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/model_nodes.h"
 #include "modeler/tr_object_table.h"
-#include "platform/text_file.h"
+#include "project/project_text.h"
 
 #include <memory>
 
@@ -21,9 +20,9 @@ std::unique_ptr<BusyPointer> busyUnlessAlready(Window& window) {
 
 } // namespace
 
-frmTRModeler::frmTRModeler(ModelerState& state, ProjectCommands& commands)
-    : ModelerControls(state.desktop, commands), state_(state), sequenceView_(lvwSequence, state.sequences),
-      addSequence_(state), treeCommands_(*this), tableCommands_(*this),
+frmTRModeler::frmTRModeler(Desktop& desktop, ModuleState& state, ProjectCommands& commands)
+    : ModelerControls(desktop, commands), state_(state), sequenceView_(lvwSequence, state.sequences),
+      addSequence_(desktop, state), treeCommands_(*this), tableCommands_(*this),
       sequenceCommands_(*this, addSequence_) {
     setCaption("TRModeler");
     menus.runBusy(menus.mnuTMD, ProjectCommand::BuildTmd);
@@ -52,39 +51,33 @@ void frmTRModeler::makeStore() {
 void frmTRModeler::newModelerProject() {
     makeStore();
     sequenceView_.clear();
-    foreign_.clear();
+    state_.foreign.clear();
     if (state_.ProjectType == 2)
         state_.TRModelStore->clearTRMessages();
     displayModel();
 }
 
-void frmTRModeler::openModelerProject() {
+void frmTRModeler::openModelerProject(Project project) {
     const auto busy = busyUnlessAlready(*this);
     initializeTreeView(tvwRcvTRMsg);
     initializeTreeView(tvwSndTRMsg);
-    makeStore();
-    const auto bytes = readBytes(state_.projectFilePath());
-    const std::string text = bytes ? decodeProject(*bytes).text : std::string();
-    state_.TRModelStore->loadModelText(text);
-    foreign_ = ForeignSections::parse(text);
+    state_.TRModelStore = std::move(project.model);
+    state_.foreign = std::move(project.foreign);
     displayModel();
-    sequenceView_.show(readSequences(text));
+    sequenceView_.show(std::move(project.sequences));
 }
 
 std::string frmTRModeler::saveModelerProject() {
     const auto busy = busyUnlessAlready(*this);
-    std::string text = foreign_.text();
-    if (const TRModelStore* model = store(); model != nullptr)
-        text += model->saveModel();
-    // The sequences are the last section of the file.
-    appendSequences(text, state_.sequences);
-    return text;
+    const TRModelStore none;
+    const TRModelStore* model = store();
+    return composeModelSections(state_.foreign, model == nullptr ? none : *model, state_.sequences);
 }
 
 void frmTRModeler::clearAllTRMsgDef() {
     if (state_.TRModelStore)
         state_.TRModelStore->clearTRMessages();
-    foreign_.clear();
+    state_.foreign.clear();
     displayModel();
     sequenceView_.clear();
     current_ = ModelSelection();

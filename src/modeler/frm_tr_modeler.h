@@ -4,11 +4,11 @@
 #include "modeler/model_tree_commands.h"
 #include "modeler/model_views.h"
 #include "modeler/modeler_controls.h"
-#include "modeler/modeler_state.h"
 #include "modeler/sequence_commands.h"
 #include "modeler/sequence_view.h"
 #include "modeler/tr_object_commands.h"
-#include "project/foreign_sections.h"
+#include "project/module_state.h"
+#include "project/project.h"
 
 #include <string>
 #include <string_view>
@@ -29,14 +29,14 @@ struct ModelSelection {
 /// store and of the sequences.
 class frmTRModeler final : public ModelerControls, public ModelViews {
 public:
-    frmTRModeler(ModelerState& state, ProjectCommands& commands);
+    frmTRModeler(Desktop& desktop, ModuleState& state, ProjectCommands& commands);
 
     /// The dialogs that the commands lead to; they are made behind the window and outlive no command.
     void useDialogs(frmTRMessage& messages, frmTRItem& items);
 
     void newModelerProject();
-    /// Reads the model from the project's file; a file that cannot be read gives an empty model.
-    void openModelerProject();
+    /// Takes the model, the sequences and the foreign sections of another project.
+    void openModelerProject(Project project);
     /// The model's sections of the project file.
     std::string saveModelerProject();
     /// Drops all transaction definitions.
@@ -81,8 +81,7 @@ private:
     /// Shows what was added or changed; a null node is one that no tree has.
     void showMessage(const TRMessageRecord& record, Node* node);
 
-    ModelerState& state_;
-    ForeignSections foreign_;
+    ModuleState& state_;
     ModelSelection current_;
     SequenceView sequenceView_;
     frmAddSequence addSequence_;

@@ -1,10 +1,10 @@
 #include "outputs/tmd_document.h"
 
-#include "modeler/modeler_state.h"
-#include "outputs/file_access.h"
+#include "platform/file_access.h"
 #include "platform/file_replacer.h"
 #include "platform/text.h"
 #include "platform/xml_document.h"
+#include "project/project_view.h"
 
 #include <unordered_map>
 
@@ -174,11 +174,11 @@ XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequence
     return root;
 }
 
-Result<TmdContent> writeTMD(const ModelerState& state, const std::string& path) {
-    if (const Result<void> deleted = deleteFileIfExists(state.files, path); !deleted)
+Result<TmdContent> writeTMD(const ProjectView& project, FileLayer& files, const std::string& path) {
+    if (const Result<void> deleted = deleteFileIfExists(files, path); !deleted)
         return deleted.error();
-    const XmlElement root = composeTmd(*state.TRModelStore, state.ProjectType, state.sequences);
-    if (const Result<void> written = replaceFile(state.files, path, xmlDocument(root)); !written)
+    const XmlElement root = composeTmd(*project.model, projectTypeOf(project.side), project.sequences);
+    if (const Result<void> written = replaceFile(files, path, xmlDocument(root)); !written)
         return written.error();
     const auto& sections = root.children();
     return TmdContent{sections[1].children().size() + sections[2].children().size(),

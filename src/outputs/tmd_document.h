@@ -10,7 +10,8 @@ namespace zb {
 
 class Sequences;
 class TRModelStore;
-struct ModelerState;
+class FileLayer;
+struct ProjectView;
 
 /// The root element of the transaction modeling definitions: the model as the driver reads it at run time.
 ///
@@ -24,7 +25,7 @@ struct TmdContent {
     std::size_t sequences = 0;
 };
 
-/// Replaces the TMD file at `path`. After an error there is none.
-Result<TmdContent> writeTMD(const ModelerState& state, const std::string& path);
+/// Replaces the TMD file at `path`; the project has a model. After an error there is no file.
+Result<TmdContent> writeTMD(const ProjectView& project, FileLayer& files, const std::string& path);
 
 } // namespace zb

@@ -1,11 +1,14 @@
 #include "outputs/transaction_check.h"
 
+#include "messages/message_store.h"
+#include "model/condition.h"
 #include "model/statement.h"
-#include "modeler/modeler_state.h"
 #include "outputs/tmd_rules.h"
 #include "platform/text.h"
 #include "platform/xml_document.h"
+#include "project/project_view.h"
 
+#include <algorithm>
 #include <optional>
 #include <unordered_set>
 
@@ -29,12 +32,12 @@ std::string streamFunction(const SECSMessageRecord& message) {
 
 class TransactionChecker {
 public:
-    explicit TransactionChecker(const ModelerState& state)
-        : state_(state), received_(state.ProjectType == 1 ? kToHost : kToEquip) {}
+    explicit TransactionChecker(const ProjectView& project)
+        : project_(project), received_(project.side == Side::Host ? kToHost : kToEquip) {}
 
     Findings run() {
-        if (state_.TRModelStore != nullptr) {
-            for (const auto& record : state_.TRModelStore->TRMessages())
+        if (project_.model != nullptr) {
+            for (const auto& record : project_.model->TRMessages())
                 checkMessage(*record);
         }
         checkSequences();
@@ -74,7 +77,7 @@ private:
     const SECSMessageRecord* checkSECSMessage(const TRMessageRecord& record) {
         items_.reset();
         const std::string& name = record.SECSMessage();
-        const SECSMessageRecord* found = state_.SECSMessageStore->getByName(name);
+        const SECSMessageRecord* found = project_.messages.getByName(name);
         if (!isSECSMessageSelected(record)) {
             tell(std::string(kNoSECSMessageText));
         } else if (found == nullptr) {
@@ -128,7 +131,7 @@ private:
     }
 
     void checkSequences() {
-        const auto& rows = state_.sequences.rows();
+        const auto& rows = project_.sequences.rows();
         int position = 0;
         at({}, {});
         for (std::size_t index = 0; index < rows.size(); ++index) {
@@ -143,7 +146,7 @@ private:
             at(row.text, {});
             inSequence_ = true;
             checkName(row.text);
-            if (!state_.sequences.hasItems(index))
+            if (!project_.sequences.hasItems(index))
                 tell(std::string(kEmptySequenceText));
         }
     }
@@ -153,7 +156,7 @@ private:
             tell("This row stands before the first sequence");
         const std::string& name = row.transactionName;
         const TRMessageRecord* record =
-            state_.TRModelStore == nullptr ? nullptr : state_.TRModelStore->getTRMessage(name);
+            project_.model == nullptr ? nullptr : project_.model->getTRMessage(name);
         if (record == nullptr)
             return tell("There is no TR message " + quoted(name));
         const std::string direction = directionText(record->Direction());
@@ -174,7 +177,7 @@ private:
         findings_.push_back({severity, FindingPlace::inMessage(message_, item_), std::move(text)});
     }
 
-    const ModelerState& state_;
+    const ProjectView& project_;
     int received_;
     Findings findings_;
     std::string message_;
@@ -185,10 +188,34 @@ private:
     bool inSequence_ = false;
 };
 
+/// Whether no SECS message has two defaults.
+bool hasSingleDefaults(const TRModelStore& model) {
+    DefaultTRMessages defaults;
+    return std::none_of(model.TRMessages().begin(), model.TRMessages().end(), [&](const auto& record) {
+        return defaults.add(*record, model.ReceivedDirection()).has_value();
+    });
+}
+
+bool hasEmptySequence(const Sequences& sequences) {
+    const auto& rows = sequences.rows();
+    for (std::size_t at = 0; at < rows.size(); ++at)
+        if (rows[at].isHead() && !sequences.hasItems(at))
+            return true;
+    return false;
+}
+
 } // namespace
 
-Findings checkTransactions(const ModelerState& state) {
-    return TransactionChecker(state).run();
+bool mayBuildTmd(const ProjectView& project) {
+    const auto& records = project.model->TRMessages();
+    const bool named = std::all_of(records.begin(), records.end(), [&](const auto& record) {
+        return isSECSMessageSelected(*record) && isSECSMessageKnown(*record, project.messages);
+    });
+    return named && hasSingleDefaults(*project.model) && !hasEmptySequence(project.sequences);
+}
+
+Findings checkTransactions(const ProjectView& project) {
+    return TransactionChecker(project).run();
 }
 
 } // namespace zb

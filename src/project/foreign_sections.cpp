@@ -1,17 +1,15 @@
 #include "project/foreign_sections.h"
 
-#include "model/project_lines.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 
 namespace zb {
 
-ForeignSections ForeignSections::parse(std::string_view projectText) {
+ForeignSections ForeignSections::parse(const TextParts& parts) {
     ForeignSections sections;
-    ProjectLines sorter;
-    LineReader lines(projectText);
-    while (const auto line = lines.next()) {
-        if (sorter.take(*line) == ProjectLines::Section::Foreign)
+    for (const std::string_view part : parts) {
+        LineReader lines(part);
+        while (const auto line = lines.next())
             sections.lines_.emplace_back(*line);
     }
     // Blank lines at the end belong to the marker that follows.

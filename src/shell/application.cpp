@@ -9,15 +9,14 @@ namespace zb {
 
 Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileLayer& filesOfProgram,
                          Generator& generator, ApplicationFolders folders)
-    : DesktopOfProgram(screen), ModelerState(programDesktop, settingsOfProgram, filesOfProgram),
-      frmMain(*this, *this), frmSECSEditor(*this, *this),
-      frmFind(programDesktop, [this]() -> NodeTree& { return frmSECSEditor.liveTree(); }),
-      frmTRModeler(*this, *this), frmTRMessage(*this, frmTRModeler), frmTRItem(*this, frmTRModeler),
-      frmNewProject(*this, folders.application), frmOption(programDesktop, settingsOfProgram),
-      frmResult(programDesktop), frmAbout(programDesktop), projects(*this),
-      builds(*this, {frmSECSEditor, [this]() -> NodeTree& { return frmSECSEditor.liveTree(); }, frmTRModeler,
-                     [this] { showModeler(); }}),
-      generator_(generator), folders_(std::move(folders)) {
+    : DesktopOfProgram(screen), ModuleState(settingsOfProgram, filesOfProgram),
+      frmMain(desktop, *this, *this), frmSECSEditor(desktop, *this, *this),
+      frmFind(desktop, [this]() -> NodeTree& { return frmSECSEditor.liveTree(); }),
+      frmTRModeler(desktop, *this, *this), frmTRMessage(desktop, *this, frmTRModeler),
+      frmTRItem(desktop, *this, frmTRModeler), frmNewProject(desktop, *this, folders.application),
+      frmOption(desktop, settingsOfProgram), frmResult(desktop), frmAbout(desktop), projects(*this),
+      builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); }}), generator_(generator),
+      folders_(std::move(folders)) {
     frmTRModeler.useDialogs(frmTRMessage, frmTRItem);
     frmMain.onClose = [this] { exit(); };
     frmSECSEditor.onFind = [this] { frmFind.showFind(); };
@@ -59,7 +58,7 @@ void Application::showEditor() {
 
 void Application::showModeler() {
     // The modeler reads messages only from the store, which this walk checks and fills.
-    if (!ProjectName.empty() && !isBlank(frmSECSEditor.walkForModeler())) {
+    if (!ProjectName.empty() && !isBlank(frmSECSEditor.buildMessageText(WalkMode::Modeler))) {
         frmMain.showEditorState();
         return;
     }

@@ -7,8 +7,9 @@
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/frm_tr_modeler.h"
-#include "modeler/modeler_state.h"
-#include "outputs/build_commands.h"
+#include "outputs/generator.h"
+#include "project/module_state.h"
+#include "shell/build_commands.h"
 #include "shell/frm_main.h"
 #include "shell/frm_new_project.h"
 #include "shell/project_lifecycle.h"
@@ -24,14 +25,14 @@ struct ApplicationFolders {
     std::string state;       ///< where previous versions of projects are kept; empty keeps none
 };
 
-/// The desktop comes into being before all that lies on it.
+/// The desktop is made before the windows on it.
 struct DesktopOfProgram {
-    explicit DesktopOfProgram(Screen& screen) : programDesktop(screen) {}
-    Desktop programDesktop;
+    explicit DesktopOfProgram(Screen& screen) : desktop(screen) {}
+    Desktop desktop;
 };
 
-/// One running program: it owns one of everything. Any number can live side by side.
-class Application final : private DesktopOfProgram, public ModelerState, private ProjectCommands {
+/// One running program: it owns one of everything. Any number can exist side by side.
+class Application final : public DesktopOfProgram, public ModuleState, private ProjectCommands {
 public:
     Application(Screen& screen, SettingsStore& settingsOfProgram, FileLayer& filesOfProgram,
                 Generator& generator, ApplicationFolders folders);

@@ -21,8 +21,8 @@ std::string toolTipOf(const MenuEntry& entry) {
 
 } // namespace
 
-frmMain::frmMain(ModuleState& state, ProjectCommands& commands)
-    : Window(state.desktop, "frmMain"), ProjectMenu(*this, commands), state_(state) {
+frmMain::frmMain(Desktop& desktop, ModuleState& state, ProjectCommands& commands)
+    : Window(desktop, "frmMain"), ProjectMenu(*this, commands), state_(state) {
     setCaption(std::string(kApplicationTitle));
     wireMenus(commands);
     buildToolbar();

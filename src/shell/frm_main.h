@@ -5,7 +5,7 @@
 #include "controls/project_commands.h"
 #include "controls/standard_menus.h"
 #include "controls/window.h"
-#include "messages/module_state.h"
+#include "project/module_state.h"
 
 #include <functional>
 
@@ -14,7 +14,7 @@ namespace zb {
 /// The main window: which commands are live, and what the status bar shows.
 class frmMain final : public Window, public ProjectMenu {
 public:
-    frmMain(ModuleState& state, ProjectCommands& commands);
+    frmMain(Desktop& desktop, ModuleState& state, ProjectCommands& commands);
 
     /// Only New and Open work.
     void disableProjectButtons();

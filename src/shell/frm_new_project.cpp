@@ -3,6 +3,7 @@
 #include "controls/desktop.h"
 #include "platform/drives.h"
 #include "platform/text.h"
+#include "project/project_files.h"
 
 namespace zb {
 
@@ -30,9 +31,8 @@ std::string parentOf(const std::string& folder) {
 
 } // namespace
 
-frmNewProject::frmNewProject(ModuleState& state, std::string applicationFolder)
-    : Window(state.desktop, "frmNewProject"), state_(state),
-      applicationFolder_(std::move(applicationFolder)) {
+frmNewProject::frmNewProject(Desktop& desktop, ModuleState& state, std::string applicationFolder)
+    : Window(desktop, "frmNewProject"), state_(state), applicationFolder_(std::move(applicationFolder)) {
     txtLocation.setReadOnly(true);
     txtProjectName.setToolTip("Letters, digits and _");
     txtLocation.setToolTip("The project gets a folder of its own name in here");

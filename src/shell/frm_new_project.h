@@ -4,7 +4,7 @@
 #include "controls/simple_controls.h"
 #include "controls/text_field.h"
 #include "controls/window.h"
-#include "messages/module_state.h"
+#include "project/module_state.h"
 
 #include <string>
 
@@ -15,7 +15,7 @@ namespace zb {
 class frmNewProject final : public Window {
 public:
     /// `applicationFolder` is the location offered when no project is open.
-    frmNewProject(ModuleState& state, std::string applicationFolder);
+    frmNewProject(Desktop& desktop, ModuleState& state, std::string applicationFolder);
 
     /// What opening the dialog anew resets: lists, type, result.
     void load();

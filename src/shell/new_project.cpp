@@ -1,5 +1,5 @@
+#include "project/project_files.h"
 #include "shell/application.h"
-#include "shell/project_files.h"
 #include "shell/project_lifecycle.h"
 
 namespace zb {
@@ -17,7 +17,7 @@ bool ProjectLifecycle::newProject() {
         app_.ProjectPath = dialog.ProjectPath;
         app_.takeProjectType(dialog.ProjectType);
         app_.frmMain.updateProjectPanels();
-        if (!makeProjectFolders(app_))
+        if (!makeFolders())
             continue;
         app_.frmSECSEditor.newEditorProject();
         app_.frmTRModeler.newModelerProject();

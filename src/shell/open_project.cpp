@@ -1,8 +1,8 @@
 #include "controls/desktop.h"
 #include "platform/text.h"
+#include "project/project_files.h"
 #include "shell/application.h"
 #include "shell/option_settings.h"
-#include "shell/project_files.h"
 #include "shell/project_lifecycle.h"
 
 namespace zb {
@@ -10,12 +10,22 @@ namespace zb {
 bool ProjectLifecycle::openProject(const std::string& path) {
     if (isBlank(path) && !askWhatToOpen())
         return false;
-    makeProjectFolders(app_);
-    readProjectType(app_, app_.projectFilePath());
+    makeFolders();
+    Result<ProjectFile> file = readProjectFile(app_.projectFilePath());
+    // A file that cannot be read opens as an empty project.
+    Project project = file ? std::move(file).value().project : Project();
+    app_.ProjectType = projectTypeOf(project.side);
     app_.frmMain.updateProjectPanels();
-    app_.frmSECSEditor.openEditorProject();
-    app_.frmTRModeler.openModelerProject();
+    app_.frmSECSEditor.openEditorProject(project.messages);
+    app_.frmTRModeler.openModelerProject(std::move(project));
     return true;
+}
+
+bool ProjectLifecycle::makeFolders() {
+    const Result<void> made = makeProjectFolders(app_.ProjectPath);
+    if (!made)
+        app_.desktop.showBox(describeFolderFault(made.error()));
+    return made.ok();
 }
 
 bool ProjectLifecycle::askWhatToOpen() {

@@ -7,7 +7,7 @@ namespace zb {
 class Application;
 
 /// The project commands: what New, Open, Save, Save As and Exit do, whichever window they come from. Each
-/// lies in a file of its name.
+/// is in a file of its name.
 class ProjectLifecycle {
 public:
     explicit ProjectLifecycle(Application& application) : app_(application) {}
@@ -21,8 +21,7 @@ public:
     /// set from it and the file exists.
     bool parseProjectPath(std::string path);
 
-    /// The file is replaced in one step when all sections are written, or left as it was. False when it could
-    /// not be written.
+    /// The file is replaced in one step, or left as it was. False when it could not be written.
     bool saveProject();
     void saveProjectAs();
 
@@ -34,6 +33,8 @@ private:
     /// "Do you want to save current project"; Yes saves, and a failed save goes on with the command.
     Goes askToSave();
     bool askWhatToOpen();
+    /// Makes the folders of the open project. Shows why when it cannot, and returns false.
+    bool makeFolders();
 
     Application& app_;
 };

@@ -1,5 +1,5 @@
+#include "project/project_files.h"
 #include "shell/application.h"
-#include "shell/project_files.h"
 #include "shell/project_lifecycle.h"
 
 namespace zb {
@@ -16,7 +16,7 @@ void ProjectLifecycle::saveProjectAs() {
         if (dialog.ProjectType != app_.ProjectType)
             app_.frmTRModeler.clearAllTRMsgDef();
         app_.takeProjectType(dialog.ProjectType);
-        done = makeProjectFolders(app_);
+        done = makeFolders();
         app_.frmMain.updateProjectPanels();
     }
     saveProject();

@@ -2,9 +2,9 @@
 
 #include "controls/desktop.h"
 #include "platform/settings.h"
+#include "platform/version.h"
 #include "shell/linked_libraries.h"
 #include "shell/option_settings.h"
-#include "shell/version.h"
 
 namespace zb {
 

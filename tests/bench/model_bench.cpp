@@ -1,7 +1,10 @@
 #include "bench/generated_project.h"
 #include "controls/user_hands.h"
+#include "model/model_reader.h"
+#include "model/model_writer.h"
 #include "model/sequence_lines.h"
 #include "platform/text_file.h"
+#include "project/project_text.h"
 #include "unit/shell/program.h"
 
 #include <benchmark/benchmark.h>
@@ -79,7 +82,7 @@ std::string modelledProject(std::int64_t messages) {
         if (number % 4 == 0)
             model.addTRMessage(sent(number));
     }
-    std::string text = projectText(100) + model.saveModel() + "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\n";
+    std::string text = projectText(100) + composeModelSections({}, model, {});
     for (std::int64_t number = 1; number <= messages; ++number) {
         if (number % 10 == 1)
             text += "SeqName\u00FFSequence" + std::to_string(number) + "\u00FF\u00FF\r\n";
@@ -109,7 +112,7 @@ void LoadModel(benchmark::State& state) {
     const std::string text = modelledProject(state.range(0));
     for (auto _ : state) {
         TRModelStore model;
-        model.loadModelText(text);
+        readModel(splitProject(text).model, model);
         benchmark::DoNotOptimize(model.TRMessages().size());
     }
     state.counters["MB"] = static_cast<double>(text.size()) / 1e6;
@@ -118,13 +121,13 @@ void LoadModel(benchmark::State& state) {
 void SaveModel(benchmark::State& state) {
     Modelled project(state.range(0));
     for (auto _ : state)
-        benchmark::DoNotOptimize(project.model().saveModel());
+        benchmark::DoNotOptimize(composeModel(project.model()));
 }
 
 void LoadSequences(benchmark::State& state) {
     Modelled project(state.range(0));
     for (auto _ : state)
-        project.modeler.sequenceView().show(readSequences(project.text));
+        project.modeler.sequenceView().show(readSequences(splitProject(project.text).sequences));
     state.counters["rows"] = static_cast<double>(project.modeler.lvwSequence.rows().size());
 }
 
@@ -137,7 +140,7 @@ void ShowModel(benchmark::State& state) {
 void OpenModeler(benchmark::State& state) {
     Modelled project(state.range(0));
     for (auto _ : state)
-        project.modeler.openModelerProject();
+        project.modeler.openModelerProject(parseProject(project.text));
 }
 
 void SaveModeler(benchmark::State& state) {

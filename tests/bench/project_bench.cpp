@@ -51,12 +51,9 @@ void MemoryOfATree(benchmark::State& state) {
 
 void SaveWalk(benchmark::State& state) {
     Opened opened(state.range(0));
-    std::string sections;
     for (auto _ : state) {
-        sections.clear();
-        opened.program.application.projectSections = &sections;
-        benchmark::DoNotOptimize(opened.program.application.frmSECSEditor.saveEditorProject());
-        opened.program.application.projectSections = nullptr;
+        opened.program.application.frmSECSEditor.buildMessageText(WalkMode::SaveProject);
+        benchmark::DoNotOptimize(opened.program.application.SECSMessageStore->allTexts());
     }
 }
 

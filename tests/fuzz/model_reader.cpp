@@ -1,8 +1,7 @@
 #include "demand.h"
 
-#include "model/sequence_lines.h"
-#include "model/tr_model_store.h"
 #include "platform/text_file.h"
+#include "project/project_text.h"
 
 #include <string>
 
@@ -10,12 +9,11 @@ namespace {
 
 /// What a save would write of the model that the text holds.
 std::string saved(const std::string& projectText) {
-    zb::TRModelStore model;
-    model.loadModelText(projectText);
-    for (const auto& message : model.TRMessages())
-        zb::fuzz::demand(model.getTRMessage(message->Name()) == message.get(),
-                         "messages bear their own names");
-    return model.saveModel();
+    const zb::Project project = zb::parseProject(projectText);
+    for (const auto& message : project.model->TRMessages())
+        zb::fuzz::demand(project.model->getTRMessage(message->Name()) == message.get(),
+                         "messages have their own names");
+    return zb::composeModelSections({}, *project.model, {});
 }
 
 } // namespace
@@ -26,7 +24,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::string_view bytes = zb::fuzz::asText(data, size);
     for (const char* before : {"", "## [TR MESSAGE] M\n", "## [TR MESSAGE] M\nTRItem I\n"}) {
         const std::string text = before + std::string(bytes);
-        zb::readSequences(text);
         const std::string once = saved(text);
         zb::fuzz::demand(saved(zb::decodeProject(zb::encodeUtf16(once)).text) == once,
                          "a saved model comes back as it was");

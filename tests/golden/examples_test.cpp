@@ -1,13 +1,11 @@
-#include "controls/desktop.h"
 #include "golden/golden_text.h"
 #include "messages/definition_check.h"
-#include "messages/smd/smd_reader.h"
 #include "messages/smd/smd_writer.h"
+#include "outputs/definition_document.h"
 #include "outputs/transaction_check.h"
 #include "platform/file_layer.h"
-#include "platform/settings.h"
 #include "platform/text_file.h"
-#include "support/silent_screen.h"
+#include "project/project_text.h"
 #include "support/temporary_folder.h"
 #include "support/tmd_reader.h"
 #include "unit/shell/program.h"
@@ -25,20 +23,16 @@ protected:
     void open(const std::string& name) {
         bytes_ = readFile(sourceFolder() / "examples" / name);
         ASSERT_FALSE(bytes_.empty()) << name;
-        readSmdText(tree_, decodeProject(bytes_).text, pane_);
+        parseProject(decodeProject(bytes_).text).messages.fill(tree_);
     }
 
-    std::string walk(const std::string& path, std::string_view mode) {
-        return SmdWriter(state_, pane_).buildMessageText(path, mode, tree_);
+    std::string walk(WalkMode mode) {
+        return SmdWriter(codePage_).buildMessageText(mode, tree_, store_).status;
     }
 
-    SilentScreen screen_;
-    Desktop desktop_{screen_};
-    SettingsStore settings_ = SettingsStore::inMemory();
-    SystemFileLayer files_;
-    ModuleState state_{desktop_, settings_, files_};
-    NoEditorPane pane_;
+    CodePage codePage_{1252};
     NodeTree tree_;
+    SECSMessageStore store_;
     std::string bytes_;
 };
 
@@ -59,16 +53,13 @@ std::string linesOf(const Findings& findings, const std::string& file) {
 
 TEST_F(Examples, EtcherHasNoFault) {
     open("etcher/Etcher.zbp");
-    EXPECT_EQ(linesOf(checkDefinitions(tree_, state_.codePage), "Etcher.zbp"), "");
+    EXPECT_EQ(linesOf(checkDefinitions(tree_, codePage_), "Etcher.zbp"), "");
 }
 
 TEST_F(Examples, EtcherBuilds) {
     open("etcher/Etcher.zbp");
-    const TemporaryFolder folder;
-    const std::string target = (folder / "Etcher.smd").string();
-    EXPECT_EQ(walk(target, "BUILD_SMD"), "");
-    EXPECT_TRUE(screen_.boxes.empty());
-    expectGolden(readFile(target), "etcher/Etcher.smd");
+    EXPECT_EQ(walk(WalkMode::BuildSmd), "");
+    expectGolden(composeDefinitions(store_, DefinitionForm::Smd), "etcher/Etcher.smd");
 }
 
 /// A copy of a sample project, open in a whole program.
@@ -81,7 +72,7 @@ protected:
         program_.application.start(path_.string());
     }
 
-    Findings transactionFindings() { return checkTransactions(program_.application); }
+    Findings transactionFindings() { return checkTransactions(program_.application.view()); }
 
     std::string bytes_;
     TemporaryFolder folder_;
@@ -126,11 +117,11 @@ TEST_F(EtcherProgram, BuildsItsTransactionModel) {
 
 TEST_F(Examples, EtcherShowsEveryTypeAndDirection) {
     open("etcher/Etcher.zbp");
-    EXPECT_EQ(walk("Etcher", "MODELER"), "");
+    EXPECT_EQ(walk(WalkMode::Modeler), "");
     std::set<std::string> types;
     std::set<std::string> directions;
     std::set<int> streams;
-    for (const SECSMessageRecord* record : state_.SECSMessageStore->getMessages()) {
+    for (const SECSMessageRecord* record : store_.getMessages()) {
         directions.insert(record->getDirection());
         streams.insert(record->getStream());
         for (const SECSItemRecord& item : record->getItems())

@@ -1,7 +1,7 @@
 #include "messages/smd/smd_reader.h"
 
-#include "controls/desktop.h"
 #include "messages/indentation.h"
+#include "messages/item_grammar.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "platform/wildcard.h"
@@ -52,19 +52,19 @@ private:
     long depth_ = 0;
 };
 
-/// Takes the lines of a project file one by one.
+/// Takes the lines of the section one by one.
 class SectionReader {
 public:
-    SectionReader(NodeTree& tree, EditorPane& pane) : tree_(tree), pane_(pane), items_(tree, nullptr) {}
+    SectionReader(NodeTree& tree, const MessageNameListener& onMessage)
+        : tree_(tree), onMessage_(onMessage), items_(tree, nullptr) {}
 
     void line(std::string_view anyLine) {
         const std::string_view line = anyLine.substr(0, anyLine.find_last_not_of(' ') + 1);
-        if (line.substr(0, 2) == "##") {
-            inSection_ = line == "## [EDIT SMD]";
+        if (line.starts_with("##")) {
             comment_ = {};
             return;
         }
-        if (!inSection_ || line.empty())
+        if (line.empty())
             return;
         if (line.substr(0, 2) == "* ") {
             comment_ = line.substr(2);
@@ -93,7 +93,8 @@ private:
         Node& message = addMessageNodes(tree_, name, std::string(content), trimmed(comment_));
         items_ = ItemPlacer(tree_, &message);
         isOpen_ = !ended;
-        pane_.InsertCbo(name);
+        if (onMessage_)
+            onMessage_(name);
     }
 
     void takeItem(std::string_view line) {
@@ -106,8 +107,7 @@ private:
     }
 
     NodeTree& tree_;
-    EditorPane& pane_;
-    bool inSection_ = false;
+    const MessageNameListener& onMessage_;
     std::string_view comment_;
     ItemPlacer items_; ///< of the last message
     bool isOpen_ = false;
@@ -115,30 +115,19 @@ private:
 
 } // namespace
 
-void readSmdText(NodeTree& tree, std::string_view projectText, EditorPane& pane) {
-    SectionReader reader(tree, pane);
-    LineReader lines(projectText);
+void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageNameListener& onMessage) {
+    SectionReader reader(tree, onMessage);
+    LineReader lines(sectionText);
     while (const std::optional<std::string_view> line = lines.next())
         reader.line(*line);
-    pane.TreeView_ForeColor();
 }
 
-void readSmdSection(NodeTree& tree, const std::string& path, EditorPane& pane) {
-    const Result<std::string> bytes = readBytes(path);
-    if (bytes)
-        readSmdText(tree, decodeProject(*bytes).text, pane);
-}
-
-std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record, OnDuplicate onDuplicate,
-                             Desktop& desktop) {
+std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record) {
     const std::string head = record.getHeadText();
     const std::size_t lineEnd = head.find("\r\n");
     const std::string_view nodeText = std::string_view(head).substr(lineEnd + 2);
-    if (isMessageKeyUsed(tree, record.getName(), 0)) {
-        if (onDuplicate == OnDuplicate::Tell)
-            desktop.showBox(record.getName() + " already exists.");
+    if (isMessageKeyUsed(tree, record.getName(), 0))
         return "Key";
-    }
     if (!hasColon(nodeText))
         return {};
     ItemPlacer items(tree, &addMessageNodes(tree, record.getName(), std::string(nodeText),

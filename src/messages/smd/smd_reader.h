@@ -1,28 +1,24 @@
 #pragma once
 
-#include "messages/editor_pane.h"
-#include "messages/item_grammar.h"
 #include "messages/message_record.h"
 #include "platform/tree/node_tree.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
 namespace zb {
 
-class Desktop;
+/// Called with the name of each message that is added to a tree.
+using MessageNameListener = std::function<void(std::string_view name)>;
 
-/// Reads the messages of a project file into an empty tree. A file that cannot be read leaves the tree empty;
-/// lines that break the grammar become nodes as they are. A second message of the same name gets no Key.
-void readSmdSection(NodeTree& tree, const std::string& path, EditorPane& pane);
-/// The same from the decoded text of a project file.
-void readSmdText(NodeTree& tree, std::string_view projectText, EditorPane& pane);
+/// Reads the lines of a project's section of messages into an empty tree. Lines that break the grammar become
+/// nodes as they are; a line that begins with "##" only ends a description. A second message of the same name
+/// gets no Key.
+void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageNameListener& onMessage = {});
 
-enum class OnDuplicate { Tell, KeepSilent };
-
-/// Adds a message behind all others. The status is "Key", and nothing is added, when the tree has the name
-/// already.
-std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record, OnDuplicate onDuplicate,
-                             Desktop& desktop);
+/// Adds a message after all others. The status is "Key", and nothing is added, when the tree has the name
+/// already; else it is empty.
+[[nodiscard]] std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record);
 
 } // namespace zb

@@ -1,10 +1,7 @@
 #include "messages/smd/smd_writer.h"
 
-#include "controls/desktop.h"
 #include "platform/text.h"
 #include "platform/wildcard.h"
-
-#include <cerrno>
 
 namespace zb {
 
@@ -12,17 +9,16 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-bool isSave(std::string_view mode) {
-    return mode == "SAVE_PROJECT" || mode == "MODELER_SAVE";
+bool isSave(WalkMode mode) {
+    return mode == WalkMode::SaveProject || mode == WalkMode::ModelerSave;
 }
 
-bool isBuild(std::string_view mode) {
-    return mode == "BUILD_SMD" || mode == "BUILD_MDF";
+bool isBuild(WalkMode mode) {
+    return mode == WalkMode::BuildSmd || mode == WalkMode::BuildMdf;
 }
 
-/// A save also keeps what stands below an item that is no list: it may have been read so, and must not get
-/// lost.
-bool isOpen(const Node& item, std::string_view mode) {
+/// A save also keeps what is below an item that is no list: it may have been read so, and must not get lost.
+bool isOpen(const Node& item, WalkMode mode) {
     if (item.child() == nullptr)
         return false;
     std::string_view text = trimmed(item.text());
@@ -31,34 +27,24 @@ bool isOpen(const Node& item, std::string_view mode) {
 
 } // namespace
 
-SmdWriter::SmdWriter(ModuleState& state, EditorPane& pane)
-    : state_(state), pane_(pane), validator_(state.desktop, state.codePage) {}
-
-std::string SmdWriter::buildMessageText(const std::string& path, std::string_view mode, NodeTree& tree) {
-    fileError_.reset();
-    state_.SECSMessageStore = std::make_unique<SECSMessageStore>();
-    pane_.InitMsg();
-    pane_.hideItemPane();
-    if (tree.empty())
-        return {};
+WalkOutcome SmdWriter::buildMessageText(WalkMode mode, NodeTree& tree, SECSMessageStore& store) {
     for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next()) {
         if (!hasColon(node->text()))
             continue;
-        if (std::string status = writeMessage(*node, mode, tree); !status.empty())
-            return status;
+        if (WalkOutcome outcome = writeMessage(*node, mode, tree, store); !outcome.status.empty())
+            return outcome;
     }
-    return writeStore(path, mode);
+    return {};
 }
 
-std::string SmdWriter::writeMessage(const Node& node, std::string_view mode, NodeTree& tree) {
+WalkOutcome SmdWriter::writeMessage(const Node& node, WalkMode mode, NodeTree& tree,
+                                    SECSMessageStore& store) {
     if (!isSave(mode)) {
         OptionalFault fault = streamFault(node.text());
         if (!fault)
             fault = functionFault(node.text());
-        if (fault) {
-            showDefinitionFault(*fault, tree, node.index(), state_.desktop);
-            return std::string(fault->text);
-        }
+        if (fault)
+            return {std::string(fault->text), NodeFault{*fault, node.index()}};
     }
     buffer_.clear();
     writeComment(node, isBuild(mode) ? Form::Build : Form::Project);
@@ -67,27 +53,14 @@ std::string SmdWriter::writeMessage(const Node& node, std::string_view mode, Nod
         buffer_.append(".").append(kLineEnd);
     } else {
         buffer_ += kLineEnd;
-        writeItems(node, mode, tree);
-        if (fault_)
-            return "occur an Error";
+        if (const auto fault = writeItems(node, mode, tree))
+            return {"occur an Error", fault};
     }
-    SECSMessageStore& store = *state_.SECSMessageStore;
     store.addMessageText(buffer_);
-    if (const SECSMessageRecord* record = node.key().empty() ? nullptr : store.getByName(node.key()))
-        pane_.display_DefSECSMsg(*record);
+    const SECSMessageRecord* record = node.key().empty() ? nullptr : store.getByName(node.key());
+    if (record != nullptr && onRecord_)
+        onRecord_(*record);
     return {};
-}
-
-std::string SmdWriter::writeStore(const std::string& path, std::string_view mode) {
-    const Result<void> written =
-        state_.SECSMessageStore->writeFile(state_.files, path, mode, state_.projectSections);
-    if (written)
-        return {};
-    fileError_ = written.error();
-    if (fileError_->number != ENOENT && fileError_->number != ENOTDIR)
-        return {};
-    state_.desktop.showBox("You cannot save this file because the file path is not found.");
-    return fileError_->description;
 }
 
 void SmdWriter::writeComment(const Node& messageNode, Form form) {
@@ -100,17 +73,14 @@ void SmdWriter::writeComment(const Node& messageNode, Form form) {
 }
 
 /// Walks without recursion, for trees of any depth. Only the last direct item ends the message.
-void SmdWriter::writeItems(const Node& node, std::string_view mode, NodeTree& tree) {
+std::optional<NodeFault> SmdWriter::writeItems(const Node& node, WalkMode mode, NodeTree& tree) {
     const Form form = isBuild(mode) ? Form::Build : Form::Project;
-    fault_ = false;
     validator_.beginMessage();
     int depth = 0;
     for (const Node* item = node.child(); item != nullptr;) {
         if (!isSave(mode)) {
-            fault_ = validator_.checkItemName(item->index(), tree) ||
-                     validator_.checkItemValues(tree, item->index());
-            if (fault_)
-                return;
+            if (const auto fault = checkItem(item->index(), tree))
+                return fault;
         }
         const bool isOpenList = isOpen(*item, mode);
         writeItem(*item, depth, isOpenList, item == node.lastChild(), form);
@@ -126,6 +96,14 @@ void SmdWriter::writeItems(const Node& node, std::string_view mode, NodeTree& tr
         }
         item = item->next();
     }
+    return std::nullopt;
+}
+
+std::optional<NodeFault> SmdWriter::checkItem(int index, NodeTree& tree) {
+    OptionalFault fault = validator_.checkItemName(index, tree);
+    if (!fault)
+        fault = Validator::checkItemValues(tree, index);
+    return fault ? std::optional(NodeFault{*fault, index}) : std::nullopt;
 }
 
 void SmdWriter::writeItem(const Node& item, int depth, bool isOpenList, bool isLast, Form form) {
@@ -154,25 +132,24 @@ void SmdWriter::indent(int depth) {
     buffer_.append((static_cast<std::size_t>(depth) + 1) * 4, ' ');
 }
 
-std::optional<SECSMessageRecord> SmdWriter::composeSingleMessage(std::string_view mode, NodeTree& tree) {
+Result<std::optional<SECSMessageRecord>, std::string> SmdWriter::composeSingleMessage(NodeTree& tree) {
     const Node* node = tree.firstRoot();
     while (node != nullptr && !hasColon(node->text()))
         node = node->next();
     if (node == nullptr)
-        return std::nullopt;
+        return std::optional<SECSMessageRecord>();
     buffer_.clear();
     writeComment(*node, Form::Project);
     buffer_ += node->text();
     buffer_.append(node->child() == nullptr ? "." : "").append(kLineEnd);
     if (node->child() != nullptr)
-        writeItems(*node, mode, tree);
+        writeItems(*node, WalkMode::ModelerSave, tree);
     SECSMessageRecord record;
     const std::string status = record.parseSmd(buffer_, kFormatSmd);
     buffer_.clear();
     if (isBlank(status))
-        return record;
-    state_.desktop.showBox("This message is not correct");
-    return std::nullopt;
+        return std::optional(std::move(record));
+    return std::string("This message is not correct");
 }
 
 } // namespace zb

@@ -1,51 +1,70 @@
 #pragma once
 
-#include "messages/editor_pane.h"
 #include "messages/message_record.h"
-#include "messages/module_state.h"
+#include "messages/message_store.h"
 #include "messages/validator.h"
 #include "platform/result.h"
 #include "platform/tree/node_tree.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace zb {
 
+/// What a walk over the messages is for. The first two write the project form and check nothing; `Modeler`
+/// checks and writes the project form; the builds check and write the build form.
+enum class WalkMode { SaveProject, ModelerSave, Modeler, BuildSmd, BuildMdf };
+
+/// A fault, and the node it is at.
+struct NodeFault {
+    DefinitionFault fault;
+    int nodeIndex = 0;
+
+    bool operator==(const NodeFault&) const = default;
+};
+
+/// How a walk ended.
+struct WalkOutcome {
+    /// Empty on success, else the status word of the first fault, which ended the walk.
+    std::string status;
+    std::optional<NodeFault> fault;
+};
+
 /// The walk over a message tree by which definitions leave it: saves, builds, and the gate before the
 /// modeler.
 class SmdWriter {
 public:
-    SmdWriter(ModuleState& state, EditorPane& pane);
+    /// Called with the record of each message that has a Key.
+    using RecordListener = std::function<void(const SECSMessageRecord& record)>;
 
-    /// Refills the state's message store from the tree, and writes the file that the mode asks for. The
-    /// status is the text of the first fault, which has been shown; empty on success.
-    std::string buildMessageText(const std::string& path, std::string_view mode, NodeTree& tree);
-    /// Appends the items below a node to the message at hand; a fault ends it.
-    void writeItems(const Node& node, std::string_view mode, NodeTree& tree);
-    /// The first message of the tree; nothing when there is none, or when it is not correct, which is told.
-    std::optional<SECSMessageRecord> composeSingleMessage(std::string_view mode, NodeTree& tree);
+    explicit SmdWriter(const CodePage& codePage, RecordListener onRecord = {})
+        : onRecord_(std::move(onRecord)), validator_(codePage) {}
 
-    /// Why the last walk's file could not be written, also where the status keeps silent about it.
-    const std::optional<FileError>& fileError() const { return fileError_; }
+    /// Adds the messages of the tree to the store, which is empty at first. A walk that checks also
+    /// normalizes the items up to the first fault.
+    WalkOutcome buildMessageText(WalkMode mode, NodeTree& tree, SECSMessageStore& store);
+
+    /// The first message of the tree; nothing when there is none. The error is the sentence for the user when
+    /// the message is not correct.
+    Result<std::optional<SECSMessageRecord>, std::string> composeSingleMessage(NodeTree& tree);
 
 private:
     enum class Form { Project, Build };
 
-    std::string writeMessage(const Node& node, std::string_view mode, NodeTree& tree);
-    std::string writeStore(const std::string& path, std::string_view mode);
+    WalkOutcome writeMessage(const Node& node, WalkMode mode, NodeTree& tree, SECSMessageStore& store);
+    /// Appends the items below a node to the message at hand; a fault ends it.
+    std::optional<NodeFault> writeItems(const Node& node, WalkMode mode, NodeTree& tree);
+    std::optional<NodeFault> checkItem(int index, NodeTree& tree);
     void writeComment(const Node& messageNode, Form form);
     void writeItem(const Node& item, int depth, bool isOpenList, bool isLast, Form form);
     void closeList(int depth, bool isLast, Form form);
     void indent(int depth);
 
-    ModuleState& state_;
-    EditorPane& pane_;
+    RecordListener onRecord_;
     Validator validator_;
     std::string buffer_;
-    bool fault_ = false;
-    std::optional<FileError> fileError_;
 };
 
 } // namespace zb

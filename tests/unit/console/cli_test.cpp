@@ -1,10 +1,10 @@
-#include "console/command_line.h"
 #include "platform/file_layer.h"
 #include "platform/text_file.h"
 #include "platform/user_folders.h"
 #include "project/project_history.h"
 #include "script/work_folder.h"
 #include "support/ordinary_user.h"
+#include "unit/console/all_verbs.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -27,7 +27,7 @@ struct Outcome {
 Outcome runZbc(const std::vector<std::string>& arguments) {
     std::ostringstream out;
     std::ostringstream err;
-    const int status = runConsole(arguments, {out, err});
+    const int status = runConsole(test::allVerbs(), arguments, {out, err});
     return {status, out.str(), err.str()};
 }
 
@@ -366,7 +366,7 @@ TEST_F(Cli, HelpsWithAnExampleForEachVerb) {
     const Outcome general = runZbc({"--help"});
     EXPECT_EQ(general.status, 0);
     EXPECT_EQ(general.err, "");
-    for (const auto& verb : makeVerbs()) {
+    for (const auto& verb : test::allVerbs()) {
         EXPECT_NE(general.out.find("  " + verb->name() + " "), std::string::npos);
         const Outcome help = runZbc({verb->name(), "--help"});
         EXPECT_EQ(help.status, 0);

@@ -1,10 +1,10 @@
-#include "console/command_line.h"
 #include "console/printable_stream.h"
 #include "platform/file_layer.h"
 #include "platform/printable.h"
 #include "platform/text_file.h"
 #include "project/project_history.h"
 #include "support/temporary_folder.h"
+#include "unit/console/all_verbs.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -58,7 +58,7 @@ protected:
     std::string run(const std::vector<std::string>& arguments) {
         std::ostringstream out;
         std::ostringstream err;
-        status_ = runConsole(arguments, {out, err});
+        status_ = runConsole(allVerbs(), arguments, {out, err});
         std::string printed = out.str() + err.str();
         EXPECT_EQ(printed, printableLines(printed)) << arguments.front();
         std::istringstream lines(printed);

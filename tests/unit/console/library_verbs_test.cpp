@@ -1,7 +1,7 @@
-#include "console/command_line.h"
 #include "platform/code_page.h"
 #include "platform/text_file.h"
 #include "script/work_folder.h"
+#include "unit/console/all_verbs.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -44,7 +44,7 @@ protected:
     static Outcome run(const std::vector<std::string>& arguments) {
         std::ostringstream out;
         std::ostringstream err;
-        const int status = runConsole(arguments, {out, err});
+        const int status = runConsole(test::allVerbs(), arguments, {out, err});
         return {status, out.str(), err.str()};
     }
     static void expect(const std::vector<std::string>& arguments, int status, const std::string& out,

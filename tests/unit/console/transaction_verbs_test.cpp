@@ -1,8 +1,8 @@
-#include "console/command_line.h"
 #include "platform/settings.h"
 #include "platform/text_file.h"
 #include "script/work_folder.h"
 #include "support/temporary_folder.h"
+#include "unit/console/all_verbs.h"
 
 #include <gtest/gtest.h>
 
@@ -61,7 +61,7 @@ protected:
                 const std::string& err) const {
         std::ostringstream outStream;
         std::ostringstream errStream;
-        EXPECT_EQ(runConsole(arguments, {outStream, errStream}), status);
+        EXPECT_EQ(runConsole(test::allVerbs(), arguments, {outStream, errStream}), status);
         EXPECT_EQ(outStream.str(), out);
         EXPECT_EQ(errStream.str(), err);
     }

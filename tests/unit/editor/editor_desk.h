@@ -4,9 +4,9 @@
 #include "controls/project_commands.h"
 #include "controls/user_hands.h"
 #include "editor/frm_sec_editor.h"
-#include "messages/module_state.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
+#include "project/module_state.h"
 #include "unit/editor/box_screen.h"
 
 #include <gtest/gtest.h>
@@ -113,9 +113,9 @@ public:
     Desktop desktop{screen};
     SettingsStore settings = SettingsStore::inMemory();
     SystemFileLayer files;
-    ModuleState state{desktop, settings, files};
+    ModuleState state{settings, files};
     RecordingCommands commands;
-    frmSECSEditor window{state, commands};
+    frmSECSEditor window{desktop, state, commands};
     UserHands hands{desktop};
 };
 

@@ -1,8 +1,6 @@
 #include "unit/editor/editor_desk.h"
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <ostream>
 
 namespace zb {
@@ -76,26 +74,12 @@ TEST_F(EditorWindow, FindAsksForTheFindWindow) {
 
 class ProjectFile : public EditorDesk {
 public:
-    ProjectFile() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "editor-XXXXXX").string();
-        EXPECT_NE(mkdtemp(pattern.data()), nullptr);
-        folder_ = pattern;
-        state.ProjectName = "P";
-        state.ProjectPath = folder_.string();
-    }
-    ~ProjectFile() override { std::filesystem::remove_all(folder_); }
-
-    void write(const std::string& text) { std::ofstream(state.projectFilePath(), std::ios::binary) << text; }
-
-private:
-    std::filesystem::path folder_;
+    void open(const std::string& sectionText) { window.openEditorProject(ProjectMessages(sectionText)); }
 };
 
 TEST_F(ProjectFile, OpenFillsTreeAndCombo) {
-    write(
-        "## [EDIT SMD]\r\n* first\r\nA: S1 F1 W H->E.\r\nB: S1 F2 H<-E\r\n    L 1\r\n        U2 1 x 0.\r\n");
     addMessage("Old: S9 F9 H->E");
-    window.openEditorProject();
+    open("* first\r\nA: S1 F1 W H->E.\r\nB: S1 F2 H<-E\r\n    L 1\r\n        U2 1 x 0.\r\n");
     EXPECT_EQ(treeOutline(),
               (Lines{"", "first", "A: S1 F1 W H->E", "", "", "B: S1 F2 H<-E", "  L 1", "    U2 1 x 0"}));
     EXPECT_EQ(window.cboSECSMessage.entries(), (Lines{"A", "B"}));
@@ -106,39 +90,56 @@ TEST_F(ProjectFile, OpenFillsTreeAndCombo) {
 }
 
 TEST_F(ProjectFile, OpenOfOneMessageSelectsNothing) {
-    write("## [EDIT SMD]\r\nA: S1 F1 W H->E.\r\n");
-    window.openEditorProject();
+    open("A: S1 F1 W H->E.\r\n");
     EXPECT_EQ(tree().selected(), nullptr);
     EXPECT_EQ(window.cboSECSMessage.text(), "");
 }
 
-TEST_F(ProjectFile, OpenOfAMissingFileLeavesTheEditorEmpty) {
+TEST_F(ProjectFile, OpenOfAProjectWithoutMessagesLeavesTheEditorEmpty) {
     addMessage("Old: S9 F9 H->E");
-    window.openEditorProject();
+    window.openEditorProject({});
     EXPECT_TRUE(tree().empty());
     EXPECT_TRUE(window.cboSECSMessage.entries().empty());
 }
 
-TEST_F(ProjectFile, SaveAppendsTheSectionAndHidesTheItemPane) {
+TEST_F(ProjectFile, TheSaveWalkFillsTheStoreAndHidesTheItemPane) {
     addMessage("A: S1 F1 W H->E", {"L 1", "  U2 1 x 0"}, "first");
-    std::string sections = "header\r\n";
-    state.projectSections = &sections;
-    EXPECT_EQ(window.saveEditorProject(), "");
-    EXPECT_EQ(sections,
-              "header\r\n## [EDIT SMD]\r\n* first\r\nA: S1 F1 W H->E\r\n    L 1\r\n        U2 1 x 0.\r\n");
+    EXPECT_EQ(window.buildMessageText(WalkMode::SaveProject), "");
+    EXPECT_EQ(state.SECSMessageStore->allTexts(),
+              "* first\r\nA: S1 F1 W H->E\r\n    L 1\r\n        U2 1 x 0.\r\n");
     EXPECT_FALSE(window.picItem.visible());
     EXPECT_NE(state.SECSMessageStore->getByName("a"), nullptr);
 }
 
 TEST_F(ProjectFile, TheWayToTheModelerStopsAtAFault) {
     Node& message = addMessage("A: S1 F1 W H->E", {"L 5V", "  U2 1 x 0"});
-    EXPECT_EQ(window.walkForModeler(), "occur an Error");
+    EXPECT_EQ(window.buildMessageText(WalkMode::Modeler), "occur an Error");
     expectBox("Insert item name");
     EXPECT_EQ(tree().selected(), message.child());
     EXPECT_EQ(message.child()->backColor(), kErrorBackColor);
     clickNode(message.child());
     EXPECT_EQ(message.child()->backColor(), std::nullopt);
     EXPECT_TRUE(window.picItem.visible());
+}
+
+TEST_F(ProjectFile, AFaultOfAHeadIsShownAsAPlainMessage) {
+    Node& message = addMessage("A: S1 F300 W H->E");
+    EXPECT_EQ(window.buildMessageText(WalkMode::BuildSmd),
+              "You must insert a positive number less than 255 in the function");
+    ASSERT_EQ(screen.boxes.size(), 1U);
+    EXPECT_EQ(screen.boxes[0].text, "You must insert a positive number less than 255 in the function");
+    EXPECT_EQ(screen.boxes[0].icon, BoxIcon::None);
+    EXPECT_EQ(tree().selected(), &message);
+    EXPECT_EQ(message.backColor(), kErrorBackColor);
+}
+
+TEST_F(ProjectFile, AFaultOfAnItemIsShownAsAnError) {
+    Node& message = addMessage("A: S1 F1 W H->E", {"U1 1 -5"});
+    EXPECT_EQ(window.buildMessageText(WalkMode::Modeler), "occur an Error");
+    ASSERT_EQ(screen.boxes.size(), 1U);
+    EXPECT_EQ(screen.boxes[0].text, "Insert unsigned integer for initial value.");
+    EXPECT_EQ(screen.boxes[0].icon, BoxIcon::Critical);
+    EXPECT_EQ(tree().selected(), message.child());
 }
 
 struct MenuRow {

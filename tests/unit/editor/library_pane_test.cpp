@@ -1,5 +1,6 @@
 #include "editor/library_pane.h"
 
+#include "messages/mdf_text.h"
 #include "messages/message_store.h"
 #include "support/temporary_folder.h"
 #include "unit/editor/editor_desk.h"
@@ -98,9 +99,9 @@ protected:
     Desktop desktop{screen};
     SettingsStore settings = SettingsStore::inMemory();
     SystemFileLayer files;
-    ModuleState state{desktop, settings, files};
+    ModuleState state{settings, files};
     RecordingCommands commands;
-    frmSECSEditor window{state, commands};
+    frmSECSEditor window{desktop, state, commands};
     UserHands hands{desktop};
     Lines panels;
 };
@@ -199,8 +200,7 @@ TEST_P(LibraryFiles, AGoodFileIsListedByItsNames) {
         SECSMessageStore store;
         store.addMessageText("* Ask\r\nAsk: S1 F1 W H->E.\r\n");
         store.addMessageText("* Tell\r\nTell: S1 F2 H<-E\r\n    <A 3 NAME 'abc'>.\r\n");
-        ASSERT_TRUE(store.writeFile(files, (folder / "good").string(), "BUILD_MDF", nullptr).ok());
-        screen.path = (folder / "good").string();
+        screen.path = write("good", composeMdf(store.getMessages()));
     } else {
         screen.path = write("good", GetParam().goodText);
     }

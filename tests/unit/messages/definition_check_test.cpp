@@ -80,12 +80,12 @@ TEST(DefinitionCheck, TheFirstErrorIsWhereTheCheckedWalkStops) {
     for (const std::string& item : items) {
         test::Workbench bench;
         bench.read({"* a", "A: S1 F1 H->E", "    A 3 GOOD 'x'", "    " + item + "."});
-        const Findings findings = checkDefinitions(bench.tree, bench.state.codePage);
-        SmdWriter(bench.state, bench.pane).buildMessageText("", "MODELER", bench.tree);
-        ASSERT_EQ(bench.screen.boxes.size(), 1U) << item;
+        const Findings findings = checkDefinitions(bench.tree, bench.codePage);
+        const WalkOutcome outcome = bench.walk(WalkMode::Modeler);
+        ASSERT_TRUE(outcome.fault.has_value()) << item;
         ASSERT_FALSE(findings.empty()) << item;
-        EXPECT_EQ(findings.front().place.nodeIndex, bench.tree.selected()->index()) << item;
-        std::string shown = bench.screen.boxes[0].text;
+        EXPECT_EQ(findings.front().place.nodeIndex, outcome.fault->nodeIndex) << item;
+        std::string shown(outcome.fault->fault.text);
         if (const std::size_t lineEnd = shown.find("\r\n"); lineEnd != std::string::npos)
             shown.replace(lineEnd, 2, " ");
         EXPECT_EQ(findings.front().text, shown);

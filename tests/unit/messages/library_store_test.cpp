@@ -158,12 +158,10 @@ TEST_F(LibraryStore, AProjectOfAllMessagesPassesTheChecksAndBuilds) {
     loadSemi();
     test::Workbench bench;
     for (const SECSMessageRecord* record : store.getMessages())
-        ASSERT_EQ(addMessageToTree(bench.tree, *record, OnDuplicate::Tell, bench.desktop), "");
-    SmdWriter writer(bench.state, bench.pane);
-    EXPECT_EQ(writer.buildMessageText("", "MODELER", bench.tree), "");
-    const std::string path = (folder.path() / "all.smd").string();
-    EXPECT_EQ(writer.buildMessageText(path, "BUILD_SMD", bench.tree), "");
-    EXPECT_EQ(bench.screen.texts(), Lines{});
+        ASSERT_EQ(addMessageToTree(bench.tree, *record), "");
+    EXPECT_EQ(bench.walk(WalkMode::Modeler).status, "");
+    EXPECT_EQ(bench.walk(WalkMode::BuildSmd).status, "");
+    const std::string path = write("all.smd", bench.store->allTexts());
     SECSLibraryStore built{CodePage(1252)};
     EXPECT_EQ(built.load(path, kFormatSmd), "");
     EXPECT_EQ(texts(built).size(), 357u);

@@ -151,11 +151,7 @@ TEST(MessageStore, ATextThatIsNoMessageGivesNoRecordYetIsWritten) {
     EXPECT_EQ(store.addMessageText("* a\r\nM: S1 F1 H->E.\r\n"), "");
     EXPECT_EQ(store.getMessages().size(), 1U);
     EXPECT_TRUE(store.getMessages()[0]->MessageName() == "M" && !store.getMessages()[0]->autoreply());
-    std::string sections = "before\r\n";
-    SystemFileLayer files;
-    EXPECT_TRUE(store.writeFile(files, "", "SAVE_PROJECT", &sections).ok());
-    EXPECT_EQ(sections, "before\r\n## [EDIT SMD]\r\n* \r\nnote: this is text.\r\n* a\r\nM: S1 F1 H->E.\r\n");
-    EXPECT_FALSE(store.writeFile(files, "", "SAVE_PROJECT", nullptr).ok());
+    EXPECT_EQ(store.allTexts(), "* \r\nnote: this is text.\r\n* a\r\nM: S1 F1 H->E.\r\n");
 }
 
 } // namespace

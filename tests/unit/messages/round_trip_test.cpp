@@ -78,22 +78,20 @@ private:
 class GeneratedProjects : public testing::TestWithParam<unsigned> {
 protected:
     GeneratedProjects() {
-        bench.state.codePage = CodePage(949);
+        bench.codePage = CodePage(949);
         ProjectMaker(GetParam()).fill(bench.tree, 30);
         before = test::outline(bench.tree);
     }
 
-    std::string build(std::string_view mode) {
-        const test::TemporaryFolder folder;
-        const std::string path = (folder / "out").string();
-        EXPECT_EQ(SmdWriter(bench.state, bench.pane).buildMessageText(path, mode, bench.tree), "");
-        return test::readFile(path);
+    std::string build(WalkMode mode) {
+        EXPECT_EQ(bench.walk(mode).status, "");
+        return mode == WalkMode::BuildMdf ? composeMdf(bench.store->getMessages()) : bench.store->allTexts();
     }
 
     std::string addAll(const std::vector<SECSMessageRecord>& records) {
         test::Workbench again;
         for (const SECSMessageRecord& record : records)
-            EXPECT_EQ(addMessageToTree(again.tree, record, OnDuplicate::Tell, again.desktop), "");
+            EXPECT_EQ(addMessageToTree(again.tree, record), "");
         return test::outline(again.tree);
     }
 
@@ -110,13 +108,13 @@ TEST_P(GeneratedProjects, ASaveIsReadBackAsItWas) {
 }
 
 TEST_P(GeneratedProjects, TheCheckedWalkFindsNothingToChange) {
-    SmdWriter(bench.state, bench.pane).buildMessageText("", "MODELER", bench.tree);
-    EXPECT_EQ(bench.screen.texts(), std::vector<std::string>());
+    bench.walk(WalkMode::Modeler);
+    EXPECT_EQ(bench.faults, std::vector<std::string>());
     EXPECT_EQ(test::outline(bench.tree), before);
 }
 
 TEST_P(GeneratedProjects, ASmdFileIsReadBackAsItWas) {
-    const std::string text = build("BUILD_SMD");
+    const std::string text = build(WalkMode::BuildSmd);
     Findings findings;
     SmdTextSplitter splitter(text, &findings);
     std::vector<SECSMessageRecord> records;
@@ -132,14 +130,14 @@ TEST_P(GeneratedProjects, ASmdFileIsReadBackAsItWas) {
 
 TEST_P(GeneratedProjects, AnMdfFileIsReadBackAsItWas) {
     Findings findings;
-    EXPECT_EQ(addAll(parseMdf(build("BUILD_MDF"), findings)), before);
+    EXPECT_EQ(addAll(parseMdf(build(WalkMode::BuildMdf), findings)), before);
     EXPECT_EQ(findings, Findings());
 }
 
 TEST_P(GeneratedProjects, TheStoreHoldsTheMessagesOfTheTree) {
     bench.saved();
     std::vector<SECSMessageRecord> records;
-    for (const SECSMessageRecord* record : bench.state.SECSMessageStore->getMessages())
+    for (const SECSMessageRecord* record : bench.store->getMessages())
         records.push_back(*record);
     EXPECT_EQ(addAll(records), before);
 }

@@ -1,8 +1,6 @@
 #include "unit/messages/workbench.h"
 
 #include "messages/indentation.h"
-#include "platform/text_file.h"
-#include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 
@@ -41,11 +39,10 @@ const std::vector<Reading> kReadings{
     {"NoItems", {"* about", "M: S1 F1 W H->E."}, "\nabout\nM: S1 F1 W H->E #M\n"},
     {"LastCommentCounts", {"* one", "* two ", "", "M: S1 F1 H->E."}, "\ntwo\nM: S1 F1 H->E #M\n"},
     {"AsterisksDropTheComment", {"* one", "*****", "M: S1 F1 H->E."}, "\n\nM: S1 F1 H->E #M\n"},
-    {"SectionLineDropsTheComment", {"* one", "## [EDIT SMD]", "M: S1 F1 H->E."}, "\n\nM: S1 F1 H->E #M\n"},
-    {"OtherSectionCloses", {"###[OTHER]", "M: S1 F1 H->E."}, ""},
-    {"SectionOpensAgain",
-     {"## x", "A: S1 F1 H->E.", "## [EDIT SMD]  ", "B: S1 F1 H->E."},
-     "\n\nB: S1 F1 H->E #B\n"},
+    {"ALineOfASectionDropsTheComment", {"* one", "## x", "M: S1 F1 H->E."}, "\n\nM: S1 F1 H->E #M\n"},
+    {"ALineOfASectionLeavesTheMessageOpen",
+     {"M: S1 F1 H->E", "    L 1", "## x", "        U1 1 5."},
+     "\n\nM: S1 F1 H->E #M\n  L 1\n    U1 1 5\n"},
     {"LinesBehindTheEndAreDropped", {"M: S1 F1 H->E.", "    U1 1 5"}, "\n\nM: S1 F1 H->E #M\n"},
     {"ADotAloneCloses", {"M: S1 F1 H->E", "    .", "    U1 1 5"}, "\n\nM: S1 F1 H->E #M\n"},
     {"ABlankBeforeTheDot", {"M: S1 F1 H->E", "    U1 1 5 ."}, "\n\nM: S1 F1 H->E #M\n  U1 1 5\n"},
@@ -89,31 +86,13 @@ TEST(SmdReader, NodesComeExpandedAndDescriptionsBold) {
     EXPECT_FALSE(bench.tree.at(1)->expanded());
     EXPECT_TRUE(bench.tree.at(3)->expanded());
     EXPECT_TRUE(bench.tree.at(4)->expanded());
-    EXPECT_THAT(bench.pane.calls, ElementsAre("InsertCbo M", "TreeView_ForeColor"));
+    EXPECT_THAT(bench.calls, ElementsAre("name M"));
 }
 
-TEST(SmdReader, TextOutsideTheSectionIsNotRead) {
+TEST(SmdReader, LinesMayEndInALineFeedAlone) {
     test::Workbench bench;
-    readSmdText(bench.tree, "###[PROJECT INFORMATION]\r\nProjectType=1\r\nM: S1 F1 H->E.\r\n", bench.pane);
-    EXPECT_TRUE(bench.tree.empty());
-}
-
-TEST(SmdReader, FilesAreReadInEitherByteOrderAndLineEnd) {
-    const test::TemporaryFolder folder;
-    const std::string text = "## [EDIT SMD]\n* \xED\x95\x9C\xEA\xB8\x80\nM: S1 F1 H->E.\n";
-    test::writeFile(folder / "p.zbp", encodeUtf16(text));
-    test::Workbench bench;
-    readSmdSection(bench.tree, (folder / "p.zbp").string(), bench.pane);
+    readSmdSection(bench.tree, "* \xED\x95\x9C\xEA\xB8\x80\nM: S1 F1 H->E.\n");
     EXPECT_EQ(outline(bench.tree), "\n\xED\x95\x9C\xEA\xB8\x80\nM: S1 F1 H->E #M\n");
-}
-
-TEST(SmdReader, AMissingFileLeavesTheTreeEmpty) {
-    const test::TemporaryFolder folder;
-    test::Workbench bench;
-    readSmdSection(bench.tree, (folder / "none.zbp").string(), bench.pane);
-    readSmdSection(bench.tree, folder.path().string(), bench.pane);
-    EXPECT_TRUE(bench.tree.empty());
-    EXPECT_TRUE(bench.pane.calls.empty());
 }
 
 TEST(SmdReader, ARecordIsAddedBehindAllOthers) {
@@ -123,24 +102,20 @@ TEST(SmdReader, ARecordIsAddedBehindAllOthers) {
     record.parseSmd(crlf({"* b", "B: S1 F2 H<-E", "    <L 2", "        <L 1", "            <U1 1 5>",
                           "        >", "        <A 1 ' '>", "    >", "    <L 0>."}),
                     kFormatSmd);
-    EXPECT_EQ(addMessageToTree(bench.tree, record, OnDuplicate::Tell, bench.desktop), "");
+    EXPECT_EQ(addMessageToTree(bench.tree, record), "");
     EXPECT_EQ(outline(bench.tree), "\na\nA: S1 F1 H->E #A\n\nb\nB: S1 F2 H<-E #B\n"
                                    "  L 2\n    L 1\n      U1 1 5\n    A 1 ' '\n  L 0\n");
-    EXPECT_TRUE(bench.screen.boxes.empty());
     EXPECT_TRUE(bench.tree.find("B")->expanded());
     EXPECT_TRUE(bench.tree.find("B")->previous()->bold());
 }
 
-TEST(SmdReader, ADuplicateIsToldWhenAskedFor) {
+TEST(SmdReader, ADuplicateIsNotAdded) {
     test::Workbench bench;
     bench.read({"* a", "A: S1 F1 H->E."});
     const std::string before = outline(bench.tree);
     SECSMessageRecord record;
     record.parseNodeText("a: S1 F1 H->E", "again");
-    EXPECT_EQ(addMessageToTree(bench.tree, record, OnDuplicate::KeepSilent, bench.desktop), "Key");
-    EXPECT_TRUE(bench.screen.boxes.empty());
-    EXPECT_EQ(addMessageToTree(bench.tree, record, OnDuplicate::Tell, bench.desktop), "Key");
-    EXPECT_THAT(bench.screen.texts(), ElementsAre("a already exists."));
+    EXPECT_EQ(addMessageToTree(bench.tree, record), "Key");
     EXPECT_EQ(outline(bench.tree), before);
 }
 

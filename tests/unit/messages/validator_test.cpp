@@ -1,11 +1,9 @@
 #include "unit/messages/workbench.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace zb {
 namespace {
-
-using testing::ElementsAre;
 
 struct ItemCase {
     std::string before; ///< of a single item
@@ -22,14 +20,12 @@ class Items : public testing::TestWithParam<ItemCase> {};
 TEST_P(Items, AreNormalizedAndChecked) {
     test::Workbench bench;
     Node& node = bench.tree.add(nullptr, Relation::Last, GetParam().before);
-    Validator validator(bench.desktop, bench.state.codePage);
-    const bool fault = validator.checkItemName(1, bench.tree) || validator.checkItemValues(bench.tree, 1);
+    Validator validator(bench.codePage);
+    OptionalFault fault = validator.checkItemName(1, bench.tree);
+    if (!fault)
+        fault = Validator::checkItemValues(bench.tree, 1);
     EXPECT_EQ(node.text(), GetParam().after);
-    EXPECT_EQ(fault, !GetParam().fault.empty());
-    EXPECT_EQ(bench.screen.texts(),
-              fault ? std::vector<std::string>{GetParam().fault} : std::vector<std::string>());
-    EXPECT_EQ(bench.tree.selected(), fault ? &node : nullptr);
-    EXPECT_EQ(node.backColor(), fault ? OptionalColor(kErrorBackColor) : OptionalColor());
+    EXPECT_EQ(fault ? test::Workbench::textOf(*fault) : "", GetParam().fault);
 }
 
 const std::string kNoName = "Insert item name";
@@ -136,23 +132,24 @@ TEST(NameRules, ANameStandsOnceInAMessage) {
     test::Workbench bench;
     for (const char* text : {"A 1 one 'x'", "L 0 ONE", "U1 1 two 5", "U1 1 5"})
         bench.tree.add(nullptr, Relation::Last, text);
-    Validator validator(bench.desktop, bench.state.codePage);
+    Validator validator(bench.codePage);
     EXPECT_FALSE(validator.checkItemName(1, bench.tree));
-    EXPECT_TRUE(validator.checkItemName(2, bench.tree));
+    const OptionalFault fault = validator.checkItemName(2, bench.tree);
+    ASSERT_TRUE(fault.has_value());
+    EXPECT_EQ(test::Workbench::textOf(*fault), "! The name of this item be duplicated");
     EXPECT_FALSE(validator.checkItemName(3, bench.tree));
     EXPECT_FALSE(validator.checkItemName(4, bench.tree));
     EXPECT_FALSE(validator.checkItemName(99, bench.tree));
-    EXPECT_THAT(bench.screen.texts(), ElementsAre("! The name of this item be duplicated"));
+    EXPECT_FALSE(Validator::checkItemValues(bench.tree, 99));
     validator.beginMessage();
     EXPECT_FALSE(validator.checkItemName(2, bench.tree));
 }
 
 TEST(NameRules, CharactersAreCheckedOnTheirOwn) {
-    test::Workbench bench;
-    Validator validator(bench.desktop, bench.state.codePage);
-    EXPECT_FALSE(validator.checkNameChars("Ab_9."));
-    EXPECT_TRUE(validator.checkNameChars("a-b"));
-    EXPECT_THAT(bench.screen.texts(), ElementsAre("! The name of this item is not correct"));
+    EXPECT_FALSE(nameCharsFault("Ab_9."));
+    const OptionalFault fault = nameCharsFault("a-b");
+    ASSERT_TRUE(fault.has_value());
+    EXPECT_EQ(test::Workbench::textOf(*fault), "! The name of this item is not correct");
 }
 
 TEST(Normalizer, TextsAreMeasuredInAnsiBytes) {

@@ -1,57 +1,18 @@
 #pragma once
 
-#include "controls/desktop.h"
-#include "messages/editor_pane.h"
 #include "messages/message_record.h"
-#include "messages/module_state.h"
+#include "messages/message_store.h"
 #include "messages/smd/smd_reader.h"
 #include "messages/smd/smd_writer.h"
-#include "platform/file_layer.h"
-#include "platform/settings.h"
+#include "platform/code_page.h"
 #include "platform/tree/node_tree.h"
 
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace zb::test {
-
-/// Remembers the boxes shown.
-class BoxScreen final : public Screen {
-public:
-    Answer showBox(const Box& box) override {
-        boxes.push_back(box);
-        return Answer::OK;
-    }
-    std::string pickFile(const FileDialog& /*dialog*/) override { return {}; }
-    void runModal(Window& /*window*/) override {}
-    void bringToFront(Window& /*window*/) override {}
-    void openPopup(PopupMenu& /*menu*/) override {}
-
-    /// The texts of the boxes, each led by "! " when it has the stop icon.
-    std::vector<std::string> texts() const {
-        std::vector<std::string> all;
-        for (const Box& box : boxes)
-            all.push_back((box.icon == BoxIcon::Critical ? "! " : "") + box.text);
-        return all;
-    }
-
-    std::vector<Box> boxes;
-};
-
-/// Remembers what the reader and the writer asked of the editor.
-class CallPane final : public EditorPane {
-public:
-    void InsertCbo(std::string_view name) override { calls.push_back("InsertCbo " + std::string(name)); }
-    void TreeView_ForeColor() override { calls.emplace_back("TreeView_ForeColor"); }
-    void InitMsg() override { calls.emplace_back("InitMsg"); }
-    void display_DefSECSMsg(const SECSMessageRecord& record) override {
-        calls.push_back("display_DefSECSMsg " + record.getName());
-    }
-    void hideItemPane() override { calls.emplace_back("hideItemPane"); }
-
-    std::vector<std::string> calls;
-};
 
 inline std::string crlf(std::initializer_list<std::string_view> lines) {
     std::string text;
@@ -80,28 +41,40 @@ inline std::string outline(const NodeTree& tree) {
     return text;
 }
 
-/// A program with a tree and nobody before the screen.
+/// A tree of messages, and what the readers and walks say of it.
 struct Workbench {
     void read(std::initializer_list<std::string_view> sectionLines) { read(crlf(sectionLines)); }
-    void read(const std::string& sectionText) { readSmdText(tree, "## [EDIT SMD]\r\n" + sectionText, pane); }
-
-    /// The section as a save would write it, without its first line.
-    std::string saved() {
-        std::string sections;
-        state.projectSections = &sections;
-        SmdWriter(state, pane).buildMessageText("", "SAVE_PROJECT", tree);
-        state.projectSections = nullptr;
-        const std::string marker = "## [EDIT SMD]\r\n";
-        return sections.rfind(marker, 0) == 0 ? sections.substr(marker.size()) : sections;
+    void read(const std::string& sectionText) {
+        readSmdSection(tree, sectionText,
+                       [this](std::string_view name) { calls.push_back("name " + std::string(name)); });
     }
 
-    BoxScreen screen;
-    Desktop desktop{screen};
-    SettingsStore settings = SettingsStore::inMemory();
-    SystemFileLayer files;
-    ModuleState state{desktop, settings, files};
+    /// Refills the store; the text of a fault is led by "! " when it is shown as an error.
+    WalkOutcome walk(WalkMode mode) {
+        store = std::make_unique<SECSMessageStore>();
+        SmdWriter writer(codePage, [this](const SECSMessageRecord& record) {
+            calls.push_back("record " + record.getName());
+        });
+        WalkOutcome outcome = writer.buildMessageText(mode, tree, *store);
+        if (outcome.fault)
+            faults.push_back(textOf(outcome.fault->fault));
+        return outcome;
+    }
+    static std::string textOf(const DefinitionFault& fault) {
+        return (fault.tone == DefinitionFault::Tone::Error ? "! " : "") + std::string(fault.text);
+    }
+
+    /// The section as a save would write it, without the line that opens it.
+    std::string saved() {
+        walk(WalkMode::SaveProject);
+        return store->allTexts();
+    }
+
+    CodePage codePage{1252};
     NodeTree tree;
-    CallPane pane;
+    std::unique_ptr<SECSMessageStore> store = std::make_unique<SECSMessageStore>();
+    std::vector<std::string> calls;
+    std::vector<std::string> faults;
 };
 
 } // namespace zb::test

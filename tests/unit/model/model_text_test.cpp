@@ -1,7 +1,9 @@
 #include "model/fact_text.h"
+#include "model/model_reader.h"
+#include "model/model_writer.h"
 #include "model/tr_model_store.h"
 #include "platform/text_file.h"
-#include "project/foreign_sections.h"
+#include "project/project_text.h"
 #include "unit/model/generated_model.h"
 
 #include <gtest/gtest.h>
@@ -22,10 +24,19 @@ std::string throughAFile(std::string_view modelText) {
         .text;
 }
 
+void load(TRModelStore& model, std::string_view projectText) {
+    readModel(splitProject(projectText).model, model);
+}
+
+/// The model's section of a project file.
+std::string sectionOf(const TRModelStore& model) {
+    return "###[TRANSACTION MODEL] 1\r\n" + composeModel(model);
+}
+
 std::string reread(std::string_view projectText) {
     TRModelStore model;
     model.setProjectType(1);
-    model.loadModelText(projectText);
+    load(model, projectText);
     return described(model);
 }
 
@@ -65,7 +76,7 @@ constexpr std::string_view kModel = "###[TRANSACTION MODEL] 1\r\n"
 
 TEST(ModelText, ReadsAndWritesTheSameText) {
     TRModelStore model;
-    model.loadModelText(throughAFile(kModel));
+    load(model, throughAFile(kModel));
     ASSERT_EQ(model.TRMessages().size(), 2U);
     const TRMessageRecord& received = *model.TRMessages()[0];
     EXPECT_EQ(received.Condition(), "CEID = 100 AND RPTID = 1");
@@ -83,14 +94,14 @@ TEST(ModelText, ReadsAndWritesTheSameText) {
               "1 L 2\r\n2 A 5V RCMD 'START' [K]\r\n2 L 1V LIST\r\n3 A 3 CPNAME 'LOT'\r\n");
     EXPECT_EQ(block->getDescription(), "Starts a lot");
     EXPECT_TRUE(block->getWait());
-    EXPECT_EQ(model.saveModel(), kModel);
+    EXPECT_EQ(sectionOf(model), kModel);
 }
 
 TEST(ModelText, AnyModelComesBackAsItWas) {
     for (std::uint32_t seed = 0; seed < 400; ++seed) {
         TRModelStore model;
         ModelMaker(seed).fill(model, 4);
-        ASSERT_EQ(reread(throughAFile(model.saveModel())), described(model)) << "seed " << seed;
+        ASSERT_EQ(reread(throughAFile(sectionOf(model))), described(model)) << "seed " << seed;
     }
 }
 
@@ -98,7 +109,7 @@ TEST(ModelText, NoLineButItsOwnLooksLikeASection) {
     for (std::uint32_t seed = 0; seed < 200; ++seed) {
         TRModelStore model;
         ModelMaker(seed).fill(model, 4);
-        const std::string text = model.saveModel();
+        const std::string text = sectionOf(model);
         LineReader lines(text);
         for (auto line = lines.next(); line; line = lines.next()) {
             ASSERT_FALSE(line->empty());
@@ -107,7 +118,7 @@ TEST(ModelText, NoLineButItsOwnLooksLikeASection) {
                 line->starts_with("###[TRANSACTION MODEL]") || line->starts_with("## [TR MESSAGE]");
             ASSERT_EQ(line->starts_with("#"), isOwn) << *line;
         }
-        ASSERT_EQ(ForeignSections::parse(throughAFile(text)).text(), "");
+        ASSERT_EQ(parseProject(throughAFile(text)).foreign.text(), "");
     }
 }
 
@@ -151,7 +162,7 @@ TEST(ModelText, ASectionOfANewerVersionGivesWhatIsKnown) {
 std::vector<std::string> messagesOf(const std::string& projectText) {
     TRModelStore model;
     model.setProjectType(1);
-    model.loadModelText(projectText);
+    load(model, projectText);
     std::vector<std::string> messages;
     for (const auto& message : model.TRMessages())
         messages.push_back(described(*message));
@@ -163,7 +174,7 @@ struct Gallery {
     explicit Gallery(int messages = 12) {
         TRModelStore model;
         ModelMaker(11).fill(model, messages);
-        text = model.saveModel();
+        text = sectionOf(model);
         LineReader reader(text);
         int number = -1;
         while (const auto line = reader.next()) {
@@ -265,7 +276,7 @@ TEST(DamagedModelText, AMessageWithoutItsDirectionStaysInSight) {
         for (const int type : {1, 2}) {
             TRModelStore model;
             model.setProjectType(type);
-            model.loadModelText(modelOf(facts) + "## [TR MESSAGE] S\r\n" + facts + "  DataBlock S1F1\r\n");
+            load(model, modelOf(facts) + "## [TR MESSAGE] S\r\n" + facts + "  DataBlock S1F1\r\n");
             ASSERT_EQ(model.TRMessages().size(), 2U);
             EXPECT_EQ(model.getTRMessage("M")->Direction(), model.ReceivedDirection());
             EXPECT_EQ(model.getTRMessage("S")->Direction(), model.SentDirection());
@@ -275,10 +286,10 @@ TEST(DamagedModelText, AMessageWithoutItsDirectionStaysInSight) {
 
 TEST(DamagedModelText, ASecondMessageOfANameFillsTheFirst) {
     TRModelStore model;
-    model.loadModelText(
-        modelOf("  SECSMessage A\r\n  Direction 2\r\n  TRItem LOT\r\n    Value 1\r\n  EndTRItem\r\n") +
-        modelOf("  SECSMessage B\r\n  Condition C\r\n  Direction 1\r\n  TRItem LOT\r\n"
-                "    Value 2\r\n    Type STRING\r\n  EndTRItem\r\n  TRItem CST\r\n"));
+    load(model,
+         modelOf("  SECSMessage A\r\n  Direction 2\r\n  TRItem LOT\r\n    Value 1\r\n  EndTRItem\r\n") +
+             modelOf("  SECSMessage B\r\n  Condition C\r\n  Direction 1\r\n  TRItem LOT\r\n"
+                     "    Value 2\r\n    Type STRING\r\n  EndTRItem\r\n  TRItem CST\r\n"));
     ASSERT_EQ(model.TRMessages().size(), 1U);
     const TRMessageRecord& message = *model.TRMessages().front();
     EXPECT_EQ(message.SECSMessage(), "A");
@@ -292,9 +303,9 @@ TEST(DamagedModelText, ASecondMessageOfANameFillsTheFirst) {
 
 TEST(DamagedModelText, ElementsWithoutTheirParentsHangFromTheDeepestThatIsThere) {
     TRModelStore model;
-    model.loadModelText(modelOf("  TRItem I\r\n    Element 2 Statement Type=\"IF\"\r\n"
-                                "    Element 7 Statement 1=\"2\" \"x\" =\"3\" y Type=\"unclosed \\\"\r\n"
-                                "    Element 2 1bad\r\n    Element x Statement\r\n    Element\r\n"));
+    load(model, modelOf("  TRItem I\r\n    Element 2 Statement Type=\"IF\"\r\n"
+                        "    Element 7 Statement 1=\"2\" \"x\" =\"3\" y Type=\"unclosed \\\"\r\n"
+                        "    Element 2 1bad\r\n    Element x Statement\r\n    Element\r\n"));
     const auto& node = model.TRMessages().front()->TRItems().front()->ConditionNode();
     ASSERT_TRUE(node);
     XmlElement expected("Condition");
@@ -309,15 +320,15 @@ TEST(DamagedModelText, ElementsNestedWithoutEndAreLetGoOfAgain) {
     for (int depth = 1; depth <= 100000; ++depth)
         facts += "    Element " + std::to_string(depth) + " E\r\n";
     TRModelStore model;
-    model.loadModelText(modelOf(facts));
+    load(model, modelOf(facts));
     EXPECT_TRUE(model.TRMessages().front()->TRItems().front()->ConditionNode());
-    EXPECT_EQ(reread(model.saveModel()), described(model));
+    EXPECT_EQ(reread(sectionOf(model)), described(model));
 }
 
 TEST(DamagedModelText, ItemsOfABlockStayWithinTheirMessage) {
     TRModelStore model;
-    model.loadModelText(modelOf("  Item 1 A 1 'lost'\r\n  DataBlock X: S1 F1 H->E\r\n    Item 0 L 1\r\n"
-                                "    Item -3 A 1 'a'\r\n    Item 99999 A 1 'b'\r\n    Item 2 A\\n3 B\r\n"));
+    load(model, modelOf("  Item 1 A 1 'lost'\r\n  DataBlock X: S1 F1 H->E\r\n    Item 0 L 1\r\n"
+                        "    Item -3 A 1 'a'\r\n    Item 99999 A 1 'b'\r\n    Item 2 A\\n3 B\r\n"));
     ASSERT_TRUE(model.TRMessages().front()->DataBlock());
     EXPECT_EQ(model.TRMessages().front()->DataBlock()->getBodyText(),
               "1 L 1\r\n1 A 1 'a'\r\n1000 A 1 'b'\r\n");

@@ -12,8 +12,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-const std::string kMarkerLine = "###[SEQUENCE TABLE]\r\n";
-
 /// Each row as one text.
 Texts rowsOf(const Sequences& sequences) {
     Texts texts;
@@ -24,7 +22,7 @@ Texts rowsOf(const Sequences& sequences) {
 
 class SequencesTest : public ::testing::Test {
 protected:
-    void load(std::string_view projectText) { sequences = readSequences(projectText); }
+    void load(std::string_view rows) { sequences = readSequences(rows); }
     std::string saved() const {
         std::string text;
         appendSequences(text, sequences);
@@ -34,9 +32,8 @@ protected:
     Sequences sequences;
 };
 
-TEST_F(SequencesTest, AreReadAfterTheMarker) {
-    load("SeqName\u00FFNo\u00FF\u00FF\r\n" + kMarkerLine +
-         "SeqName\u00FFLoad\u00FF\u00FF\r\nSeqItem\u00FF1\u00FFToHost\u00FFDone\r\n");
+TEST_F(SequencesTest, AreReadLineByLine) {
+    load("SeqName\u00FFLoad\u00FF\u00FF\r\nSeqItem\u00FF1\u00FFToHost\u00FFDone\r\n");
     EXPECT_EQ(rowsOf(sequences), (Texts{"Load||", "1|ToHost|Done"}));
     EXPECT_TRUE(sequences.rows()[0].isWhole);
     EXPECT_EQ(sequences.rows()[0].picture, kSequenceHead);
@@ -44,50 +41,41 @@ TEST_F(SequencesTest, AreReadAfterTheMarker) {
     EXPECT_EQ(sequences.rows()[1].picture, kSequenceItem);
 }
 
-TEST_F(SequencesTest, NeedTheMarkerAsAWholeLine) {
-    load(" ###[SEQUENCE TABLE]\r\nSeqName\u00FFA\u00FF\u00FF\r\n");
-    EXPECT_EQ(sequences.rows().size(), 0U);
-    load("###[SEQUENCE TABLE] \r\nSeqName\u00FFA\u00FF\u00FF\r\n");
-    EXPECT_EQ(sequences.rows().size(), 0U);
-    load("");
-    EXPECT_EQ(sequences.rows().size(), 0U);
-}
-
 TEST_F(SequencesTest, ReadOverBlankLinesAndTrimEveryField) {
-    load(kMarkerLine + "\r\n   \r\n  SeqName \u00FF Load \u00FF \u00FF \r\n\r\n SeqItem\u00FF 1\u00FFToHost "
-                       "\u00FF Done");
+    load("\r\n   \r\n  SeqName \u00FF Load \u00FF \u00FF \r\n\r\n SeqItem\u00FF 1\u00FFToHost "
+         "\u00FF Done");
     EXPECT_EQ(rowsOf(sequences), (Texts{"Load||", "1|ToHost|Done"}));
     EXPECT_TRUE(sequences.rows()[0].isWhole);
 }
 
 TEST_F(SequencesTest, EndAtALineWithTooFewFields) {
     const std::string behind = "\r\nSeqName\u00FFB\u00FF\u00FF\r\n";
-    load(kMarkerLine + "SeqName\u00FFA\u00FF\u00FF\r\nnothing" + behind);
+    load("SeqName\u00FFA\u00FF\u00FF\r\nnothing" + behind);
     EXPECT_EQ(rowsOf(sequences), (Texts{"A||"}));
-    load(kMarkerLine + "SeqName\u00FFA" + behind);
+    load("SeqName\u00FFA" + behind);
     EXPECT_EQ(rowsOf(sequences), (Texts{"A||"}));
     EXPECT_EQ(sequences.rows()[0].picture, kSequenceHead);
     EXPECT_FALSE(sequences.rows()[0].isWhole);
-    load(kMarkerLine + "SeqItem\u00FF1\u00FFToHost" + behind);
+    load("SeqItem\u00FF1\u00FFToHost" + behind);
     EXPECT_EQ(rowsOf(sequences), (Texts{"1|ToHost|"}));
 }
 
 TEST_F(SequencesTest, KeepUnknownPicturesAndReadOverFurtherFields) {
-    load(kMarkerLine + "seqname\u00FFA\u00FFb\u00FFc\u00FFd\r\n\u00FF\u00FF\u00FF\r\n");
+    load("seqname\u00FFA\u00FFb\u00FFc\u00FFd\r\n\u00FF\u00FF\u00FF\r\n");
     EXPECT_EQ(rowsOf(sequences), (Texts{"A|b|c", "||"}));
     EXPECT_EQ(sequences.rows()[0].picture, "seqname");
     EXPECT_FALSE(sequences.rows()[0].isHead());
 }
 
-TEST_F(SequencesTest, OfAnEmptyListAreTheirMarker) {
-    EXPECT_EQ(saved(), "\r\n\r\n\r\n" + kMarkerLine);
+TEST_F(SequencesTest, OfAnEmptyListAreNoLine) {
+    EXPECT_EQ(saved(), "");
 }
 
 TEST_F(SequencesTest, AreWrittenAsTheyAreRead) {
     const std::string rows = "SeqName\u00FFLoad\u00FF\u00FF\r\nSeqItem\u00FF1\u00FFToHost\u00FFDone\r\n"
                              "SeqItem\u00FF2\u00FF\u00FF\uAC00\r\nSeqName\u00FFLoad\u00FF\u00FF\r\n";
-    load(kMarkerLine + rows);
-    EXPECT_EQ(saved(), "\r\n\r\n\r\n" + kMarkerLine + rows);
+    load(rows);
+    EXPECT_EQ(saved(), rows);
 }
 
 TEST_F(SequencesTest, KeepTheRowsAfterANameWithALineBreak) {
@@ -99,8 +87,8 @@ TEST_F(SequencesTest, KeepTheRowsAfterANameWithALineBreak) {
 }
 
 TEST_F(SequencesTest, FindTheirHeadUpwards) {
-    load(kMarkerLine + "SeqItem\u00FF1\u00FF\u00FFx\r\nSeqName\u00FFA\u00FF\u00FF\r\n"
-                       "SeqItem\u00FF1\u00FF\u00FFx\r\nSeqItem\u00FF2\u00FF\u00FFx\r\n");
+    load("SeqItem\u00FF1\u00FF\u00FFx\r\nSeqName\u00FFA\u00FF\u00FF\r\n"
+         "SeqItem\u00FF1\u00FF\u00FFx\r\nSeqItem\u00FF2\u00FF\u00FFx\r\n");
     EXPECT_EQ(sequences.headOf(3), 1U);
     EXPECT_EQ(sequences.headOf(1), 1U);
     EXPECT_EQ(sequences.headOf(0), std::nullopt);
@@ -108,8 +96,7 @@ TEST_F(SequencesTest, FindTheirHeadUpwards) {
 }
 
 TEST_F(SequencesTest, AreNumberedUpToTheNextHead) {
-    load(kMarkerLine +
-         "SeqName\u00FFA\u00FF\u00FF\r\nSeqItem\u00FF7\u00FF\u00FFx\r\n"
+    load("SeqName\u00FFA\u00FF\u00FF\r\nSeqItem\u00FF7\u00FF\u00FFx\r\n"
          "other\u00FF7\u00FF\u00FFx\r\nSeqName\u00FFB\u00FF\u00FF\r\nSeqItem\u00FF9\u00FF\u00FFy\r\n");
     EXPECT_EQ(sequences.insertItem(0, "ToHost", "z"), 1U);
     EXPECT_EQ(rowsOf(sequences), (Texts{"A||", "1|ToHost|z", "2||x", "3||x", "B||", "9||y"}));
@@ -118,8 +105,7 @@ TEST_F(SequencesTest, AreNumberedUpToTheNextHead) {
 }
 
 TEST_F(SequencesTest, LoseTheItemsOfARemovedHead) {
-    load(kMarkerLine +
-         "SeqName\u00FFA\u00FF\u00FF\r\nSeqItem\u00FF1\u00FF\u00FFx\r\n"
+    load("SeqName\u00FFA\u00FF\u00FF\r\nSeqItem\u00FF1\u00FF\u00FFx\r\n"
          "other\u00FF2\u00FF\u00FFx\r\nSeqName\u00FFB\u00FF\u00FF\r\nSeqItem\u00FF1\u00FF\u00FFy\r\n");
     EXPECT_EQ(sequences.remove(0), 3U);
     EXPECT_EQ(rowsOf(sequences), (Texts{"B||", "1||y"}));
@@ -128,7 +114,7 @@ TEST_F(SequencesTest, LoseTheItemsOfARemovedHead) {
 }
 
 TEST_F(SequencesTest, NumberRowsAboveAllHeadsAfterADrop) {
-    load(kMarkerLine + "SeqItem\u00FF5\u00FF\u00FFx\r\nSeqName\u00FFA\u00FF\u00FF\r\n");
+    load("SeqItem\u00FF5\u00FF\u00FFx\r\nSeqName\u00FFA\u00FF\u00FF\r\n");
     EXPECT_EQ(sequences.insertItem(0, "ToHost", "y"), 1U);
     EXPECT_EQ(rowsOf(sequences), (Texts{"1||x", "2|ToHost|y", "A||"}));
     EXPECT_EQ(sequences.remove(0), 1U);

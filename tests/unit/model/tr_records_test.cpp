@@ -1,3 +1,4 @@
+#include "model/model_writer.h"
 #include "model/tr_model_store.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +33,7 @@ TEST(TRModelStore, IsEmptyAtFirst) {
     const TRModelStore store;
     EXPECT_TRUE(store.TRMessages().empty());
     EXPECT_EQ(store.getTRMessage(""), nullptr);
-    EXPECT_EQ(store.saveModel(), "");
+    EXPECT_EQ(composeModel(store), "");
 }
 
 TEST(TRModelStore, KeepsTheOrderOfAdding) {

@@ -3,9 +3,9 @@
 #include "messages/message_store.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
-#include "modeler/modeler_state.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
+#include "project/module_state.h"
 #include "support/silent_screen.h"
 #include "unit/modeler/noted_views.h"
 
@@ -62,10 +62,10 @@ public:
     Desktop desktop{screen};
     SettingsStore settings = SettingsStore::inMemory();
     SystemFileLayer files;
-    ModelerState state{desktop, settings, files};
+    ModuleState state{settings, files};
     test::NotedViews views;
-    frmTRMessage messages{state, views};
-    frmTRItem items{state, views};
+    frmTRMessage messages{desktop, state, views};
+    frmTRItem items{desktop, state, views};
     UserHands hands{desktop};
 };
 

@@ -3,9 +3,9 @@
 #include "controls/desktop.h"
 #include "controls/user_hands.h"
 #include "modeler/frm_tr_item.h"
-#include "modeler/modeler_state.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
+#include "project/module_state.h"
 #include "support/silent_screen.h"
 #include "unit/modeler/noted_views.h"
 
@@ -84,11 +84,11 @@ struct ItemDesk {
     Desktop desktop{screen};
     SettingsStore settings = SettingsStore::inMemory();
     SystemFileLayer files;
-    ModelerState state{desktop, settings, files};
+    ModuleState state{settings, files};
     NotedViews views;
     Window modeler{desktop, "frmTRModeler"};
     Button modelerButton{modeler, "cmdAny", ""};
-    frmTRItem dialog{state, views};
+    frmTRItem dialog{desktop, state, views};
     UserHands hands{desktop};
 };
 

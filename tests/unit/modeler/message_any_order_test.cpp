@@ -2,9 +2,9 @@
 #include "controls/user_hands.h"
 #include "messages/message_store.h"
 #include "modeler/frm_tr_message.h"
-#include "modeler/modeler_state.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
+#include "project/module_state.h"
 #include "support/silent_screen.h"
 #include "unit/modeler/noted_views.h"
 
@@ -119,10 +119,10 @@ public:
     Desktop desktop{screen};
     SettingsStore settings = SettingsStore::inMemory();
     SystemFileLayer files;
-    ModelerState state{desktop, settings, files};
+    ModuleState state{settings, files};
     test::NotedViews views;
     Window modeler{desktop, "frmTRModeler"};
-    frmTRMessage dialog{state, views};
+    frmTRMessage dialog{desktop, state, views};
     UserHands hands{desktop};
 
 private:

@@ -6,10 +6,10 @@
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/frm_tr_modeler.h"
-#include "modeler/modeler_state.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
 #include "platform/text.h"
+#include "project/module_state.h"
 #include "support/silent_screen.h"
 
 #include <memory>
@@ -96,11 +96,11 @@ struct ModelerDesk {
     Desktop desktop{screen};
     SettingsStore settings = SettingsStore::inMemory();
     SystemFileLayer files;
-    ModelerState state{desktop, settings, files};
+    ModuleState state{settings, files};
     NoCommands commands;
-    frmTRModeler window{state, commands};
-    frmTRMessage messages{state, window};
-    frmTRItem items{state, window};
+    frmTRModeler window{desktop, state, commands};
+    frmTRMessage messages{desktop, state, window};
+    frmTRItem items{desktop, state, window};
     UserHands hands{desktop};
 };
 

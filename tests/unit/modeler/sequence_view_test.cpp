@@ -13,11 +13,9 @@ namespace {
 using test::rowsOf;
 using Texts = std::vector<std::string>;
 
-const std::string kMarkerLine = "###[SEQUENCE TABLE]\r\n";
-
 class SequenceViewTest : public ::testing::Test {
 protected:
-    void load(std::string_view rows) { view.show(readSequences(kMarkerLine + std::string(rows))); }
+    void load(std::string_view rows) { view.show(readSequences(rows)); }
     std::size_t count() { return list.count(); }
 
     test::SilentScreen screen;

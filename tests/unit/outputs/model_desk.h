@@ -1,6 +1,7 @@
 #pragma once
 
 #include "modeler/frm_tr_modeler.h"
+#include "outputs/tmd_document.h"
 #include "platform/file_layer.h"
 #include "platform/settings.h"
 #include "shell/application.h"

@@ -309,7 +309,7 @@ protected:
         desk_.add("Say", kToHost, "Data");
     }
 
-    Result<TmdContent> write() { return writeTMD(desk_.app(), path_); }
+    Result<TmdContent> write() { return writeTMD(desk_.app().view(), desk_.app().files, path_); }
 
     test::TemporaryFolder folder_;
     ModelDesk desk_;

@@ -19,7 +19,7 @@ protected:
 
     Words find() {
         Words lines;
-        for (const auto& finding : checkTransactions(desk_.app())) {
+        for (const auto& finding : checkTransactions(desk_.app().view())) {
             const bool warning = finding.severity == Severity::Warning;
             lines.push_back(finding.place.message +
                             (finding.place.item.empty() ? "" : "/" + finding.place.item) + ": " +

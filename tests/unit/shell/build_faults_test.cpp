@@ -47,6 +47,18 @@ INSTANTIATE_TEST_SUITE_P(EachCall, BuildFault,
                                          "rename", "checkWritable"),
                          [](const auto& row) { return std::string(row.param); });
 
+TEST_F(BuildFault, OfAMissingPathIsShownInItsOwnWords) {
+    for (const int number : {ENOENT, ENOTDIR}) {
+        test::FaultyFileLayer files("write", number);
+        test::Program program(files);
+        program.application.start(project.string());
+        EXPECT_FALSE(program.application.builds.buildSmd());
+        ASSERT_EQ(program.screen.boxes.size(), 1U);
+        EXPECT_EQ(program.screen.boxes.front().text,
+                  "You cannot save this file because the file path is not found.");
+    }
+}
+
 TEST_F(BuildFault, OfAFullDiskEndsThePlugInBuildBeforeTheSave) {
     test::FaultyFileLayer files("write", ENOSPC);
     test::Program program(files);

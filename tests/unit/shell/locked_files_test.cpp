@@ -1,5 +1,4 @@
 #include "platform/text_file.h"
-#include "shell/project_files.h"
 #include "support/ordinary_user.h"
 #include "unit/shell/program.h"
 
@@ -84,7 +83,7 @@ TEST_F(LockedFiles, KeepNewProjectsOutOfAReadOnlyFolder) {
     test::Program program(files);
     program.application.ProjectName = "New";
     program.application.ProjectPath = (projectFolder / "New").string();
-    EXPECT_FALSE(makeProjectFolders(program.application));
+    program.application.projects.openProject(program.application.projectFilePath());
     ASSERT_EQ(program.screen.boxes.size(), 1U);
     EXPECT_EQ(program.screen.boxes.front().text, "Cannot make directories!\r\nPermission denied\r\n(13)");
 }

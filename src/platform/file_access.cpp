@@ -1,7 +1,5 @@
-#include "outputs/file_access.h"
+#include "platform/file_access.h"
 
-#include "controls/desktop.h"
-#include "messages/module_state.h"
 #include "platform/file_layer.h"
 #include "platform/file_replacer.h"
 
@@ -40,35 +38,27 @@ Result<void> inspect(FileLayer& files, const std::string& path) {
     return files.checkWritable(path);
 }
 
-bool shown(ModuleState& state, const std::string& path, const Result<void>& result) {
-    if (!result)
-        showFileError(state, path, result.error());
-    return result.ok();
-}
-
 } // namespace
 
-bool checkFileAccess(ModuleState& state, const std::string& path) {
-    Result<void> result = inspect(state.files, path);
+Result<void> checkFileAccess(FileLayer& files, const std::string& path) {
+    const Result<void> result = inspect(files, path);
     std::error_code error;
     if (result && std::filesystem::exists(path, error))
-        result = replaceFile(state.files, path, {});
-    return shown(state, path, result);
+        return replaceFile(files, path, {});
+    return result;
 }
 
-bool checkFileAccessKeeping(ModuleState& state, const std::string& path) {
-    return shown(state, path, inspect(state.files, path));
+Result<void> checkFileAccessKeeping(FileLayer& files, const std::string& path) {
+    return inspect(files, path);
+}
+
+std::string describeFileFault(const FileError& error) {
+    return describeSystemError(error.number) + "(" + std::to_string(error.number) + ")";
 }
 
 Result<void> deleteFileIfExists(FileLayer& files, const std::string& path) {
     Result<void> removed = files.remove(path);
     return removed || removed.error().number != ENOENT ? removed : Result<void>();
-}
-
-void showFileError(ModuleState& state, const std::string& path, const FileError& error) {
-    const std::string name = std::filesystem::path(path).filename().string();
-    state.desktop.showBox({describeSystemError(error.number) + "(" + std::to_string(error.number) + ")",
-                           std::string(kApplicationTitle) + " - " + name, BoxIcon::Critical, BoxButtons::OK});
 }
 
 } // namespace zb

@@ -1,4 +1,4 @@
-#include "outputs/tmd_checks.h"
+#include "modeler/tmd_checks.h"
 
 #include "controls/desktop.h"
 #include "outputs/tmd_rules.h"
@@ -25,7 +25,7 @@ Node* messageNode(NodeTree& tree, const std::string& name) {
 
 } // namespace
 
-TmdChecks::TmdChecks(ModelerState& state, ModelerControls& window, std::function<void()> showModeler)
+TmdChecks::TmdChecks(const ModuleState& state, ModelerControls& window, std::function<void()> showModeler)
     : state_(state), window_(window), showModeler_(std::move(showModeler)) {}
 
 bool TmdChecks::checkTRMessages() {
@@ -114,7 +114,7 @@ bool TmdChecks::checkSequences() {
 }
 
 bool TmdChecks::refuse(std::string_view text) {
-    state_.desktop.showBox(std::string(text), BoxIcon::Critical);
+    window_.desktop().showBox(std::string(text), BoxIcon::Critical);
     return false;
 }
 

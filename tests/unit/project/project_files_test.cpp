@@ -1,6 +1,7 @@
-#include "shell/project_files.h"
+#include "project/project_files.h"
 
 #include "platform/drives.h"
+#include "project/project_text.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -18,8 +19,8 @@ struct HeaderCase {
 
 class ProjectHeader : public testing::TestWithParam<HeaderCase> {};
 
-TEST_P(ProjectHeader, TellsTheType) {
-    EXPECT_EQ(projectTypeOf(GetParam().text), GetParam().type);
+TEST_P(ProjectHeader, NamesTheSide) {
+    EXPECT_EQ(projectTypeOf(readSide(GetParam().text)), GetParam().type);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -2,23 +2,22 @@
 
 #include "messages/message_store.h"
 #include "platform/code_page.h"
+#include "project/project_view.h"
 
 #include <memory>
 #include <string>
 
 namespace zb {
 
-class Desktop;
 class FileLayer;
 class SettingsStore;
 
-/// The slots and services of one running program that all its rooms share. The application owns them; tests
+/// The slots and services of one running program that all its windows share. The application owns them; tests
 /// make as many as they like, side by side.
 struct ModuleState {
-    ModuleState(Desktop& desktopOfProgram, SettingsStore& settingsOfProgram, FileLayer& filesOfProgram)
-        : desktop(desktopOfProgram), settings(settingsOfProgram), files(filesOfProgram) {}
+    ModuleState(SettingsStore& settingsOfProgram, FileLayer& filesOfProgram)
+        : settings(settingsOfProgram), files(filesOfProgram) {}
 
-    Desktop& desktop;
     SettingsStore& settings;
     FileLayer& files;
     CodePage codePage{1252};
@@ -29,25 +28,29 @@ struct ModuleState {
     std::string ProjectPath;
     /// 1 is a host project, 2 an equipment project.
     int ProjectType = 1;
+    /// Changes the type of the open project, whose model takes part in it.
+    void takeProjectType(int type);
 
     /// The messages of the last walk over the tree. Never null.
     std::unique_ptr<zb::SECSMessageStore> SECSMessageStore = std::make_unique<zb::SECSMessageStore>();
+    /// Null until a project has been created or opened; replaced by the next one.
+    std::unique_ptr<zb::TRModelStore> TRModelStore;
+    /// The sequences of the open project; the modeler window shows and changes them.
+    Sequences sequences;
+    /// What the file of the open project holds of sections that this program does not know.
+    ForeignSections foreign;
 
-    /// While a project is saved: where its sections gather before the file is replaced in one step; else
-    /// null.
-    std::string* projectSections = nullptr;
+    /// What the checks and documents of the transaction model look at.
+    ProjectView view() const;
 
     /// The files that a project owns. `projectFilePath` is empty when `ProjectPath` is; the others test
     /// nothing.
+    /// @{
     std::string projectFilePath() const;
     std::string smdFilePath() const;
     std::string mdfFilePath() const;
     std::string tmdFilePath() const;
+    /// @}
 };
-
-/// The file system's separator, with which project paths are built and split.
-char pathSeparator();
-/// `folder` + separator + `name`; behind the root, which is a separator already, `name` alone.
-std::string joinPath(const std::string& folder, const std::string& name);
 
 } // namespace zb

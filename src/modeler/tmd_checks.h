@@ -1,7 +1,7 @@
 #pragma once
 
 #include "modeler/modeler_controls.h"
-#include "modeler/modeler_state.h"
+#include "project/module_state.h"
 
 #include <functional>
 #include <string>
@@ -15,7 +15,7 @@ namespace zb {
 class TmdChecks {
 public:
     /// `showModeler` brings the modeler window up, with the store of SECS messages filled anew.
-    TmdChecks(ModelerState& state, ModelerControls& window, std::function<void()> showModeler);
+    TmdChecks(const ModuleState& state, ModelerControls& window, std::function<void()> showModeler);
 
     /// Whether the build may go on. The first check that fails ends them.
     bool checkTRMessages();
@@ -37,7 +37,7 @@ private:
     bool refuse(std::string_view text);
     int receivedDirection() const;
 
-    ModelerState& state_;
+    const ModuleState& state_;
     ModelerControls& window_;
     std::function<void()> showModeler_;
 };

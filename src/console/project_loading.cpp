@@ -1,0 +1,33 @@
+#include "console/project_loading.h"
+
+#include "platform/locale.h"
+#include "platform/printable.h"
+#include "platform/settings.h"
+#include "platform/user_folders.h"
+
+#include <ostream>
+
+namespace zb {
+
+std::optional<ProjectFile> loadProject(const std::string& path, ConsoleStreams streams, int& status) {
+    Result<ProjectFile> file = readProjectFile(path);
+    if (!file) {
+        streams.err << printable(path) << ": cannot be read: " << printable(file.error().description) << '\n';
+        status = kExitFileFault;
+        return std::nullopt;
+    }
+    if (!file->fault.empty()) {
+        streams.err << printable(path) << ": not a project file: " << printable(file->fault) << '\n';
+        status = kExitFault;
+        return std::nullopt;
+    }
+    status = kExitDone;
+    return std::move(file).value();
+}
+
+CodePage codePageOfUser() {
+    const SettingsStore settings(settingsFolder());
+    return chooseCodePage(settings.readRegValue(kSettingsKey, "AnsiCodePage"), localeName());
+}
+
+} // namespace zb

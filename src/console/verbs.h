@@ -1,0 +1,19 @@
+#pragma once
+
+#include "console/verb.h"
+
+#include <memory>
+
+namespace zb {
+
+/// The verbs of zbc that work without a window.
+/// @{
+std::unique_ptr<Verb> makeAddVerb();
+std::unique_ptr<Verb> makeBuildVerb();
+std::unique_ptr<Verb> makeCheckVerb();
+std::unique_ptr<Verb> makeConvertVerb();
+std::unique_ptr<Verb> makeHistoryVerb();
+std::unique_ptr<Verb> makeListVerb();
+/// @}
+
+} // namespace zb

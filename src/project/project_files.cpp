@@ -1,0 +1,116 @@
+#include "project/project_files.h"
+
+#include "platform/file_access.h"
+#include "platform/file_replacer.h"
+#include "platform/text_file.h"
+#include "project/project_history.h"
+#include "project/project_text.h"
+
+#include <cerrno>
+#include <filesystem>
+
+namespace zb {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Anything else in the place of the folder is a failure to make it.
+std::error_code makeFolder(const std::string& path) {
+    std::error_code error;
+    if (!fs::is_directory(path, error)) {
+        error.clear();
+        fs::create_directory(path, error);
+    }
+    return error;
+}
+
+// Bytes that are no text stay as they are: the file system may know a file by them.
+std::string withoutLastFour(std::string_view name) {
+    for (int character = 0; character < 4 && !name.empty(); ++character) {
+        while (name.size() > 1 && (static_cast<unsigned char>(name.back()) & 0xC0U) == 0x80U)
+            name.remove_suffix(1);
+        name.remove_suffix(1);
+    }
+    return std::string(name);
+}
+
+} // namespace
+
+Result<ProjectFile> readProjectFile(const std::string& path) {
+    const Result<std::string> bytes = readBytes(path);
+    if (!bytes)
+        return bytes.error();
+    ProjectText decoded = decodeProject(*bytes);
+    ProjectFile file{parseProject(decoded.text), {}, std::move(decoded.fault)};
+    if (file.fault.empty() && !hasProjectLine(decoded.text))
+        file.fault = "it has neither a project header nor a section of messages";
+    file.text = std::move(decoded.text);
+    return file;
+}
+
+Result<void> checkProjectFile(FileLayer& files, const std::string& path) {
+    if (const Result<void> access = checkFileAccessKeeping(files, path); !access)
+        return access.error();
+    const Result<std::string> old = readBytes(path);
+    return old || old.error().number == ENOENT ? Result<void>() : old.error();
+}
+
+Result<void> replaceProjectFile(FileLayer& files, const fs::path& stateFolder, const std::string& path,
+                                std::string_view text) {
+    // A version that cannot be kept is no reason to keep the user from saving.
+    static_cast<void>(ProjectHistory(files, stateFolder).keep(path));
+    return replaceFile(files, path, encodeUtf16(text));
+}
+
+Result<void> makeProjectFolders(const std::string& projectFolder) {
+    for (const std::string& folder :
+         {projectFolder, joinPath(projectFolder, "ZeltoPlugIn"), joinPath(projectFolder, "ZeltoInfo")}) {
+        if (const std::error_code error = makeFolder(folder))
+            return systemError(error.value());
+    }
+    return {};
+}
+
+std::string describeFolderFault(const FileError& error) {
+    return "Cannot make directories!\r\n" + error.description + "\r\n(" + std::to_string(error.number) + ")";
+}
+
+bool isFile(const std::string& path) {
+    std::error_code error;
+    return fs::exists(path, error) && !fs::is_directory(path, error);
+}
+
+ProjectPlace splitProjectPath(const std::string& path) {
+    std::error_code error;
+    std::string whole = path;
+    if (!fs::path(path).is_absolute()) {
+        const fs::path here = fs::current_path(error);
+        if (!error)
+            whole = (here / path).string();
+    }
+    const auto last = whole.rfind(pathSeparator());
+    if (last == std::string::npos)
+        return {{}, withoutLastFour(whole)};
+    // The root keeps its separator: an empty folder would mean that no project is open.
+    return {whole.substr(0, last == 0 ? 1 : last), withoutLastFour(std::string_view(whole).substr(last + 1))};
+}
+
+std::string ProjectPlace::projectFile() const {
+    return joinPath(folder, name + ".zbp");
+}
+
+std::string ProjectPlace::builtFile(std::string_view ending) const {
+    return joinPath(joinPath(folder, "ZeltoInfo"), name + std::string(ending));
+}
+
+char pathSeparator() {
+    return static_cast<char>(fs::path::preferred_separator);
+}
+
+std::string joinPath(const std::string& folder, const std::string& name) {
+    const bool isRoot = folder.size() == 1 && folder.front() == pathSeparator();
+    return isRoot ? folder + name : folder + pathSeparator() + name;
+}
+
+} // namespace zb

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "outputs/definition_document.h"
+
+#include <functional>
+#include <string>
+
+namespace zb {
+
+class Desktop;
+class ModelerControls;
+class frmSECSEditor;
+struct ModuleState;
+
+/// What the builds need of the windows.
+struct BuildWindows {
+    Desktop& desktop;
+    frmSECSEditor& editor;
+    ModelerControls& modeler;
+    std::function<void()> showModeler;
+};
+
+/// The builds, reachable from all windows.
+class BuildCommands {
+public:
+    BuildCommands(ModuleState& state, BuildWindows windows) : state_(state), windows_(std::move(windows)) {}
+
+    /// Builds the SMD file, or the MDF file when the option `MessageFormat` is "mdf". The target is emptied
+    /// first, so a build that fails on a fault leaves it empty. True on success.
+    bool buildSmd();
+    /// Checks the transaction model and builds the TMD file. A project with no transaction model builds as a
+    /// success, with no file. True on success, and also when the file could not be written: then nothing is
+    /// shown and no file is left.
+    bool buildTmd();
+
+private:
+    bool buildSmdTo(const std::string& target, DefinitionForm form);
+    bool writeDefinitions(const std::string& target, DefinitionForm form);
+
+    ModuleState& state_;
+    BuildWindows windows_;
+};
+
+} // namespace zb
