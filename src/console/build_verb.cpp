@@ -3,6 +3,7 @@
 #include "console/findings.h"
 #include "console/printable.h"
 #include "console/project_loading.h"
+#include "messages/definition_check.h"
 #include "messages/smd/smd_writer.h"
 #include "outputs/definition_document.h"
 #include "outputs/tmd_document.h"

@@ -2,6 +2,7 @@
 
 #include "console/findings.h"
 #include "console/project_loading.h"
+#include "messages/definition_check.h"
 #include "messages/smd/smd_writer.h"
 #include "outputs/transaction_check.h"
 #include "project/project_view.h"

@@ -1,17 +1,16 @@
 #pragma once
 
-#include "messages/definition_check.h"
+#include "platform/finding.h"
 
 namespace zb {
 
 struct ProjectView;
 
-/// Every fault of the transaction model and of the sequences: all that the checks before a
-/// build refuse, what a TMD file could not hold, and what names a SECS message, a data item or a TR message
-/// that is not there. The last two pass a build, and the driver would trip over them at run time.
+/// Every fault of the transaction model and of the sequences: all that the checks before a build refuse, what
+/// a TMD file could not hold, and what names a SECS message, a data item or a TR message that is not there. A
+/// build succeeds with the last two, and the driver would fail on them at run time.
 ///
-/// A finding's `message` is the name of a TR message or of a sequence, its `itemPath` that of a TR item or
-/// the position of a row. SECS messages are looked up in the store of the last walk.
+/// The place of a finding is a TR message and a TR item, or a sequence and the position of a row.
 Findings checkTransactions(const ProjectView& project);
 
 /// Whether the checks before a TMD build let the model pass.
