@@ -10,10 +10,12 @@
 #include "outputs/generator.h"
 #include "project/module_state.h"
 #include "shell/build_commands.h"
+#include "shell/frm_about.h"
 #include "shell/frm_main.h"
 #include "shell/frm_new_project.h"
+#include "shell/frm_option.h"
+#include "shell/frm_result.h"
 #include "shell/project_lifecycle.h"
-#include "shell/small_dialogs.h"
 
 #include <string>
 

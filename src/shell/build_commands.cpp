@@ -6,6 +6,7 @@
 #include "outputs/tmd_document.h"
 #include "platform/file_access.h"
 #include "platform/file_replacer.h"
+#include "platform/setting_names.h"
 #include "platform/settings.h"
 #include "platform/text.h"
 #include "project/module_state.h"
@@ -16,7 +17,7 @@
 namespace zb {
 
 bool BuildCommands::buildSmd() {
-    const bool mdf = trim(state_.settings.getOption("MessageFormat")) == "mdf";
+    const bool mdf = trim(state_.settings.getOption(kMessageFormat)) == "mdf";
     return mdf ? buildSmdTo(state_.mdfFilePath(), DefinitionForm::Mdf)
                : buildSmdTo(state_.smdFilePath(), DefinitionForm::Smd);
 }

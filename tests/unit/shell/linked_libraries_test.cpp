@@ -1,6 +1,6 @@
 #include "controls/desktop.h"
+#include "shell/frm_about.h"
 #include "shell/linked_libraries.h"
-#include "shell/small_dialogs.h"
 #include "support/silent_screen.h"
 
 #include <algorithm>

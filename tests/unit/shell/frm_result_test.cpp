@@ -1,4 +1,4 @@
-#include "shell/small_dialogs.h"
+#include "shell/frm_result.h"
 
 #include "controls/desktop.h"
 #include "support/silent_screen.h"
@@ -19,18 +19,6 @@ TEST(ResultWindow, AppendsEachTextAsALine) {
     window.clearOldData();
     window.addErrorMsg("three");
     EXPECT_EQ(window.rtbResult.text(), "three\r\n");
-}
-
-TEST(AboutWindow, SaysWhenThereIsNoSystemInformation) {
-    test::SilentScreen screen;
-    Desktop desktop(screen);
-    frmAbout window(desktop);
-    window.show();
-    fire(window.cmdSysInfo.onClick);
-    ASSERT_EQ(screen.boxes.size(), 1U);
-    EXPECT_EQ(screen.boxes.front().title, "Zeltobench");
-    fire(window.cmdOK.onClick);
-    EXPECT_FALSE(window.visible());
 }
 
 } // namespace

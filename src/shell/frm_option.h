@@ -1,11 +1,7 @@
 #pragma once
 
 #include "controls/simple_controls.h"
-#include "controls/text_field.h"
 #include "controls/window.h"
-
-#include <string>
-#include <string_view>
 
 namespace zb {
 
@@ -39,32 +35,6 @@ private:
     void save();
 
     SettingsStore& settings_;
-};
-
-/// Shows the text that the generator gave back. It lives on between builds.
-class frmResult final : public Window {
-public:
-    explicit frmResult(Desktop& desktop);
-
-    void clearOldData();
-    /// Appends the text and CR LF.
-    void addErrorMsg(const std::string& message);
-
-    TextField rtbResult{*this, "rtbResult", nullptr, TextField::Lines::Many};
-    Button cmdOK{*this, "cmdOK", "&OK"};
-};
-
-/// The program's title, version and a legal notice.
-class frmAbout final : public Window {
-public:
-    explicit frmAbout(Desktop& desktop);
-
-    Label lblTitle{*this, "lblTitle"};
-    Label lblVersion{*this, "lblVersion"};
-    Label lblDescription{*this, "lblDescription"};
-    Label lblDisclaimer{*this, "lblDisclaimer"};
-    Button cmdOK{*this, "cmdOK", "OK"};
-    Button cmdSysInfo{*this, "cmdSysInfo", "&System Info..."};
 };
 
 } // namespace zb
