@@ -12,6 +12,7 @@
 #include "platform/file_access.h"
 #include "platform/file_layer.h"
 #include "platform/file_replacer.h"
+#include "platform/setting_names.h"
 #include "platform/settings.h"
 #include "platform/text.h"
 #include "platform/user_folders.h"
@@ -100,7 +101,7 @@ void BuildVerb::declare(CLI::App& app) {
 bool BuildVerb::isMdfWanted() const {
     if (smd_ || mdf_)
         return mdf_;
-    return trim(SettingsStore(settingsFolder()).getOption("MessageFormat")) == "mdf";
+    return trim(SettingsStore(settingsFolder()).getOption(kMessageFormat)) == "mdf";
 }
 
 fs::path BuildVerb::inFolder(const std::string& usualPath) const {

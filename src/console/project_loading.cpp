@@ -2,6 +2,7 @@
 
 #include "platform/locale.h"
 #include "platform/printable.h"
+#include "platform/setting_names.h"
 #include "platform/settings.h"
 #include "platform/user_folders.h"
 
@@ -27,7 +28,7 @@ std::optional<ProjectFile> loadProject(const std::string& path, ConsoleStreams s
 
 CodePage codePageOfUser() {
     const SettingsStore settings(settingsFolder());
-    return chooseCodePage(settings.readRegValue(kSettingsKey, "AnsiCodePage"), localeName());
+    return chooseCodePage(settings.readRegValue(kSettingsKey, kAnsiCodePage), localeName());
 }
 
 } // namespace zb
