@@ -5,19 +5,24 @@
 #include "console/project_loading.h"
 #include "messages/library_drop.h"
 #include "messages/smd/smd_text.h"
-#include "platform/file_replacer.h"
+#include "platform/file_layer.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
+#include "platform/user_folders.h"
+#include "project/project_file_writer.h"
 #include "project/project_text.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <chrono>
 #include <ostream>
 #include <set>
 
 namespace zb {
 
 namespace {
+
+constexpr std::chrono::seconds kLongestWait{30};
 
 /// The entries of a drag for these messages, in the order in which their rows would show.
 std::vector<std::string> entriesOf(SECSLibraryStore::Records records) {
@@ -74,6 +79,9 @@ public:
     int run(ConsoleStreams streams) override;
 
 private:
+    int write(ProjectFileWriter& writer, const std::string& before, const std::string& after,
+              ConsoleStreams streams) const;
+
     std::string project_;
     std::string library_;
     std::vector<std::string> names_;
@@ -95,6 +103,13 @@ void AddVerb::declare(CLI::App& app) {
 }
 
 int AddVerb::run(ConsoleStreams streams) {
+    // From the read to the write: what others add meanwhile would be lost.
+    SystemFileLayer files;
+    ProjectFileWriter writer(files, stateFolder(), project_, kLongestWait);
+    if (writer.isBusy()) {
+        streams.err << printable(project_) << ": cannot be written: another program keeps writing it\n";
+        return kExitFileFault;
+    }
     int status = kExitDone;
     const auto file = loadProject(project_, streams, status);
     if (!file)
@@ -119,16 +134,33 @@ int AddVerb::run(ConsoleStreams streams) {
         taking.take(library, step);
     if (!taking.taken().empty()) {
         const std::string text = insertMessages(file->text, composeSmd(taking.taken(), SmdForm::Project));
-        if (const Result<void> written = replaceFile(project_, encodeUtf16(text)); !written) {
-            streams.err << printable(project_)
-                        << ": cannot be written: " << printable(written.error().description) << '\n';
-            return kExitFileFault;
-        }
+        status = write(writer, file->text, text, streams);
+        if (status != kExitDone)
+            return status;
     }
     for (const SECSMessageRecord* record : taking.taken())
         streams.out << printable(record->getName()) << '\n';
     const bool told = !tellColons(taking.taken(), project_, streams.err) || taking.toldDuplicates();
     return told ? kExitFault : libraryStatus;
+}
+
+int AddVerb::write(ProjectFileWriter& writer, const std::string& before, const std::string& after,
+                   ConsoleStreams streams) const {
+    // A program that takes no lock may have written since.
+    const Result<std::string> now = readBytes(project_);
+    if (!now || decodeProject(*now).text != before) {
+        streams.err << printable(project_)
+                    << ": was changed by another program meanwhile: nothing is added\n";
+        return kExitFileFault;
+    }
+    if (const Result<void> written = writer.write(encodeUtf16(after)); !written) {
+        streams.err << printable(project_)
+                    << ": cannot be written: " << printable(written.error().description) << '\n';
+        return kExitFileFault;
+    }
+    if (!writer.kept())
+        reportUnkeptVersion(streams.err, project_, writer.kept().error());
+    return kExitDone;
 }
 
 std::unique_ptr<Verb> makeAddVerb() {

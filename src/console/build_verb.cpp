@@ -55,7 +55,7 @@ private:
     int buildTransactions(ConsoleStreams streams);
     int buildPlugIn(ConsoleStreams streams);
     /// Saves the project with its messages as the build normalized them.
-    Result<void> save();
+    Result<void> save(ConsoleStreams streams);
 
     std::string project_;
     std::string folder_;
@@ -134,7 +134,7 @@ int BuildVerb::buildPlugIn(ConsoleStreams streams) {
         return tellFileFault(place_.folder, onOneLine(describeFolderFault(made.error())), streams);
     if (const int status = buildFiles(streams); status != kExitDone)
         return status;
-    const Result<void> saved = save();
+    const Result<void> saved = save(streams);
     const SettingsStore userSettings(settingsFolder());
     ZeltoGenerator generator(userSettings);
     streams.out << printableLines(generator.generate(place_.projectFile())) << '\n';
@@ -145,7 +145,7 @@ int BuildVerb::buildPlugIn(ConsoleStreams streams) {
     return generator.success() == ZeltoGenerator::Success::Failed ? kExitFault : kExitFileFault;
 }
 
-Result<void> BuildVerb::save() {
+Result<void> BuildVerb::save(ConsoleStreams streams) {
     const std::string path = place_.projectFile();
     if (const Result<void> access = checkProjectFile(files_, path); !access)
         return access.error();
@@ -156,7 +156,10 @@ Result<void> BuildVerb::save() {
     } else {
         content_.messages = ProjectMessages();
     }
-    return replaceProjectFile(files_, stateFolder(), path, composeProject(content_));
+    const ProjectSave done = replaceProjectFile(files_, stateFolder(), path, composeProject(content_));
+    if (!done.kept)
+        reportUnkeptVersion(streams.err, project_, done.kept.error());
+    return done.written;
 }
 
 int BuildVerb::buildFiles(ConsoleStreams streams) {

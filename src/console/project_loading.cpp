@@ -26,6 +26,11 @@ std::optional<ProjectFile> loadProject(const std::string& path, ConsoleStreams s
     return std::move(file).value();
 }
 
+void reportUnkeptVersion(std::ostream& err, const std::string& project, const FileError& error) {
+    err << printable(project) << ": the previous version could not be kept: " << printable(error.description)
+        << '\n';
+}
+
 CodePage codePageOfUser() {
     const SettingsStore settings(settingsFolder());
     return chooseCodePage(settings.readRegValue(kSettingsKey, kAnsiCodePage), localeName());

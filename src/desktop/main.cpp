@@ -1,4 +1,5 @@
 #include "desktop/desktop_screen.h"
+#include "desktop/guarded_application.h"
 #include "desktop/keep_painting.h"
 #include "desktop/program_folders.h"
 #include "desktop/qt_text.h"
@@ -23,7 +24,7 @@ std::string commandLine() {
 
 int main(int argc, char* argv[]) {
     zb::letLargeWritesFail();
-    QApplication qt(argc, argv);
+    zb::GuardedApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zeltobench"));
     // The name of the entry in the desktop's menu: its icon stands for the windows.
     QGuiApplication::setDesktopFileName(QStringLiteral("com.halvernworks.zeltobench"));
@@ -35,6 +36,7 @@ int main(int argc, char* argv[]) {
     zb::SystemFileLayer files;
     zb::ZeltoGenerator generator(settings, zb::keepPainting);
     zb::Application application(screen, settings, files, generator, zb::programFolders());
+    qt.onOutOfMemory = [&application] { application.projects.reportOutOfMemory(); };
     screen.onEnd = [] { QApplication::quit(); };
     screen.attach(application.desktop, (zb::settingsFolder() / "windows.ini").string());
 
@@ -44,6 +46,7 @@ int main(int argc, char* argv[]) {
         application.start(commandLine());
     });
     const int result = QApplication::exec();
+    qt.onOutOfMemory = nullptr;
     screen.detach();
     return result;
 }

@@ -1,13 +1,15 @@
 #include "project/project_files.h"
 
 #include "platform/file_access.h"
-#include "platform/file_replacer.h"
+#include "platform/guarded_write.h"
 #include "platform/text_file.h"
-#include "project/project_history.h"
+#include "project/project_file_writer.h"
 #include "project/project_text.h"
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
+#include <utility>
 
 namespace zb {
 
@@ -38,6 +40,8 @@ std::string withoutLastFour(std::string_view name) {
 } // namespace
 
 Result<ProjectFile> readProjectFile(const std::string& path) {
+    SystemFileLayer files;
+    finishGuardedWrite(files, path);
     const Result<std::string> bytes = readBytes(path);
     if (!bytes)
         return bytes.error();
@@ -56,11 +60,12 @@ Result<void> checkProjectFile(FileLayer& files, const std::string& path) {
     return old || old.error().number == ENOENT ? Result<void>() : old.error();
 }
 
-Result<void> replaceProjectFile(FileLayer& files, const fs::path& stateFolder, const std::string& path,
-                                std::string_view text) {
-    // A version that cannot be kept is no reason to keep the user from saving.
-    static_cast<void>(ProjectHistory(files, stateFolder).keep(path));
-    return replaceFile(files, path, encodeUtf16(text));
+ProjectSave replaceProjectFile(FileLayer& files, const fs::path& stateFolder, const std::string& path,
+                               std::string_view text) {
+    constexpr std::chrono::seconds kLongestWait{2};
+    ProjectFileWriter writer(files, stateFolder, path, kLongestWait);
+    Result<void> written = writer.write(encodeUtf16(text));
+    return {std::move(written), writer.kept()};
 }
 
 Result<void> makeProjectFolders(const std::string& projectFolder) {

@@ -24,10 +24,17 @@ Result<ProjectFile> readProjectFile(const std::string& path);
 /// Whether a project file can be replaced, or why not. What cannot be read opened as an empty project, and
 /// could not be kept as a version either.
 Result<void> checkProjectFile(FileLayer& files, const std::string& path);
+/// What came of a save. The file may have been written although its last version could not be kept.
+struct ProjectSave {
+    Result<void> written;
+    Result<void> kept;
+};
+
 /// Replaces a project file by this text in one step, after its last version has been kept below the state
-/// folder.
-Result<void> replaceProjectFile(FileLayer& files, const std::filesystem::path& stateFolder,
-                                const std::string& path, std::string_view text);
+/// folder. Another program that writes a project of the same folder is waited for, though a stopped one does
+/// not stop the save.
+ProjectSave replaceProjectFile(FileLayer& files, const std::filesystem::path& stateFolder,
+                               const std::string& path, std::string_view text);
 
 /// Makes the project's folder and its sub folders "ZeltoPlugIn" and "ZeltoInfo" where they are missing, one
 /// level each. Folders that were made before a failure stay.

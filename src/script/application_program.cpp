@@ -1,7 +1,9 @@
 #include "script/application_program.h"
 
+#include "platform/user_folders.h"
 #include "shell/option_settings.h"
 
+#include <filesystem>
 #include <utility>
 
 namespace zb {
@@ -45,8 +47,11 @@ Application& ApplicationProgram::application() {
 void ApplicationProgram::makeApplication() {
     // The old one goes first: both would show the same screen.
     application_.reset();
-    application_ = std::make_unique<Application>(screen_, settings_, files_, generator_,
-                                                 ApplicationFolders{applicationFolder_, {}});
+    application_ = std::make_unique<Application>(
+        screen_, settings_, files_, generator_,
+        ApplicationFolders{applicationFolder_, stateFolder().string(),
+                           // A script's own folders go when it ends.
+                           std::filesystem::path(applicationFolder_).parent_path().string()});
     application_->codePage = codePage();
     if (onMade)
         onMade(*application_);

@@ -23,8 +23,9 @@ namespace zb {
 
 /// The folders that a program takes for its own.
 struct ApplicationFolders {
-    std::string application; ///< where dialogs start while no project is open
-    std::string state;       ///< where previous versions of projects are kept; empty keeps none
+    std::string application;  ///< where dialogs start while no project is open
+    std::string state;        ///< where previous versions of projects are kept; empty keeps none
+    std::string scratch = {}; ///< projects below it go with it, and have no versions kept; empty is nowhere
 };
 
 /// The desktop is made before the windows on it.

@@ -5,6 +5,8 @@
 #include "shell/option_settings.h"
 #include "shell/project_lifecycle.h"
 
+#include <cerrno>
+
 namespace zb {
 
 bool ProjectLifecycle::openProject(const std::string& path) {
@@ -12,7 +14,10 @@ bool ProjectLifecycle::openProject(const std::string& path) {
         return false;
     makeFolders();
     Result<ProjectFile> file = readProjectFile(app_.projectFilePath());
-    // A file that cannot be read opens as an empty project.
+    // A file that cannot be read opens as an empty project, which must not take its place.
+    unread_.reset();
+    if (!file && file.error().number != ENOENT)
+        unread_ = {app_.projectFilePath(), file.error()};
     Project project = file ? std::move(file).value().project : Project();
     app_.ProjectType = projectTypeOf(project.side);
     app_.frmMain.updateProjectPanels();

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/result.h"
+
+#include <optional>
 #include <string>
 
 namespace zb {
@@ -25,6 +28,12 @@ public:
     bool saveProject();
     void saveProjectAs();
 
+    /// Keeps the open project, as it is in the windows, in a new file below the state folder, and returns its
+    /// path. The project file is not touched.
+    Result<std::string> keepRecoveryCopy();
+    /// A command has run out of memory: keeps a copy of the project and shows where.
+    void reportOutOfMemory();
+
     enum class Exit { Leave, Stay };
     Exit confirmExit();
 
@@ -36,7 +45,17 @@ private:
     /// Makes the folders of the open project. Shows why when it cannot, and returns false.
     bool makeFolders();
 
+    void reportUnkeptVersion(const FileError& error);
+    std::string projectText();
+
+    struct UnreadFile {
+        std::string path;
+        FileError error;
+    };
+
     Application& app_;
+    std::optional<UnreadFile> unread_; // the open project is not what is in this file
+    bool unkeptReported_ = false;
 };
 
 } // namespace zb

@@ -1,3 +1,4 @@
+#include "desktop/guarded_application.h"
 #include "screen/support/palettes.h"
 
 #include <gmock/gmock.h>
@@ -9,7 +10,7 @@ int main(int argc, char* argv[]) {
     // The tests are listed at build time, where no platform was chosen.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication qt(argc, argv);
+    zb::GuardedApplication qt(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     zb::test::dress(qt, zb::test::Shade::Light);
     return RUN_ALL_TESTS();

@@ -236,6 +236,44 @@ TEST_F(Cli, TellsADamagedNameOnItsLine) {
     EXPECT_EQ(runZbc({"list", file}).out, "O d?  S129F1  -  H->E  0  a\n");
 }
 
+TEST_F(Cli, ScriptsKeepTheVersionThatTheyReplace) {
+    setenv("ZELTOBENCH_STATE", path("state").c_str(), 1);
+    const std::string before = *readBytes(project_);
+    const std::string script =
+        write("save.zbs", "start " + project_ + "\nclick frmMain.mnuSave\nexpectnobox\n" + "copy " +
+                              project_ + " ${WORK}/Scratch/Scratch.zbp\n" +
+                              "pick ${WORK}/Scratch/Scratch.zbp\nanswer No\nclick frmMain.mnuOpen\n" +
+                              "click frmMain.mnuSave\nexpectbox ...\n");
+    expectFault({"script", script}, 0, "");
+    SystemFileLayer files;
+    const auto kept = ProjectHistory(files, path("state")).versions(project_);
+    ASSERT_EQ(kept.size(), 1U);
+    EXPECT_EQ(*readBytes(kept.front().path), before);
+    // What goes with the script has no versions.
+    EXPECT_EQ(std::distance(fs::directory_iterator(path("state/history")), fs::directory_iterator()), 1);
+    unsetenv("ZELTOBENCH_STATE");
+}
+
+TEST_F(Cli, AddKeepsTheVersionThatItReplaces) {
+    setenv("ZELTOBENCH_STATE", path("state").c_str(), 1);
+    const std::string before = *readBytes(project_);
+    EXPECT_EQ(runZbc({"add", project_, "semi", "S10F9"}).status, 0);
+    SystemFileLayer files;
+    const auto kept = ProjectHistory(files, path("state")).versions(project_);
+    ASSERT_EQ(kept.size(), 1U);
+    EXPECT_EQ(*readBytes(kept.front().path), before);
+    unsetenv("ZELTOBENCH_STATE");
+}
+
+TEST_F(Cli, AddReportsThatNoVersionCanBeKept) {
+    setenv("ZELTOBENCH_STATE", write("state", "no folder").c_str(), 1);
+    const Outcome run = runZbc({"add", project_, "semi", "S10F9"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err.find(project_ + ": the previous version could not be kept: "), 0U);
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1);
+    unsetenv("ZELTOBENCH_STATE");
+}
+
 TEST_F(Cli, BuildsNoFileOfNoMessages) {
     const std::string file = write("Empty.zbp", encodeUtf16("## [EDIT SMD]\r\n"));
     const Outcome run = runZbc({"build", file});

@@ -91,6 +91,73 @@ TEST_F(SaveFaults, KeepThePreviousVersion) {
     EXPECT_EQ(textOf(kept.front().path), kOld);
 }
 
+TEST_F(SaveFaults, ReportOnceThatNoVersionCanBeKept) {
+    test::writeFile(folder / "state", "no folder");
+    SystemFileLayer files;
+    test::Program program(files, (folder / "state").string());
+    program.application.start(project.string());
+    for (const char* description : {"One", "Two"}) {
+        program.application.frmSECSEditor.liveTree().at(2)->setText(description);
+        EXPECT_TRUE(program.application.projects.saveProject());
+        EXPECT_NE(textOf(project).find(std::string("* ") + description), std::string::npos);
+    }
+    ASSERT_EQ(program.screen.boxes.size(), 1U);
+    EXPECT_EQ(program.screen.boxes.front().text.find(
+                  "The project was saved, but its previous version could not be kept:\r\n"),
+              0U);
+}
+
+TEST_F(SaveFaults, SaveAsKeepsTheProjectThatItReplaces) {
+    fs::create_directories(folder / "Other");
+    test::writeFile(folder / "Other/Other.zbp", encodeUtf16("## [EDIT SMD]\r\n* Of another\r\n"));
+    SystemFileLayer files;
+    test::Program program(files, (folder / "state").string());
+    program.application.start(project.string());
+    program.application.ProjectName = "Other";
+    program.application.ProjectPath = (folder / "Other").string();
+    EXPECT_TRUE(program.application.projects.saveProject());
+    const auto kept = ProjectHistory(files, folder / "state").versions(folder / "Other/Other.zbp");
+    ASSERT_EQ(kept.size(), 1U);
+    EXPECT_EQ(textOf(kept.front().path), "## [EDIT SMD]\r\n* Of another\r\n");
+}
+
+TEST_F(SaveFaults, WhatCouldNotBeReadIsNotReplaced) {
+    fs::rename(project, folder / "aside");
+    fs::create_directory(project);
+    SystemFileLayer files;
+    test::Program program(files, (folder / "state").string());
+    program.application.ProjectName = "Line";
+    program.application.ProjectPath = projectFolder.string();
+    EXPECT_TRUE(program.application.projects.openProject(project.string()));
+    // It can be read again, too late.
+    fs::remove(project);
+    fs::rename(folder / "aside", project);
+    EXPECT_FALSE(program.application.projects.saveProject());
+    EXPECT_EQ(textOf(project), kOld);
+    ASSERT_FALSE(program.screen.boxes.empty());
+    EXPECT_EQ(program.screen.boxes.back().text, "Is a directory(21)");
+    EXPECT_TRUE(program.application.projects.openProject(project.string()));
+    EXPECT_TRUE(program.application.projects.saveProject());
+}
+
+TEST_F(SaveFaults, AProjectThatMemoryRunsOutForIsKept) {
+    SystemFileLayer files;
+    test::Program program(files, (folder / "state").string());
+    program.application.start(project.string());
+    changeMessages(program.application);
+    for (const char* name : {"Line.zbp", "Line_2.zbp"}) {
+        program.application.projects.reportOutOfMemory();
+        const fs::path copy = folder / "state/recovery" / name;
+        EXPECT_NE(textOf(copy).find("* Changed"), std::string::npos);
+        EXPECT_EQ(fs::status(copy).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+        ASSERT_FALSE(program.screen.boxes.empty());
+        EXPECT_EQ(program.screen.boxes.back().text, "There is not enough memory for this command.\r\n"
+                                                    "The project, as it is now, has been kept in " +
+                                                        copy.string());
+    }
+    EXPECT_EQ(textOf(project), kOld);
+}
+
 TEST_F(SaveFaults, FollowALinkToTheFileThatIsSaved) {
     const fs::path target = folder / "elsewhere.zbp";
     fs::rename(project, target);
