@@ -29,6 +29,9 @@ test: all ## build and run every test
 bench: all ## measure open, walks, edits on generated projects
 	@scripts/bench $(BUILD)
 
+attack: all ## attack zbc by kills, faults, hostile texts and sizes, in the long form
+	@scripts/attack $(BUILD)
+
 screenshots: all ## draw the pictures of the windows in docs/pictures
 	@scripts/screenshots $(BUILD)
 
@@ -47,4 +50,4 @@ asan: setup ## tests under the sanitizers, then a minute of each fuzzer
 clean: ## remove everything that was built
 	rm -rf out
 
-.PHONY: help setup build run all test bench screenshots package lint asan clean
+.PHONY: help setup build run all test bench attack screenshots package lint asan clean

@@ -1,0 +1,81 @@
+"""SIGKILL at each call on a file in turn, and at random instants."""
+
+import signal
+import time
+
+from common import (OPERATIONS, Place, contents, demand, demand_whole, dice, duration_of, fill, fresh,
+                    settings_of)
+from faults import calls_of
+
+
+def after_a_kill(place, operation, before, after):
+    """The next run of the same command completes what is half done, succeeds and clears up."""
+    if operation.linked:
+        # A file with two names is written in its place; what was stopped is completed at the next read.
+        demand(place.zbc("list", "P.zbp").returncode == 0, f"{operation.name}: cannot be read after a kill")
+    demand_whole(place, operation, before, after)
+    place.zbc("script", "nothing.zbs")  # clears what a killed script left
+    done = place.run(operation.command(place))
+    demand(done.returncode in (0, 1), f"{operation.name} fails after a kill: {done.stderr!r}")
+    left = [name for name in place.litter() if "state/" not in name]
+    demand(not left, f"{operation.name} leaves {left} after a kill")
+
+
+def at_each_call(programs, operation):
+    with Place(programs) as place:
+        before, after = fill(place, operation)
+        (place.root / "filled/work/nothing.zbs").write_text("# nothing\n")
+        fresh(place, operation)
+        count = len(calls_of(place, operation))
+        for number in range(1, count + 1):
+            fresh(place, operation)
+            killed = place.run(operation.command(place), LD_PRELOAD=programs.shim,
+                               ATTACK_ROOT=str(place.root), ATTACK_AT=str(number), ATTACK_FAULT="KILL")
+            demand(killed.returncode == -signal.SIGKILL, f"{operation.name} was not killed at {number}")
+            after_a_kill(place, operation, before, after)
+        return count
+
+
+def at_random(programs, operation, rounds):
+    random = dice("kill " + operation.name)
+    with Place(programs) as place:
+        before, after = fill(place, operation)
+        (place.root / "filled/work/nothing.zbs").write_text("# nothing\n")
+        longest = duration_of(place, operation.command(place))
+        hits = 0
+        for _ in range(rounds):
+            fresh(place, operation)
+            process = place.start(operation.command(place))
+            time.sleep(random.uniform(0, longest))
+            process.kill()
+            process.communicate()
+            hits += process.returncode == -signal.SIGKILL
+            after_a_kill(place, operation, before, after)
+        return hits
+
+
+def of_settings(programs, rounds):
+    """What was reported as written is there after the kill, and the file is whole."""
+    random = dice("kill settings")
+    with Place(programs) as place:
+        reported = set()
+        for number in range(rounds):
+            process = place.start([programs.settings_writer, str(place.root / "config"), f"r{number}-", "500"])
+            time.sleep(random.uniform(0.002, 0.05))
+            process.kill()
+            out, _ = process.communicate()
+            reported |= set(out.decode().split("\n")[:-1])
+            kept = settings_of(place)
+            missing = [name for name in reported if kept.get(name) != name]
+            demand(not missing, f"settings lost by a kill: {missing[:5]}")
+        return rounds
+
+
+def attack(programs, is_long):
+    rows = []
+    for operation in OPERATIONS:
+        rows.append((operation.name + ", at each call", at_each_call(programs, operation), "kills"))
+        if is_long:
+            rows.append((operation.name + ", at random", at_random(programs, operation, 150), "kills"))
+    rows.append(("settings, at random", of_settings(programs, 150 if is_long else 10), "kills"))
+    return rows
