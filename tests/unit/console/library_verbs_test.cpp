@@ -1,6 +1,6 @@
 #include "platform/code_page.h"
 #include "platform/text_file.h"
-#include "script/work_folder.h"
+#include "support/temporary_folder.h"
 #include "unit/console/all_verbs.h"
 
 #include <cstdlib>
@@ -55,7 +55,7 @@ protected:
         EXPECT_EQ(outcome.err, err);
     }
 
-    WorkFolder folder_;
+    test::TemporaryFolder folder_;
 };
 
 TEST_F(LibraryVerbs, ListsBuiltInLibraries) {

@@ -1,6 +1,5 @@
 #include "platform/settings.h"
 #include "platform/text_file.h"
-#include "script/work_folder.h"
 #include "support/temporary_folder.h"
 #include "unit/console/all_verbs.h"
 
@@ -78,7 +77,7 @@ protected:
         return path("ZeltoInfo/Line.tmd") + ": 2 transaction messages, 1 sequence\n";
     }
 
-    WorkFolder folder_;
+    test::TemporaryFolder folder_;
     std::string project_;
 };
 
