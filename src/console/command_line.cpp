@@ -1,6 +1,7 @@
 #include "console/command_line.h"
 
 #include "console/printable_stream.h"
+#include "console/suggestion.h"
 #include "console/verbs.h"
 #include "platform/printable.h"
 #include "platform/text.h"
@@ -72,7 +73,7 @@ int runConsole(const Verbs& verbs, const std::vector<std::string>& arguments, Co
         streams.out << version.what() << '\n';
         return kExitDone;
     } catch (const CLI::ParseError& error) {
-        return refuse(error.what(), streams);
+        return refuse(describeUnknownWord(app).value_or(error.what()), streams);
     }
     Verb* verb = chosenVerb(app, verbs);
     return verb == nullptr ? refuse("a verb is missing", streams) : verb->run(streams);
