@@ -96,7 +96,7 @@ std::optional<std::string> SettingsFile::read(const SettingPlace& place) const {
 
 Result<void> SettingsFile::write(const SettingPlace& place, const std::string& value) const {
     // Many writers need a moment; a stopped one must not stop this program for good.
-    constexpr std::chrono::seconds kLongestWait{10};
+    constexpr std::chrono::seconds kLongestWait{30};
     std::error_code ignored;
     std::filesystem::create_directories(folder_, ignored);
     const FolderLock lock(folder_, kLongestWait);

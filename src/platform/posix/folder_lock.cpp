@@ -11,7 +11,8 @@ namespace zb {
 
 FolderLock::FolderLock(const std::filesystem::path& folder, std::chrono::milliseconds longestWait)
     : descriptor_(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    constexpr std::chrono::milliseconds kTurn{5};
+    // Short, so that one who asks often does not always come before those who wait.
+    constexpr std::chrono::milliseconds kTurn{1};
     const auto end = std::chrono::steady_clock::now() + longestWait;
     while (descriptor_ >= 0 && ::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
         if (errno == EINTR)
