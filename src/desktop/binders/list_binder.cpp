@@ -51,6 +51,8 @@ ListBinder::ListBinder(List& list, QTreeView& view, Binding& binding)
     view_.setSelectionMode(list.selection() == List::Selection::Many ? QAbstractItemView::ExtendedSelection
                                                                      : QAbstractItemView::SingleSelection);
     view_.viewport()->setAcceptDrops(takesDrops());
+    // The focus comes through the store: a press on a header leaves it where it is.
+    view_.setFocusPolicy(Qt::TabFocus);
     view_.header()->setSectionsClickable(true);
     view_.header()->setSectionsMovable(false);
     view_.header()->setHighlightSections(false);
