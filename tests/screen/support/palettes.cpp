@@ -28,9 +28,7 @@ QPalette darkPalette() {
 
 void dress(QApplication& application, Shade shade) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QFont font = QApplication::font();
-    font.setPointSize(10);
-    QApplication::setFont(font);
+    QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
     QApplication::setPalette(shade == Shade::Dark ? darkPalette() : QApplication::style()->standardPalette());
     application.setCursorFlashTime(0);
 }
