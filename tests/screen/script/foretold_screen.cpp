@@ -16,18 +16,6 @@ void ForetoldScreen::throwKept() {
         std::rethrow_exception(kept);
 }
 
-template<typename Result, typename Ask>
-Result ForetoldScreen::keep(Result otherwise, Ask ask) {
-    if (kept_)
-        return otherwise;
-    try {
-        return ask();
-    } catch (...) {
-        kept_ = std::current_exception();
-        return otherwise;
-    }
-}
-
 Answer ForetoldScreen::showBox(const Box& box) {
     return keep(Answer::Cancel, [&] {
         const Answer answer = foretold_.showBox(box);

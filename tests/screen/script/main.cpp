@@ -1,15 +1,22 @@
-// Runs scripts through the real windows: zeltobench-screen-script FILE... It prints and answers what `zbc
-// script` does.
+// Runs scripts through the real windows: zeltobench-screen-script [--display [--jitter PIXELS]] FILE... It
+// prints and answers what `zbc script` does. With --display the hands are those of an X server: its mouse,
+// its keyboard and its clipboard, under a window manager.
 #include "screen/script/foretold_screen.h"
 #include "screen/script/screen_eyes.h"
 #include "screen/script/screen_hands.h"
 #include "screen/support/palettes.h"
+#include "screen/x11/display_foretold.h"
+#include "screen/x11/display_hands.h"
 #include "script/application_program.h"
 #include "script/script_runner.h"
 
 #include <QApplication>
 
 #include <iostream>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -23,8 +30,9 @@ constexpr int kUnreadable = 3;
 /// One script's program in its windows. The parts go in the order in which they need each other.
 class ProgramInWindows final : public ScriptedProgram {
 public:
-    ProgramInWindows(Screen& foretold, const std::string& applicationFolder)
-        : screen_(foretold, windows_), program_(screen_, applicationFolder) {
+    /// Without a display the windows get events that nobody has made.
+    ProgramInWindows(Screen& foretold, const std::string& applicationFolder, test::Display* display)
+        : display_(display), screen_(makeScreen(foretold)), program_(*screen_, applicationFolder) {
         program_.onMade = [this](Application& application) {
             windows_.detach();
             windows_.attach(application.desktop);
@@ -32,11 +40,12 @@ public:
     }
 
     DesktopScreen& windows() { return windows_; }
-    test::ForetoldScreen& screen() { return screen_; }
+    test::ForetoldScreen& screen() { return *screen_; }
+    test::Display* display() { return display_; }
 
     void start(const std::string& commandLine) override {
         program_.start(commandLine);
-        screen_.throwKept();
+        screen_->throwKept();
     }
     bool running() const override { return program_.running(); }
     Desktop& desktop() override { return program_.desktop(); }
@@ -50,30 +59,37 @@ public:
     CodePage codePage() override { return program_.codePage(); }
 
 private:
+    std::unique_ptr<test::ForetoldScreen> makeScreen(Screen& foretold) {
+        if (display_ != nullptr)
+            return std::make_unique<test::DisplayForetold>(foretold, windows_, *display_);
+        return std::make_unique<test::ForetoldScreen>(foretold, windows_);
+    }
+
+    test::Display* display_;
     DesktopScreen windows_;
-    test::ForetoldScreen screen_;
+    std::unique_ptr<test::ForetoldScreen> screen_;
     ApplicationProgram program_;
 };
 
 /// Acts on the windows and then tells what the script had not foretold.
 class TellingHands final : public Hands {
 public:
-    TellingHands(ProgramInWindows& program) : program_(program), hands_(program, program.windows()) {}
+    TellingHands(ProgramInWindows& program) : program_(program), hands_(makeHands(program)) {}
 
-    Refusal click(const Target& t) override { return tell(hands_.click(t)); }
-    Refusal controlClick(const Target& t) override { return tell(hands_.controlClick(t)); }
-    Refusal rightClick(const Target& t) override { return tell(hands_.rightClick(t)); }
-    Refusal doubleClick(const Target& t) override { return tell(hands_.doubleClick(t)); }
-    Refusal dismiss() override { return tell(hands_.dismiss()); }
-    Refusal focus(Control& c) override { return tell(hands_.focus(c)); }
-    Refusal activate(Window& w) override { return tell(hands_.activate(w)); }
-    Refusal close(Window& w) override { return tell(hands_.close(w)); }
-    Refusal type(Control& c, std::string_view text) override { return tell(hands_.type(c, text)); }
-    Refusal key(Control& c, KeyEvent k) override { return tell(hands_.key(c, k)); }
-    Refusal paste(Control& c, std::string_view text) override { return tell(hands_.paste(c, text)); }
-    Refusal choose(Control& c, std::string_view text) override { return tell(hands_.choose(c, text)); }
-    Refusal drag(const Target& from, const Target& to) override { return tell(hands_.drag(from, to)); }
-    Refusal drop(const DragData& data, const Target& to) override { return tell(hands_.drop(data, to)); }
+    Refusal click(const Target& t) override { return tell(hands_->click(t)); }
+    Refusal controlClick(const Target& t) override { return tell(hands_->controlClick(t)); }
+    Refusal rightClick(const Target& t) override { return tell(hands_->rightClick(t)); }
+    Refusal doubleClick(const Target& t) override { return tell(hands_->doubleClick(t)); }
+    Refusal dismiss() override { return tell(hands_->dismiss()); }
+    Refusal focus(Control& c) override { return tell(hands_->focus(c)); }
+    Refusal activate(Window& w) override { return tell(hands_->activate(w)); }
+    Refusal close(Window& w) override { return tell(hands_->close(w)); }
+    Refusal type(Control& c, std::string_view text) override { return tell(hands_->type(c, text)); }
+    Refusal key(Control& c, KeyEvent k) override { return tell(hands_->key(c, k)); }
+    Refusal paste(Control& c, std::string_view text) override { return tell(hands_->paste(c, text)); }
+    Refusal choose(Control& c, std::string_view text) override { return tell(hands_->choose(c, text)); }
+    Refusal drag(const Target& from, const Target& to) override { return tell(hands_->drag(from, to)); }
+    Refusal drop(const DragData& data, const Target& to) override { return tell(hands_->drop(data, to)); }
 
 private:
     Refusal tell(Refusal refusal) {
@@ -81,8 +97,14 @@ private:
         return refusal;
     }
 
+    static std::unique_ptr<Hands> makeHands(ProgramInWindows& program) {
+        if (program.display() != nullptr)
+            return std::make_unique<test::DisplayHands>(program, program.windows(), *program.display());
+        return std::make_unique<test::ScreenHands>(program, program.windows());
+    }
+
     ProgramInWindows& program_;
-    test::ScreenHands hands_;
+    std::unique_ptr<Hands> hands_;
 };
 
 ScriptUser userOfWindows() {
@@ -95,27 +117,69 @@ ScriptUser userOfWindows() {
             }};
 }
 
-} // namespace
+/// What the command line asks for.
+struct Options {
+    bool display = false;
+    int jitter = 0;
+    std::vector<std::string> files;
+};
 
-int main(int argc, char* argv[]) {
-    QApplication qt(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    test::dress(qt, test::Shade::Light);
-    if (argc < 2) {
-        std::cerr << "usage: zeltobench-screen-script FILE...\n";
-        return kBadUsage;
+/// Nothing when it asks for nothing that is known.
+std::optional<Options> optionsOf(std::span<char*> arguments) {
+    Options options;
+    const std::vector<std::string_view> words(arguments.begin(), arguments.end());
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        bool good = true;
+        if (words[i] == "--display")
+            options.display = true;
+        else if (words[i] == "--jitter" && i + 1 < words.size())
+            options.jitter = QByteArray(words[++i].data()).toInt(&good);
+        else
+            options.files.emplace_back(words[i]);
+        if (!good)
+            return std::nullopt;
     }
-    const auto makeProgram = [](Screen& screen, const std::string& applicationFolder) {
-        return std::make_unique<ProgramInWindows>(screen, applicationFolder);
+    return options.files.empty() ? std::nullopt : std::optional(options);
+}
+
+/// The clicks of scripts follow each other faster than a hand's: none of them is the second of a double
+/// click, and no list waits for the end of one.
+std::unique_ptr<test::Display> sitDown(const Options& options) {
+    if (!options.display)
+        return nullptr;
+    QApplication::setDoubleClickInterval(0);
+    return std::make_unique<test::Display>(options.jitter);
+}
+
+int runScripts(const Options& options, test::Display* display) {
+    const auto makeProgram = [display](Screen& screen, const std::string& applicationFolder) {
+        return std::make_unique<ProgramInWindows>(screen, applicationFolder, display);
     };
     ScriptRunner runner(makeProgram, std::cout, std::cerr, userOfWindows());
     int result = kDone;
-    for (int i = 1; i < argc; ++i) {
-        const ScriptRunner::Outcome outcome = runner.run(argv[i]);
+    for (const std::string& file : options.files) {
+        const ScriptRunner::Outcome outcome = runner.run(file);
         if (outcome == ScriptRunner::Outcome::Failed)
             result = kFailed;
         else if (outcome == ScriptRunner::Outcome::Unreadable && result == kDone)
             result = kUnreadable;
     }
     return result;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const auto options = optionsOf(std::span(argv, static_cast<std::size_t>(argc)).subspan(1));
+    if (!options) {
+        std::cerr << "usage: zeltobench-screen-script [--display [--jitter PIXELS]] FILE...\n";
+        return kBadUsage;
+    }
+    // The toolkit has an option of the same name.
+    int own = 1;
+    QApplication qt(own, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    test::dress(qt, test::Shade::Light);
+    const auto display = sitDown(*options);
+    return runScripts(*options, display.get());
 }

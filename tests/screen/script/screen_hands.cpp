@@ -39,10 +39,6 @@ void ScreenHands::settle() {
     screen_.flush();
 }
 
-Binder& ScreenHands::binderOf(const Control& control) {
-    return *screen_.binderOf(control.window())->binderOf(control);
-}
-
 // Refused beforehand, carried out by events, or not noticed by the window, which is a fault of the window.
 template<typename Act>
 Hands::Refusal ScreenHands::act(const Target& target, Act act) {
@@ -78,58 +74,9 @@ void ScreenHands::clickSpot(const Spot& spot, Qt::MouseButton button, Qt::Keyboa
         release(spot, button, modifiers);
 }
 
-ScreenHands::Spot ScreenHands::spotOf(const Target& target) {
-    Binder& binder = binderOf(*target.control);
-    QWidget& widget = binder.widget();
-    switch (target.control->kind()) {
-    case Kind::Toolbar:
-        if (target.button != nullptr) {
-            QToolButton* button = static_cast<ToolbarBinder&>(binder).buttonOf(*target.button);
-            return {button, button->rect().center()};
-        }
-        return {&widget, widget.rect().center()};
-    case Kind::Tree:
-        return spotInTree(target, widget);
-    case Kind::List:
-        return spotInList(target, widget);
-    // Behind the end of the text, and on the box of a check box.
-    case Kind::TextField:
-        return {&widget, {widget.width() - 4, widget.height() / 2}};
-    case Kind::CheckBox:
-    case Kind::Option:
-        return {&widget, {8, widget.height() / 2}};
-    default:
-        return {&widget, widget.rect().center()};
-    }
-}
-
-ScreenHands::Spot ScreenHands::spotInTree(const Target& target, QWidget& widget) {
-    auto& view = dynamic_cast<NodeTreeView&>(widget);
-    if (target.node == nullptr)
-        return {view.viewport(), view.placeBelowAll()};
-    view.reveal(*target.node);
-    const QModelIndex index = static_cast<NodeTreeModel*>(view.model())->indexOf(target.node);
-    return {view.viewport(), {view.viewport()->width() - 2, view.visualRect(index).center().y()}};
-}
-
-ScreenHands::Spot ScreenHands::spotInList(const Target& target, QWidget& widget) {
-    auto& view = dynamic_cast<QTreeView&>(widget);
-    if (target.column) {
-        QHeaderView& header = *view.header();
-        const int section = static_cast<int>(*target.column);
-        const int place = header.sectionViewportPosition(section) + header.sectionSize(section) / 2;
-        return {header.viewport(), {place, header.height() / 2}};
-    }
-    if (target.row == nullptr)
-        return {view.viewport(), {view.viewport()->width() / 2, view.viewport()->height() + 100000}};
-    const QModelIndex index = static_cast<ListModel*>(view.model())->indexOf(target.row);
-    view.scrollTo(index);
-    return {view.viewport(), {4, view.visualRect(index).center().y()}};
-}
-
 void ScreenHands::giveFocus(Control& control) {
     const int begun = hands().begun();
-    binderOf(control).keyWidget().setFocus(Qt::TabFocusReason);
+    binderOf(screen_, control).keyWidget().setFocus(Qt::TabFocusReason);
     // The widget may have had the keyboard all along, while another window of the program was active.
     if (hands().begun() == begun)
         hands().focus(control);
@@ -143,13 +90,13 @@ Hands::Refusal ScreenHands::click(const Target& target) {
         const bool background =
             kind == Kind::StatusBar || (kind == Kind::Toolbar && target.button == nullptr);
         if (background || kind == Kind::Combo || kind == Kind::FolderField || kind == Kind::Label ||
-            (kind == Kind::Pane && binderOf(*target.control).widget().layout() != nullptr)) {
+            (kind == Kind::Pane && binderOf(screen_, *target.control).widget().layout() != nullptr)) {
             hands().click(target);
             return;
         }
         if (kind == Kind::TextField)
             giveFocus(*target.control);
-        clickSpot(spotOf(target), Qt::LeftButton);
+        clickSpot(spotOf(screen_, target), Qt::LeftButton);
         if (kind == Kind::TextField)
             hands().focus(*target.control);
     });
@@ -181,14 +128,14 @@ Hands::Refusal ScreenHands::clickEntry(const Target& target) {
 Hands::Refusal ScreenHands::controlClick(const Target& target) {
     if (target.row == nullptr)
         return click(target);
-    return act(target, [&] { clickSpot(spotOf(target), Qt::LeftButton, Qt::ControlModifier); });
+    return act(target, [&] { clickSpot(spotOf(screen_, target), Qt::LeftButton, Qt::ControlModifier); });
 }
 
 Hands::Refusal ScreenHands::rightClick(const Target& target) {
     const Kind kind = target.control->kind();
     if ((kind != Kind::Tree && kind != Kind::List) || target.column)
         return act(target, [&] { hands().rightClick(target); });
-    return act(target, [&] { clickSpot(spotOf(target), Qt::RightButton); });
+    return act(target, [&] { clickSpot(spotOf(screen_, target), Qt::RightButton); });
 }
 
 Hands::Refusal ScreenHands::doubleClick(const Target& target) {
@@ -201,7 +148,7 @@ Hands::Refusal ScreenHands::doubleClick(const Target& target) {
         return {};
     if (target.row != nullptr && static_cast<List*>(target.control)->positionOf(target.row) == 0)
         return {};
-    const Spot spot = spotOf(target);
+    const Spot spot = spotOf(screen_, target);
     const QPointF place = spot.place;
     QMouseEvent twice(QEvent::MouseButtonDblClick, place, spot.widget->mapToGlobal(place), Qt::LeftButton,
                       Qt::LeftButton, {});
@@ -269,7 +216,7 @@ Hands::Refusal ScreenHands::type(Control& control, std::string_view text) {
     for (const char character : text) {
         if (Refusal refusal = hands().whyNot(Target::whole(control)); !refusal.empty())
             return refusal;
-        sendKey(binderOf(control).keyWidget(), *keyOfCharacter(character));
+        sendKey(binderOf(screen_, control).keyWidget(), *keyOfCharacter(character));
     }
     settle();
     return {};
@@ -282,7 +229,7 @@ Hands::Refusal ScreenHands::key(Control& control, KeyEvent key) {
         return refusal;
     screen_.binding().keysStay = true;
     const auto over = qScopeGuard([this] { screen_.binding().keysStay = false; });
-    sendKey(binderOf(control).keyWidget(), key);
+    sendKey(binderOf(screen_, control).keyWidget(), key);
     settle();
     return {};
 }
@@ -292,7 +239,7 @@ Hands::Refusal ScreenHands::paste(Control& control, std::string_view text) {
         return hands().paste(control, text);
     if (Refusal refusal = focus(control); !refusal.empty())
         return refusal;
-    QWidget& widget = binderOf(control).keyWidget();
+    QWidget& widget = binderOf(screen_, control).keyWidget();
     QGuiApplication::clipboard()->setText(toQt(text));
     for (const auto key : {Qt::Key_A, Qt::Key_V}) {
         QKeyEvent down(QEvent::KeyPress, key, Qt::ControlModifier);
@@ -307,7 +254,7 @@ Hands::Refusal ScreenHands::choose(Control& control, std::string_view text) {
     if (control.kind() == Kind::FolderField && std::filesystem::is_directory(std::string(text), error)) {
         return act(Target::whole(control), [&] {
             const int begun = hands().begun();
-            auto& view = dynamic_cast<QTreeView&>(binderOf(control).widget());
+            auto& view = dynamic_cast<QTreeView&>(binderOf(screen_, control).widget());
             if (auto* folders = dynamic_cast<QFileSystemModel*>(view.model()))
                 view.setCurrentIndex(folders->index(toQt(text)));
             if (hands().begun() == begun || static_cast<FolderField&>(control).text() != text)
@@ -317,7 +264,7 @@ Hands::Refusal ScreenHands::choose(Control& control, std::string_view text) {
     if (control.kind() != Kind::Combo)
         return hands().choose(control, text);
     settle();
-    auto& box = dynamic_cast<StoreComboBox&>(binderOf(control).widget());
+    auto& box = dynamic_cast<StoreComboBox&>(binderOf(screen_, control).widget());
     int row = box.findText(toQt(text), Qt::MatchFixedString | Qt::MatchCaseSensitive);
     if (row < 0 && text.starts_with('#'))
         row = toQt(text.substr(1)).toInt() - 1;
@@ -327,7 +274,7 @@ Hands::Refusal ScreenHands::choose(Control& control, std::string_view text) {
 }
 
 void ScreenHands::dropOn(const DragData& data, const Target& to) {
-    const Spot spot = spotOf(to);
+    const Spot spot = spotOf(screen_, to);
     QMimeData mime;
     mime.setText(toQt(data.text));
     const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
@@ -344,7 +291,7 @@ Hands::Refusal ScreenHands::drag(const Target& from, const Target& to) {
     const Kind kind = from.control->kind();
     const Refusal refusal = act(from, [&] {
         if (kind == Kind::Tree || kind == Kind::List)
-            press(spotOf(from), Qt::LeftButton);
+            press(spotOf(screen_, from), Qt::LeftButton);
         else if (kind == Kind::Pane)
             hands().click(from);
         else

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "desktop/desktop_screen.h"
+#include "screen/script/spots.h"
 #include "script/hands.h"
 
-#include <QPoint>
 #include <QString>
 
 namespace zb::test {
@@ -30,16 +30,8 @@ public:
     Refusal drop(const DragData& data, const Target& to) override;
 
 private:
-    /// A point of a widget.
-    struct Spot {
-        QWidget* widget = nullptr;
-        QPoint place;
-    };
     template<typename Act>
     Refusal act(const Target& target, Act act);
-    Spot spotOf(const Target& target);
-    Spot spotInList(const Target& target, QWidget& widget);
-    Spot spotInTree(const Target& target, QWidget& widget);
     void press(const Spot& spot, Qt::MouseButton button, Qt::KeyboardModifiers modifiers = {});
     void release(const Spot& spot, Qt::MouseButton button, Qt::KeyboardModifiers modifiers = {});
     void clickSpot(const Spot& spot, Qt::MouseButton button, Qt::KeyboardModifiers modifiers = {});
@@ -47,7 +39,6 @@ private:
     void giveFocus(Control& control);
     void sendKey(QWidget& widget, KeyEvent key);
     void dropOn(const DragData& data, const Target& to);
-    Binder& binderOf(const Control& control);
     UserHands& hands() { return screen_.binding().hands; }
     void settle();
 

@@ -1,0 +1,65 @@
+# Runs scripts over the stores and by the mouse and the keyboard of a display; what they print and answer must be
+# the same, and every script must pass. A script that nobody can carry out at a display is listed with the words
+# in which the display refuses it; one that is listed must be refused so.
+#   cmake -DSTORES=zbc -DSCREEN=zeltobench-screen-script -DON_DISPLAY=on_display.sh -DJITTER=PIXELS
+#         -DFOLDER=tests/scenarios/AREA -DREFUSED=refused_on_display.txt -P compare_display.cmake
+cmake_minimum_required(VERSION 3.25)
+file(GLOB_RECURSE scripts ${FOLDER}/*.zbs)
+get_filename_component(area ${FOLDER} NAME)
+file(STRINGS ${REFUSED} lines REGEX "^${area}/")
+set(refused)
+foreach(line IN LISTS lines)
+  string(FIND "${line}" ": " colon)
+  string(SUBSTRING "${line}" 0 ${colon} name)
+  math(EXPR start "${colon} + 2")
+  string(SUBSTRING "${line}" ${start} -1 reason)
+  get_filename_component(folder ${FOLDER} DIRECTORY)
+  set(script ${folder}/${name})
+  if(NOT script IN_LIST scripts)
+    message(FATAL_ERROR "${REFUSED} names ${name}, which is not there")
+  endif()
+  list(REMOVE_ITEM scripts ${script})
+  list(APPEND refused ${script})
+  set(reason_of_${script} "${reason}")
+endforeach()
+
+set(display ${ON_DISPLAY} ${SCREEN} --display --jitter ${JITTER})
+
+# Work folders have a name of their own in each run.
+function(run_scripts prefix)
+  execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE result)
+  string(REGEX REPLACE "zbc-[A-Za-z0-9]+" "WORK" out "${out}")
+  string(REGEX REPLACE "zbc-[A-Za-z0-9]+" "WORK" err "${err}")
+  set(${prefix}_text "answer: ${result}\n${out}${err}" PARENT_SCOPE)
+  set(${prefix}_error "${err}" PARENT_SCOPE)
+  set(${prefix}_result "${result}" PARENT_SCOPE)
+endfunction()
+
+foreach(script IN LISTS refused)
+  run_scripts(stores ${STORES} script ${script})
+  if(NOT stores_result EQUAL 0)
+    message(FATAL_ERROR "${stores_text}")
+  endif()
+  run_scripts(display ${display} ${script})
+  string(FIND "${display_error}" "${reason_of_${script}}" found)
+  if(display_result EQUAL 0 OR found EQUAL -1)
+    message(FATAL_ERROR "${script} is listed as refused at a display, for another reason or none.\n"
+                        "listed: ${reason_of_${script}}\nfound: ${display_text}")
+  endif()
+endforeach()
+
+list(LENGTH scripts count)
+if(count EQUAL 0)
+  message(FATAL_ERROR "no scripts in ${FOLDER}")
+endif()
+run_scripts(stores ${STORES} script ${scripts})
+run_scripts(display ${display} ${scripts})
+if(NOT stores_text STREQUAL display_text)
+  message(FATAL_ERROR
+          "The display differs from the stores.\n--- stores\n${stores_text}\n--- display\n${display_text}")
+endif()
+if(NOT display_result EQUAL 0)
+  message(FATAL_ERROR "${display_text}")
+endif()
+list(LENGTH refused refusals)
+message("${count} scripts ran alike with ${JITTER} pixels of jitter, ${refusals} were refused as listed")

@@ -1,0 +1,100 @@
+// Keyboards of two layouts, dead keys and an input method at a display: what is typed arrives in the store.
+#include "screen/script/spots.h"
+#include "screen/support/program_on_screen.h"
+#include "screen/x11/display.h"
+#include "screen/x11/key_symbols.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QProcess>
+
+namespace zb::test {
+namespace {
+
+constexpr xcb_keysym_t kDeadAcute = 0xfe51;
+constexpr xcb_keysym_t kSharpS = 0x00df;
+
+struct Keyboard : ::testing::TestWithParam<const char*> {
+    Keyboard() {
+        program.application.start("");
+        program.application.showEditor();
+        display.steps().rest();
+    }
+    ~Keyboard() override { useLayout("us"); }
+
+    void useLayout(const char* layout, const char* variant = "") {
+        ASSERT_EQ(QProcess::execute(QStringLiteral("setxkbmap"),
+                                    {QStringLiteral("-layout"), layout, QStringLiteral("-variant"), variant}),
+                  0);
+        display.steps().rest();
+    }
+
+    TextField& description() { return program.application.frmSECSEditor.txtDescription; }
+    QLineEdit& line() {
+        return program.widget<QLineEdit>(program.application.frmSECSEditor, "txtDescription");
+    }
+    void clickField() {
+        display.click(spotOf(program.screen, Target::whole(description())));
+        ASSERT_TRUE(line().hasFocus());
+    }
+
+    ProgramOnScreen program{"/"};
+    Display display{0};
+};
+
+TEST_P(Keyboard, EntersWhatItsKeysBear) {
+    const std::string text =
+        "The quick brown fox, jumps over: [the] {lazy} dog? 0123456789 @ yY zZ | <=> \\ ~ -_";
+    useLayout(GetParam());
+    clickField();
+    std::string entered;
+    for (const char character : text) {
+        // Project files keep this one for themselves.
+        if (character == ':')
+            continue;
+        ASSERT_TRUE(display.strike(symbolOf(character))) << character;
+        entered += character;
+        ASSERT_EQ(description().text(), entered);
+    }
+    EXPECT_EQ(line().text().toStdString(), entered);
+}
+INSTANTIATE_TEST_SUITE_P(Layouts, Keyboard, ::testing::Values("us", "de"));
+
+TEST_F(Keyboard, AKeyThatNoUsKeyboardHasEntersItsLetter) {
+    useLayout("de");
+    clickField();
+    ASSERT_TRUE(display.strike(symbolOf('a')));
+    ASSERT_TRUE(display.strike(kSharpS));
+    EXPECT_EQ(description().text(), "aß");
+    EXPECT_EQ(line().text(), QStringLiteral("aß"));
+}
+
+TEST_F(Keyboard, ADeadKeyAndALetterEnterOneLetter) {
+    useLayout("us", "intl");
+    clickField();
+    ASSERT_TRUE(display.strike(kDeadAcute));
+    EXPECT_EQ(description().text(), "");
+    ASSERT_TRUE(display.strike(symbolOf('e')));
+    EXPECT_EQ(description().text(), "é");
+    EXPECT_EQ(line().text(), QStringLiteral("é"));
+}
+
+TEST_F(Keyboard, AnInputMethodComposesAndThenEnters) {
+    clickField();
+    QInputMethodEvent composing(QStringLiteral("にほん"), {});
+    QCoreApplication::sendEvent(&line(), &composing);
+    EXPECT_EQ(description().text(), "");
+    QInputMethodEvent done;
+    done.setCommitString(QStringLiteral("日本"));
+    QCoreApplication::sendEvent(&line(), &done);
+    display.steps().rest();
+    EXPECT_EQ(description().text(), "日本");
+    EXPECT_EQ(line().text(), QStringLiteral("日本"));
+}
+
+} // namespace
+} // namespace zb::test

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QPoint>
+#include <QProcess>
+
+#include <string_view>
+
+namespace zb::test {
+
+/// Another program on the display, in a process of its own: the owner of the clipboard, and what text is
+/// dragged from. It is started when it is needed first.
+class Neighbour {
+public:
+    ~Neighbour();
+
+    /// The clipboard is its own from then on.
+    void copy(std::string_view text);
+    /// The place to drag this text from.
+    QPoint offer(std::string_view text);
+    /// Its drag has begun, or is over.
+    void awaitDrag();
+    void awaitDrop();
+
+private:
+    QByteArray ask(const char* command, std::string_view text);
+    QByteArray readLine();
+
+    QProcess process_;
+};
+
+} // namespace zb::test
