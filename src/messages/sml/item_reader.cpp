@@ -63,14 +63,9 @@ ItemReader::Outcome ItemReader::read() {
     Step step = openItem();
     while (step == Step::next && body_.openLists() > 0)
         step = stepInList();
-    switch (step) {
-    case Step::cutShort:
+    if (step == Step::cutShort)
         return Outcome::cutShort;
-    case Step::broken:
-        return Outcome::broken;
-    default:
-        return Outcome::closed;
-    }
+    return step == Step::broken ? Outcome::broken : Outcome::closed;
 }
 
 void ItemReader::skip() {
