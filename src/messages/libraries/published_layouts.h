@@ -26,8 +26,8 @@ struct PublishedLayout {
 /// All published messages in the order of stream and function.
 std::vector<PublishedLayout> publishedLayouts();
 
-/// By the name of each data item the formats that it may have, as "A" or "U4"; "L" where it may be a list, "X"
-/// where it may have any format.
+/// By the name of each data item the formats that it may have, as "A" or "U4"; "L" where it may be a list,
+/// "X" where it may have any format.
 using PublishedFormats = std::map<std::string_view, std::vector<std::string_view>>;
 PublishedFormats publishedFormats();
 
