@@ -3,6 +3,7 @@
 #include "controls/desktop.h"
 #include "controls/menu.h"
 #include "controls/window.h"
+#include "desktop/accessibility/accessible_tree.h"
 #include "desktop/forms/forms.h"
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
@@ -50,6 +51,7 @@ DesktopScreen::~DesktopScreen() {
 void DesktopScreen::attach(Desktop& desktop, const std::string& layoutFile) {
     binding_ = std::make_unique<Binding>(desktop, pictures_);
     layout_.open(layoutFile);
+    AccessibleTree::install();
     // The main window comes first: the others lie within it or before it.
     if (Window* main = desktop.find("frmMain"))
         bind(*main);

@@ -6,10 +6,13 @@
 #include "desktop/qt_text.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace zb {
 
@@ -17,6 +20,8 @@ namespace {
 
 constexpr int kMainPictureSize = 24;
 constexpr int kPanePictureSize = 22;
+constexpr std::string_view kPressedPicture =
+    "_Pressed"; // how the name of the picture of a pressed button ends
 
 } // namespace
 
@@ -34,17 +39,30 @@ void ToolbarBinder::makeButtons() {
         QWidget::setTabOrder(buttons_.empty() ? &widget() : buttons_.back(), &shown);
         buttons_.push_back(&shown);
     }
+    // The bar held the place of its buttons in the order; they take the keyboard.
+    if (isInPane())
+        widget().setFocusPolicy(Qt::NoFocus);
+}
+
+bool ToolbarBinder::isInPane() const {
+    return qobject_cast<QToolBar*>(&widget()) == nullptr;
+}
+
+int ToolbarBinder::buttonsPerRow() const {
+    return std::max(1, widget().property("buttonsPerRow").toInt());
 }
 
 QToolButton& ToolbarBinder::makeButton(ToolbarButton& button) {
     auto* shown = new QToolButton(&widget()); // the widget owns it
-    const bool main = qobject_cast<QToolBar*>(&widget()) != nullptr;
+    const bool main = !isInPane();
     const int size = main ? kMainPictureSize : kPanePictureSize;
     shown->setIcon(binding().pictures.icon(button.key()));
     shown->setIconSize({size, size});
     shown->setAutoRaise(true);
-    shown->setCheckable(true);
+    shown->setCheckable(!main);
     shown->setFocusPolicy(main ? Qt::NoFocus : Qt::TabFocus);
+    if (!main)
+        shown->installEventFilter(this);
     shown->setToolTip(toQt(button.toolTip()));
     shown->setAccessibleName(toQt(button.toolTip().empty() ? button.key() : button.toolTip()));
     shown->setObjectName(widget().objectName() + QLatin1Char('_') + toQt(button.key()));
@@ -74,7 +92,7 @@ void ToolbarBinder::place(QToolButton& shown, int position) {
         grid->setContentsMargins(0, 0, 0, 0);
         grid->setSpacing(2);
     }
-    const int perRow = std::max(1, widget().property("buttonsPerRow").toInt());
+    const int perRow = buttonsPerRow();
     grid->addWidget(&shown, position / perRow, position % perRow);
     grid->setColumnStretch(perRow, 1);
 }
@@ -95,10 +113,74 @@ void ToolbarBinder::showButtons() {
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
         const ToolbarButton& button = toolbar_.buttons()[i];
         buttons_[i]->setEnabled(button.enabled());
-        buttons_[i]->setChecked(button.value() == 1);
+        const bool pressed = button.value() == 1 || button.picture().ends_with(kPressedPicture);
+        // To a screen reader a button that can be checked is a check box; commands are plain buttons.
+        if (pressed)
+            buttons_[i]->setCheckable(true);
+        buttons_[i]->setChecked(pressed);
         if (!button.picture().empty())
             buttons_[i]->setIcon(binding().pictures.icon(button.picture()));
     }
+    if (isInPane())
+        showTabStop();
+}
+
+// Tab stops once in a pane's bar: at the button that has the keyboard, else at the pressed one.
+void ToolbarBinder::showTabStop() {
+    QToolButton* stop = nullptr;
+    for (QToolButton* button : buttons_) {
+        if (!button->isEnabled())
+            continue;
+        const bool better =
+            stop == nullptr || button->hasFocus() || (button->isChecked() && !stop->hasFocus());
+        if (better)
+            stop = button;
+    }
+    for (QToolButton* button : buttons_)
+        button->setFocusPolicy(button == stop ? Qt::TabFocus : Qt::NoFocus);
+}
+
+bool ToolbarBinder::eventFilter(QObject* watched, QEvent* event) {
+    const auto found = std::find(buttons_.begin(), buttons_.end(), watched);
+    if (found == buttons_.end())
+        return Binder::eventFilter(watched, event);
+    if (event->type() == QEvent::FocusOut)
+        QMetaObject::invokeMethod(
+            this, [this] { showTabStop(); }, Qt::QueuedConnection);
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    return moveByKey(static_cast<std::size_t>(found - buttons_.begin()),
+                     static_cast<QKeyEvent*>(event)->key());
+}
+
+bool ToolbarBinder::moveByKey(std::size_t from, int key) {
+    const int count = static_cast<int>(buttons_.size());
+    int step = 0;
+    switch (key) {
+    case Qt::Key_Left:
+        step = -1;
+        break;
+    case Qt::Key_Right:
+        step = 1;
+        break;
+    case Qt::Key_Up:
+        step = -buttonsPerRow();
+        break;
+    case Qt::Key_Down:
+        step = buttonsPerRow();
+        break;
+    default:
+        return false;
+    }
+    for (int at = static_cast<int>(from) + step; at >= 0 && at < count; at += step) {
+        QToolButton* button = buttons_[static_cast<std::size_t>(at)];
+        if (!button->isEnabled())
+            continue;
+        button->setFocus(Qt::OtherFocusReason);
+        showTabStop();
+        break;
+    }
+    return true;
 }
 
 StatusBarBinder::StatusBarBinder(StatusBar& store, QStatusBar& bar, Binding& binding)

@@ -31,6 +31,11 @@ private:
     QToolButton& makeButton(ToolbarButton& button);
     void place(QToolButton& shown, int position);
     void showButtons();
+    void showTabStop();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool moveByKey(std::size_t from, int key);
+    bool isInPane() const;
+    int buttonsPerRow() const;
 
     Toolbar& toolbar_;
     std::vector<QToolButton*> buttons_;

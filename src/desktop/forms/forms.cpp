@@ -20,11 +20,14 @@
 #include "ui_frmTRMessage.h"
 #include "ui_frmTRModeler.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QGroupBox>
 #include <QLabel>
 #include <QMainWindow>
 #include <QSplitter>
 
+#include <algorithm>
 #include <array>
 
 namespace zb {
@@ -70,15 +73,29 @@ constexpr std::array kShares{
     Share{"messageSplitter", 45}, Share{"itemSplitter", 50},
 };
 
-// Labels name their fields to screen readers by being their buddies, though not lists and trees; fields
-// without one have their tool tip.
+// A label whose buddy a field is names it to screen readers, though not lists and trees; buttons have their
+// captions. What has neither is named by its tool tip, which is else a description.
+bool hasCaption(const QWidget& widget, const QList<QLabel*>& labels) {
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        return !button->text().isEmpty();
+    if (const auto* group = qobject_cast<const QGroupBox*>(&widget))
+        return !group->title().isEmpty();
+    return std::any_of(labels.begin(), labels.end(),
+                       [&](const QLabel* label) { return label->buddy() == &widget; });
+}
+
 void nameForReaders(QWidget& form) {
-    for (const QLabel* label : form.findChildren<QLabel*>()) {
+    const QList<QLabel*> labels = form.findChildren<QLabel*>();
+    for (const QLabel* label : labels) {
         if (auto* view = qobject_cast<QAbstractItemView*>(label->buddy()))
             view->setAccessibleName(label->text());
     }
     for (QWidget* widget : form.findChildren<QWidget*>()) {
-        if (widget->accessibleName().isEmpty() && !widget->toolTip().isEmpty())
+        if (!widget->accessibleName().isEmpty() || widget->toolTip().isEmpty())
+            continue;
+        if (hasCaption(*widget, labels))
+            widget->setAccessibleDescription(widget->toolTip());
+        else
             widget->setAccessibleName(widget->toolTip());
     }
 }

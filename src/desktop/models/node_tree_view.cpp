@@ -1,6 +1,7 @@
 #include "desktop/models/node_tree_view.h"
 
 #include "controls/tree.h"
+#include "desktop/accessibility/accessible_tree.h"
 #include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
 #include "platform/tree/node_walk.h"
@@ -188,6 +189,7 @@ void NodeTreeView::nodeWasExpanded(Node& node) {
 
 void NodeTreeView::selectionMoved() {
     showSelected();
+    AccessibleTree::reportSelection(*this);
     viewport()->update();
 }
 

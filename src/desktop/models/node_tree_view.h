@@ -33,6 +33,8 @@ public:
     QPoint placeBelowAll() const;
     /// The user opens or closes what lies below a node.
     void toggle(Node& node);
+    /// Whether what lies below a node is shown.
+    bool isOpen(const Node& node) const;
     int rowsOfPage() const;
     /// The node that shows so many rows below another, or above it; the nearest end where there is none.
     Node* nodeBeside(const Node& node, int rows) const;
@@ -66,7 +68,6 @@ private:
     void nodeWasExpanded(Node& node) override;
     void selectionMoved() override;
 
-    bool isOpen(const Node& node) const;
     bool isShown(const Node& node) const;
     Node* nextShown(const Node& node, const Node& root) const;
     int shownRows(const Node& root) const;
