@@ -70,7 +70,6 @@ def seconds(place, arguments, name, text):
 
 
 def attack(programs, is_long):
-    rows = []
     with Place(programs) as place:
         idle = seconds(place, ["list"], "empty.sml", "S1F1.\n")
         for title, arguments, make, count in CASES:
@@ -80,5 +79,4 @@ def attack(programs, is_long):
             # Less than this is not measured: it says nothing, and is nobody's trouble.
             factor = twice / max(once, 0.01)
             demand(factor <= MOST, f"{title}: {count} take {once:.3f} s, twice as many {twice:.3f} s")
-            rows.append((title, round(factor, 2), f"times as long for {2 * count} as for {count} ({twice:.2f} s)"))
-    return rows
+            yield title, round(factor, 2), f"times as long for {2 * count} as for {count} ({twice:.2f} s)"

@@ -59,7 +59,6 @@ def limited_size(programs):
 
 
 def attack(programs, is_long):
-    rows = []
     for operation in OPERATIONS:
         with Place(programs) as place:
             before, after = fill(place, operation)
@@ -72,6 +71,5 @@ def attack(programs, is_long):
                         continue
                     one(place, operation, before, after, number, call, fault)
                     injected += 1
-        rows.append((operation.name, injected, f"faults at {len(calls)} calls"))
-    rows.append(("limit of a file's size", limited_size(programs), "writes past it"))
-    return rows
+        yield operation.name, injected, f"faults at {len(calls)} calls"
+    yield "limit of a file's size", limited_size(programs), "writes past it"

@@ -72,10 +72,8 @@ def of_settings(programs, rounds):
 
 
 def attack(programs, is_long):
-    rows = []
     for operation in OPERATIONS:
-        rows.append((operation.name + ", at each call", at_each_call(programs, operation), "kills"))
+        yield operation.name + ", at each call", at_each_call(programs, operation), "kills"
         if is_long:
-            rows.append((operation.name + ", at random", at_random(programs, operation, 150), "kills"))
-    rows.append(("settings, at random", of_settings(programs, 150 if is_long else 10), "kills"))
-    return rows
+            yield operation.name + ", at random", at_random(programs, operation, 150), "kills"
+    yield "settings, at random", of_settings(programs, 150 if is_long else 10), "kills"

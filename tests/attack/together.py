@@ -82,9 +82,7 @@ def settings(programs, writers, each):
 
 
 def attack(programs, is_long):
-    return [
-        ("six adds to one project", six_adds(programs, 20 if is_long else 2), "adds"),
-        ("add beside a program without a lock", foreign_change(programs), "instants"),
-        ("add beside save", adds_and_saves(programs, 100 if is_long else 5), "pairs"),
-        ("settings of many programs", settings(programs, 12, 100 if is_long else 15), "writes"),
-    ]
+    yield "six adds to one project", six_adds(programs, 20 if is_long else 2), "adds"
+    yield "add beside a program without a lock", foreign_change(programs), "instants"
+    yield "add beside save", adds_and_saves(programs, 100 if is_long else 5), "pairs"
+    yield "settings of many programs", settings(programs, 12, 100 if is_long else 15), "writes"
