@@ -7,7 +7,6 @@
 #include "platform/text_file.h"
 #include "platform/wildcard.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <ostream>
 
@@ -104,23 +103,35 @@ int MessageSource::loadProject(const std::string& name, ConsoleStreams streams) 
     return kExitDone;
 }
 
+const MessageSource::ByName& MessageSource::byName() const {
+    if (!byName_.empty())
+        return byName_;
+    for (const SECSMessageRecord* record : messages_) {
+        const std::string name = upper(record->getName());
+        const std::string numbers = upper("S" + record->getStreamText() + "F" + record->getFunctionText());
+        byName_[name].push_back(record);
+        if (numbers != name)
+            byName_[numbers].push_back(record);
+    }
+    return byName_;
+}
+
+const MessageSource::ByName& MessageSource::byNumbers() const {
+    if (!byNumbers_.empty())
+        return byNumbers_;
+    for (const SECSMessageRecord* record : messages_)
+        byNumbers_["S" + record->getStreamText() + " F" + record->getFunctionText()].push_back(record);
+    return byNumbers_;
+}
+
 SECSLibraryStore::Records MessageSource::select(std::string_view wanted) const {
-    SECSLibraryStore::Records chosen;
-    std::copy_if(messages_.begin(), messages_.end(), std::back_inserter(chosen),
-                 [wanted](const auto* record) {
-                     return equalsIgnoringCase(record->getName(), wanted) ||
-                            equalsIgnoringCase(
-                                "S" + record->getStreamText() + "F" + record->getFunctionText(), wanted);
-                 });
-    return chosen;
+    const auto found = byName().find(upper(wanted));
+    return found == byName().end() ? SECSLibraryStore::Records() : found->second;
 }
 
 SECSLibraryStore::Records MessageSource::byStreamFunction(std::string_view text) const {
-    SECSLibraryStore::Records chosen;
-    std::copy_if(messages_.begin(), messages_.end(), std::back_inserter(chosen), [text](const auto* record) {
-        return "S" + record->getStreamText() + " F" + record->getFunctionText() == text;
-    });
-    return chosen;
+    const auto found = byNumbers().find(std::string(text));
+    return found == byNumbers().end() ? SECSLibraryStore::Records() : found->second;
 }
 
 bool tellColons(const SECSLibraryStore::Records& records, const std::string& file, std::ostream& err) {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace zb {
@@ -33,12 +34,19 @@ public:
     SECSLibraryStore::Records byStreamFunction(std::string_view text) const;
 
 private:
+    using ByName = std::unordered_map<std::string, SECSLibraryStore::Records>;
+
+    const ByName& byName() const;
+    const ByName& byNumbers() const;
     int loadLibrary(const std::string& name, SourceKind kind, ConsoleStreams streams);
     int loadProject(const std::string& name, ConsoleStreams streams);
 
     std::unique_ptr<SECSLibraryStore> library_;
     std::vector<SECSMessageRecord> ofProject_;
     SECSLibraryStore::Records messages_;
+    // Made when they are asked for: names upper-cased, and both forms of the numbers.
+    mutable ByName byName_;
+    mutable ByName byNumbers_;
 };
 
 /// Tells each item that a project file takes for the head of a message, since it holds a colon. True when

@@ -88,6 +88,8 @@ void frmTRModeler::initializeTreeView(Tree& tree) {
 }
 
 void frmTRModeler::displayModel() {
+    const NodeTree::Filling received(tvwRcvTRMsg.nodes());
+    const NodeTree::Filling sent(tvwSndTRMsg.nodes());
     initializeTreeView(tvwRcvTRMsg);
     initializeTreeView(tvwSndTRMsg);
     if (const TRModelStore* model = store(); model != nullptr) {

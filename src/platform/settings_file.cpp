@@ -5,10 +5,9 @@
 #include <system_error>
 #include <utility>
 
-#include <nlohmann/json.hpp>
-
 #include "platform/file_replacer.h"
 #include "platform/folder_lock.h"
+#include "platform/ordered_json.h"
 #include "platform/text_file.h"
 
 namespace zb {
@@ -20,7 +19,7 @@ using Json = nlohmann::ordered_json;
 
 // Files beyond these bounds were not written by this program, and walking them could exhaust memory or stack.
 constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
-constexpr int kDeepest = 64;
+constexpr std::size_t kDeepest = 64;
 
 bool isObjectOfObjects(const Json& value) {
     if (!value.is_object()) {
@@ -39,17 +38,12 @@ std::optional<Json> parse(const std::string& bytes) {
     if (bytes.size() > kLargestFile) {
         return std::nullopt;
     }
-    bool tooDeep = false;
-    const auto watch = [&tooDeep](int depth, Json::parse_event_t, Json&) {
-        tooDeep = tooDeep || depth > kDeepest;
-        return !tooDeep;
-    };
-    Json json = Json::parse(bytes, watch, /*allow_exceptions=*/false);
-    if (tooDeep || json.is_discarded() || !json.is_object()) {
+    std::optional<Json> json = readOrderedJson(bytes, kDeepest);
+    if (!json || !json->is_object()) {
         return std::nullopt;
     }
     for (const char* root : {"HKEY_LOCAL_MACHINE", "Zeltobench"}) {
-        if (json.contains(root) && !isObjectOfObjects(json[root])) {
+        if (json->contains(root) && !isObjectOfObjects((*json)[root])) {
             return std::nullopt;
         }
     }

@@ -63,6 +63,22 @@ bool isXmlText(std::string_view text) {
     return true;
 }
 
+std::size_t AttributePlaces::find(const std::vector<XmlAttribute>& attributes, std::string_view name) {
+    constexpr std::size_t kFew = 16;
+    if (attributes.size() <= kFew) {
+        const auto found =
+            std::find_if(attributes.begin(), attributes.end(),
+                         [&](const XmlAttribute& attribute) { return attribute.name == name; });
+        return static_cast<std::size_t>(found - attributes.begin());
+    }
+    if (!known_)
+        known_ = std::make_unique<std::unordered_map<std::string, std::size_t>>();
+    for (std::size_t place = known_->size(); place < attributes.size(); ++place)
+        known_->emplace(attributes[place].name, place);
+    const auto found = known_->find(std::string(name));
+    return found == known_->end() ? attributes.size() : found->second;
+}
+
 XmlElement::XmlElement(std::string name) : name_(std::move(name)) {
     if (!isXmlName(name_))
         throw XmlNameError(name_);
@@ -90,13 +106,11 @@ XmlElement createElement(std::string name) {
 }
 
 XmlElement& setElementAttribute(XmlElement& element, std::string_view name, std::string value) {
-    for (XmlAttribute& attribute : element.attributes_) {
-        if (attribute.name == name) {
-            attribute.value = std::move(value);
-            return element;
-        }
-    }
-    element.attributes_.push_back({std::string(name), std::move(value)});
+    const std::size_t place = element.places_.find(element.attributes_, name);
+    if (place < element.attributes_.size())
+        element.attributes_[place].value = std::move(value);
+    else
+        element.attributes_.push_back({std::string(name), std::move(value)});
     return element;
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstddef>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -12,6 +15,30 @@ struct XmlAttribute {
     std::string name;
     std::string value;
     bool operator==(const XmlAttribute&) const = default;
+};
+
+/// The places of attributes by their names, for elements of many. A copy starts empty: it is a memory aid,
+/// and no part of the element's value.
+class AttributePlaces {
+public:
+    AttributePlaces() = default;
+    AttributePlaces(const AttributePlaces& /*other*/) {}
+    AttributePlaces& operator=(const AttributePlaces& /*other*/) {
+        known_.reset();
+        return *this;
+    }
+    AttributePlaces(AttributePlaces&&) noexcept = default;
+    AttributePlaces& operator=(AttributePlaces&&) noexcept = default;
+    ~AttributePlaces() = default;
+
+    /// The place of the attribute of that name, else the number of attributes. Names may be appended between
+    /// two calls, but not changed.
+    std::size_t find(const std::vector<XmlAttribute>& attributes, std::string_view name);
+
+    bool operator==(const AttributePlaces& /*other*/) const { return true; }
+
+private:
+    std::unique_ptr<std::unordered_map<std::string, std::size_t>> known_;
 };
 
 /// A name that an XML element cannot bear.
@@ -44,6 +71,7 @@ private:
     std::string name_;
     std::string text_;
     std::vector<XmlAttribute> attributes_;
+    AttributePlaces places_;
     std::vector<XmlElement> children_;
 };
 

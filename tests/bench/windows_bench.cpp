@@ -1,5 +1,6 @@
 // From the event of a user's action to the painted window, against the number of messages. The budget is a
 // frame (16 ms) at 1,000 messages and 150 ms at 10,000.
+#include "bench/generated_model.h"
 #include "bench/generated_project.h"
 #include "desktop/models/node_tree_view.h"
 #include "screen/support/palettes.h"
@@ -16,6 +17,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <memory>
@@ -26,9 +28,11 @@ using namespace zb;
 
 /// A window with a generated project, opened once for all figures of its size.
 struct Desk {
-    explicit Desk(std::size_t messages) : program(folder.path().string()) {
-        const auto path = folder.path() / "Large.zbp";
-        std::ofstream(path, std::ios::binary) << bench::projectText(messages);
+    explicit Desk(const std::string& project) : program(folder.path().string()) {
+        std::ofstream(path, std::ios::binary) << project;
+    }
+
+    void open() {
         program.application.start(path.string());
         program.screen.mainWindow()->resize(1240, 760);
         program.settle();
@@ -50,6 +54,7 @@ struct Desk {
     }
 
     test::TemporaryFolder folder;
+    std::filesystem::path path = folder / "Large.zbp";
     test::ProgramOnScreen program;
 };
 
@@ -59,8 +64,10 @@ class Desks {
 public:
     Desk& of(const benchmark::State& state) {
         auto& desk = desks_[state.range(0)];
-        if (!desk)
-            desk = std::make_unique<Desk>(static_cast<std::size_t>(state.range(0)));
+        if (!desk) {
+            desk = std::make_unique<Desk>(bench::projectText(static_cast<std::size_t>(state.range(0))));
+            desk->open();
+        }
         return *desk;
     }
 
@@ -157,6 +164,32 @@ void PasteAMessage(benchmark::State& state, Desks& desks) {
         state.SkipWithError(("nothing was pasted: " + refusal).c_str());
 }
 
+/// From the start of the program to the painted window. Twice the size must not take more than 2.2 times as
+/// long.
+void open(benchmark::State& state, const std::string& project) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto desk = std::make_unique<Desk>(project);
+        state.ResumeTiming();
+        desk->open();
+        desk->paint();
+        state.PauseTiming();
+        state.counters["nodes"] = static_cast<double>(desk->editor().liveTree().count());
+        state.counters["transactionNodes"] =
+            static_cast<double>(desk->program.application.frmTRModeler.tvwRcvTRMsg.nodes().count());
+        desk.reset();
+        state.ResumeTiming();
+    }
+}
+
+void OpenMessages(benchmark::State& state) {
+    open(state, bench::projectText(static_cast<std::size_t>(state.range(0))));
+}
+
+void OpenTransactions(benchmark::State& state) {
+    open(state, bench::projectText(100) + bench::modelText(static_cast<std::size_t>(state.range(0))));
+}
+
 void measure(const char* name, void (*run)(benchmark::State&, Desks&), Desks& desks, int iterations) {
     benchmark::RegisterBenchmark(name, [run, &desks](benchmark::State& state) { run(state, desks); })
         ->Arg(1000)
@@ -179,6 +212,16 @@ int main(int argc, char* argv[]) {
     measure("PasteIntoAField", &PasteIntoAField, desks, 100);
     measure("AddAMessage", &AddAMessage, desks, 50);
     measure("PasteAMessage", &PasteAMessage, desks, 20);
+    for (const int messages : {10'000, 50'000, 100'000})
+        benchmark::RegisterBenchmark("OpenMessages", &OpenMessages)
+            ->Arg(messages)
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(1);
+    for (const int messages : {25'000, 50'000})
+        benchmark::RegisterBenchmark("OpenTransactions", &OpenTransactions)
+            ->Arg(messages)
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(1);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

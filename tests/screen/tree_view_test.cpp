@@ -55,12 +55,31 @@ TEST_F(TreeView, ModelStaysTrueThroughAnyOrderOfChanges) {
             store.nodes().add(node, relation, "node").setExpanded(random() % 2 == 0);
         if (random() % 50 == 0)
             store.replaceNodes();
+        if (random() % 50 == 0)
+            store.nodes().clear();
+        if (random() % 50 == 0) {
+            const NodeTree::Filling filling(store.nodes());
+            add(&add(nullptr, "root"), "child");
+        }
     }
     const auto& roots = model.roots();
     std::size_t row = 0;
     for (Node* root = store.nodes().firstRoot(); root != nullptr; root = root->next())
         ASSERT_EQ(roots.at(row++), root);
     EXPECT_EQ(row, roots.size());
+}
+
+TEST_F(TreeView, ATreeThatIsBeingFilledShowsNothingUntilItIsFull) {
+    add(nullptr, "before");
+    {
+        const NodeTree::Filling filling(store.nodes());
+        EXPECT_EQ(model.rowCount(), 0);
+        add(&add(nullptr, "root"), "child");
+        view.grab();
+        EXPECT_EQ(view.nodeAt({5, 5}), nullptr);
+    }
+    EXPECT_EQ(model.rowCount(), 2);
+    EXPECT_EQ(view.nodeAt({5, rectOf(*store.nodes().at(3)).center().y()}), store.nodes().at(3));
 }
 
 TEST_F(TreeView, RowsStandBelowEachOtherInTheOrderOfTheTree) {

@@ -25,10 +25,14 @@ NodeTreeModel::NodeTreeModel(Tree& store, const Pictures& pictures, QObject* par
 
 NodeTreeModel::~NodeTreeModel() = default;
 
-void NodeTreeModel::rereadRoots() {
+void NodeTreeModel::showNothing() {
     roots_.clear();
     rootRows_.clear();
     last_ = {};
+}
+
+void NodeTreeModel::rereadRoots() {
+    showNothing();
     for (Node* node = store_.nodes().firstRoot(); node != nullptr; node = node->next())
         roots_.push_back(node);
 }
@@ -147,8 +151,8 @@ void NodeTreeModel::afterRemove() {
 }
 
 void NodeTreeModel::nodeChanged(Node& node) {
-    const QModelIndex changed = indexOf(&node);
-    emit dataChanged(changed, changed);
+    if (watcher_ != nullptr)
+        watcher_->nodeLooksDifferent(node);
 }
 
 void NodeTreeModel::nodeExpanded(Node& node) {
@@ -164,6 +168,19 @@ void NodeTreeModel::selectionChanged() {
 void NodeTreeModel::allChanged() {
     if (!roots_.empty())
         emit dataChanged(indexOf(roots_.front()), indexOf(roots_.back()));
+}
+
+// The tree may be painted while it is being filled; it shows nothing then.
+void NodeTreeModel::beforeFill() {
+    beginResetModel();
+    showNothing();
+    endResetModel();
+}
+
+void NodeTreeModel::afterFill() {
+    beginResetModel();
+    rereadRoots();
+    endResetModel();
 }
 
 } // namespace zb

@@ -17,6 +17,9 @@ class NodeTreeWatcher {
 public:
     virtual ~NodeTreeWatcher() = default;
     virtual void nodeWasExpanded(Node& node) = 0;
+    /// A node shows another text, colour or picture. Changes come by the hundred thousand, and the row of one
+    /// among many is slow to find out, so `dataChanged` reports only changes of all nodes.
+    virtual void nodeLooksDifferent(Node& node) = 0;
     virtual void selectionMoved() = 0;
 };
 
@@ -51,7 +54,10 @@ private:
     void nodeExpanded(Node& node) override;
     void selectionChanged() override;
     void allChanged() override;
+    void beforeFill() override;
+    void afterFill() override;
 
+    void showNothing();
     void rereadRoots();
     int rowOf(const Node& node) const;
     int rowBehind(const Node* parent, const Node* previous) const;

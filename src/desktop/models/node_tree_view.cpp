@@ -175,16 +175,18 @@ void NodeTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, in
     layOutLater();
 }
 
-void NodeTreeView::dataChanged(const QModelIndex& from, const QModelIndex& to, const QList<int>& /*roles*/) {
-    if (from == to)
-        viewport()->update(visualRect(from));
-    else
-        viewport()->update();
+void NodeTreeView::dataChanged(const QModelIndex& /*from*/, const QModelIndex& /*to*/,
+                               const QList<int>& /*roles*/) {
+    viewport()->update();
 }
 
 void NodeTreeView::nodeWasExpanded(Node& node) {
     openedToShow_.erase(&node);
     forgetRowsOf(node);
+}
+
+void NodeTreeView::nodeLooksDifferent(Node& /*node*/) {
+    viewport()->update();
 }
 
 void NodeTreeView::selectionMoved() {

@@ -66,6 +66,7 @@ protected:
 
 private:
     void nodeWasExpanded(Node& node) override;
+    void nodeLooksDifferent(Node& node) override;
     void selectionMoved() override;
 
     bool isShown(const Node& node) const;

@@ -116,6 +116,7 @@ private:
 } // namespace
 
 void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageNameListener& onMessage) {
+    const NodeTree::Filling filling(tree);
     SectionReader reader(tree, onMessage);
     LineReader lines(sectionText);
     while (const std::optional<std::string_view> line = lines.next())

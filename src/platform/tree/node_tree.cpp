@@ -38,8 +38,8 @@ void Node::setExpanded(bool expanded) {
     if (expanded_ == expanded)
         return;
     expanded_ = expanded;
-    if (tree_->listener_ != nullptr)
-        tree_->listener_->nodeExpanded(*this);
+    if (NodeTreeListener* listener = tree_->told(); listener != nullptr)
+        listener->nodeExpanded(*this);
 }
 
 void Node::setBackColor(OptionalColor color) {
@@ -70,8 +70,8 @@ void Node::setImage(std::string image) {
 }
 
 void Node::changed() {
-    if (tree_->listener_ != nullptr)
-        tree_->listener_->nodeChanged(*this);
+    if (NodeTreeListener* listener = tree_->told(); listener != nullptr)
+        listener->nodeChanged(*this);
 }
 
 NodeTree::NodeTree() = default;
@@ -92,16 +92,16 @@ Node* NodeTree::find(std::string_view key) const {
 
 Node& NodeTree::add(Node* relative, Relation relation, std::string text) {
     const Place place = placeOf(relative, relation);
-    if (listener_ != nullptr)
-        listener_->beforeInsert(place.parent, place.previous);
+    if (NodeTreeListener* listener = told(); listener != nullptr)
+        listener->beforeInsert(place.parent, place.previous);
     // make_unique cannot reach the constructor, which only trees may call.
     nodes_.push_back(std::unique_ptr<Node>(new Node(*this)));
     Node& node = *nodes_.back();
     node.text_ = std::move(text);
     node.index_ = static_cast<int>(nodes_.size());
     link(node, place);
-    if (listener_ != nullptr)
-        listener_->afterInsert(node);
+    if (NodeTreeListener* listener = told(); listener != nullptr)
+        listener->afterInsert(node);
     return node;
 }
 
@@ -120,29 +120,49 @@ bool NodeTree::setKey(Node& node, std::string_view key) {
 }
 
 void NodeTree::remove(Node& node) {
-    if (listener_ != nullptr)
-        listener_->beforeRemove(node);
+    if (NodeTreeListener* listener = told(); listener != nullptr)
+        listener->beforeRemove(node);
     const Node* selectedBefore = selected_;
     unlink(node);
     closeUp(markLeaving(node));
-    if (listener_ != nullptr) {
-        listener_->afterRemove();
+    if (NodeTreeListener* listener = told(); listener != nullptr) {
+        listener->afterRemove();
         if (selected_ != selectedBefore)
-            listener_->selectionChanged();
+            listener->selectionChanged();
     }
 }
 
 void NodeTree::clear() {
-    while (firstRoot_ != nullptr)
-        remove(*lastRoot_);
+    if (nodes_.empty())
+        return;
+    const Filling filling(*this);
+    byKey_.clear();
+    firstRoot_ = lastRoot_ = selected_ = nullptr;
+    nodes_.clear();
+}
+
+NodeTree::Filling::Filling(NodeTree& tree) : tree_(tree), selectedBefore_(tree.selected_) {
+    if (NodeTreeListener* listener = tree_.told(); listener != nullptr)
+        listener->beforeFill();
+    ++tree_.fillings_;
+}
+
+NodeTree::Filling::~Filling() {
+    --tree_.fillings_;
+    NodeTreeListener* listener = tree_.told();
+    if (listener == nullptr)
+        return;
+    listener->afterFill();
+    if (tree_.selected_ != selectedBefore_)
+        listener->selectionChanged();
 }
 
 void NodeTree::select(Node* node) {
     if (selected_ == node)
         return;
     selected_ = node;
-    if (listener_ != nullptr)
-        listener_->selectionChanged();
+    if (NodeTreeListener* listener = told(); listener != nullptr)
+        listener->selectionChanged();
 }
 
 void NodeTree::setOrdinaryForeColor(OptionalColor color) {
@@ -153,8 +173,8 @@ void NodeTree::setOrdinaryForeColor(OptionalColor color) {
         for (const auto& node : nodes_)
             node->foreColor_.reset();
     }
-    if (listener_ != nullptr)
-        listener_->allChanged();
+    if (NodeTreeListener* listener = told(); listener != nullptr)
+        listener->allChanged();
 }
 
 NodeTree::Place NodeTree::placeOf(Node* relative, Relation relation) const {

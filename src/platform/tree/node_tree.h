@@ -30,6 +30,9 @@ public:
     virtual void selectionChanged() {}
     /// Colours of all nodes may have changed.
     virtual void allChanged() {}
+    /// Many changes follow, and none of them is reported. Until `afterFill` no node may be looked at.
+    virtual void beforeFill() {}
+    virtual void afterFill() {}
 };
 
 /// An ordered tree of nodes that also stand in one flat collection, in order of insertion. Keys are unique,
@@ -67,6 +70,21 @@ public:
 
     void setListener(NodeTreeListener* listener) { listener_ = listener; }
 
+    /// While one of these lives, the listener is not told of single changes, but of the whole at the end: a
+    /// view of a hundred thousand nodes is then laid out once. They may be nested; the tree must outlive
+    /// them.
+    class Filling {
+    public:
+        explicit Filling(NodeTree& tree);
+        ~Filling();
+        Filling(const Filling&) = delete;
+        Filling& operator=(const Filling&) = delete;
+
+    private:
+        NodeTree& tree_;
+        const Node* selectedBefore_;
+    };
+
 private:
     friend class Node;
     struct Place {
@@ -86,7 +104,11 @@ private:
     Node* selected_ = nullptr;
     OptionalColor ordinaryForeColor_;
     bool ownForeColors_ = false;
+    /// Null while the tree is being filled.
+    NodeTreeListener* told() const { return fillings_ == 0 ? listener_ : nullptr; }
+
     NodeTreeListener* listener_ = nullptr;
+    int fillings_ = 0;
 };
 
 /// Whether the Key of a node other than the one at `skipIndex` (0: of any node) equals the name, both
