@@ -40,20 +40,7 @@ std::string withBlanksForTabs(std::string_view head) {
     return text;
 }
 
-std::string composeHead(std::string_view name, std::string_view stream, std::string_view function, bool wait,
-                        bool reply, bool noLogging, std::string_view direction) {
-    std::string text;
-    text.append(name).append(": S").append(stream).append(" F").append(function);
-    text.append(wait ? " W" : "").append(reply ? " <R>" : "").append(noLogging ? " <NL>" : "");
-    return text.append(" ").append(direction);
-}
-
 } // namespace
-
-std::string composeNodeText(const SECSMessageRecord& record) {
-    return composeHead(record.getName(), record.getStreamText(), record.getFunctionText(), record.getWait(),
-                       record.getReply(), record.getNoLogging(), record.getDirection());
-}
 
 SECSLibraryStore::Records SECSLibraryStore::getByStreamFunction(std::string_view text) const {
     SECSMessageRecord asked;
@@ -120,7 +107,7 @@ void SECSLibraryStore::loadSmd(std::string_view text) {
             continue;
         }
         // The head as a tree holds it, whatever parted its words in the file.
-        const std::string nodeText = composeNodeText(record);
+        const std::string nodeText = record.composeNodeText();
         if (record.getHeadText().size() != message->description.size() + 2 + nodeText.size())
             record.parseTexts(nodeText, message->description, body);
         add(std::move(record));
@@ -134,13 +121,17 @@ void SECSLibraryStore::loadMdf(std::string_view text) {
 
 void SECSLibraryStore::loadSml(std::string_view text) {
     SmlLibrary library = readSml(text, codePage_);
-    for (const SmlMessage& message : library.messages) {
-        SECSMessageRecord record;
-        record.parseTexts(composeHead(message.name, std::to_string(message.stream),
-                                      std::to_string(message.function), message.wait, message.autoReply,
-                                      message.noLogging, message.direction),
-                          message.description, message.body);
-        add(std::move(record));
+    records_.reserve(records_.size() + library.messages.size());
+    for (SmlMessage& message : library.messages) {
+        SECSMessageHead head{std::move(message.name),
+                             message.stream,
+                             message.function,
+                             message.wait,
+                             message.autoReply,
+                             message.noLogging,
+                             std::move(message.direction)};
+        add(SECSMessageRecord::fromParts(std::move(head), std::move(message.description),
+                                         std::move(message.body)));
     }
     std::move(library.findings.begin(), library.findings.end(), std::back_inserter(findings_));
 }

@@ -48,7 +48,4 @@ private:
     Findings findings_;
 };
 
-/// The MessageNode Text that the parts of a record make up.
-std::string composeNodeText(const SECSMessageRecord& record);
-
 } // namespace zb

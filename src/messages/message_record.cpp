@@ -15,6 +15,14 @@ namespace zb {
 namespace {
 
 int numberOf(const std::string& word) {
+    // Most are one to three digits; the rest may be any form of a number.
+    constexpr std::size_t kUsual = 3;
+    if (!word.empty() && word.size() <= kUsual && word.find_first_not_of("0123456789") == std::string::npos) {
+        int number = 0;
+        for (const char digit : word)
+            number = number * 10 + (digit - '0');
+        return number;
+    }
     return isNumeric(word) ? countOf(word) : -1;
 }
 
@@ -107,6 +115,33 @@ std::string SECSMessageRecord::parseTexts(std::string_view nodeText, std::string
     bodyLength_ = source_.size();
     bodyIsNumbered_ = true;
     return status;
+}
+
+SECSMessageRecord SECSMessageRecord::fromParts(SECSMessageHead head, std::string description,
+                                               std::string bodyText) {
+    SECSMessageRecord record;
+    record.name_ = std::move(head.name);
+    record.streamText_ = std::to_string(head.stream);
+    record.functionText_ = std::to_string(head.function);
+    record.wait_ = head.wait;
+    record.reply_ = head.reply;
+    record.noLogging_ = head.noLogging;
+    record.direction_ = std::move(head.direction);
+    record.nodeText_ = record.composeNodeText();
+    record.description_ = std::move(description);
+    record.source_ = std::move(bodyText);
+    record.bodyLength_ = record.source_.size();
+    record.bodyIsNumbered_ = true;
+    return record;
+}
+
+std::string SECSMessageRecord::composeNodeText() const {
+    std::string text;
+    text.reserve(name_.size() + 32);
+    text.append(name_).append(": S").append(streamText_).append(" F").append(functionText_);
+    text.append(wait_ ? " W" : "").append(reply_ ? " <R>" : "").append(noLogging_ ? " <NL>" : "");
+    text.append(" ").append(direction_);
+    return text;
 }
 
 std::string SECSMessageRecord::parseNodeText(std::string_view nodeText, std::string_view description) {

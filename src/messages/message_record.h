@@ -16,6 +16,17 @@ inline constexpr int kFormatSmd = 1003;
 inline constexpr int kFormatMdf = 1004;
 inline constexpr int kFormatSml = 1005;
 
+/// The words of a message head.
+struct SECSMessageHead {
+    std::string name;
+    int stream = 0;
+    int function = 0;
+    bool wait = false;
+    bool reply = false;
+    bool noLogging = false;
+    std::string direction = "H<->E"; ///< or "H->E", "H<-E"
+};
+
 /// One SECS message, filled from the Text of a MessageNode or from SMD text.
 class SECSMessageRecord {
 public:
@@ -51,11 +62,16 @@ public:
     /// From the texts that `getHeadText` and `getBodyText` are made of.
     std::string parseTexts(std::string_view nodeText, std::string_view description,
                            std::string_view bodyText);
+    /// From what a reader has taken apart already. `bodyText` is of the form that `getBodyText` gives.
+    static SECSMessageRecord fromParts(SECSMessageHead head, std::string description, std::string bodyText);
     /// In tree order, with their levels.
     std::vector<SECSItemRecord> getItems() const;
 
     /// The SMD text that `parseSmd` was given.
     const std::string& sourceText() const { return source_; }
+
+    /// The MessageNode Text that the parts make up, whatever separated its words where it was read.
+    std::string composeNodeText() const;
 
 private:
     friend class SECSMessageStore;

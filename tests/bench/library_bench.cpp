@@ -30,6 +30,20 @@ std::string libraryText(std::size_t messages) {
     return text;
 }
 
+/// Messages of some 90 bytes in SML, of which a file has very many.
+std::string smallMessages(std::size_t messages) {
+    std::string text;
+    for (std::size_t i = 0; i < messages; ++i) {
+        text.append("Msg").append(std::to_string(i)).append(": S").append(std::to_string(i % 127 + 1));
+        text.append("F")
+            .append(std::to_string(i % 127 * 2 + 1))
+            .append(" W // H->E\r\n  <L[2]\r\n    <U4[1] ");
+        text.append(std::to_string(i % 1000))
+            .append("> // CEID\r\n    <A[3] \"abc\"> // NAM\r\n  >\r\n.\r\n");
+    }
+    return text;
+}
+
 /// A file of the format in a folder of its own.
 struct LibraryFile {
     LibraryFile(std::int64_t messages, int format) {
@@ -61,6 +75,21 @@ void readLibrary(benchmark::State& state, int format) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
+void ReadSmallSmlMessages(benchmark::State& state) {
+    const test::TemporaryFolder folder;
+    const std::string text = smallMessages(static_cast<std::size_t>(state.range(0)));
+    const std::filesystem::path path = folder / "library.sml";
+    test::writeFile(path, text);
+    for (auto _ : state) {
+        SECSLibraryStore store{CodePage(1252)};
+        store.load(path.string(), kFormatSml);
+        if (store.getMessages().size() != static_cast<std::size_t>(state.range(0)))
+            state.SkipWithError("messages are missing");
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
 void ReadSmdLibrary(benchmark::State& state) {
     readLibrary(state, kFormatSmd);
 }
@@ -71,6 +100,7 @@ void ReadSmlLibrary(benchmark::State& state) {
 
 BENCHMARK(ReadSmdLibrary)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadSmlLibrary)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReadSmallSmlMessages)->Arg(40'000)->Arg(80'000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace zb::bench

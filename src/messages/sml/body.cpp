@@ -224,7 +224,7 @@ std::string_view Body::nameFor(std::size_t index, const Form& form, FindingColle
     return uniqueName(item, (element.empty() ? "LIST" : element) + "COUNT", findings);
 }
 
-void Body::appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const {
+void Body::appendLine(const Item& item, const Form& form, std::string_view name) {
     // Level, type and count are at most seven characters each; both numbers have a bound.
     std::array<char, 32> head;
     char* const bound = head.data() + head.size();
@@ -235,27 +235,26 @@ void Body::appendLine(std::string& lines, const Item& item, const Form& form, st
     end = std::to_chars(end, bound, form.count).ptr;
     if (form.variable)
         *end++ = 'V';
-    lines.append(head.data(), end);
+    lines_.append(head.data(), end);
     if (!name.empty()) {
-        lines += ' ';
-        lines += name;
+        lines_ += ' ';
+        lines_ += name;
     }
     const std::string_view text = value(item);
     if (isQuotedType(item.type)) {
-        lines += " '";
-        lines += text;
-        lines += '\'';
+        lines_ += " '";
+        lines_ += text;
+        lines_ += '\'';
     } else if (!text.empty()) {
-        lines += ' ';
-        lines += text;
+        lines_ += ' ';
+        lines_ += text;
     }
-    lines += item.key ? " [K]\r\n" : "\r\n";
+    lines_ += item.key ? " [K]\r\n" : "\r\n";
 }
 
 bool Body::compose(std::string& lines, FindingCollector& findings) {
-    constexpr std::size_t kUsualLine = 24;
     namesInUse_.clear();
-    lines.reserve(values_.size() + names_.size() + items_.size() * kUsualLine);
+    lines_.clear();
     for (std::size_t i = 0; i < items_.size(); ++i) {
         const Item& item = items_[i];
         if (item.leftOut)
@@ -271,11 +270,12 @@ bool Body::compose(std::string& lines, FindingCollector& findings) {
                                            std::to_string(form.count) + " was lowered to that");
             form.count = kMostCount;
         }
-        appendLine(lines, item, form, nameFor(i, form, findings));
+        appendLine(item, form, nameFor(i, form, findings));
         if (form.onlyFirstChild && item.children > 1)
             for (std::size_t rest = items_[i + 1].end; rest < item.end; ++rest)
                 items_[rest].leftOut = true;
     }
+    lines = lines_;
     return true;
 }
 

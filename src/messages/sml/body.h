@@ -80,12 +80,13 @@ private:
     // The view holds until the next name is asked for; so does that of `nameFor`.
     std::string_view uniqueName(const Item& item, std::string_view wanted, FindingCollector& findings);
     std::string_view nameFor(std::size_t index, const Form& form, FindingCollector& findings);
-    void appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const;
+    void appendLine(const Item& item, const Form& form, std::string_view name);
 
     std::vector<Item> items_;
     std::vector<std::size_t> openLists_;
     std::string names_;
     std::string values_;
+    std::string lines_; // those of `compose`, here to keep the memory from message to message
     UniqueNames namesInUse_;
 };
 

@@ -1,5 +1,6 @@
 #include "messages/sml/item_reader.h"
 
+#include "messages/sml/directive.h"
 #include "messages/sml/head.h"
 #include "platform/text.h"
 
@@ -371,29 +372,6 @@ bool ItemReader::applyRange(Item& item, std::string_view words, std::size_t offs
         findings_.note(offset, "a count has an upper bound only; the lower one, " + std::string(least) +
                                    ", is left out");
     return true;
-}
-
-bool atDirective(std::string_view text, std::size_t offset) {
-    FindingCollector unused(text);
-    Scanner scanner(text, unused);
-    scanner.moveTo(offset);
-    if (scanner.peek() == '#')
-        return isLetter(scanner.peek(1));
-    const auto passSpace = [&] {
-        const std::size_t start = scanner.offset();
-        while (isInlineSpace(scanner.peek()) && !scanner.atEnd())
-            scanner.advance();
-        return scanner.offset() > start;
-    };
-    const std::string_view word = scanner.word();
-    if (isWord(word, "IF")) {
-        passSpace();
-        return scanner.peek() == '(';
-    }
-    if (!isWord(word, "EVERY") || !passSpace())
-        return false;
-    scanner.valueWord();
-    return passSpace() && isWord(scanner.word(), "SEND");
 }
 
 } // namespace zb::sml

@@ -3,6 +3,7 @@
 #include "messages/sml/body.h"
 #include "messages/sml/scanner.h"
 #include "messages/sml/text_value.h"
+#include "messages/sml/value.h"
 
 #include <map>
 #include <string>
@@ -56,6 +57,8 @@ private:
     bool headFollows(std::size_t offset) const;
     Step applyQuotedWords(std::size_t index, std::size_t offset);
     Step applyValue(std::size_t index, std::string_view word, std::size_t offset);
+    void reportValue(ItemType type, std::string_view word, ValueFault fault, const std::string& read,
+                     std::size_t offset);
     Step readNumber(std::size_t index);
     Step readWord(std::size_t index);
     Step applyCharacterCode(std::string_view word, std::size_t offset);
@@ -82,9 +85,5 @@ private:
     std::size_t lostComments_ = 0;
     std::size_t firstLostComment_ = 0;
 };
-
-// Whether a directive, or a rule or timer of a simulator, begins at the offset: "#define", "if (", "every 5
-// send".
-bool atDirective(std::string_view text, std::size_t offset);
 
 } // namespace zb::sml

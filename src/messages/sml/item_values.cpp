@@ -1,7 +1,5 @@
 #include "messages/sml/item_reader.h"
 
-#include "messages/sml/value.h"
-
 #include <algorithm>
 
 // What stands between the brackets of an item that is no list.
@@ -139,17 +137,35 @@ ItemReader::Step ItemReader::applyValue(std::size_t index, std::string_view word
     const ItemType type = body_.item(index).type;
     if (valueCount_ > 0)
         words_ += ' ';
+    const std::size_t before = words_.size();
     const ValueFault fault = appendValue(words_, type, word);
-    if (fault == ValueFault::notOfType || fault == ValueFault::outOfRange) {
-        findings_.fail(offset, "expected " + std::string(expectedValue(type)) + ", found " +
-                                   foundAt(scanner_.text(), offset));
+    if (fault != ValueFault::none)
+        reportValue(type, word, fault, words_.substr(before), offset);
+    if (fault == ValueFault::notOfType)
         return Step::broken;
-    }
-    if (fault == ValueFault::bareHex)
-        findings_.warn(offset, std::string(word) + " was read as a hexadecimal number");
     ++valueCount_;
     body_.item(index).valued = true;
     return Step::next;
+}
+
+void ItemReader::reportValue(ItemType type, std::string_view word, ValueFault fault, const std::string& read,
+                             std::size_t offset) {
+    const std::string written(word);
+    switch (fault) {
+    case ValueFault::bareHex:
+        findings_.warn(offset, written + " was read as a hexadecimal number");
+        return;
+    case ValueFault::signedByte:
+        findings_.warn(offset, written + " was read as the byte " + read);
+        return;
+    default:
+        break;
+    }
+    std::string text =
+        "expected " + std::string(expectedValue(type)) + ", found " + foundAt(scanner_.text(), offset);
+    if (fault == ValueFault::outOfRange)
+        text += "; it was read as " + read;
+    findings_.fail(offset, std::move(text));
 }
 
 ItemReader::Step ItemReader::readNumber(std::size_t index) {
@@ -170,9 +186,10 @@ ItemReader::Step ItemReader::readNumber(std::size_t index) {
 ItemReader::Step ItemReader::applyCharacterCode(std::string_view word, std::size_t offset) {
     const std::optional<Integer> code = parseInteger(word);
     if (!code || code->negative || code->magnitude > 0xFF) {
+        const bool isNumber = looksLikeInteger(word);
         findings_.fail(offset, "expected a text or a character code from 0 to 255, found " +
-                                   foundAt(scanner_.text(), offset));
-        return Step::broken;
+                                   foundAt(scanner_.text(), offset) + (isNumber ? "; it was left out" : ""));
+        return isNumber ? Step::next : Step::broken;
     }
     value_.appendCode(static_cast<unsigned char>(code->magnitude));
     return Step::next;

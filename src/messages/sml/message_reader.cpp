@@ -2,6 +2,8 @@
 
 #include "platform/text.h"
 
+#include <algorithm>
+
 namespace zb::sml {
 
 namespace {
@@ -56,7 +58,7 @@ bool Reader::checkNumbers(const Head& head) {
 void Reader::readMessage(const Head& head) {
     ReadMessage read;
     read.offset = scanner_.offset();
-    read.writtenName = head.name;
+    read.message.name = head.name;
     read.message.stream = static_cast<int>(head.stream);
     read.message.function = static_cast<int>(head.function);
     read.message.wait = head.wait;
@@ -74,13 +76,13 @@ void Reader::readMessage(const Head& head) {
         title_.clear();
         passBroken();
     } else if (numbersAreRight) {
-        finish(std::move(read));
+        finish(read);
     } else {
         title_.clear();
     }
 }
 
-void Reader::finish(ReadMessage read) {
+void Reader::finish(ReadMessage& read) {
     SmlMessage& message = read.message;
     items_.reportComments();
     if (!body_.compose(message.body, findings_)) {
@@ -89,13 +91,30 @@ void Reader::finish(ReadMessage read) {
     }
     if (message.wait && message.function % 2 == 0)
         findings_.warn(read.offset, "W stands on an even function, which is a reply");
-    if (read.writtenName.empty())
-        read.writtenName = title_;
+    if (message.name.empty())
+        message.name = title_;
     else if (message.description.empty())
         message.description = title_;
     title_.clear();
-    messages_.push_back(std::move(read));
+    makeRoom(read.offset);
+    messages_.push_back(std::move(message));
+    offsets_.push_back(read.offset);
     lastWasRead_ = true;
+}
+
+// Most lists have messages of one size: what was read so far tells how many will come. Moving all of them
+// each time that their number doubles would cost as much as reading them.
+void Reader::makeRoom(std::size_t offset) {
+    constexpr std::size_t kFirst = 16;
+    constexpr std::size_t kFastestGrowth = 16;
+    const std::size_t count = messages_.size();
+    if (count < messages_.capacity())
+        return;
+    const double share = static_cast<double>(offset + 1) / static_cast<double>(scanner_.text().size() + 1);
+    const double expected = static_cast<double>(count) / share * 1.05;
+    const double most = static_cast<double>(std::max(count, kFirst) * kFastestGrowth);
+    const auto room = static_cast<std::size_t>(std::min(expected, most));
+    messages_.reserve(std::max({room, count * 3 / 2, kFirst}));
 }
 
 Reader::Step Reader::endWithoutPoint() {
@@ -144,7 +163,7 @@ Reader::Step Reader::readMark(ReadMessage& read) {
     if (c == '=') {
         scanner_.advance();
         scanner_.skip();
-        read.writtenName.clear();
+        read.message.name.clear();
     }
     if (isWordStart(scanner_.peek()) || isDigit(scanner_.peek()))
         return readMarkWord(read);
@@ -203,9 +222,9 @@ Reader::Step Reader::readMarkWord(ReadMessage& read) {
         scanner_.moveTo(offset);
         return endWithoutPoint();
     } else {
-        if (!read.writtenName.empty())
-            read.writtenName += ' ';
-        read.writtenName += word;
+        if (!read.message.name.empty())
+            read.message.name += ' ';
+        read.message.name += word;
     }
     return Step::next;
 }

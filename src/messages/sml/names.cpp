@@ -1,42 +1,42 @@
 #include "messages/sml/reader.h"
+#include "messages/sml/unique_names.h"
 
 #include "platform/number.h"
 #include "platform/text.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <utility>
 
 namespace zb::sml {
 
 namespace {
 
+// The names of messages, whatever the case of their letters, also of those beyond ASCII.
 class Names {
 public:
-    // The name, or the name with a number behind it.
-    std::string take(const std::string& wanted) {
-        const auto [known, fresh] = lastNumber_.try_emplace(key(wanted), 1);
-        if (fresh)
-            return wanted;
-        std::size_t& number = known->second;
-        for (;;) {
-            std::string candidate = wanted + "_" + std::to_string(++number);
-            if (lastNumber_.try_emplace(key(candidate), 1).second)
-                return candidate;
+    // The name, or the name with a number after it.
+    void take(std::string& name) {
+        if (isAscii(name)) {
+            const std::string_view taken = names_.take(name);
+            name += taken.substr(name.size());
+            return;
         }
+        const std::string capitals = upper(name);
+        name += names_.take(capitals).substr(capitals.size());
     }
 
 private:
-    static std::string key(const std::string& name) {
-        if (!isAscii(name))
-            return upper(name);
-        std::string capitals = name;
-        for (char& c : capitals)
-            c = upperLetter(c);
-        return capitals;
-    }
-
-    std::unordered_map<std::string, std::size_t> lastNumber_;
+    UniqueNames names_{"_"};
 };
+
+bool isAllowedName(std::string_view name) {
+    return std::none_of(name.begin(), name.end(),
+                        [](char c) {
+                            return isSpace(c) || static_cast<unsigned char>(c) < 0x20 || c == ':' ||
+                                   c == '\\';
+                        }) &&
+           name.front() != '#' && name.front() != '*' && !isNumeric(name);
+}
 
 // A name is one word without the marks that part it from what stands around it in definitions and lists.
 std::string allowedName(std::string_view name) {
@@ -73,39 +73,50 @@ std::string allowedDescription(std::string_view description) {
     return trim(allowed);
 }
 
-void describe(ReadMessage& read, FindingCollector& findings) {
-    std::string& description = read.message.description;
+void describe(SmlMessage& message, std::size_t offset, FindingCollector& findings) {
+    std::string& description = message.description;
     if (isAllowedDescription(description))
         return;
     std::string allowed = allowedDescription(description);
     if (allowed.find('-') != std::string::npos && contains(description, ":"))
-        findings.note(read.offset, "a description holds no colon; a dash stands in its place");
+        findings.note(offset, "a description holds no colon; a dash stands in its place");
     description = std::move(allowed);
+}
+
+void nameAsWritten(SmlMessage& message, std::size_t offset, Names& names, FindingCollector& findings) {
+    std::string written;
+    if (!isAllowedName(message.name))
+        written = std::exchange(message.name, allowedName(message.name));
+    const std::size_t length = message.name.size();
+    names.take(message.name);
+    if (message.name.size() != length)
+        findings.warn(offset, "a second message is named " + message.name.substr(0, length) + "; it became " +
+                                  message.name);
+    else if (!written.empty())
+        findings.note(offset, "the name " + written + " became " + message.name);
+    if (!written.empty() && message.description.empty())
+        message.description = std::move(written);
 }
 
 } // namespace
 
-void nameMessages(std::vector<ReadMessage>& messages, FindingCollector& findings) {
+void nameMessages(std::vector<SmlMessage>& messages, const std::vector<std::size_t>& offsets,
+                  FindingCollector& findings) {
     Names names;
-    for (ReadMessage& read : messages) {
-        if (read.writtenName.empty())
-            continue;
-        const std::string allowed = allowedName(read.writtenName);
-        read.message.name = names.take(allowed);
-        if (read.message.name != allowed)
-            findings.warn(read.offset,
-                          "a second message is named " + allowed + "; it became " + read.message.name);
-        else if (allowed != read.writtenName)
-            findings.note(read.offset, "the name " + read.writtenName + " became " + allowed);
-        if (allowed != read.writtenName && read.message.description.empty())
-            read.message.description = read.writtenName;
+    std::vector<std::size_t> nameless;
+    for (std::size_t i = 0; i < messages.size(); ++i) {
+        if (messages[i].name.empty())
+            nameless.push_back(i);
+        else
+            nameAsWritten(messages[i], offsets[i], names, findings);
     }
-    for (ReadMessage& read : messages) {
-        if (read.writtenName.empty())
-            read.message.name = names.take("S" + std::to_string(read.message.stream) + "F" +
-                                           std::to_string(read.message.function));
-        describe(read, findings);
+    for (const std::size_t i : nameless) {
+        SmlMessage& message = messages[i];
+        message.name = "S" + std::to_string(message.stream) + "F" + std::to_string(message.function);
+        names.take(message.name);
     }
+    for (std::size_t i = 0; i < messages.size(); ++i)
+        describe(messages[i], offsets[i], findings);
 }
 
 } // namespace zb::sml

@@ -1,17 +1,14 @@
 #include "messages/sml/reader.h"
 
+#include "messages/sml/directive.h"
+
 namespace zb::sml {
 
 SmlLibrary Reader::read() {
     for (skipBetween(); !scanner_.atEnd(); skipBetween())
         readTopLevel();
-    nameMessages(messages_, findings_);
-    SmlLibrary library;
-    library.findings = findings_.take();
-    library.messages.reserve(messages_.size());
-    for (ReadMessage& read : messages_)
-        library.messages.push_back(std::move(read.message));
-    return library;
+    nameMessages(messages_, offsets_, findings_);
+    return {std::move(messages_), findings_.take()};
 }
 
 void Reader::skipBetween() {
@@ -26,7 +23,7 @@ void Reader::skipBetween() {
 
 // A comment on the line where the last message ended tells something of that message.
 void Reader::applyTrailingComment(const Comment& comment) {
-    SmlMessage& message = messages_.back().message;
+    SmlMessage& message = messages_.back();
     const std::string words = commentWords(comment.text);
     if (words.empty() || applyMarks(message, words) || message.description == words)
         return;

@@ -10,10 +10,9 @@
 
 namespace zb::sml {
 
-// A message as it was read, with the name that its file gives it.
+// A message as it was read. Its name is the one that the file gives it; empty when there is none.
 struct ReadMessage {
     SmlMessage message;
-    std::string writtenName; // empty when the file gives none
     std::size_t offset = 0;
 };
 
@@ -56,14 +55,16 @@ private:
     Step stepBehindRoot(std::size_t& roots, bool& closerExpected);
     Step endWithoutPoint();
     void passBroken();
-    void finish(ReadMessage read);
+    void finish(ReadMessage& read);
+    void makeRoom(std::size_t offset);
 
     FindingCollector findings_;
     Scanner scanner_;
     Defines defines_;
     Body body_;
     ItemReader items_;
-    std::vector<ReadMessage> messages_;
+    std::vector<SmlMessage> messages_;
+    std::vector<std::size_t> offsets_; // of the messages
     std::string title_;
     std::string leadingComment_; // the comment that stands before the next message
     std::size_t leadingOffset_ = 0;
@@ -74,8 +75,9 @@ private:
 // and nothing taken, when it says anything else.
 bool applyMarks(SmlMessage& message, std::string_view words);
 
-// Gives every message a name that no other has: first those that bring one, then the rest by stream and
-// function. What a name or a description cannot hold is replaced.
-void nameMessages(std::vector<ReadMessage>& messages, FindingCollector& findings);
+// Gives every message a name that no other has: first those that have one in the file, then the rest by
+// stream and function. What a name or a description cannot hold is replaced.
+void nameMessages(std::vector<SmlMessage>& messages, const std::vector<std::size_t>& offsets,
+                  FindingCollector& findings);
 
 } // namespace zb::sml

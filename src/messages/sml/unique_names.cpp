@@ -39,7 +39,8 @@ std::string_view UniqueNames::take(std::string_view wanted) {
         return add(wanted, hash, slot);
     const std::size_t known = slots_[slot] - 1;
     for (;;) {
-        const std::string candidate = std::string(wanted) + std::to_string(++entries_[known].lastNumber);
+        const std::string candidate =
+            std::string(wanted) + separator_ + std::to_string(++entries_[known].lastNumber);
         const std::uint32_t candidateHash = hashOf(candidate);
         const std::size_t candidateSlot = slotOf(candidate, candidateHash);
         if (slots_[candidateSlot] == 0)

@@ -8,10 +8,14 @@
 
 namespace zb::sml {
 
-// The names that are taken within a message, whatever the case of their (ASCII) letters. Most items have a
-// name, so the set keeps its memory from message to message instead of asking for some at each name.
+// The names that are taken within a message or a library, whatever the case of their (ASCII) letters. Most
+// items have a name, so the set keeps its memory from message to message instead of asking for some at each
+// name.
 class UniqueNames {
 public:
+    // `separator` is put between a taken name and its number.
+    explicit UniqueNames(std::string_view separator = {}) : separator_(separator) {}
+
     void clear();
     // The name, or, when it is taken, the name with the next free number behind it. Holds until the next
     // call.
@@ -32,6 +36,7 @@ private:
     std::string_view add(std::string_view name, std::uint32_t hash, std::size_t slot);
     void grow();
 
+    std::string separator_;
     std::vector<Entry> entries_;
     std::vector<std::uint32_t> slots_ = std::vector<std::uint32_t>(64); // the entry's index + 1; 0 when free
     std::string texts_;

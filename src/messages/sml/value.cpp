@@ -74,16 +74,6 @@ bool inRange(const Integer& integer, ItemType type) {
     return integer.magnitude <= (integer.negative ? range.lowest : range.highest);
 }
 
-// All digits, yet too many: a number, but none of ours.
-bool looksLikeInteger(std::string_view word) {
-    if (!word.empty() && (word[0] == '-' || word[0] == '+'))
-        word.remove_prefix(1);
-    const int base = baseOf(word);
-    word.remove_prefix(base == 10 ? 0 : 2);
-    return !word.empty() && word.find_first_not_of(base == 16 ? "0123456789abcdefABCDEF" : "0123456789") ==
-                                std::string_view::npos;
-}
-
 // The number that digits alone make, as they make most; nothing for what takes a closer look.
 std::optional<std::uint64_t> plainNumber(std::string_view word) {
     constexpr std::size_t kMostDigits = 18;
@@ -114,6 +104,15 @@ bool isPlainDecimal(std::string_view word) {
     return true;
 }
 
+// A binary item holds bytes from 0 to 255; some tools write them with a sign.
+constexpr std::uint64_t kMostNegativeByte = 128;
+
+ValueFault appendNearest(std::string& words, ItemType type, bool negative) {
+    const IntegerRange range = rangeOf(type);
+    appendInteger(words, {negative, negative ? range.lowest : range.highest});
+    return ValueFault::outOfRange;
+}
+
 ValueFault appendWhole(std::string& words, ItemType type, std::string_view word) {
     if (const std::optional<std::uint64_t> plain = plainNumber(word);
         plain && *plain <= rangeOf(type).highest) {
@@ -125,8 +124,12 @@ ValueFault appendWhole(std::string& words, ItemType type, std::string_view word)
         appendInteger(words, *integer);
         return ValueFault::none;
     }
+    if (integer && integer->negative && type == ItemType::binary && integer->magnitude <= kMostNegativeByte) {
+        appendInteger(words, {false, 256 - integer->magnitude});
+        return ValueFault::signedByte;
+    }
     if (integer || looksLikeInteger(word))
-        return ValueFault::outOfRange;
+        return appendNearest(words, type, word[0] == '-');
     if (type != ItemType::binary || word.size() > 2)
         return ValueFault::notOfType;
     const std::optional<std::uint64_t> byte = parseDigits(word, 16);
@@ -147,6 +150,13 @@ ValueFault appendBoolean(std::string& words, std::string_view word) {
     return ValueFault::none;
 }
 
+// The largest number of the type, with few enough digits to be in its range.
+ValueFault appendLargest(std::string& words, ItemType type, bool negative) {
+    words += negative ? "-" : "";
+    words += type == ItemType::f4 ? "3.4028234E+38" : "1.7976931348623157E+308";
+    return ValueFault::outOfRange;
+}
+
 ValueFault appendFloat(std::string& words, ItemType type, std::string_view word) {
     if (isPlainDecimal(word)) {
         words += word;
@@ -162,7 +172,7 @@ ValueFault appendFloat(std::string& words, ItemType type, std::string_view word)
     const std::optional<double> number = toNumber(word);
     if (!number ||
         (type == ItemType::f4 && std::abs(*number) > static_cast<double>(std::numeric_limits<float>::max())))
-        return ValueFault::outOfRange;
+        return appendLargest(words, type, word[0] == '-');
     words += word;
     return ValueFault::none;
 }
@@ -182,6 +192,17 @@ std::optional<Integer> parseInteger(std::string_view word) {
         return std::nullopt;
     integer.magnitude = *magnitude;
     return integer;
+}
+
+bool looksLikeInteger(std::string_view word) {
+    if (!word.empty() && (word[0] == '-' || word[0] == '+'))
+        word.remove_prefix(1);
+    const int base = baseOf(word);
+    word.remove_prefix(base == 10 ? 0 : 2);
+    std::string_view digits = "0123456789abcdefABCDEF";
+    if (base != 16)
+        digits = digits.substr(0, static_cast<std::size_t>(base));
+    return !word.empty() && word.find_first_not_of(digits) == std::string_view::npos;
 }
 
 ValueFault appendValue(std::string& words, ItemType type, std::string_view word) {

@@ -18,15 +18,19 @@ struct Integer {
 // "12", "-3", "+4", "0x1F", "0b101", "0o17"; nothing for other words and for what has more than 64 bits.
 std::optional<Integer> parseInteger(std::string_view word);
 
+// Whether the word has the form of a whole number of any size.
+bool looksLikeInteger(std::string_view word);
+
 enum class ValueFault {
     none,
-    bareHex,   // read as hexadecimal, though nothing but a letter in it says so
-    notOfType, // not a value of the type
-    outOfRange,
+    bareHex,    // read as hexadecimal, though nothing but a letter in it says so
+    signedByte, // a negative number in a binary item, read as the byte of the same bits
+    notOfType,  // not a value of the type
+    outOfRange, // the nearest value of the type was read
 };
 
-// Appends the value's word for an item of this type, which is no list and no text; nothing is appended with a
-// fault other than bareHex.
+// Appends the value's word for an item of this type, which is no list and no text; nothing is appended for
+// what is not of the type.
 ValueFault appendValue(std::string& words, ItemType type, std::string_view word);
 
 // What a value of the type looks like, for a sentence: "a number from 0 to 255".

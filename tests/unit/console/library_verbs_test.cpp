@@ -26,7 +26,7 @@ protected:
     LibraryVerbs() {
         setenv("ZELTOBENCH_CONFIG", (folder_.path() / "config").c_str(), 1);
         write("demo.sml", "// Are you there\nAlive: S1F1 W.\nS1F2 <L <A[6] MDLN> <A 'V1'> // SOFTREV\n>.\n");
-        write("faulty.sml", "S1F1 W.\nS1F3 <U1 256>.\nS6F12 W <B 0>.\n");
+        write("faulty.sml", "S1F1 W.\nS1F3 <U1 2.5>.\nS6F12 W <B 0>.\n");
         write("P.zbp",
               encodeUtf16("\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n* Mine\r\n"
                           "IAmHere: S1 F2 H->E.\r\n## [EDIT MDL]\r\nkept as it is\r\n"));
@@ -106,7 +106,7 @@ TEST_F(LibraryVerbs, ListsLibraryFiles) {
 TEST_F(LibraryVerbs, TellsWhatIsWrongWithALibrary) {
     const std::string file = path("faulty.sml");
     expect({"list", file}, 1, "S1F1   S1F1   W  H<->E  0\nS6F12  S6F12  W  H<->E  1\n",
-           file + ":2:10: expected a whole number from 0 to 255, found \"256\"\n" + file +
+           file + ":2:10: expected a whole number from 0 to 255, found \"2.5\"\n" + file +
                ":3:1: warning: W stands on an even function, which is a reply\n");
     write("empty.sml", "");
     expect({"list", path("empty.sml")}, 1, "",
@@ -146,7 +146,7 @@ TEST_F(LibraryVerbs, ConvertsASelection) {
 TEST_F(LibraryVerbs, ConvertWritesWhatCouldBeReadAndTellsTheRest) {
     const std::string file = path("faulty.sml");
     expect({"convert", file, path("a.smd")}, 1, path("a.smd") + ": 2 messages\n",
-           file + ":2:10: expected a whole number from 0 to 255, found \"256\"\n" + file +
+           file + ":2:10: expected a whole number from 0 to 255, found \"2.5\"\n" + file +
                ":3:1: warning: W stands on an even function, which is a reply\n");
 }
 

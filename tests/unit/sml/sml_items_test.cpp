@@ -192,18 +192,12 @@ INSTANTIATE_TEST_SUITE_P(
                 "error 2:4 expected a closing ' for the text that begins here\n"},
         Dialect{"NoValue", "<U1 !@#>",
                 "error 2:5 expected a whole number from 0 to 255 or \">\", found \"!@#\"\n"},
-        Dialect{"OutOfRange", "<U1 256>", "error 2:5 expected a whole number from 0 to 255, found \"256\"\n"},
-        Dialect{"BelowZero", "<U4 -1>",
-                "error 2:5 expected a whole number of four bytes, not below 0, found \"-1\"\n"},
         Dialect{"FractionInAnInteger", "<I2 1.5>",
                 "error 2:5 expected a whole number from -32768 to 32767, found \"1.5\"\n"},
-        Dialect{"TooLargeForFourBytes", "<F4 1e39>",
-                "error 2:5 expected a number that four bytes hold, found \"1e39\"\n"},
-        Dialect{"TooLargeForEightBytes", "<F8 1e999>", "error 2:5 expected a number, found \"1e999\"\n"},
         Dialect{"TruthInANumber", "<F4 T>",
                 "error 2:5 expected a number that four bytes hold, found \"T\"\n"},
-        Dialect{"CodeTooLarge", "<A 256>",
-                "error 2:4 expected a text or a character code from 0 to 255, found \"256\"\n"},
+        Dialect{"CodeThatIsNoNumber", "<A 25x>",
+                "error 2:4 expected a text or a character code from 0 to 255, found \"25x\"\n"},
         Dialect{"TextInANumber", "<U1 'x'>",
                 "error 2:5 expected a whole number from 0 to 255, found \"'x'\"\n"},
         Dialect{"UnknownType", "<U3 1>", "error 2:2 expected an item type, found \"U3\"\n"},
@@ -213,10 +207,53 @@ INSTANTIATE_TEST_SUITE_P(
                 "<A 'x'> = ", "error 2:11 expected a name behind \"=\", found \".\"\n"},
         Dialect{"WordsBehindTheBody", "<A 'x'> !", "error 2:9 expected \".\", found \"!.\"\n"}));
 
+INSTANTIATE_TEST_SUITE_P(
+    OutOfRange, SmlItems,
+    testing::Values(
+        Dialect{"AboveAByte", "<U1 256>",
+                "1 U1 1 255\nerror 2:5 expected a whole number from 0 to 255, found \"256\"; it was read "
+                "as 255\n"},
+        Dialect{"BelowZero", "<U4 -1>",
+                "1 U4 1 0\nerror 2:5 expected a whole number of four bytes, not below 0, found \"-1\"; it "
+                "was read as 0\n"},
+        Dialect{"BelowTheLowest", "<I1 -129>",
+                "1 I1 1 -128\nerror 2:5 expected a whole number from -128 to 127, found \"-129\"; it was "
+                "read as -128\n"},
+        Dialect{"MoreThanSixtyFourBits", "<I8 7 -99999999999999999999>",
+                "1 I8 2 7 -9223372036854775808\nerror 2:7 expected a whole number of eight bytes, found "
+                "\"-99999999999999999999\"; it was read as -9223372036854775808\n"},
+        Dialect{"Hexadecimal", "<U2 0x10000>",
+                "1 U2 1 65535\nerror 2:5 expected a whole number from 0 to 65535, found \"0x10000\"; it was "
+                "read as 65535\n"},
+        Dialect{"Quoted", "<U1 '1 300 2'>",
+                "1 U1 3 1 255 2\nerror 2:5 expected a whole number from 0 to 255, found \"'1\"; it was read "
+                "as 255\n"},
+        Dialect{"SignedBytes", "<B -128 -1>",
+                "1 B 2 128 255\nwarning 2:4 -128 was read as the byte 128\nwarning 2:9 -1 was read as the "
+                "byte 255\n"},
+        Dialect{"BelowASignedByte", "<B -129>",
+                "1 B 1 0\nerror 2:4 expected a whole number from 0 to 255, found \"-129\"; it was read as "
+                "0\n"},
+        Dialect{"FourBytes", "<F4 1e39 -1e39>",
+                "1 F4 2 3.4028234E+38 -3.4028234E+38\nerror 2:5 expected a number that four bytes hold, "
+                "found \"1e39\"; it was read as 3.4028234E+38\nerror 2:10 expected a number that four bytes "
+                "hold, found \"-1e39\"; it was read as -3.4028234E+38\n"},
+        Dialect{"EightBytes", "<F8 1e999>",
+                "1 F8 1 1.7976931348623157E+308\nerror 2:5 expected a number, found \"1e999\"; it was read "
+                "as 1.7976931348623157E+308\n"},
+        Dialect{"CharacterCode", "<A 'a' 256 'b'>",
+                "1 A 2 'ab'\nerror 2:8 expected a text or a character code from 0 to 255, found \"256\"; it "
+                "was left out\n"},
+        Dialect{"WithinAListWithoutType", "<\n<U1 300>\n<I2 -40000>\n>",
+                "1 L 2\n2 U1 1 255\n2 I2 1 -32768\nerror 3:1 expected an item type; the item was read as a "
+                "list\nerror 3:5 expected a whole number from 0 to 255, found \"300\"; it was read as 255\n"
+                "error 4:5 expected a whole number from -32768 to 32767, found \"-40000\"; it was read as "
+                "-32768\n"}));
+
 TEST(SmlItems, BrokenMessagesLeaveTheOthersAlone) {
-    EXPECT_EQ(readDump("S1F1 <U1 256>.\nS1F3 <L\n <A 'x'>\n\nName: S1F5 <Q 1>.\nS1F7 W.\n"),
+    EXPECT_EQ(readDump("S1F1 <U1 2.5>.\nS1F3 <L\n <A 'x'>\n\nName: S1F5 <Q 1>.\nS1F7 W.\n"),
               "S1F3: S1 F3 H<->E\n1 L 1\n2 A 1 'x'\nS1F7: S1 F7 W H<->E\n"
-              "error 1:10 expected a whole number from 0 to 255, found \"256\"\n"
+              "error 1:10 expected a whole number from 0 to 255, found \"2.5\"\n"
               "error 5:1 expected \">\", found \"Name:\"; all items that were open are closed here\n"
               "error 5:13 expected an item type, found \"Q\"\n");
 }
@@ -236,8 +273,8 @@ TEST(SmlItems, ListsLieAtMostAThousandDeep) {
 }
 
 TEST(SmlItems, ColumnsCountCharacters) {
-    EXPECT_EQ(readDump("S1F1 <L <A '\xc3\xa9'> <U1 256>>."),
-              "error 1:21 expected a whole number from 0 to 255, found \"256\"\n");
+    EXPECT_EQ(readDump("S1F1 <L <A '\xc3\xa9'> <U1 2.5>>."),
+              "error 1:21 expected a whole number from 0 to 255, found \"2.5\"\n");
 }
 
 } // namespace
