@@ -84,7 +84,11 @@ OptionalFault faultOfList(std::string_view countWord, int children) {
 template<typename Tell>
 void visitValueFaults(std::string_view itemText, int children, Tell tell) {
     std::string_view rest = trimmed(itemText);
-    const ItemKind kind = itemKind(upper(takeWord(rest)));
+    const std::string_view type = takeWord(rest);
+    // Most types are upper-cased already.
+    ItemKind kind = itemKind(type);
+    if (kind == ItemKind::Unknown)
+        kind = itemKind(upper(type));
     const std::string_view countWord = takeWord(rest);
     if (kind == ItemKind::Unknown || kind == ItemKind::List) {
         const OptionalFault fault = kind == ItemKind::List ? faultOfList(countWord, children) : kBadType;

@@ -54,7 +54,9 @@ bool isKeyMark(std::string_view word) {
 bool isItemName(std::string_view type, std::string_view thirdWord) {
     if (thirdWord.empty() || thirdWord.front() == '\'' || isKeyMark(thirdWord) || isNumeric(thirdWord))
         return false;
-    if (!equalsIgnoringCase(type, "BOOLEAN"))
+    // No longer or shorter word becomes "BOOLEAN" in upper case.
+    constexpr std::string_view kBoolean = "BOOLEAN";
+    if (type.size() != kBoolean.size() || !equalsIgnoringCase(type, kBoolean))
         return true;
     return !equalsIgnoringCase(thirdWord, "True") && !equalsIgnoringCase(thirdWord, "False");
 }

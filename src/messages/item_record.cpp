@@ -31,7 +31,9 @@ bool takeKeyMark(std::string_view& rest) {
 std::string SECSItemRecord::parseText(std::string_view text) {
     *this = SECSItemRecord();
     std::string_view rest = trimmed(text);
-    type_ = upper(takeWord(rest));
+    // Most types are upper-cased already.
+    const std::string_view typeWord = takeWord(rest);
+    type_ = itemKind(typeWord) == ItemKind::Unknown ? upper(typeWord) : std::string(typeWord);
     std::string_view count = takeWord(rest);
     if (!count.empty() && count.back() == 'V') {
         fixed_ = false;

@@ -227,7 +227,7 @@ std::string cleanWord(ValueForm form, std::string_view word) {
 }
 
 std::string cleanWords(ValueForm form, double count, std::string_view text) {
-    const std::string fallback(form == ValueForm::Boolean ? "False" : kNothing);
+    std::string fallback(form == ValueForm::Boolean ? "False" : kNothing);
     if (isBlank(text))
         return fallback;
     std::vector<std::string> words;
@@ -253,7 +253,7 @@ TypedValue judgeTypedValue(std::string_view type, std::string_view text) {
     if (form == ValueForm::Quoted)
         return text == "'" ? refused(kApostropheRefusal) : TypedValue{};
     for (const std::string& word : splitAtBlanks(text)) {
-        const TypedValue verdict = judgeWord(form, word);
+        TypedValue verdict = judgeWord(form, word);
         if (verdict.state != State::Good)
             return verdict;
     }

@@ -305,7 +305,7 @@ int codePageFromLocale(std::string_view localeName) {
 CodePage chooseCodePage(std::string_view setting, std::string_view localeName) {
     constexpr long long kLargest = 65535;
     if (const std::optional<double> number = toNumber(setting)) {
-        const CodePage asked(static_cast<int>(toInteger(*number, 0, kLargest).value_or(0)));
+        CodePage asked(static_cast<int>(toInteger(*number, 0, kLargest).value_or(0)));
         if (asked.known()) {
             return asked;
         }

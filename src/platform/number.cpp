@@ -107,6 +107,23 @@ ReadNumber read(std::string_view text, const NumberShape& shape) {
     return number;
 }
 
+// The value of nothing but digits, as most numbers are; nothing for any other text, and for more digits than
+// a double holds.
+std::optional<double> plainValue(std::string_view text) {
+    constexpr std::size_t kMostDigits = 15;
+    if (text.empty() || text.size() > kMostDigits) {
+        return std::nullopt;
+    }
+    long long value = 0;
+    for (const char character : text) {
+        if (!isDigit(character)) {
+            return std::nullopt;
+        }
+        value = value * 10 + (character - '0');
+    }
+    return static_cast<double>(value);
+}
+
 std::string decimalForm(std::string_view digits, int exponent) {
     if (exponent < 0) {
         return "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0').append(digits);
@@ -151,12 +168,18 @@ std::string print(Number value, int significantDigits) {
 } // namespace
 
 bool isNumeric(std::string_view text) {
+    if (plainValue(text)) {
+        return true;
+    }
     const std::string_view number = trimmed(text);
     const std::size_t end = scan(number).end;
     return end > 0 && end == number.size();
 }
 
 double valueOf(std::string_view text) {
+    if (const std::optional<double> plain = plainValue(text)) {
+        return *plain;
+    }
     const std::string_view number = trimmed(text);
     const NumberShape shape = scan(number);
     return shape.end == 0 ? 0.0 : read(number, shape).value;

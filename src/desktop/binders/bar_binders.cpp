@@ -69,12 +69,11 @@ QToolButton& ToolbarBinder::makeButton(ToolbarButton& button) {
     connect(shown, &QToolButton::clicked, this, [this, &button] {
         Target target = Target::whole(toolbar_);
         target.button = &button;
-        const QPointer<Binder> alive(this);
         hands().click(target);
-        // The widget has turned itself over; only the program presses buttons.
-        if (alive)
-            showButtons();
     });
+    // The widget has turned itself over; only the program presses buttons. A click may end this binder: then
+    // this is not called any more.
+    connect(shown, &QToolButton::clicked, this, &ToolbarBinder::showButtons);
     return *shown;
 }
 

@@ -22,7 +22,7 @@ constexpr int kMostCopies = 1000;
 /// Making the folder is the test whether it stands: nobody can come between.
 Result<std::filesystem::path> makeFreeFolder(const std::filesystem::path& parent) {
     for (int number = 1; number <= kMostCopies; ++number) {
-        const std::filesystem::path folder =
+        std::filesystem::path folder =
             parent / (number == 1 ? std::string("Etcher") : "Etcher-" + std::to_string(number));
         std::error_code error;
         if (std::filesystem::create_directory(folder, error))
@@ -43,7 +43,7 @@ Result<std::filesystem::path> copyExample(const std::filesystem::path& folder) {
     const auto made = makeFreeFolder(folder);
     if (!made)
         return made.error();
-    const std::filesystem::path copy = *made / "Etcher.zbp";
+    std::filesystem::path copy = *made / "Etcher.zbp";
     if (const Result<void> written = replaceFile(copy, example.readAll().toStdString()); !written) {
         std::error_code ignored;
         std::filesystem::remove(*made, ignored);

@@ -132,7 +132,7 @@ Result<void> SystemFileLayer::syncFolder(const std::filesystem::path& path) {
     if (descriptor < 0) {
         return systemError(errno);
     }
-    const Result<void> synced = sync(descriptor);
+    Result<void> synced = sync(descriptor);
     ::close(descriptor);
     return synced;
 }

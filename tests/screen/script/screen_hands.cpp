@@ -289,7 +289,7 @@ void ScreenHands::dropOn(const DragData& data, const Target& to) {
 Hands::Refusal ScreenHands::drag(const Target& from, const Target& to) {
     const int index = to.node == nullptr ? 0 : to.node->index();
     const Kind kind = from.control->kind();
-    const Refusal refusal = act(from, [&] {
+    Refusal refusal = act(from, [&] {
         if (kind == Kind::Tree || kind == Kind::List)
             press(spotOf(screen_, from), Qt::LeftButton);
         else if (kind == Kind::Pane)
