@@ -3,6 +3,7 @@
 #include "bench/generated_project.h"
 #include "model/tr_message_record.h"
 #include "model/tr_model_store.h"
+#include "project/project_text.h"
 
 #include <memory>
 
@@ -36,7 +37,7 @@ std::string modelText(std::size_t messages) {
             record->addTRItem(item(each));
         model.addTRMessage(std::move(record));
     }
-    return model.saveModel();
+    return composeModelSections({}, model, {});
 }
 
 } // namespace zb::bench
