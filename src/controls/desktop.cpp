@@ -5,6 +5,7 @@
 #include "controls/window.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zb {
 
@@ -35,7 +36,7 @@ const Window* Desktop::standingModal() const {
 }
 
 void Desktop::activate(Window& window) {
-    if (active_ == &window || !window.visible())
+    if (active_ == &window || !window.visible() || focusHeld_)
         return;
     if (active_ != nullptr)
         leave(*active_);
@@ -47,6 +48,8 @@ void Desktop::show(Window& window) {
     if (!window.visible_) {
         window.visible_ = true;
         window.ring(Change::State);
+    } else if (focusHeld_) {
+        return;
     }
     if (acceptsInput(window) || modal_.empty())
         activate(window);
@@ -82,6 +85,7 @@ void Desktop::hide(Window& window) {
 void Desktop::showModal(Window& window) {
     modal_.push_back({&window, active_});
     const ModalGuard guard(modal_);
+    const bool held = std::exchange(focusHeld_, false);
     active_ = nullptr;
     window.visible_ = true;
     enter(window);
@@ -90,6 +94,14 @@ void Desktop::showModal(Window& window) {
     screen_.runModal(window);
     if (window.visible_)
         hide(window);
+    focusHeld_ = held;
+}
+
+Window* Desktop::frontDocument(const Window& frame) const {
+    const auto found = std::find_if(windows_.rbegin(), windows_.rend(), [&](const Window* window) {
+        return window->visible() && window->frame() == &frame;
+    });
+    return found == windows_.rend() ? nullptr : *found;
 }
 
 bool Desktop::hasFocus(const Control& control) const {
@@ -102,7 +114,7 @@ bool Desktop::hasFocus(const Control& control) const {
 }
 
 void Desktop::focus(Control& control) {
-    if (!control.takesFocus() || !control.usable())
+    if (!control.takesFocus() || !control.usable() || focusHeld_)
         return;
     Window& window = control.window();
     if (acceptsInput(window))

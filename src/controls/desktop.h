@@ -42,6 +42,9 @@ public:
     /// The window that was active keeps its focus beneath the dialog.
     void showModal(Window& window);
 
+    /// The document in front in the window; null when it has none.
+    Window* frontDocument(const Window& frame) const;
+
     bool hasFocus(const Control& control) const;
     void focus(Control& control);
 
@@ -57,6 +60,22 @@ public:
     PopupMenu* openPopup() const { return popup_; }
     void popup(PopupMenu& menu);
     void closePopup();
+
+    /// While one lives, neither the focus nor the active window moves, whatever handlers ask for. Keys that
+    /// walk through a tree show what a click would show, and the next key goes on walking.
+    class FocusStays {
+    public:
+        explicit FocusStays(Desktop& desktop) : held_(desktop.focusHeld_), before_(desktop.focusHeld_) {
+            held_ = true;
+        }
+        ~FocusStays() { held_ = before_; }
+        FocusStays(const FocusStays&) = delete;
+        FocusStays& operator=(const FocusStays&) = delete;
+
+    private:
+        bool& held_;
+        bool before_;
+    };
 
 private:
     friend class Window;
@@ -105,6 +124,7 @@ private:
     Window* active_ = nullptr;
     const Window* leaving_ = nullptr;
     PopupMenu* popup_ = nullptr;
+    bool focusHeld_ = false;
 };
 
 } // namespace zb

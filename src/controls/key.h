@@ -31,6 +31,8 @@ inline constexpr int kKeyRight = 39;
 inline constexpr int kKeyDown = 40;
 inline constexpr int kKeyDelete = 46;
 inline constexpr int kKeyF3 = 114;
+/// A text that no key of a US keyboard enters: from another layout, a dead key or an input method.
+inline constexpr int kKeyForeignText = 229;
 
 /// 48-57 and the keypad's 96-105: the digits with Num Lock on.
 bool isDigitKey(int code);

@@ -1,6 +1,7 @@
 #include "controls/key_effects.h"
 
 #include "controls/combo.h"
+#include "controls/desktop.h"
 #include "controls/list.h"
 #include "controls/menu.h"
 #include "controls/simple_controls.h"
@@ -78,20 +79,18 @@ void moveInTree(Tree& tree, int code) {
     if (code < kKeyEnd || code > kKeyDown)
         return;
     Node* target = arrowTarget(tree.nodes(), code);
-    if (target == nullptr || target == tree.nodes().selected())
-        return;
-    tree.nodes().select(target);
-    fire(tree.onNodeClick, *target);
+    if (target != nullptr && target != tree.nodes().selected())
+        reachNode(tree, *target);
 }
 
-void moveInList(List& list, int code) {
+void moveInList(List& list, KeyEvent key) {
     const auto& rows = list.shown();
     if (rows.empty())
         return;
-    const int here = list.positionOf(list.selected());
+    const int here = list.positionOf(list.rangeEnd());
     const int last = static_cast<int>(rows.size());
     int target = here;
-    switch (code) {
+    switch (key.code) {
     case kKeyHome:
         target = 1;
         break;
@@ -111,8 +110,11 @@ void moveInList(List& list, int code) {
     if (target == here)
         return;
     ListRow& row = *rows[static_cast<std::size_t>(target) - 1];
-    list.select(&row);
-    fire(list.onRowClick, row);
+    const bool extends = (key.shift & kShiftKey) != 0 && list.selection() == List::Selection::Many;
+    if (extends && list.selected() != nullptr)
+        list.selectRange(*list.selected(), row);
+    else
+        reachRow(list, row);
 }
 
 void moveInCombo(Combo& combo, int code) {
@@ -145,6 +147,18 @@ MenuEntry* entryOfKey(const Control& control, KeyEvent key) {
             return &entry;
     }
     return nullptr;
+}
+
+void reachNode(Tree& tree, Node& node) {
+    tree.nodes().select(&node);
+    const Desktop::FocusStays stays(tree.window().desktop());
+    fire(tree.onReached ? tree.onReached : tree.onNodeClick, node);
+}
+
+void reachRow(List& list, ListRow& row) {
+    list.select(&row);
+    const Desktop::FocusStays stays(list.window().desktop());
+    fire(list.onReached ? list.onReached : list.onRowClick, row);
 }
 
 void pressByClick(Control& control) {
@@ -187,7 +201,7 @@ void applyKey(Control& control, KeyEvent key) {
         moveInCombo(static_cast<Combo&>(control), key.code);
         break;
     case Kind::List:
-        moveInList(static_cast<List&>(control), key.code);
+        moveInList(static_cast<List&>(control), key);
         break;
     case Kind::Tree:
         moveInTree(static_cast<Tree&>(control), key.code);

@@ -5,7 +5,11 @@
 namespace zb {
 
 class Control;
+class List;
+class ListRow;
 class MenuEntry;
+class Node;
+class Tree;
 
 /// What a key does to a control by itself, after its key down has been handled: enters a character, presses a
 /// button, moves a selection. Escape presses the window's cancel button.
@@ -14,6 +18,13 @@ void applyKey(Control& control, KeyEvent key);
 /// The entry of the window's menu bar that the key runs while the control has the focus; null for none.
 /// Fields of text keep their keys to themselves. Whether the entry can be used now is not asked.
 MenuEntry* entryOfKey(const Control& control, KeyEvent key);
+
+/// The keyboard has come to a node or row: it is selected, and shown as by a click on it. Only the focus
+/// stays where it is.
+/// @{
+void reachNode(Tree& tree, Node& node);
+void reachRow(List& list, ListRow& row);
+/// @}
 
 /// Presses a button, toggles a check box, turns an option on, with all that follows.
 void pressByClick(Control& control);

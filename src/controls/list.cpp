@@ -66,12 +66,15 @@ void List::remove(ListRow& row) {
         byKey_.erase(upper(row.key_));
     if (selected_ == &row)
         selected_ = nullptr;
+    if (rangeEnd_ == &row)
+        rangeEnd_ = nullptr;
     std::erase_if(rows_, [&](const auto& candidate) { return candidate.get() == &row; });
     touched();
 }
 
 void List::clear() {
     selected_ = nullptr;
+    rangeEnd_ = nullptr;
     byKey_.clear();
     rows_.clear();
     touched();
@@ -127,6 +130,7 @@ void List::select(ListRow* row) {
     for (const auto& other : rows_)
         other->selected_ = other.get() == row;
     selected_ = row;
+    rangeEnd_ = nullptr;
     ring(Change::Selection);
 }
 
@@ -138,6 +142,7 @@ void List::toggle(ListRow& row) {
     row.selected_ = !row.selected_;
     const auto others = selectedRows();
     selected_ = row.selected_ ? &row : (others.empty() ? nullptr : others.back());
+    rangeEnd_ = nullptr;
     ring(Change::Selection);
 }
 
@@ -153,6 +158,7 @@ void List::selectRange(ListRow& from, ListRow& to) {
         row->selected_ = position >= first && position <= last;
     }
     selected_ = &from;
+    rangeEnd_ = &to;
     ring(Change::Selection);
 }
 

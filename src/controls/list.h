@@ -88,6 +88,8 @@ public:
     Selection selection() const { return selection_; }
     /// The selected row, the last chosen of several; null for none.
     ListRow* selected() const { return selected_; }
+    /// Where the last range ends, and the next key starts; the selected row when there is no range.
+    ListRow* rangeEnd() const { return rangeEnd_ != nullptr ? rangeEnd_ : selected_; }
     std::vector<ListRow*> selectedRows() const;
     /// Selects this row alone; null selects nothing.
     void select(ListRow* row);
@@ -100,6 +102,8 @@ public:
     std::function<void(int button, ListRow* row)> onMouseDown;
     std::function<void(int button, ListRow* row)> onMouseUp;
     std::function<void(ListRow& row)> onRowClick;
+    /// The arrow keys reached a row; in place of `onRowClick`, for a list that acts on the press.
+    std::function<void(ListRow& row)> onReached;
     std::function<void(ListRow& row)> onDoubleClick;
     /// Column from 0.
     std::function<void(std::size_t column)> onColumnClick;
@@ -121,6 +125,7 @@ private:
     int sortKey_ = 0;
     Selection selection_;
     ListRow* selected_ = nullptr;
+    ListRow* rangeEnd_ = nullptr;
 };
 
 } // namespace zb

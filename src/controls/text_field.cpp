@@ -10,6 +10,19 @@ bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
+/// Marks a change as the user's, with all that its handling sets.
+class ByUser {
+public:
+    explicit ByUser(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+    ~ByUser() { flag_ = before_; }
+    ByUser(const ByUser&) = delete;
+    ByUser& operator=(const ByUser&) = delete;
+
+private:
+    bool& flag_;
+    bool before_;
+};
+
 std::size_t characterStart(std::string_view text, std::size_t position) {
     position = std::min(position, text.size());
     while (position > 0 && position < text.size() && isContinuation(text[position]))
@@ -24,6 +37,8 @@ void TextField::setText(std::string_view text) {
         caretToEnd();
         return;
     }
+    if (!changedByUser_)
+        history_.clear();
     text_ = text;
     caret_ = anchor_ = text_.size();
     changed();
@@ -61,30 +76,59 @@ void TextField::enterKey(KeyEvent key) {
             else
                 caret_ = behind(caret_);
         }
-        replaceSelection({});
+        replaceSelection({}, TextHistory::Step::Whole);
     } else if (const auto character = characterOfKey(key)) {
-        replaceSelection(std::string_view(&*character, 1));
+        replaceSelection(std::string_view(&*character, 1), TextHistory::Step::Character);
     }
 }
 
 void TextField::insert(std::string_view characters) {
     if (!locked_ && !readOnly_)
-        replaceSelection(characters);
+        replaceSelection(fitting(characters), TextHistory::Step::Whole);
 }
 
 void TextField::paste(std::string_view text) {
     if (locked_ || readOnly_)
         return;
-    if (lines_ == Lines::One)
-        text = text.substr(0, text.find_first_of("\r\n"));
+    text = fitting(text);
+    if (text != text_)
+        history_.remember(state(), TextHistory::Step::Whole);
+    const ByUser byUser(changedByUser_);
     setText(text);
 }
 
-void TextField::replaceSelection(std::string_view text) {
+void TextField::undo() {
+    if (!locked_ && !readOnly_)
+        restore(history_.undo(state()));
+}
+
+void TextField::redo() {
+    if (!locked_ && !readOnly_)
+        restore(history_.redo(state()));
+}
+
+void TextField::restore(const std::optional<TextState>& state) {
+    if (!state)
+        return;
+    const ByUser byUser(changedByUser_);
+    text_ = state->text;
+    anchor_ = state->anchor;
+    caret_ = state->caret;
+    changed();
+}
+
+std::string_view TextField::fitting(std::string_view text) const {
+    return lines_ == Lines::One ? text.substr(0, text.find_first_of("\r\n")) : text;
+}
+
+void TextField::replaceSelection(std::string_view text, TextHistory::Step step) {
     const auto [from, to] = std::minmax(anchor_, caret_);
     if (from == to && text.empty())
         return;
     const bool same = std::string_view(text_).substr(from, to - from) == text;
+    if (!same)
+        history_.remember(state(), step);
+    const ByUser byUser(changedByUser_);
     const std::size_t start = from;
     text_.replace(start, to - start, text);
     caret_ = anchor_ = start + text.size();

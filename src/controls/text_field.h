@@ -1,8 +1,10 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/text_history.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -30,6 +32,9 @@ public:
         ring(Change::State);
     }
     Lines lines() const { return lines_; }
+    /// The field's own handling acts on Enter, so that the window's default button does not.
+    void setAnswersEnter() { answersEnter_ = true; }
+    bool answersEnter() const { return answersEnter_; }
 
     std::size_t caret() const { return caret_; }
     std::size_t anchor() const { return anchor_; }
@@ -43,18 +48,29 @@ public:
     /// @{
     /// A key's effect on the text or caret, after its key down has been handled.
     void enterKey(KeyEvent key);
-    /// A character from an input method or a key of another layout; it replaces the selection.
+    /// A text as a whole, as from an input method or the clipboard; it replaces the selection. A field of one
+    /// line takes what is before the first line break.
     void insert(std::string_view characters);
     /// The whole text is replaced by `text`: one change, none when it stays the same. A field of one line
-    /// takes what stands before the first line break.
+    /// takes what is before the first line break.
     void paste(std::string_view text);
+    /// Takes the user's last change back, or makes it again. Texts that the program has set since leave
+    /// nothing to take back.
+    void undo();
+    void redo();
     /// @}
+
+    bool canUndo() const { return history_.canUndo(); }
+    bool canRedo() const { return history_.canRedo(); }
 
     std::function<void()> onChange;
 
 private:
     void focusArrives() override { caretToEnd(); }
-    void replaceSelection(std::string_view text);
+    void replaceSelection(std::string_view text, TextHistory::Step step);
+    void restore(const std::optional<TextState>& state);
+    TextState state() const { return {text_, anchor_, caret_}; }
+    std::string_view fitting(std::string_view text) const;
     void moveCaret(KeyEvent key);
     std::size_t before(std::size_t position) const;
     std::size_t behind(std::size_t position) const;
@@ -64,8 +80,11 @@ private:
     std::string text_;
     std::size_t caret_ = 0;
     std::size_t anchor_ = 0;
+    TextHistory history_;
+    bool changedByUser_ = false;
     bool locked_ = false;
     bool readOnly_ = false;
+    bool answersEnter_ = false;
 };
 
 } // namespace zb

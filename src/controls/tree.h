@@ -37,6 +37,8 @@ public:
     std::function<void(int button, Node* node)> onMouseUp;
     /// A node was clicked, or reached by the arrow keys; it is selected by then.
     std::function<void(Node& node)> onNodeClick;
+    /// The arrow keys reached a node; in place of `onNodeClick`, for a tree that acts on the press.
+    std::function<void(Node& node)> onReached;
     std::function<void(Node& node)> onDoubleClick;
     /// A drag starts on the node; no handler, or none back, refuses it.
     std::function<std::optional<DragData>(Node& node)> onDragStart;

@@ -43,12 +43,15 @@ bool hasEntriesBelow(const MenuEntry& entry) {
 
 } // namespace
 
-UserHands::Refusal UserHands::whyNot(const Control& control) const {
-    const Window& window = control.window();
+UserHands::Refusal UserHands::whyOutOfReach(const Window& window) const {
     if (!window.visible())
         return window.name() + " is not shown";
-    if (!desktop_.acceptsInput(window))
-        return window.name() + " stands behind a modal window";
+    return desktop_.acceptsInput(window) ? Refusal() : window.name() + " stands behind a modal window";
+}
+
+UserHands::Refusal UserHands::whyNot(const Control& control) const {
+    if (Refusal refusal = whyOutOfReach(control.window()); !refusal.empty())
+        return refusal;
     for (const Control* part = &control; part != nullptr; part = above(*part)) {
         if (!part->visible())
             return describe(*part) + " is hidden";
@@ -66,6 +69,21 @@ UserHands::Refusal UserHands::whyNot(const Target& target) const {
     return {};
 }
 
+UserHands::Refusal UserHands::approach(const Target& target) {
+    Window& window = target.control->window();
+    if (Refusal refusal = whyOutOfReach(window); !refusal.empty())
+        return refusal;
+    const int index = indexOf(target);
+    // The tool bar of a frame is there for the document in front, and leaves the focus in it.
+    Window* document = target.control->kind() == Kind::Toolbar && desktop_.activeWindow() != &window
+                           ? desktop_.frontDocument(window)
+                           : nullptr;
+    desktop_.activate(document != nullptr ? *document : window);
+    if (!isThere(target, index))
+        return describe(*target.control) + " has lost the target meanwhile";
+    return whyNot(target);
+}
+
 UserHands::Refusal UserHands::begin(const Target& target) {
     ++begun_;
     Refusal refusal = beginUncounted(target);
@@ -77,10 +95,9 @@ UserHands::Refusal UserHands::beginUncounted(const Target& target) {
     Control& control = *target.control;
     if (!isOpenPopupEntry(control, desktop_.openPopup()))
         desktop_.closePopup();
-    if (Refusal refusal = whyNot(target); !refusal.empty())
-        return refusal;
     const int index = indexOf(target);
-    desktop_.activate(control.window());
+    if (Refusal refusal = approach(target); !refusal.empty())
+        return refusal;
     if (control.takesFocus() && !target.column)
         desktop_.focus(control);
     // What the focus left behind may have changed what can be used, and taken the target away.
@@ -309,18 +326,15 @@ UserHands::Refusal UserHands::choose(Control& control, std::string_view text) {
 UserHands::Refusal UserHands::reach(Tree& tree, Node& node) {
     if (Refusal refusal = begin(Target::whole(tree)); !refusal.empty())
         return refusal;
-    if (tree.nodes().selected() == &node)
-        return {};
-    tree.nodes().select(&node);
-    fire(tree.onNodeClick, node);
+    if (tree.nodes().selected() != &node)
+        reachNode(tree, node);
     return {};
 }
 
 UserHands::Refusal UserHands::reach(List& list, ListRow& row) {
     if (Refusal refusal = begin(Target::whole(list)); !refusal.empty())
         return refusal;
-    list.select(&row);
-    fire(list.onRowClick, row);
+    reachRow(list, row);
     return {};
 }
 

@@ -3,6 +3,7 @@
 #include "controls/key.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +16,7 @@ class Desktop;
 class List;
 class ListRow;
 class Node;
+class TextField;
 class ToolbarButton;
 class Tree;
 class Window;
@@ -53,8 +55,11 @@ public:
     /// Closes an open pop-up without a choice.
     void dismiss();
 
-    /// Why the user cannot act on the target now; empty when nothing stands in the way.
+    /// Why the user cannot act on the target now; empty when nothing is in the way.
     Refusal whyNot(const Target& target) const;
+    /// Makes the target's window active, which an action does first, since what its handling enables can be
+    /// used by the action. Returns why the user cannot act on the target then.
+    Refusal approach(const Target& target);
     /// How many actions were begun so far, and what became of the last.
     int begun() const { return begun_; }
     const Refusal& lastRefusal() const { return lastRefusal_; }
@@ -91,12 +96,20 @@ public:
     std::optional<DragData> beginDrag(const Target& from);
     void dragOver(const DragData& data, const Target& to);
 
-    Refusal keyDown(Control& control, KeyEvent key);
+    /// What a key does by itself; empty for what the stores know of it. Keys that paste, cut or undo have an
+    /// effect that only a screen can give them.
+    using KeyAction = std::function<void()>;
+    Refusal keyDown(Control& control, KeyEvent key, const KeyAction& effect = {});
     /// The same wherever the focus is.
-    Refusal keyDownHere(Control& control, KeyEvent key);
+    Refusal keyDownHere(Control& control, KeyEvent key, const KeyAction& effect = {});
     void keyUp(Control& control, KeyEvent key);
-    /// Text from an input method, or a paste at the caret; it replaces the selection.
+    /// A text that no key enters, from a dead key or an input method: down and up of the key that stands for
+    /// all such texts, with an insertion between them unless the field is locked by then.
+    Refusal enterText(TextField& field, std::string_view text);
+    /// A paste by the mouse: no key event; it replaces the selection.
     Refusal insert(Control& control, std::string_view text);
+    /// A paste or drop by the mouse at a place in the text, a byte offset into it.
+    Refusal insertAt(TextField& field, std::size_t place, std::string_view text);
     /// A row of a combo by its position, from 0.
     Refusal choose(Combo& combo, std::size_t position);
     /// Shift and a click in a list: all rows from the selected one to this one.
@@ -111,6 +124,8 @@ private:
     Refusal begin(const Target& target);
     Refusal beginUncounted(const Target& target);
     Refusal strike(Control& control, KeyEvent key);
+    Refusal whyOutOfReach(const Window& window) const;
+    Refusal dropOnField(TextField& field, const DragData& data);
     Refusal press(const Target& target, KeyEvent modifiers);
     Refusal pressMember(const Target& target, KeyEvent modifiers);
     void pressPart(const Target& target, MouseButton button, KeyEvent modifiers);

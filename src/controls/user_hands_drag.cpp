@@ -70,10 +70,19 @@ UserHands::Refusal UserHands::drop(const DragData& data, const Target& to) {
         fire(list.onDragOver, data, to.row);
         if (isThere(to, 0))
             fire(list.onDrop, data, to.row);
+    } else if (control.kind() == Kind::TextField && !control.onDropData) {
+        return dropOnField(as<TextField>(control), data);
     } else {
         fire(control.onDropData, data);
     }
     return {};
+}
+
+// Text that falls on a field is pasted there.
+UserHands::Refusal UserHands::dropOnField(TextField& field, const DragData& data) {
+    if (data.form != DragData::Form::Text || data.text.empty())
+        return {};
+    return insertAt(field, field.text().size(), data.text);
 }
 
 } // namespace zb

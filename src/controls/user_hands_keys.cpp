@@ -10,15 +10,15 @@ namespace zb {
 using namespace hands;
 using Kind = Control::Kind;
 
-UserHands::Refusal UserHands::keyDown(Control& control, KeyEvent key) {
+UserHands::Refusal UserHands::keyDown(Control& control, KeyEvent key, const KeyAction& effect) {
     if (!control.takesFocus())
         return describe(control) + " takes no keys";
     if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
         return refusal;
-    return keyDownHere(control, key);
+    return keyDownHere(control, key, effect);
 }
 
-UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key) {
+UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key, const KeyAction& effect) {
     ++begun_;
     lastRefusal_ = whyNot(control);
     if (!lastRefusal_.empty())
@@ -26,7 +26,10 @@ UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key) {
     fire(control.onKeyDown, key);
     if (Refusal refusal = whyNot(control); !refusal.empty())
         return refusal;
-    applyKey(control, key);
+    if (effect)
+        effect();
+    else
+        applyKey(control, key);
     return {};
 }
 
@@ -72,12 +75,28 @@ UserHands::Refusal UserHands::strike(Control& control, KeyEvent key) {
     return {};
 }
 
+UserHands::Refusal UserHands::enterText(TextField& field, std::string_view text) {
+    const KeyEvent key{kKeyForeignText, 0};
+    if (Refusal refusal = keyDown(field, key, [&] { field.insert(text); }); !refusal.empty())
+        return refusal;
+    keyUp(field, key);
+    return {};
+}
+
 UserHands::Refusal UserHands::insert(Control& control, std::string_view text) {
     if (control.kind() != Kind::TextField)
         return describe(control) + " is no text field";
     if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
         return refusal;
     as<TextField>(control).insert(text);
+    return {};
+}
+
+UserHands::Refusal UserHands::insertAt(TextField& field, std::size_t place, std::string_view text) {
+    if (Refusal refusal = begin(Target::whole(field)); !refusal.empty())
+        return refusal;
+    field.select(place, place);
+    field.insert(text);
     return {};
 }
 

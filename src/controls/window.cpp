@@ -75,6 +75,8 @@ void Window::remove(const Control& control) {
         focusControl_ = nullptr;
     if (cancelButton_ == &control)
         cancelButton_ = nullptr;
+    if (defaultButton_ == &control)
+        defaultButton_ = nullptr;
     desktop_.forget(control);
 }
 

@@ -55,6 +55,15 @@ public:
     void setCancelButton(Button& button) { cancelButton_ = &button; }
     Button* cancelButton() const { return cancelButton_; }
 
+    /// The button that Enter presses in a field of one line; may be null.
+    void setDefaultButton(Button& button) { defaultButton_ = &button; }
+    Button* defaultButton() const { return defaultButton_; }
+
+    /// The window that this one is a document of; null for a window of its own. A press in the tool bar of a
+    /// frame leaves the document active.
+    void setFrame(Window& frame) { frame_ = &frame; }
+    Window* frame() const { return frame_; }
+
     /// The user closes the window by its frame. The base hides it.
     virtual void closeByFrame();
 
@@ -78,6 +87,8 @@ private:
     Pointer pointer_ = Pointer::Default;
     Control* focusControl_ = nullptr;
     Button* cancelButton_ = nullptr;
+    Button* defaultButton_ = nullptr;
+    Window* frame_ = nullptr;
     std::vector<Control*> controls_;
     std::unordered_map<std::string, Control*> byName_;
 };

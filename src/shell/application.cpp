@@ -17,6 +17,8 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
       frmOption(desktop, settingsOfProgram), frmResult(desktop), frmAbout(desktop), projects(*this),
       builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); }}), generator_(generator),
       folders_(std::move(folders)) {
+    frmSECSEditor.setFrame(frmMain);
+    frmTRModeler.setFrame(frmMain);
     frmTRModeler.useDialogs(frmTRMessage, frmTRItem);
     frmMain.onClose = [this] { exit(); };
     frmSECSEditor.onFind = [this] { frmFind.showFind(); };

@@ -1,3 +1,4 @@
+#include "controls/bars.h"
 #include "controls/desktop.h"
 #include "controls/list.h"
 #include "controls/menu.h"
@@ -168,6 +169,47 @@ TEST_F(Focus, EntriesOfADisabledMenuCannotBeReached) {
     EXPECT_EQ(hands_.click(Target::whole(entry)), "");
     menu.setEnabled(false);
     EXPECT_EQ(hands_.click(Target::whole(entry)), "one.mnuTop is disabled");
+}
+
+TEST_F(Focus, AnActionActivatesItsWindowBeforeItAsksWhatIsEnabled) {
+    MenuEntry menu(one_, "mnuTop", "Top");
+    MenuEntry entry(one_, "mnuEntry", "Entry", &menu);
+    entry.setEnabled(false);
+    entry.onClick = [this] { log_ += "run "; };
+    one_.tree.onGotFocus = [&] { entry.setEnabled(true); };
+    one_.tree.onLostFocus = [&] { entry.setEnabled(false); };
+    one_.show();
+    hands_.focus(one_.tree);
+    two_.show();
+    ASSERT_FALSE(entry.enabled());
+    log_.clear();
+    EXPECT_EQ(hands_.click(Target::whole(entry)), "");
+    EXPECT_EQ(log_, "-two.first run ");
+}
+
+TEST_F(Focus, ThePressInTheToolBarOfAFrameLeavesFocusAndSelection) {
+    Window frame(desktop_, "frmFrame");
+    Toolbar bar(frame, "tbrBar");
+    bar.addButton("Save");
+    int pressed = 0;
+    bar.onButtonClick = [&](ToolbarButton&) { ++pressed; };
+    one_.setFrame(frame);
+    frame.show();
+    one_.show();
+    one_.first.setText("abc");
+    one_.first.select(1, 2);
+    log_.clear();
+    Target button = Target::whole(bar);
+    button.button = &bar.button("Save");
+    EXPECT_EQ(hands_.click(button), "");
+    EXPECT_EQ(pressed, 1);
+    EXPECT_EQ(log_, "");
+    EXPECT_TRUE(one_.first.focused());
+    EXPECT_EQ(one_.first.selectedText(), "b");
+    // From another window it leads back to the document.
+    two_.show();
+    EXPECT_EQ(hands_.click(button), "");
+    EXPECT_TRUE(one_.first.focused());
 }
 
 TEST_F(Focus, APopupStandsWhileItsCommandShowsADialog) {

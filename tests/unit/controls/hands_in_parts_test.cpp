@@ -5,6 +5,7 @@
 #include "controls/tree.h"
 #include "controls/user_hands.h"
 #include "controls/window.h"
+#include "unit/controls/silent_screen.h"
 
 #include <gmock/gmock.h>
 
@@ -17,15 +18,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using MouseButton = UserHands::MouseButton;
-
-class SilentScreen final : public Screen {
-public:
-    Answer showBox(const Box& /*box*/) override { return Answer::OK; }
-    std::string pickFile(const FileDialog& /*dialog*/) override { return {}; }
-    void runModal(Window& window) override { window.hide(); }
-    void bringToFront(Window& /*window*/) override {}
-    void openPopup(PopupMenu& /*menu*/) override {}
-};
 
 struct HandsInParts : ::testing::Test {
     HandsInParts() {
@@ -154,6 +146,37 @@ TEST_F(HandsInParts, AComboTakesARowByItsPosition) {
     combo.onChoose = [this] { log.push_back(combo.text()); };
     hands.choose(combo, 1);
     EXPECT_THAT(log, ElementsAre("#1"));
+}
+
+TEST_F(HandsInParts, ShiftAndArrowsExtendTheSelection) {
+    hands.click(on(row(1)));
+    hands.key(list, {kKeyDown, kShiftKey});
+    hands.key(list, {kKeyDown, kShiftKey});
+    EXPECT_THAT(selected(), ElementsAre("two", "three", "four"));
+    hands.key(list, {kKeyUp, kShiftKey});
+    EXPECT_THAT(selected(), ElementsAre("two", "three"));
+    hands.key(list, {kKeyDown, 0});
+    EXPECT_THAT(selected(), ElementsAre("four"));
+}
+
+TEST_F(HandsInParts, ArrowsShowANodeAsAClickDoesAndKeepTheFocus) {
+    Node& first = tree.nodes().add(nullptr, Relation::Last, "first");
+    tree.nodes().add(nullptr, Relation::Last, "second");
+    Window dialog(desktop, "frmDialog");
+    TextField inDialog(dialog, "txtIn");
+    dialog.show();
+    tree.onNodeClick = [&](Node& node) {
+        log.push_back(node.text());
+        field.setFocus();
+        dialog.show();
+    };
+    hands.click(on(first));
+    EXPECT_TRUE(inDialog.focused());
+    hands.focus(tree);
+    hands.key(tree, {kKeyDown, 0});
+    EXPECT_THAT(log, ElementsAre("first", "second"));
+    EXPECT_TRUE(tree.focused());
+    EXPECT_EQ(desktop.activeWindow(), &window);
 }
 
 } // namespace
