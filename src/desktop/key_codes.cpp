@@ -102,7 +102,7 @@ KeyMeaning meaningOf(const QKeyEvent& event) {
             if (const auto key = keyOfCharacter(text.front()))
                 return {key, {}};
         }
-        return {std::nullopt, text};
+        return {KeyEvent{kKeyForeignText, shift & kShiftKey}, text};
     }
     if (isAscii(event.key())) {
         // Without a text the letters come in upper case, whatever Shift says.

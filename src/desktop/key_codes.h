@@ -11,9 +11,10 @@ namespace zb {
 
 /// What a key of this machine's keyboard means to the windows.
 struct KeyMeaning {
-    /// The key of a US keyboard that enters the same character, or has the same function.
+    /// The key of a US keyboard that enters the same character, or has the same function; the key that stands
+    /// for all other texts.
     std::optional<KeyEvent> key;
-    /// A text that no key of a US keyboard enters; it goes the way of input methods.
+    /// With that last key the text that it enters; else empty.
     std::string text;
 };
 

@@ -40,8 +40,10 @@ frmNewProject::frmNewProject(Desktop& desktop, ModuleState& state, std::string a
     dirProject.setToolTip("The folder in which the project's folder is made");
     setFirstFocus(txtProjectName);
     setCancelButton(cmdCancel);
+    setDefaultButton(cmdOK);
 
     txtProjectName.onChange = [this] { nameChanged(); };
+    txtProjectName.setAnswersEnter();
     txtProjectName.onKeyDown = [this](KeyEvent key) {
         if (key.code == kKeyEnter)
             accept();

@@ -1,11 +1,17 @@
 #include "desktop/binders/binder.h"
 
+#include "controls/key_effects.h"
+#include "controls/simple_controls.h"
+#include "controls/text_field.h"
+#include "controls/window.h"
 #include "desktop/key_codes.h"
 #include "desktop/qt_text.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace zb {
 
@@ -88,26 +94,65 @@ bool Binder::keyPressed(QKeyEvent& event) {
     const KeyMeaning meaning = meaningOf(event);
     if (!meaning.key || (meaning.key->shift & kAltKey) != 0)
         return false;
-    pressKey(*meaning.key);
+    const QPointer<Binder> alive(this);
+    pressKey(event, *meaning.key);
+    // What scripts press goes to the store alone.
+    const bool enters = meaning.key->code == kKeyEnter && event.spontaneous() && !event.isAutoRepeat();
+    if (alive && enters && leavesEnterToWindow())
+        pressDefaultButton();
     return true;
 }
 
-void Binder::pressKey(KeyEvent key) {
+// The others have a use of their own for the key.
+bool Binder::leavesEnterToWindow() const {
+    switch (control_.kind()) {
+    case Control::Kind::TextField:
+        return !static_cast<TextField&>(control_).answersEnter();
+    case Control::Kind::CheckBox:
+    case Control::Kind::Option:
+    case Control::Kind::Combo:
+    case Control::Kind::FolderField:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// The focus stays in the field, where a refusal wants it.
+void Binder::pressDefaultButton() {
+    Button* button = control_.window().defaultButton();
+    if (button != nullptr && hands().whyNot(Target::whole(*button)).empty())
+        pressByClick(*button);
+}
+
+void Binder::pressKey(const QKeyEvent& event, KeyEvent key, const UserHands::KeyAction& effect) {
     // The handlers of the key may take this binder's window away.
     const QPointer<Binder> alive(this);
-    const auto refusal =
-        binding_.keysStay ? hands().keyDownHere(control_, key) : hands().keyDown(control_, key);
-    if (refusal.empty() && alive)
-        keysDown_.insert(key.code);
+    const auto refusal = binding_.keysStay ? hands().keyDownHere(control_, key, effect)
+                                           : hands().keyDown(control_, key, effect);
+    if (!refusal.empty() || !alive)
+        return;
+    // A repeated key is one key, and one that went up elsewhere is down anew.
+    std::erase_if(keysDown_, [&](const KeyDown& held) { return isSameKey(held, event, key.code); });
+    keysDown_.push_back({event.nativeScanCode(), key.code});
+}
+
+bool Binder::isSameKey(const KeyDown& held, const QKeyEvent& event, int code) {
+    return event.nativeScanCode() != 0 ? held.scanCode == event.nativeScanCode() : held.code == code;
 }
 
 bool Binder::keyReleased(const QKeyEvent& event) {
     const KeyMeaning meaning = meaningOf(event);
-    if (!meaning.key || event.isAutoRepeat())
+    if (event.isAutoRepeat())
         return meaning.key.has_value();
-    if (keysDown_.erase(meaning.key->code) == 0)
+    const KeyEvent up = meaning.key.value_or(KeyEvent());
+    const auto down = std::find_if(keysDown_.begin(), keysDown_.end(),
+                                   [&](const KeyDown& held) { return isSameKey(held, event, up.code); });
+    if (down == keysDown_.end())
         return false;
-    hands().keyUp(control_, *meaning.key);
+    const KeyEvent key{down->code, up.shift};
+    keysDown_.erase(down);
+    hands().keyUp(control_, key);
     return true;
 }
 

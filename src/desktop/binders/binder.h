@@ -8,8 +8,9 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
-#include <set>
+#include <vector>
 
 class QKeyEvent;
 
@@ -33,6 +34,8 @@ struct Binding {
     std::optional<DragData> drag;
     /// What was taken up by keys, to be let fall by keys.
     std::optional<DragData> taken;
+    /// Goes on with the last search.
+    std::function<void()> searchAgain;
     /// Where a pop-up opens that a key has asked for; elsewhere it opens where the pointer is.
     std::optional<QPoint> popupPlace;
 };
@@ -83,18 +86,28 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     /// True when the key was dealt with.
     virtual bool keyPressed(QKeyEvent& event);
-    void pressKey(KeyEvent key);
+    /// The key that the event means, with an effect in place of the one that the store knows for it.
+    void pressKey(const QKeyEvent& event, KeyEvent key, const UserHands::KeyAction& effect = {});
 
 private:
+    /// A key that is held. What it means may change until it goes up, when Shift goes up before.
+    struct KeyDown {
+        quint32 scanCode;
+        int code;
+    };
+
+    static bool isSameKey(const KeyDown& held, const QKeyEvent& event, int code);
     void ring(Change change);
     void showState();
     bool keyReleased(const QKeyEvent& event);
+    bool leavesEnterToWindow() const;
+    void pressDefaultButton();
     bool filterKeys(QEvent& event);
 
     Control& control_;
     QPointer<QWidget> widget_;
     Binding& binding_;
-    std::set<int> keysDown_;
+    std::vector<KeyDown> keysDown_;
     bool abandoned_ = false;
 };
 

@@ -110,6 +110,8 @@ void runDrag(Binding& binding, QWidget& source, const DragData& data, const QStr
 
 void runDrag(Binding& binding, QWidget& source, const DragData& data, const QPixmap& picture) {
     binding.drag = data;
+    // What the mouse drags is what was taken up last.
+    binding.taken.reset();
     auto content = std::make_unique<QMimeData>();
     if (data.form == DragData::Form::Picture)
         content->setImageData(picture.toImage());

@@ -76,7 +76,9 @@ bool FolderFieldBinder::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool FolderFieldBinder::keyPressed(QKeyEvent& event) {
-    return event.key() == Qt::Key_Escape && Binder::keyPressed(event);
+    const bool isWindows =
+        event.key() == Qt::Key_Escape || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return isWindows && Binder::keyPressed(event);
 }
 
 } // namespace zb

@@ -8,6 +8,7 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopeGuard>
 #include <QScrollBar>
 
@@ -34,8 +35,20 @@ bool isMember(const Target& target) {
 
 } // namespace
 
+FocusMark::FocusMark(QWidget& view) : QWidget(&view) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setGeometry(view.rect());
+    setVisible(view.hasFocus());
+}
+
+void FocusMark::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
 ItemBinder::ItemBinder(Control& control, QAbstractItemView& view, Binding& binding)
-    : Binder(control, view, binding), view_(view) {
+    : Binder(control, view, binding), view_(view), focusMark_(*new FocusMark(view)) {
     view_.viewport()->installEventFilter(this);
 }
 
@@ -50,6 +63,12 @@ UserHands::Refusal ItemBinder::press(const Target& target, const QMouseEvent& ev
 bool ItemBinder::eventFilter(QObject* watched, QEvent* event) {
     if (watched == view_.viewport())
         return viewportEvent(*event);
+    if (event->type() == QEvent::FocusIn)
+        focusMark_.show();
+    else if (event->type() == QEvent::FocusOut)
+        focusMark_.hide();
+    else if (event->type() == QEvent::Resize)
+        focusMark_.setGeometry(view_.rect());
     if (event->type() == QEvent::ContextMenu &&
         static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
         openPopupByKey();
@@ -176,10 +195,15 @@ void ItemBinder::scrollAtEdge(const QPoint& place) {
 
 bool ItemBinder::keyPressed(QKeyEvent& event) {
     flush();
-    return dragByKey(event) || mouseByKey(event) || Binder::keyPressed(event);
+    if (dragByKey(event) || mouseByKey(event) || Binder::keyPressed(event))
+        return true;
+    // What is left must not reach the view: it would move the highlight without the store.
+    event.ignore();
+    return true;
 }
 
-// Copy takes up what a drag would, paste lets it fall on the selection.
+// Copy takes up what a drag would, paste lets it fall on the selection. A text that was copied since is not
+// meant for a tree, which may take any drop for a repetition of the drag before.
 bool ItemBinder::dragByKey(const QKeyEvent& event) {
     const Target target = selectedTarget();
     if (event.matches(QKeySequence::Copy) && startsDrags()) {
@@ -187,10 +211,9 @@ bool ItemBinder::dragByKey(const QKeyEvent& event) {
             takeUp(binding(), hands().beginDrag(target));
         return true;
     }
-    if (!event.matches(QKeySequence::Paste) || !takesDrops())
+    if (!event.matches(QKeySequence::Paste) || !takesDrops() || !holdsTaken(binding()))
         return false;
-    if (const auto held = takenUp(binding()))
-        hands().drop(*held, target);
+    hands().drop(DragData(*binding().taken), target);
     return true;
 }
 
@@ -208,9 +231,12 @@ bool ItemBinder::mouseByKey(const QKeyEvent& event) {
         return true;
     }
     const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (!enters || !isMember(target) || !takesDoubleClicks())
+    if (!enters || !isMember(target))
         return false;
-    hands().doubleClick(target);
+    if (takesDoubleClicks())
+        hands().doubleClick(target);
+    else
+        hands().click(target);
     return true;
 }
 

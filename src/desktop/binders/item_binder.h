@@ -12,6 +12,16 @@ class QMouseEvent;
 
 namespace zb {
 
+/// A frame around a view that has the keyboard, which an empty list or a tree without a selection could not
+/// show otherwise.
+class FocusMark final : public QWidget {
+public:
+    explicit FocusMark(QWidget& view);
+
+private:
+    void paintEvent(QPaintEvent* event) override;
+};
+
 /// What lists and trees have in common: the mouse, what is dragged from them and dropped on them, and the
 /// keys that stand for the mouse.
 class ItemBinder : public Binder {
@@ -50,8 +60,9 @@ private:
     void openPopupByKey();
 
     QAbstractItemView& view_;
-    Target pressed_;   // to be told of the release
-    Target draggable_; // while the button is down on it
+    QWidget& focusMark_; // the view owns it
+    Target pressed_;     // to be told of the release
+    Target draggable_;   // while the button is down on it
     QPoint pressedAt_;
 };
 

@@ -150,7 +150,7 @@ void ListBinder::showSelection() {
     }
     QItemSelectionModel* shown = view_.selectionModel();
     shown->select(selection, QItemSelectionModel::ClearAndSelect);
-    const QModelIndex current = model_->indexOf(list_.selected());
+    const QModelIndex current = model_->indexOf(list_.rangeEnd());
     shown->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
     if (current.isValid())
         view_.scrollTo(current);

@@ -1,6 +1,7 @@
 #include "desktop/binders/simple_binders.h"
 
 #include "controls/simple_controls.h"
+#include "controls/window.h"
 #include "desktop/binders/dragging.h"
 #include "desktop/forms/picture_box.h"
 #include "desktop/pictures/pictures.h"
@@ -13,6 +14,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPushButton>
 
 #include <algorithm>
 #include <cstddef>
@@ -24,6 +26,8 @@ ButtonBinder::ButtonBinder(Control& control, QAbstractButton& button, Binding& b
     : Binder(control, button, binding), button_(button) {
     // The group of stores says which options turn off; the buttons only show it.
     button_.setAutoExclusive(false);
+    if (auto* push = qobject_cast<QPushButton*>(&button_))
+        push->setDefault(control.window().defaultButton() == &control);
     connect(&button_, &QAbstractButton::clicked, this, [this] { clicked(); });
     start();
 }

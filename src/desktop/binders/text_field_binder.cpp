@@ -5,6 +5,7 @@
 #include "desktop/key_codes.h"
 #include "desktop/qt_text.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
@@ -14,28 +15,41 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QScopedValueRollback>
 
 #include <limits>
+#include <vector>
 
 namespace zb {
 
 namespace {
 
-std::string firstLine(const std::string& text) {
-    return text.substr(0, text.find_first_of("\r\n"));
-}
-
-bool movesByWord(const QKeyEvent& event) {
-    return event.matches(QKeySequence::MoveToNextWord) || event.matches(QKeySequence::MoveToPreviousWord) ||
-           event.matches(QKeySequence::SelectNextWord) || event.matches(QKeySequence::SelectPreviousWord);
+/// The keys of a US keyboard that enter the text one by one; empty when it holds another character.
+std::vector<KeyEvent> keysOf(const std::string& text) {
+    std::vector<KeyEvent> keys;
+    for (const char character : text) {
+        const auto key = keyOfCharacter(character);
+        if (!key)
+            return {};
+        keys.push_back(*key);
+    }
+    return keys;
 }
 
 } // namespace
 
 TextFieldBinder::TextFieldBinder(TextField& field, QLineEdit& line, Binding& binding)
-    : Binder(field, line, binding), field_(field), line_(line) {
+    : Binder(field, line, binding), field_(field), line_(line),
+      undo_(makeAction("editUndo", tr("&Undo"), &TextFieldBinder::undo)),
+      redo_(makeAction("editRedo", tr("&Redo"), &TextFieldBinder::redo)),
+      cut_(makeAction("editCut", tr("Cu&t"), &TextFieldBinder::cut)),
+      copy_(makeAction("editCopy", tr("&Copy"), &TextFieldBinder::copy)),
+      paste_(makeAction("editPaste", tr("&Paste"), &TextFieldBinder::paste)),
+      selectAll_(makeAction("editSelectAll", tr("Select &All"), &TextFieldBinder::selectAll)) {
     line_.setMaxLength(std::numeric_limits<int>::max());
+    connect(&line_, &QLineEdit::textChanged, this, [this] { takeText(); });
     connect(&line_, &QLineEdit::selectionChanged, this, [this] { takeSelection(); });
     connect(&line_, &QLineEdit::cursorPositionChanged, this, [this] { takeSelection(); });
     start();
@@ -77,6 +91,15 @@ void TextFieldBinder::showSelection() {
     }
 }
 
+// What changes the widget by itself, as its clear button does, is a paste.
+void TextFieldBinder::takeText() {
+    if (isShowing() || line_.text() == toQt(field_.text()))
+        return;
+    hands().paste(field_, fromQt(line_.text()));
+    const Showing showing(binding());
+    show(Change::Value);
+}
+
 void TextFieldBinder::takeSelection() {
     if (isShowing() || settling_)
         return;
@@ -100,35 +123,24 @@ bool TextFieldBinder::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
         // By itself the widget selects its text when Tab reaches it. The store knows better.
         settling_ = true;
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                settling_ = false;
-                const Showing showing(binding());
-                showSelection();
-            },
-            Qt::QueuedConnection);
+        settleSoon();
         return Binder::eventFilter(watched, event);
     case QEvent::FocusOut: {
         const bool handled = Binder::eventFilter(watched, event);
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                const Showing showing(binding());
-                showSelection();
-            },
-            Qt::QueuedConnection);
+        settleSoon();
         return handled;
     }
+    case QEvent::ShortcutOverride: {
+        // The search key is a key of the field before it searches.
+        const bool searches = static_cast<QKeyEvent*>(event)->key() == Qt::Key_F3;
+        if (searches)
+            event->accept();
+        return searches;
+    }
     case QEvent::MouseButtonPress:
-        if (settling_) {
-            settling_ = false;
-            const Showing showing(binding());
-            showSelection();
-            // The press that brings the focus keeps what the program has selected then.
-            return field_.anchor() != field_.caret();
-        }
-        return false;
+        return mousePressed();
+    case QEvent::MouseButtonRelease:
+        return mouseReleased(static_cast<QMouseEvent&>(*event));
     case QEvent::InputMethod:
         return inputMethod(static_cast<QInputMethodEvent&>(*event));
     case QEvent::ContextMenu:
@@ -144,13 +156,48 @@ bool TextFieldBinder::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-bool TextFieldBinder::keyPressed(QKeyEvent& event) {
-    if (editShortcut(event))
-        return true;
-    if (movesByWord(event))
+void TextFieldBinder::settleSoon() {
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            settling_ = false;
+            const Showing showing(binding());
+            showSelection();
+        },
+        Qt::QueuedConnection);
+}
+
+bool TextFieldBinder::mousePressed() {
+    if (!settling_)
         return false;
-    if (const std::string text = meaningOf(event).text; !text.empty()) {
-        hands().insert(field_, text);
+    settling_ = false;
+    const Showing showing(binding());
+    showSelection();
+    // The press that brings the focus keeps what the program has selected then.
+    return field_.anchor() != field_.caret();
+}
+
+// The middle button pastes what is selected elsewhere, where the platform has such a selection.
+bool TextFieldBinder::mouseReleased(const QMouseEvent& event) {
+    const QClipboard* clipboard = QGuiApplication::clipboard();
+    if (event.button() != Qt::MiddleButton)
+        return false;
+    if (clipboard->supportsSelection()) {
+        const int place = line_.cursorPositionAt(event.position().toPoint());
+        hands().insertAt(field_, storePosition(field_.text(), place),
+                         fromQt(clipboard->text(QClipboard::Selection)));
+    }
+    return true;
+}
+
+bool TextFieldBinder::keyPressed(QKeyEvent& event) {
+    const KeyMeaning meaning = meaningOf(event);
+    if (!meaning.text.empty()) {
+        hands().enterText(field_, meaning.text);
+        return true;
+    }
+    if (const auto effect = effectOf(event)) {
+        pressKey(event, meaning.key.value_or(KeyEvent{kKeyForeignText, 0}), effect);
         return true;
     }
     if (Binder::keyPressed(event))
@@ -160,51 +207,124 @@ bool TextFieldBinder::keyPressed(QKeyEvent& event) {
     return true;
 }
 
-bool TextFieldBinder::editShortcut(QKeyEvent& event) {
+UserHands::KeyAction TextFieldBinder::effectOf(const QKeyEvent& event) {
     if (event.matches(QKeySequence::Copy))
-        copy();
-    else if (event.matches(QKeySequence::Cut))
-        cut();
-    else if (event.matches(QKeySequence::Paste))
-        paste();
-    else if (event.matches(QKeySequence::SelectAll))
-        field_.selectAll();
-    else
-        return false;
-    return true;
+        return [this] { copy(); };
+    // Without a selection the Delete key deletes the next character, Shift or not.
+    if (event.matches(QKeySequence::Cut) &&
+        (event.key() != Qt::Key_Delete || field_.anchor() != field_.caret()))
+        return [this] { cut(); };
+    if (event.matches(QKeySequence::Paste))
+        return [this] { paste(); };
+    if (event.matches(QKeySequence::SelectAll))
+        return [this] { selectAll(); };
+    if (event.matches(QKeySequence::Undo))
+        return [this] { undo(); };
+    if (event.matches(QKeySequence::Redo))
+        return [this] { redo(); };
+    // What scripts press goes to the store alone.
+    if (event.key() == Qt::Key_F3 && event.spontaneous() && binding().searchAgain)
+        return binding().searchAgain;
+    return moveByWord(event);
 }
 
+// Where words end, the widget knows; the store follows its caret.
+UserHands::KeyAction TextFieldBinder::moveByWord(const QKeyEvent& event) {
+    const bool selects =
+        event.matches(QKeySequence::SelectNextWord) || event.matches(QKeySequence::SelectPreviousWord);
+    if (selects || event.matches(QKeySequence::MoveToNextWord) ||
+        event.matches(QKeySequence::MoveToPreviousWord)) {
+        const bool back = event.key() == Qt::Key_Left;
+        return [this, back, selects] {
+            back ? line_.cursorWordBackward(selects) : line_.cursorWordForward(selects);
+        };
+    }
+    const bool toStart = event.matches(QKeySequence::DeleteStartOfWord);
+    if (!toStart && !event.matches(QKeySequence::DeleteEndOfWord))
+        return {};
+    return [this, toStart] { deleteWord(toStart); };
+}
+
+void TextFieldBinder::deleteWord(bool toStart) {
+    if (field_.locked() || field_.readOnly())
+        return;
+    if (field_.anchor() == field_.caret())
+        toStart ? line_.cursorWordBackward(true) : line_.cursorWordForward(true);
+    hands().insert(field_, "");
+}
+
+// An input method enters its text by keys that no keyboard has. What it still composes shows in the widget
+// alone, unless the field takes no text now.
 bool TextFieldBinder::inputMethod(QInputMethodEvent& event) {
-    if (event.commitString().isEmpty())
+    const bool composes = !event.preeditString().isEmpty();
+    if (forwarding_ || (!composes && event.commitString().isEmpty()))
         return false;
-    hands().insert(field_, firstLine(fromQt(event.commitString())));
-    // The text has been taken; the widget still shows what is being composed.
-    QInputMethodEvent composing(event.preeditString(), event.attributes());
+    const QPointer<Binder> alive(this);
+    enter(fromQt(event.commitString()));
+    if (!alive)
+        return true;
+    const bool shows = !field_.locked() && !field_.readOnly();
+    QInputMethodEvent composing(shows ? event.preeditString() : QString(),
+                                shows ? event.attributes() : QList<QInputMethodEvent::Attribute>());
+    const QScopedValueRollback forwarding(forwarding_, true);
     QCoreApplication::sendEvent(&line_, &composing);
     return true;
 }
 
+void TextFieldBinder::enter(const std::string& text) {
+    const std::vector<KeyEvent> keys = keysOf(text);
+    if (keys.empty()) {
+        hands().enterText(field_, text);
+        return;
+    }
+    for (const KeyEvent key : keys) {
+        if (!hands().keyDown(field_, key).empty())
+            return;
+        hands().keyUp(field_, key);
+    }
+}
+
 bool TextFieldBinder::drops(QEvent& event) {
-    if (!field_.onDropData) {
+    if (!field_.onDropData && field_.readOnly()) {
         event.ignore();
         return true;
     }
     if (!followDrag(binding(), line_, event) || event.type() != QEvent::Drop)
         return true;
-    hands().drop(dragDataOf(binding(), static_cast<QDropEvent&>(event)), Target::whole(field_));
+    auto& drop = static_cast<QDropEvent&>(event);
+    const DragData data = dragDataOf(binding(), drop);
+    if (field_.onDropData) {
+        hands().drop(data, Target::whole(field_));
+    } else if (data.form == DragData::Form::Text) {
+        const int place = line_.cursorPositionAt(drop.position().toPoint());
+        hands().insertAt(field_, storePosition(field_.text(), place), data.text);
+    }
     return true;
 }
 
-void TextFieldBinder::copy() const {
+void TextFieldBinder::undo() {
+    field_.undo();
+}
+
+void TextFieldBinder::redo() {
+    field_.redo();
+}
+
+void TextFieldBinder::selectAll() {
+    field_.selectAll();
+}
+
+void TextFieldBinder::copy() {
     const std::string text = field_.selectedText();
     if (!text.empty())
         QGuiApplication::clipboard()->setText(toQt(text));
 }
 
 void TextFieldBinder::cut() {
+    if (field_.locked() || field_.readOnly() || field_.anchor() == field_.caret())
+        return;
     copy();
-    if (field_.anchor() != field_.caret())
-        hands().insert(field_, "");
+    hands().insert(field_, "");
 }
 
 void TextFieldBinder::paste() {
@@ -214,21 +334,33 @@ void TextFieldBinder::paste() {
             hands().drop(*taken, Target::whole(field_));
         return;
     }
-    hands().insert(field_, firstLine(fromQt(QGuiApplication::clipboard()->text())));
+    hands().insert(field_, fromQt(QGuiApplication::clipboard()->text()));
 }
 
+QAction& TextFieldBinder::makeAction(const char* name, const QString& text, void (TextFieldBinder::*run)()) {
+    auto* action = new QAction(text, &line_); // the line owns it
+    action->setObjectName(QLatin1String(name));
+    connect(action, &QAction::triggered, this, run);
+    return *action;
+}
+
+// What the menu does is done by the mouse: no key event.
 void TextFieldBinder::openContextMenu(const QPoint& place) {
     hands().focus(field_);
-    QMenu menu(&line_);
     const bool selected = field_.anchor() != field_.caret();
     const bool changes = !field_.locked() && !field_.readOnly();
-    const bool fills = changes || (field_.readOnly() && field_.onDropData);
-    menu.addAction(tr("Cu&t"), this, [this] { cut(); })->setEnabled(selected && changes);
-    menu.addAction(tr("&Copy"), this, [this] { copy(); })->setEnabled(selected);
-    menu.addAction(tr("&Paste"), this, [this] { paste(); })->setEnabled(fills);
+    undo_.setEnabled(changes && field_.canUndo());
+    redo_.setEnabled(changes && field_.canRedo());
+    cut_.setEnabled(selected && changes);
+    copy_.setEnabled(selected);
+    paste_.setEnabled(changes || (field_.readOnly() && field_.onDropData));
+    selectAll_.setEnabled(!field_.text().empty());
+    QMenu menu(&line_);
+    menu.addActions({&undo_, &redo_});
     menu.addSeparator();
-    menu.addAction(tr("Select &All"), this, [this] { field_.selectAll(); })
-        ->setEnabled(!field_.text().empty());
+    menu.addActions({&cut_, &copy_, &paste_});
+    menu.addSeparator();
+    menu.addAction(&selectAll_);
     menu.exec(place);
 }
 

@@ -2,17 +2,20 @@
 
 #include "desktop/binders/binder.h"
 
+class QAction;
+class QDropEvent;
 class QInputMethodEvent;
 class QLineEdit;
+class QMouseEvent;
 class QPlainTextEdit;
 
 namespace zb {
 
 class TextField;
 
-/// A field of one line. The store holds text, caret and selection; keys run the store's own path, so that a
-/// locked field takes no character but keeps caret, selection and copy. The mouse places the caret in the
-/// widget, and the store follows.
+/// A field of one line. The store holds text, caret, selection and what can be undone. Every key takes the
+/// store's own path, those that paste, cut or undo too, so that a locked field takes nothing but keeps caret,
+/// selection and copy. The mouse places the caret in the widget, and the store follows.
 class TextFieldBinder final : public Binder {
 public:
     TextFieldBinder(TextField& field, QLineEdit& line, Binding& binding);
@@ -21,21 +24,39 @@ private:
     void show(Change change) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool keyPressed(QKeyEvent& event) override;
-    bool editShortcut(QKeyEvent& event);
+    UserHands::KeyAction effectOf(const QKeyEvent& event);
+    UserHands::KeyAction moveByWord(const QKeyEvent& event);
     bool inputMethod(QInputMethodEvent& event);
+    void enter(const std::string& text);
+    bool mousePressed();
+    bool mouseReleased(const QMouseEvent& event);
     bool drops(QEvent& event);
 
+    void settleSoon();
+    void takeText();
     void takeSelection();
     void showSelection();
     void showReadOnly();
-    void copy() const;
+    QAction& makeAction(const char* name, const QString& text, void (TextFieldBinder::*run)());
+    void undo();
+    void redo();
+    void copy();
     void cut();
     void paste();
+    void selectAll();
+    void deleteWord(bool toStart);
     void openContextMenu(const QPoint& place);
 
     TextField& field_;
     QLineEdit& line_;
-    bool settling_ = false; // the widget still does what it does by itself when it gets the focus
+    QAction& undo_; // all of the context menu
+    QAction& redo_;
+    QAction& cut_;
+    QAction& copy_;
+    QAction& paste_;
+    QAction& selectAll_;
+    bool settling_ = false;   // the widget still does what it does by itself when it gets the focus
+    bool forwarding_ = false; // the widget shows what an input method composes
 };
 
 /// A field of many lines, for texts that are looked at and copied.

@@ -16,11 +16,13 @@
 #include "screen/script/qt_keys.h"
 #include "script/program.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
 #include <QFileSystemModel>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -43,8 +45,9 @@ void ScreenHands::settle() {
 template<typename Act>
 Hands::Refusal ScreenHands::act(const Target& target, Act act) {
     settle();
-    if (Refusal refusal = hands().whyNot(target); !refusal.empty())
+    if (Refusal refusal = hands().approach(target); !refusal.empty())
         return refusal;
+    settle();
     const int begun = hands().begun();
     act();
     Refusal refusal =
@@ -235,16 +238,15 @@ Hands::Refusal ScreenHands::key(Control& control, KeyEvent key) {
 }
 
 Hands::Refusal ScreenHands::paste(Control& control, std::string_view text) {
-    if (control.kind() != Kind::TextField)
+    if (control.kind() != Kind::TextField ||
+        dynamic_cast<QLineEdit*>(&binderOf(screen_, control).widget()) == nullptr)
         return hands().paste(control, text);
     if (Refusal refusal = focus(control); !refusal.empty())
         return refusal;
-    QWidget& widget = binderOf(screen_, control).keyWidget();
     QGuiApplication::clipboard()->setText(toQt(text));
-    for (const auto key : {Qt::Key_A, Qt::Key_V}) {
-        QKeyEvent down(QEvent::KeyPress, key, Qt::ControlModifier);
-        QCoreApplication::sendEvent(&widget, &down);
-    }
+    // The entries of the field's context menu.
+    for (const char* entry : {"editSelectAll", "editPaste"})
+        binderOf(screen_, control).keyWidget().findChild<QAction*>(QLatin1String(entry))->trigger();
     settle();
     return {};
 }
