@@ -4,6 +4,7 @@
 #include "controls/menu.h"
 #include "controls/window.h"
 #include "desktop/accessibility/accessible_tree.h"
+#include "desktop/corner_beside.h"
 #include "desktop/forms/forms.h"
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
@@ -194,6 +195,9 @@ void DesktopScreen::placeDialog(const Window& window, QWidget& form) const {
     if (aside)
         corner = around.bottomRight() - QPoint(form.width() + 24, form.height() + 48);
     const QRect screen = place->screen()->availableGeometry();
+    const auto* tree = main_->findChild<QWidget*>(QStringLiteral("tvwEdit"));
+    if (window.name() == "frmFind" && tree->isVisible()) // what the search selects stays in view
+        corner = cornerBeside(QRect(tree->mapToGlobal(QPoint()), tree->size()), form.frameSize(), screen);
     form.move(qBound(screen.left(), corner.x(), qMax(screen.left(), screen.right() - form.width())),
               qBound(screen.top(), corner.y(), qMax(screen.top(), screen.bottom() - form.height())));
 }
@@ -258,11 +262,9 @@ void DesktopScreen::addSearchKey(Window& window, QWidget& form) {
     if (find == nullptr || main_ == nullptr)
         return;
     const auto search = [this, find] {
-        if (!find->visible())
-            find->showFind();
-        else if (binding_->hands.activate(*find).empty())
-            find->findNext();
+        return binding_->desktop.modalWindow() == nullptr ? find->findAgain() : void();
     };
+    binding_->searchAgain = search;
     for (QWidget* place : {static_cast<QWidget*>(main_.data()), &form})
         connect(new QShortcut(Qt::Key_F3, place), &QShortcut::activated, &form, search);
 }

@@ -1,7 +1,6 @@
 #include "editor/frm_find.h"
 
 #include "controls/desktop.h"
-#include "messages/find_scan.h"
 #include "platform/text.h"
 #include "platform/tree/node_tree.h"
 
@@ -13,6 +12,8 @@ frmFind::frmFind(Desktop& desktop, LiveTree liveTree)
     : Window(desktop, "frmFind"), liveTree_(std::move(liveTree)) {
     setCaption("Find");
     setCancelButton(cmdCancel);
+    setDefaultButton(cmdFindNext);
+    txtFindWhat.setAnswersEnter();
     txtFindWhat.onChange = [this] {
         cmdFindNext.setEnabled(!isBlank(txtFindWhat.text()));
         takeOrigin();
@@ -49,8 +50,12 @@ void frmFind::closeByFrame() {
 }
 
 void frmFind::takeOrigin() {
+    origin_ = selectedPosition();
+}
+
+int frmFind::selectedPosition() {
     const Node* selected = liveTree_().selected();
-    origin_ = selected == nullptr ? 1 : selected->index();
+    return selected == nullptr ? 1 : selected->index();
 }
 
 FindDirection frmFind::direction() const {
@@ -60,9 +65,25 @@ FindDirection frmFind::direction() const {
 }
 
 void frmFind::findNext() {
+    FindRequest request{txtFindWhat.text(), chkCaps.checked() ? FindCase::Exact : FindCase::Ignored,
+                        direction(), origin_};
+    search(request);
+    origin_ = request.origin;
+    if (!request.what.empty())
+        last_ = request;
+}
+
+void frmFind::findAgain() {
+    if (visible())
+        findNext();
+    else if (last_)
+        search(*last_);
+    else
+        showFind();
+}
+
+void frmFind::search(FindRequest& request) {
     NodeTree& tree = liveTree_();
-    const FindRequest request{txtFindWhat.text(), chkCaps.checked() ? FindCase::Exact : FindCase::Ignored,
-                              direction(), origin_};
     const FindResult result = zb::findNext(tree, request);
     if (result.outcome == FindOutcome::Found)
         tree.select(result.node);
@@ -70,7 +91,7 @@ void frmFind::findNext() {
         return;
     desktop().showBox("End of file");
     if (request.direction == FindDirection::All)
-        takeOrigin();
+        request.origin = selectedPosition();
 }
 
 } // namespace zb

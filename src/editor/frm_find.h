@@ -3,13 +3,14 @@
 #include "controls/simple_controls.h"
 #include "controls/text_field.h"
 #include "controls/window.h"
+#include "messages/find_scan.h"
 
 #include <functional>
+#include <optional>
 
 namespace zb {
 
 class NodeTree;
-enum class FindDirection;
 
 /// The small window that looks for a text in the nodes of the message tree and selects the next one that has
 /// it.
@@ -35,15 +36,22 @@ public:
     void showFind();
     /// Selects the next match, or says that there is none.
     void findNext();
+    /// Goes on with the search that the window shows, else with the last one; asks what to look for when
+    /// there was none.
+    void findAgain();
     void closeByFrame() override;
 
 private:
     void load();
     void takeOrigin();
+    int selectedPosition();
     FindDirection direction() const;
+    void search(FindRequest& request);
 
     LiveTree liveTree_;
     int origin_ = 1;
+    /// What was looked for last; it outlasts the window's closing.
+    std::optional<FindRequest> last_;
 };
 
 } // namespace zb

@@ -289,6 +289,32 @@ TEST_F(FindWindow, ComparesLettersExactlyOnRequest) {
     EXPECT_EQ(screen.boxes.size(), 1U);
 }
 
+TEST_F(FindWindow, RepeatsItsLastSearchAfterItWasClosed) {
+    select(9);
+    type("s1f");
+    click(find.optUp);
+    enter();
+    ASSERT_EQ(selected(), 3);
+    click(find.cmdCancel);
+    ASSERT_FALSE(find.visible());
+    EXPECT_EQ(find.txtFindWhat.text(), "");
+    select(9);
+    find.findAgain();
+    EXPECT_EQ(selected(), 3);
+    EXPECT_FALSE(find.visible());
+    // While it stands, it says what to look for.
+    find.showFind();
+    type("data");
+    find.findAgain();
+    EXPECT_EQ(selected(), 9);
+}
+
+TEST_F(FindWindow, AsksWhatToLookForWhenThereWasNoSearch) {
+    find.closeByFrame();
+    find.findAgain();
+    EXPECT_TRUE(find.visible());
+}
+
 TEST_F(FindWindow, TakesTheChosenDirection) {
     select(9);
     type("s1f");
