@@ -50,12 +50,6 @@ void addRow(List& list, char letter, std::string condition) {
     list.add(id, id).setCell(1, std::move(condition));
 }
 
-/// Everything behind the first character.
-void selectFromSecondCharacter(TextField& field) {
-    const std::string& text = field.text();
-    field.select(text.empty() ? 0 : decodeCharacter(text, 0).length, text.size());
-}
-
 } // namespace
 
 void acceptTextDrops(Control& field, std::function<void(const std::string&)> take) {
@@ -167,7 +161,7 @@ void ConditionBuilder::refuseValue(std::string text) {
     TextField& field = controls_.txtDataItemValue;
     // The focus puts the caret behind the text, so it comes first.
     field.setFocus();
-    selectFromSecondCharacter(field);
+    field.selectAll();
 }
 
 void ConditionBuilder::refuseDuplicate(const std::string& condition) {

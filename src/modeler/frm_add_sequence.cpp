@@ -24,6 +24,7 @@ frmAddSequence::frmAddSequence(Desktop& desktop, ModuleState& state)
     : Window(desktop, "frmAddSequence"), state_(state) {
     setCaption("AddSequence");
     setCancelButton(cmdCancel);
+    setDefaultButton(cmdAdd);
     txtSequence.onKeyDown = [this](KeyEvent key) { txtSequence.setLocked(!mayEnter(key)); };
     cmdAdd.onClick = [this] { add(); };
     cmdCancel.onClick = [this] {

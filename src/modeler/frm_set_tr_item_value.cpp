@@ -9,6 +9,7 @@ namespace zb {
 frmSetTRItemValue::frmSetTRItemValue(Desktop& desktop) : Window(desktop, "frmSetTRItemValue") {
     setCaption("Set Item Value");
     setCancelButton(cmdCancel);
+    setDefaultButton(cmdSet);
     txtTRItemName.setReadOnly(true);
     cmdSet.onClick = [this] { accept(); };
     cmdCancel.onClick = [this] { hide(); };

@@ -65,6 +65,7 @@ void frmTRItem::addTRItem(std::string_view messageName) {
     setCaption("Add TRItem - " + messageName_);
     show();
     cmdUpdate.setCaption("&Add");
+    txtTRItemName.setFocus();
 }
 
 void frmTRItem::updateTRItem(std::string_view messageName, std::string_view itemKey) {
@@ -151,7 +152,10 @@ void frmTRItem::update() {
         }
         fillRecord(*item);
         views_.displayUpdatedTRItem(messageName_, item->Name());
-    } else if (message == nullptr || !addItem(*message, name)) {
+    } else if (message == nullptr) {
+        desktop().showBox("The message '" + messageName_ + "' is no longer in the model.", BoxIcon::Critical);
+        return;
+    } else if (!addItem(*message, name)) {
         return;
     }
     if (!keepVisible_)
@@ -209,6 +213,11 @@ void frmTRItem::connectStatements() {
         if (node != nullptr)
             dropOnStatement(data, *node);
     };
+    // Whoever comes by keyboard starts somewhere.
+    tvwStatement.onGotFocus = [this] {
+        if (tvwStatement.nodes().selected() == nullptr)
+            tvwStatement.nodes().select(statements_.root());
+    };
     tvwStatement.onMouseUp = [this](int button, Node* node) {
         if (button == kRightButton && node != nullptr && node->parent() != nullptr)
             openPopup(*node);
@@ -252,6 +261,7 @@ void frmTRItem::dropCondition(const std::string& id) {
 
 void frmTRItem::openPopup(Node& node) {
     currentNode_ = &node;
+    tvwStatement.nodes().select(&node);
     const std::string& image = node.image();
     const bool wantsCondition =
         (image == kIfImage || image == kElifImage) && codePointCount(node.text()) == codePointCount(image);

@@ -12,7 +12,6 @@ namespace zb {
 namespace {
 
 constexpr int kRightButton = 2;
-constexpr int kPageUp = 33;
 
 const Node* selectedOf(const Tree& tree, ModelLevel level) {
     const Node* node = tree.nodes().selected();
@@ -29,7 +28,7 @@ ModelTreeCommands::ModelTreeCommands(frmTRModeler& window) : window_(window) {
                 openPopup(*tree);
         };
         tree->onKeyDown = [this, tree](KeyEvent key) { keyDown(*tree, key.code); };
-        tree->onKeyUp = [this, tree](KeyEvent key) { keyUp(*tree, key.code); };
+        tree->onReached = [this, tree](Node& node) { press(*tree, &node); };
         tree->onDragStart = [tree](Node& node) { return DragData{node.text(), tree}; };
     }
     wireReceived();
@@ -141,12 +140,6 @@ void ModelTreeCommands::followInDialogs(const Tree& tree, const Node& node) {
 void ModelTreeCommands::keyDown(Tree& tree, int code) {
     if (code == kKeyDelete && tree.nodes().selected() != nullptr)
         deleteNode(tree, *tree.nodes().selected());
-}
-
-// The keys from Page Up to the arrows have moved the selection by now.
-void ModelTreeCommands::keyUp(Tree& tree, int code) {
-    if (code >= kPageUp && code <= kKeyDown && tree.nodes().selected() != nullptr)
-        follow(tree, tree.nodes().selected());
 }
 
 void ModelTreeCommands::deleteNode(Tree& tree, Node& node) {

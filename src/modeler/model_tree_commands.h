@@ -34,7 +34,6 @@ private:
     void follow(Tree& tree, const Node* node);
     void followInDialogs(const Tree& tree, const Node& node);
     void keyDown(Tree& tree, int code);
-    void keyUp(Tree& tree, int code);
     void deleteNode(Tree& tree, Node& node);
     void openPopup(Tree& tree);
     void setRcvPopupState();

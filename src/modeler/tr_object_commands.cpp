@@ -12,7 +12,6 @@ namespace zb {
 namespace {
 
 constexpr int kRightButton = 2;
-constexpr int kPageUp = 33;
 
 } // namespace
 
@@ -23,11 +22,7 @@ TRObjectCommands::TRObjectCommands(frmTRModeler& window) : window_(window) {
         if (button == kRightButton)
             openPopup();
     };
-    // The keys from Page Up to the arrows have moved the selection by now.
-    table.onKeyUp = [this, &table](KeyEvent key) {
-        if (key.code >= kPageUp && key.code <= kKeyDown && table.selected() != nullptr)
-            follow(*table.selected());
-    };
+    table.onReached = [this](const ListRow& row) { follow(row); };
     table.onDragStart = [&table]() -> std::optional<DragData> {
         if (table.selected() == nullptr)
             return std::nullopt;
