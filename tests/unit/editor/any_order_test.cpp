@@ -66,8 +66,7 @@ public:
             EXPECT_EQ(node->parent(), parent);
             EXPECT_EQ(node->previous(), previous);
             EXPECT_EQ(tree().at(node->index()), node);
-            if (!node->key().empty())
-                EXPECT_EQ(tree().find(node->key()), node);
+            EXPECT_TRUE(node->key().empty() || tree().find(node->key()) == node) << node->key();
             count += 1 + reachable(node->child(), node);
         }
         return count;
