@@ -24,7 +24,7 @@ namespace {
 
 constexpr std::chrono::seconds kLongestWait{30};
 
-/// The entries of a drag for these messages, in the order in which their rows would show.
+/// The entries of a drag for these messages, in the order of their rows.
 std::vector<std::string> entriesOf(SECSLibraryStore::Records records) {
     std::stable_sort(records.begin(), records.end(), [](const auto* left, const auto* right) {
         return std::pair(left->getStream(), left->getFunction()) <
@@ -36,10 +36,11 @@ std::vector<std::string> entriesOf(SECSLibraryStore::Records records) {
     return entries;
 }
 
-/// Takes what a drop would add. Messages that the project has already are told where the drop tells them.
-class Taking {
+/// Collects what a drop would add. Messages that the project already has are reported where a drop reports
+/// them.
+class TakenMessages {
 public:
-    Taking(const ProjectMessages& messages, std::string file, std::ostream& err)
+    TakenMessages(const ProjectMessages& messages, std::string file, std::ostream& err)
         : file_(std::move(file)), err_(err) {
         for (const SECSMessageRecord& record : messages.records())
             names_.insert(upper(before(record.getNodeText(), ": ")));
@@ -49,24 +50,24 @@ public:
         for (const SECSMessageRecord* record : library.byStreamFunction(step.streamFunction)) {
             if (names_.insert(upper(record->getName())).second)
                 taken_.push_back(record);
-            else if (step.tellsDuplicates)
-                tellDuplicate(record->getName());
+            else if (step.reportsDuplicates)
+                reportDuplicate(record->getName());
         }
     }
     const SECSLibraryStore::Records& taken() const { return taken_; }
-    bool toldDuplicates() const { return told_; }
+    bool reportedDuplicates() const { return reported_; }
 
 private:
-    void tellDuplicate(const std::string& name) {
+    void reportDuplicate(const std::string& name) {
         err_ << printable(file_) << ": " << printable(name) << " already exists.\n";
-        told_ = true;
+        reported_ = true;
     }
 
     std::string file_;
     std::ostream& err_;
     std::set<std::string> names_; // upper-cased
     SECSLibraryStore::Records taken_;
-    bool told_ = false;
+    bool reported_ = false;
 };
 
 /// `zbc add PROJECT.zbp LIBRARY NAME...`
@@ -90,10 +91,10 @@ private:
 } // namespace
 
 std::string AddVerb::example() const {
-    return "zbc add Etcher.zbp semi S1F13 S6F11\n"
-           "  Adds the messages with their replies, as a drag from the library does, and prints the names\n"
-           "  of those added. A NAME is the name of a message or its stream and function. LIBRARY is gem,\n"
-           "  semi, or a file that ends in .zbp, .smd, .mdf or .sml.";
+    return R"(zbc add Etcher.zbp semi S1F13 S6F11
+  Adds the messages with their replies, as a drag from the library does, and prints the names of
+  the added messages. A NAME is the name of a message or its stream and function. LIBRARY is gem,
+  semi, or a file that ends in .zbp, .smd, .mdf or .sml.)";
 }
 
 void AddVerb::declare(CLI::App& app) {
@@ -129,7 +130,7 @@ int AddVerb::run(ConsoleStreams streams) {
         std::copy_if(named.begin(), named.end(), std::back_inserter(rows),
                      [&chosen](const auto* record) { return chosen.insert(record).second; });
     }
-    Taking taking(file->project.messages, project_, streams.err);
+    TakenMessages taking(file->project.messages, project_, streams.err);
     for (const DropStep& step : planDrop(entriesOf(std::move(rows))))
         taking.take(library, step);
     if (!taking.taken().empty()) {
@@ -140,7 +141,7 @@ int AddVerb::run(ConsoleStreams streams) {
     }
     for (const SECSMessageRecord* record : taking.taken())
         streams.out << printable(record->getName()) << '\n';
-    const bool told = !tellColons(taking.taken(), project_, streams.err) || taking.toldDuplicates();
+    const bool told = !reportColons(taking.taken(), project_, streams.err) || taking.reportedDuplicates();
     return told ? kExitFault : libraryStatus;
 }
 

@@ -29,7 +29,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-int tellFileFault(const std::string& path, const std::string& what, ConsoleStreams streams) {
+int reportFileFault(const std::string& path, const std::string& what, ConsoleStreams streams) {
     streams.err << printable(path) << ": cannot be written: " << printable(what) << '\n';
     return kExitFileFault;
 }
@@ -74,26 +74,22 @@ private:
 } // namespace
 
 std::string BuildVerb::example() const {
-    return "zbc build Etcher.zbp --out build/\n"
-           "  Makes build/Etcher.smd and build/Etcher.tmd, and prints their paths and what they hold. "
-           "Without\n"
-           "  --out they lie in the folder ZeltoInfo beside the project; without --smd or --mdf the "
-           "messages\n"
-           "  have the form that the user's options ask for, else SMD. A project with no transaction model\n"
-           "  has no TMD file. A build with faults leaves the file at fault empty.\n"
-           "zbc build Etcher.zbp --plugin\n"
-           "  Builds both files in ZeltoInfo, saves the project, runs the generator of driver plug-ins on "
-           "it\n"
-           "  and prints what that says. The exit status is 1 when the generator fails, and 3 when there is\n"
-           "  none.";
+    return R"(zbc build Etcher.zbp --out build/
+  Writes build/Etcher.smd and build/Etcher.tmd, and prints their paths and contents. The default
+  folder is ZeltoInfo next to the project. Without --smd or --mdf the form of the messages is that
+  of the user's options, and SMD by default. A project without a transaction model has no TMD file.
+  A build with faults leaves its output file empty.
+zbc build Etcher.zbp --plugin
+  Builds both files in ZeltoInfo, saves the project, runs the generator of driver plug-ins and
+  prints its output. The exit status is 1 when the generator fails, and 3 when there is none.)";
 }
 
 void BuildVerb::declare(CLI::App& app) {
     app.add_option("PROJECT", project_, "The project file, *.zbp")->type_name("FILE")->required();
     CLI::Option* smd = app.add_flag("--smd", smd_, "Build the messages as SMD file");
     app.add_flag("--mdf", mdf_, "Build the messages as MDF file")->excludes(smd);
-    CLI::Option* plugIn = app.add_flag("--plugin", plugIn_, "Save the project and run the generator, too");
-    app.add_option("--out", folder_, "The folder of the built files; made when it is missing")
+    CLI::Option* plugIn = app.add_flag("--plugin", plugIn_, "Also save the project and run the generator");
+    app.add_option("--out", folder_, "The folder of the built files; created when it is missing")
         ->type_name("FOLDER")
         ->excludes(plugIn);
 }
@@ -108,7 +104,7 @@ fs::path BuildVerb::inFolder(const std::string& usualPath) const {
     const fs::path usual(usualPath);
     if (!folder_.empty())
         return fs::path(folder_) / usual.filename();
-    // From the project as it was named, so that what is printed does not depend on the machine's folders.
+    // From the project path as given, so that the output does not depend on the folders of the machine.
     return fs::path(project_).parent_path() / usual.parent_path().filename() / usual.filename();
 }
 
@@ -131,7 +127,7 @@ int BuildVerb::buildPlugIn(ConsoleStreams streams) {
         return kExitFault;
     }
     if (const Result<void> made = makeProjectFolders(place_.folder); !made)
-        return tellFileFault(place_.folder, onOneLine(describeFolderFault(made.error())), streams);
+        return reportFileFault(place_.folder, onOneLine(describeFolderFault(made.error())), streams);
     if (const int status = buildFiles(streams); status != kExitDone)
         return status;
     const Result<void> saved = save(streams);
@@ -139,7 +135,7 @@ int BuildVerb::buildPlugIn(ConsoleStreams streams) {
     ZeltoGenerator generator(userSettings);
     streams.out << printableLines(generator.generate(place_.projectFile())) << '\n';
     if (!saved)
-        return tellFileFault(project_, describeFileFault(saved.error()), streams);
+        return reportFileFault(project_, describeFileFault(saved.error()), streams);
     if (generator.success() == ZeltoGenerator::Success::Yes)
         return kExitDone;
     return generator.success() == ZeltoGenerator::Success::Failed ? kExitFault : kExitFileFault;
@@ -184,7 +180,7 @@ int BuildVerb::buildDefinitions(ConsoleStreams streams) {
     const auto faults = errorsOf(checkDefinitions(tree_, codePage_));
     const auto refuse = [&](const std::string& what) {
         if (faults.empty())
-            return tellFileFault(target, what, streams);
+            return reportFileFault(target, what, streams);
         printFindings(streams.err, project_, faults);
         return kExitFault;
     };
@@ -200,7 +196,7 @@ int BuildVerb::buildDefinitions(ConsoleStreams streams) {
     }
     const std::string text = composeDefinitions(messages_, mdf ? DefinitionForm::Mdf : DefinitionForm::Smd);
     if (const Result<void> written = replaceFile(files_, target, text); !written)
-        return tellFileFault(target, written.error().description, streams);
+        return reportFileFault(target, written.error().description, streams);
     streams.out << printable(target) << ": " << counted(messages_.getMessages().size(), "message") << '\n';
     return kExitDone;
 }
@@ -210,7 +206,7 @@ int BuildVerb::buildTransactions(ConsoleStreams streams) {
         return kExitDone;
     const std::string target = inFolder(place_.builtFile(".tmd")).string();
     if (const Result<void> access = checkFileAccess(files_, target); !access)
-        return tellFileFault(target, describeFileFault(access.error()), streams);
+        return reportFileFault(target, describeFileFault(access.error()), streams);
     const ProjectView view = viewOf(content_, messages_);
     if (!mayBuildTmd(view)) {
         printFindings(streams.err, project_, errorsOf(checkTransactions(view)));
@@ -218,7 +214,7 @@ int BuildVerb::buildTransactions(ConsoleStreams streams) {
     }
     const Result<TmdContent> written = writeTMD(view, files_, target);
     if (!written)
-        return tellFileFault(target, written.error().description, streams);
+        return reportFileFault(target, written.error().description, streams);
     streams.out << printable(target) << ": " << counted(written->messages, "transaction message") << ", "
                 << counted(written->sequences, "sequence") << '\n';
     return kExitDone;

@@ -45,26 +45,22 @@ private:
 } // namespace
 
 std::string CheckVerb::example() const {
-    return "zbc check Etcher.zbp\n"
-           "  Tells each fault on standard error as FILE: MESSAGE: item path: text. The path counts the "
-           "items\n"
-           "  from the message down, from 1: 2/1 is the first item of the message's second. Faults of the\n"
-           "  transaction model follow: there MESSAGE is a TR message or a sequence, and the path the name "
-           "of\n"
-           "  a TR item or the number of a row. A fault is what stops a build, and what names a SECS "
-           "message,\n"
-           "  a data item or a TR message that is not there. The exit status is 1 when there is one. "
-           "Nothing\n"
-           "  is written.\n"
-           "zbc check Etcher.zbp --warnings\n"
-           "  Tells besides, marked \"warning: \", a message name used twice, a text without apostrophes,\n"
-           "  sub items of what is no list, a line that belongs to no message and the like.";
+    return R"(zbc check Etcher.zbp
+  Reports each fault on standard error as FILE: MESSAGE: item path: text. The path counts the items
+  from the message down, from 1: 2/1 is the first item of the message's second item. Faults of the
+  transaction model follow: there MESSAGE is a TR message or a sequence, and the path the name of a
+  TR item or the number of a row. A fault stops a build, or names a SECS message, a data item or a
+  TR message that does not exist. The exit status is 1 when there is a fault. Nothing is written.
+zbc check Etcher.zbp --warnings
+  Also reports, marked "warning: ", what a build accepts but is probably a mistake: a message name
+  used twice, a text without apostrophes, sub items of an item that is not a list, a line that
+  belongs to no message, and similar.)";
 }
 
 void CheckVerb::declare(CLI::App& app) {
     app.add_option("PROJECT", project_, "The project file, *.zbp")->type_name("FILE")->required();
-    app.add_flag("--json", json_, "One JSON object a fault, on standard output");
-    app.add_flag("--warnings", warnings_, "Tell also what a build passes and is hardly meant so");
+    app.add_flag("--json", json_, "One JSON object per finding, on standard output");
+    app.add_flag("--warnings", warnings_, "Also report what a build accepts but is probably a mistake");
 }
 
 int CheckVerb::run(ConsoleStreams streams) {

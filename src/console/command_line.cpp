@@ -15,15 +15,14 @@ namespace zb {
 namespace {
 
 constexpr const char* kDescription =
-    "zbc works on Zeltobench projects without a screen: it builds, checks and lists SECS message\n"
-    "definitions, and runs scripts that work the whole program as a person does.";
+    R"(zbc works on Zeltobench projects without a screen: it builds, checks and lists SECS message
+definitions, and runs scripts that operate the whole program as a person does.)";
 
 constexpr const char* kExitCodes =
-    "Exit status: 0 done, 1 a fault in the input, 2 wrong usage, 3 a file that cannot "
-    "be read or written.\n"
-    "zbc VERB --help tells more about a verb.";
+    R"(Exit status: 0 done, 1 a fault in the input, 2 wrong usage, 3 a file that cannot be read or written.
+zbc VERB --help describes a verb.)";
 
-/// What a parse error says on one line.
+/// The text of a parse error, on one line.
 std::string firstLine(std::string_view text) {
     return std::string(before(text, "\n"));
 }
@@ -57,7 +56,7 @@ int runConsole(const Verbs& verbs, const std::vector<std::string>& arguments, Co
     const ConsoleStreams streams{out, err};
     CLI::App app(kDescription, "zbc");
     app.footer(kExitCodes);
-    app.set_version_flag("--version", "zbc " + std::string(kVersion), "Print the version and leave");
+    app.set_version_flag("--version", "zbc " + std::string(kVersion), "Print the version and exit");
     app.require_subcommand(0, 1);
     for (const auto& verb : verbs) {
         CLI::App* sub = app.add_subcommand(verb->name(), verb->summary());

@@ -40,7 +40,7 @@ std::string bytesOf(const SECSLibraryStore::Records& records, SourceKind kind) {
     }
 }
 
-/// The messages named, in the order of the source and each once; what names none is told.
+/// The named messages, in the order of the source and each once. Names without a message are reported.
 bool takeSelection(const MessageSource& source, const std::string& file,
                    const std::vector<std::string>& names, SECSLibraryStore::Records& records,
                    std::ostream& err) {
@@ -79,19 +79,17 @@ private:
 } // namespace
 
 std::string ConvertVerb::example() const {
-    return "zbc convert vendor.sml Etcher.smd --messages S1F13,S6F11\n"
-           "  Writes the messages named, or all without --messages, and prints the file's path and their\n"
-           "  number. IN is a file or one of the built-in libraries gem and semi; the ending of a name "
-           "tells\n"
-           "  its format: .zbp, .smd, .mdf or .sml. What cannot be read of IN is told, and the rest "
-           "written;\n"
-           "  a project that exists already is never written over (see zbc add).";
+    return R"(zbc convert vendor.sml Etcher.smd --messages S1F13,S6F11
+  Writes the named messages, or all without --messages, and prints the file's path and their
+  number. IN is a file or one of the built-in libraries gem and semi. The ending of a file name
+  selects its format: .zbp, .smd, .mdf or .sml. Messages of IN that cannot be read are reported,
+  and the others are written. An existing project is never overwritten (see zbc add).)";
 }
 
 void ConvertVerb::declare(CLI::App& app) {
     app.add_option("IN", in_, "The file with the messages, or gem or semi")->type_name("FILE")->required();
     app.add_option("OUT", out_, "The file to write")->type_name("FILE")->required();
-    app.add_option("--messages", selection_, "Names of messages, or S1F13, parted by commas")
+    app.add_option("--messages", selection_, "Names of messages, or S1F13, separated by commas")
         ->type_name("NAMES")
         ->delimiter(',');
 }
@@ -127,7 +125,7 @@ int ConvertVerb::write(const SECSLibraryStore::Records& records, ConsoleStreams 
     }
     streams.out << printable(out_) << ": " << counted(records.size(), "message") << '\n';
     const bool project = sourceKind(out_) == SourceKind::Project;
-    return !project || tellColons(records, out_, streams.err) ? kExitDone : kExitFault;
+    return !project || reportColons(records, out_, streams.err) ? kExitDone : kExitFault;
 }
 
 std::unique_ptr<Verb> makeConvertVerb() {

@@ -8,12 +8,12 @@
 
 namespace zb {
 
-/// One line a finding: `FILE: MESSAGE: item path: text`, the path left out for the message itself, and
-/// "warning: " before the text of what is no fault.
+/// One line per finding: `FILE: MESSAGE: item path: text`. The path is left out for the message itself;
+/// "warning: " precedes the text of a finding that is not a fault.
 void printFindings(std::ostream& stream, const std::string& file, const Findings& findings);
-/// One JSON object a line.
+/// One JSON object per line.
 void printFindingsAsJson(std::ostream& stream, const std::string& file, const Findings& findings);
-/// Those that stop a build.
+/// The findings that stop a build.
 Findings errorsOf(Findings findings);
 
 } // namespace zb

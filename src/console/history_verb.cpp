@@ -15,7 +15,7 @@ namespace zb {
 
 namespace {
 
-/// In UTC, so that colleagues in other zones read the same.
+/// In UTC, so that colleagues in other time zones read the same.
 std::string printTime(std::filesystem::file_time_type time) {
     const auto system = std::chrono::file_clock::to_sys(time);
     const std::time_t seconds = std::chrono::system_clock::to_time_t(
@@ -55,17 +55,17 @@ private:
 } // namespace
 
 std::string HistoryVerb::example() const {
-    return "zbc history Etcher.zbp --restore 3\n"
-           "  Puts version 3 beside the project under a new name, which it prints; the project stays as it\n"
-           "  is. Without --restore each kept version is listed with its number, time and size in bytes,\n"
-           "  the oldest first.";
+    return R"(zbc history Etcher.zbp --restore 3
+  Writes version 3 next to the project under a new name, which it prints; the project is not
+  changed. Without --restore each kept version is listed with its number, time and size in bytes,
+  the oldest first.)";
 }
 
 void HistoryVerb::declare(CLI::App& app) {
-    app.add_option("PROJECT", project_, "The project file, *.zbp; it need not be there any more")
+    app.add_option("PROJECT", project_, "The project file, *.zbp; it need not exist any more")
         ->type_name("FILE")
         ->required();
-    app.add_option("--restore", restore_, "The version to bring back")
+    app.add_option("--restore", restore_, "The version to restore")
         ->type_name("N")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()));
 }

@@ -16,7 +16,7 @@ namespace zb {
 
 namespace {
 
-/// All items of a message, lists included.
+/// The number of all items of a message, including lists.
 std::size_t itemCount(const SECSMessageRecord& record) {
     const std::string body = record.getBodyText();
     return static_cast<std::size_t>(std::count(body.begin(), body.end(), '\n'));
@@ -75,17 +75,17 @@ private:
 } // namespace
 
 std::string ListVerb::example() const {
-    return "zbc list Etcher.zbp --json | jq 'select(.stream == 6) | .name'\n"
-           "  Without --json each line has name, stream and function, W or -, direction, number of data\n"
-           "  items with lists counted, and description. With --transactions each message has name, SECS\n"
-           "  message, report or -, and condition; below it stand its items or its data.";
+    return R"(zbc list Etcher.zbp --json | jq 'select(.stream == 6) | .name'
+  Without --json each line has name, stream and function, W or -, direction, number of data items
+  including lists, and description. With --transactions each message has name, SECS message, report
+  or -, and condition, followed by its items or its data.)";
 }
 
 void ListVerb::declare(CLI::App& app) {
     app.add_option("FILE", source_, "A project *.zbp, a library *.smd, *.mdf or *.sml, or gem or semi")
         ->type_name("")
         ->required();
-    app.add_flag("--json", json_, "One JSON object a message");
+    app.add_flag("--json", json_, "One JSON object per message");
     app.add_flag("--transactions", transactions_, "The transaction model of a project, and its sequences");
 }
 

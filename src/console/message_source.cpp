@@ -29,7 +29,7 @@ int formatOf(SourceKind kind) {
     }
 }
 
-/// `FILE:LINE:COLUMN: text`; what is no error says so before its text.
+/// `FILE:LINE:COLUMN: text`; the severity of a finding that is not an error precedes its text.
 void printFinding(std::ostream& out, const std::string& file, const Finding& finding) {
     out << printable(file) << ':' << finding.place.line << ':';
     if (finding.place.column > 0)
@@ -134,7 +134,7 @@ SECSLibraryStore::Records MessageSource::byStreamFunction(std::string_view text)
     return found == byNumbers().end() ? SECSLibraryStore::Records() : found->second;
 }
 
-bool tellColons(const SECSLibraryStore::Records& records, const std::string& file, std::ostream& err) {
+bool reportColons(const SECSLibraryStore::Records& records, const std::string& file, std::ostream& err) {
     bool none = true;
     for (const SECSMessageRecord* record : records) {
         const std::string body = record->getBodyText();

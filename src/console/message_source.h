@@ -11,24 +11,24 @@
 
 namespace zb {
 
-/// What a name on the command line stands for.
+/// The meaning of a name on the command line.
 enum class SourceKind { Project, Gem, Semi, Smd, Mdf, Sml, Unknown };
 
-/// "gem" and "semi" are the built-in libraries; files are told by the ending of their names, in any case. A
-/// file of an unknown ending is read as a project.
+/// "gem" and "semi" are the built-in libraries. Files are recognised by their endings, in any case. A file
+/// with an unknown ending is read as a project.
 SourceKind sourceKind(std::string_view name);
-/// The endings that `sourceKind` knows, for help and faults.
+/// The endings that `sourceKind` knows, for help texts and error messages.
 inline constexpr const char* kSourceEndings = ".zbp, .smd, .mdf or .sml";
 
 /// The messages of a project or of a library.
 class MessageSource {
 public:
-    /// What is wrong with the file is told as one line each. Gives the exit status: with a fault in some of
-    /// its messages the others are here, and the status is kExitFault.
+    /// Reports what is wrong with the file, one line each. Returns the exit status: kExitFault when some of
+    /// its messages are faulty; the others are then available.
     int load(const std::string& name, ConsoleStreams streams);
 
     const SECSLibraryStore::Records& messages() const { return messages_; }
-    /// By name or as "S1F13", case apart; empty when there is none.
+    /// By name or as "S1F13", compared without case; empty when there is none.
     SECSLibraryStore::Records select(std::string_view wanted) const;
     /// Of a stream and function, "S1 F13".
     SECSLibraryStore::Records byStreamFunction(std::string_view text) const;
@@ -49,8 +49,8 @@ private:
     mutable ByName byNumbers_;
 };
 
-/// Tells each item that a project file takes for the head of a message, since it holds a colon. True when
-/// there is none.
-bool tellColons(const SECSLibraryStore::Records& records, const std::string& file, std::ostream& err);
+/// Reports each item that a project file takes for the head of a message, since it contains a colon. True
+/// when there is none.
+bool reportColons(const SECSLibraryStore::Records& records, const std::string& file, std::ostream& err);
 
 } // namespace zb

@@ -8,7 +8,7 @@
 
 namespace zb {
 
-/// A number with the word for what it counts: "1 message", "2 messages".
+/// A number with its noun: "1 message", "2 messages".
 std::string counted(std::size_t number, std::string_view what);
 
 } // namespace zb

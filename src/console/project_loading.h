@@ -16,7 +16,7 @@ std::optional<ProjectFile> loadProject(const std::string& path, ConsoleStreams s
 /// Prints on one line that a project was written without its last version being kept.
 void reportUnkeptVersion(std::ostream& err, const std::string& project, const FileError& error);
 
-/// The ANSI code page of the user's settings, else of the locale.
+/// The ANSI code page of the user's settings, or else of the locale.
 CodePage codePageOfUser();
 
 } // namespace zb

@@ -25,9 +25,9 @@ private:
 } // namespace
 
 std::string ScriptVerb::example() const {
-    return "zbc script bulk-edit.zbs checks/*.zbs\n"
-           "  Runs each script with a program, settings and work folder of its own. A script that fails\n"
-           "  is told as FILE:LINE: what was expected, what was found; the others run nevertheless.";
+    return R"(zbc script bulk-edit.zbs checks/*.zbs
+  Runs each script with a separate program, settings and work folder. A failed script is reported
+  as FILE:LINE: what was expected, what was found; the others still run.)";
 }
 
 void ScriptVerb::declare(CLI::App& app) {

@@ -5,13 +5,12 @@
 
 namespace zb {
 
-/// Rows of text in columns that are as wide as their longest text, two blanks apart; nothing stands behind
-/// the last one.
+/// Rows of text in columns as wide as their longest text, separated by two blanks, without trailing blanks.
 class TextTable {
 public:
     /// Each text is made printable.
     void add(std::vector<std::string> row);
-    /// The rows as lines, without their line ends.
+    /// The rows as lines, without line ends.
     std::vector<std::string> lines() const;
 
 private:

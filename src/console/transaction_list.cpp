@@ -24,7 +24,7 @@ std::string orDash(const std::string& text) {
     return text.empty() || text == kUnused ? "-" : text;
 }
 
-/// The lines of a text that may say that there are none.
+/// The lines of a text, or one that says that there are none.
 std::vector<std::string> linesOf(const std::string& text) {
     return text == kUnused ? std::vector<std::string>() : split(text, "\r\n");
 }
@@ -47,7 +47,7 @@ Kind kindOf(const TRModelStore& model, const TRMessageRecord& message) {
     return message.Direction() == model.SentDirection() ? Kind::Sent : Kind::Other;
 }
 
-/// Prints lines below a heading, which is held back until there is a first one.
+/// Prints lines below a heading. The heading is printed with the first line.
 class Group {
 public:
     Group(std::ostream& out, const char* heading) : out_(out), heading_(heading) {}

@@ -9,17 +9,17 @@ class App;
 
 namespace zb {
 
-/// Where a verb writes: its result on `out`, talk and faults on `err`.
+/// Where a verb writes: the result to `out`, faults and notices to `err`.
 struct ConsoleStreams {
     std::ostream& out;
     std::ostream& err;
 };
 
-/// How a run ends, for shells and CI.
+/// The exit status of a run, for shells and CI.
 /// @{
 inline constexpr int kExitDone = 0;
-inline constexpr int kExitFault = 1;     ///< a fault in the input, told on standard error
-inline constexpr int kExitUsage = 2;     ///< options that cannot be meant
+inline constexpr int kExitFault = 1;     ///< a fault in the input, reported on standard error
+inline constexpr int kExitUsage = 2;     ///< wrong options
 inline constexpr int kExitFileFault = 3; ///< a file that cannot be read or written
 /// @}
 
@@ -29,11 +29,11 @@ public:
     virtual ~Verb() = default;
     virtual std::string name() const = 0;
     virtual std::string summary() const = 0;
-    /// A command line that shows what the verb is good for, and what comes of it.
+    /// An example command line, and its result.
     virtual std::string example() const = 0;
-    /// Adds the verb's options, which write into the verb.
+    /// Adds the verb's options, which are stored in the verb.
     virtual void declare(CLI::App& app) = 0;
-    /// Gives the exit status.
+    /// Returns the exit status.
     virtual int run(ConsoleStreams streams) = 0;
 };
 

@@ -16,13 +16,13 @@ public:
     int index() const { return index_; }
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
-    /// 1 while it is pressed, else 0. Only the program sets it.
+    /// 1 while it is pressed, otherwise 0. Only the program sets it.
     int value() const { return value_; }
     void setValue(int value);
     /// The number of its picture, 0 for none.
     int image() const { return image_; }
     void setImage(int image);
-    /// The name of its picture, for buttons whose pictures have names; else empty.
+    /// The name of its picture, for buttons with named pictures; otherwise empty.
     const std::string& picture() const { return picture_; }
     void setPicture(std::string name);
 
@@ -48,7 +48,7 @@ public:
     const std::deque<ToolbarButton>& buttons() const { return buttons_; }
     /// By Key, compared upper-cased; null when there is none.
     ToolbarButton* find(std::string_view key);
-    /// The button of that Key, which must exist.
+    /// The button with that Key, which must exist.
     ToolbarButton& button(std::string_view key);
 
     /// The user pressed a button; its value has not changed.

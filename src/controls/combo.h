@@ -15,12 +15,13 @@ public:
         : Control(Kind::Combo, window, std::move(name), pane) {}
 
     const std::string& text() const { return text_; }
-    /// Sets what the combo shows; no choice is told.
+    /// Sets the shown text; no choice is reported.
     void setText(std::string_view text);
 
     const std::vector<std::string>& entries() const { return entries_; }
     void add(std::string entry);
-    /// Positions from 0; one behind the end changes nothing. A combo that shows the entry shows nothing then.
+    /// Positions start at 0; a position past the end changes nothing. A combo that shows the removed entry
+    /// shows nothing afterwards.
     void removeAt(std::size_t position);
     /// Removes all entries and the text.
     void clear();
@@ -31,7 +32,7 @@ public:
     void setKeys(Keys keys) { keys_ = keys; }
     Keys keys() const { return keys_; }
 
-    /// What the user does: shows the entry and tells the choice, also of the one that showed before.
+    /// The user's choice: shows the entry and reports the choice, even when the entry is already shown.
     void choose(std::size_t position);
 
     std::function<void()> onChoose;
@@ -42,14 +43,14 @@ private:
     Keys keys_ = Keys::Choose;
 };
 
-/// A folder browser's field: holds the path of a folder.
+/// The field of a folder browser: contains the path of a folder.
 class FolderField : public Control {
 public:
     FolderField(Window& window, std::string name, Control* pane = nullptr)
         : Control(Kind::FolderField, window, std::move(name), pane) {}
 
     const std::string& text() const { return text_; }
-    /// Runs the change handling at once when the folder differs.
+    /// Runs the change handler at once when the folder differs.
     void setText(std::string_view folder);
 
     std::function<void()> onChange;

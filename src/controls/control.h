@@ -13,19 +13,19 @@ namespace zb {
 class Window;
 class Control;
 
-/// What a store tells its screen when it rings: enough to know what to look at again.
+/// What a store reports to its screen: enough to know what to read again.
 enum class Change {
     State,     ///< enabled, visible, locked, caption, checked, pointer, ...
     Value,     ///< text, value, chosen entry
     Selection, ///< selected text, row or node; the caret
-    Rows,      ///< rows, columns, entries, panels or nodes came, went or changed
+    Rows,      ///< rows, columns, entries, panels or nodes were added, removed or changed
 };
 
-/// One listener a store: the screen that shows it.
+/// One listener per store: the screen that shows it.
 using Bell = std::function<void(Change)>;
 
-/// A control store: what one control of a window is and does, with no screen behind it. Handlers of the
-/// program hang on the on... members; the user's hands are in UserHands.
+/// A control store: the state and behaviour of one control of a window, independent of a screen. Handlers of
+/// the program are set in the on... members; the actions of the user are in UserHands.
 class Control {
 public:
     enum class Kind {
@@ -59,10 +59,10 @@ public:
 
     bool enabled() const { return enabled_; }
     bool visible() const { return visible_; }
-    /// A control that is disabled or hidden while it has the focus passes it to the next one.
+    /// A control that is disabled or hidden while it has the focus passes the focus to the next one.
     void setEnabled(bool enabled);
     void setVisible(bool visible);
-    /// Enabled and visible, and so is every pane around it.
+    /// Enabled and visible, and all panes around it are too.
     bool usable() const;
 
     const std::string& caption() const { return caption_; }
@@ -73,7 +73,7 @@ public:
     /// Whether clicks and Tab bring the focus here.
     bool takesFocus() const;
     bool focused() const;
-    /// Moves the focus here; without effect on a control that cannot be used.
+    /// Moves the focus here; no effect on a control that cannot be used.
     void setFocus();
 
     std::function<void()> onGotFocus;
@@ -81,8 +81,8 @@ public:
     std::function<void(KeyEvent)> onKeyDown;
     std::function<void(KeyEvent)> onKeyUp;
 
-    /// A drag starts on the control as a whole, and a drop on it. Trees and lists have their own for their
-    /// members.
+    /// Starts of a drag on the control as a whole, and drops on it. Trees and lists have separate ones for
+    /// their members.
     std::function<std::optional<DragData>()> onDragData;
     std::function<void(const DragData&)> onDropData;
 
@@ -103,7 +103,7 @@ private:
     std::string toolTip_;
 };
 
-/// Runs a handler when there is one. The handler is copied first: it may replace itself.
+/// Runs a handler if there is one. The handler is copied first, since it may replace itself.
 template<typename... Args, typename... Given>
 void fire(const std::function<void(Args...)>& handler, Given&&... given) {
     if (handler) {

@@ -18,7 +18,7 @@ Window* Desktop::find(std::string_view name) const {
 bool Desktop::acceptsInput(const Window& window) const {
     if (!window.visible())
         return false;
-    // Windows that a dialog has opened in front of itself take input, too; those behind it do not.
+    // Windows that a dialog has opened in front of itself also take input; those below it do not.
     const Window* modal = standingModal();
     if (modal == nullptr || modal == &window)
         return true;
@@ -28,7 +28,7 @@ bool Desktop::acceptsInput(const Window& window) const {
     return place(&window) > place(modal);
 }
 
-/// A dialog that is on its way out counts no more, though those that it stood before still do.
+/// A dialog that is being closed no longer counts, but the dialogs below it still do.
 const Window* Desktop::standingModal() const {
     const auto found = std::find_if(modal_.rbegin(), modal_.rend(),
                                     [](const ModalEntry& entry) { return entry.window->visible(); });
@@ -62,7 +62,7 @@ void Desktop::hide(Window& window) {
     window.visible_ = false;
     if (popup_ != nullptr && &popup_->window() == &window)
         closePopup();
-    // A window may hide itself because it loses the focus: who gets it is settled then.
+    // A window may hide itself because it loses the focus. The next owner of the focus is decided then.
     const bool wasActive = active_ == &window && leaving_ != &window;
     if (wasActive) {
         leave(window);

@@ -15,8 +15,8 @@ class Window;
 /// The title of message boxes that have none of their own.
 inline constexpr std::string_view kApplicationTitle = "Zeltobench";
 
-/// All windows of one program, which of them is active, who has the focus, which dialogs stand modally and
-/// which pop-up is open.
+/// All windows of one program: which of them is active, which control has the focus, which dialogs are modal
+/// and which pop-up is open.
 class Desktop {
 public:
     explicit Desktop(Screen& screen) : screen_(screen) {}
@@ -25,21 +25,21 @@ public:
 
     Screen& screen() const { return screen_; }
 
-    /// The window of that name; of several, the one that was shown last. Null when there is none.
+    /// The window with that name; of several, the one shown last. Null when there is none.
     Window* find(std::string_view name) const;
     const std::vector<Window*>& windows() const { return windows_; }
 
     Window* activeWindow() const { return active_; }
-    /// The window that takes all input while it stands; null when there is no modal one.
+    /// The window that takes all input while it is open; null when there is no modal one.
     Window* modalWindow() const { return modal_.empty() ? nullptr : modal_.back().window; }
-    /// Whether the user can act in the window: it stands, and no other one stands modally before it.
+    /// Whether the user can act in the window: it is visible, and not blocked by a modal one.
     bool acceptsInput(const Window& window) const;
 
-    /// The active window loses the focus, with all its handling, and `window` gets it.
+    /// The active window loses the focus, with all its handlers, and `window` gets it.
     void activate(Window& window);
     void show(Window& window);
     void hide(Window& window);
-    /// The window that was active keeps its focus beneath the dialog.
+    /// The active window keeps its focus while the dialog is open.
     void showModal(Window& window);
 
     /// The document in front in the window; null when it has none.
@@ -84,7 +84,7 @@ private:
         Window* activeBefore;
     };
 
-    /// Takes the innermost dialog off again, also when a fault ends it.
+    /// Removes the innermost dialog again, also after an exception.
     class ModalGuard {
     public:
         explicit ModalGuard(std::vector<ModalEntry>& modal) : modal_(modal) {}
@@ -119,7 +119,7 @@ private:
     Window* topVisible(const Window* except) const;
 
     Screen& screen_;
-    std::vector<Window*> windows_; // the one shown last stands last
+    std::vector<Window*> windows_; // the one shown last is at the end
     std::vector<ModalEntry> modal_;
     Window* active_ = nullptr;
     const Window* leaving_ = nullptr;

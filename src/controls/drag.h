@@ -6,7 +6,7 @@ namespace zb {
 
 class Control;
 
-/// What a drag carries: plain text or a picture, and where it came from (null: from outside the program).
+/// The data of a drag: plain text or a picture, and its source (null: from outside the program).
 struct DragData {
     enum class Form { Text, Picture };
 

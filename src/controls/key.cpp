@@ -12,7 +12,7 @@ struct PrintingKey {
     char shifted;
 };
 
-// The keys of the main block that print something other than a letter.
+// The keys of the main block that print a character other than a letter.
 constexpr std::array<PrintingKey, 22> kPrintingKeys{{
     {32, ' ', ' '},  {48, '0', ')'},   {49, '1', '!'},  {50, '2', '@'},   {51, '3', '#'},  {52, '4', '$'},
     {53, '5', '%'},  {54, '6', '^'},   {55, '7', '&'},  {56, '8', '*'},   {57, '9', '('},  {186, ';', ':'},

@@ -5,8 +5,8 @@
 
 namespace zb {
 
-/// A key as the windows' key filters speak of it: the virtual key code of a US keyboard and the state of
-/// the modifier keys (a sum of the kShift... values).
+/// A key as the key filters of the windows see it: the virtual key code of a US keyboard and the state of the
+/// modifier keys (a sum of the kShift... values).
 struct KeyEvent {
     int code = 0;
     int shift = 0;
@@ -37,14 +37,14 @@ inline constexpr int kKeyForeignText = 229;
 /// 48-57 and the keypad's 96-105: the digits with Num Lock on.
 bool isDigitKey(int code);
 
-/// The printable character that a key enters on a US keyboard with Num Lock on; none for keys that enter
-/// nothing, and none with Ctrl or Alt held.
+/// The printable character that a key enters on a US keyboard with Num Lock on; none for other keys, and none
+/// with Ctrl or Alt held.
 std::optional<char> characterOfKey(KeyEvent key);
 
-/// The key that enters an ASCII character on a US keyboard; none for characters that it lacks.
+/// The key that enters an ASCII character on a US keyboard; none for other characters.
 std::optional<KeyEvent> keyOfCharacter(char character);
 
-/// The key that a menu entry names as its shortcut: "Del", or "Ctrl+" and a letter; none for other texts.
+/// The key that a menu entry uses as its shortcut: "Del", or "Ctrl+" and a letter; none for other texts.
 std::optional<KeyEvent> keyOfShortcut(std::string_view shortcut);
 
 } // namespace zb

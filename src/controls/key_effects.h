@@ -11,12 +11,12 @@ class MenuEntry;
 class Node;
 class Tree;
 
-/// What a key does to a control by itself, after its key down has been handled: enters a character, presses a
+/// The default effect of a key on a control, after its key down was handled: enters a character, presses a
 /// button, moves a selection. Escape presses the window's cancel button.
 void applyKey(Control& control, KeyEvent key);
 
-/// The entry of the window's menu bar that the key runs while the control has the focus; null for none.
-/// Fields of text keep their keys to themselves. Whether the entry can be used now is not asked.
+/// The entry of the window's menu bar that the key runs while the control has the focus; null for none. Text
+/// fields handle their editing keys themselves. Whether the entry can be used now is not checked.
 MenuEntry* entryOfKey(const Control& control, KeyEvent key);
 
 /// The keyboard has come to a node or row: it is selected, and shown as by a click on it. Only the focus
@@ -26,7 +26,7 @@ void reachNode(Tree& tree, Node& node);
 void reachRow(List& list, ListRow& row);
 /// @}
 
-/// Presses a button, toggles a check box, turns an option on, with all that follows.
+/// Presses a button, toggles a check box, turns an option on, with all effects.
 void pressByClick(Control& control);
 
 } // namespace zb

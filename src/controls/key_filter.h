@@ -5,11 +5,11 @@
 
 namespace zb {
 
-/// What a key's way down does to the field it is meant for. Pasted text passes no filter.
+/// The effect of a key down on the field. Pasted text does not pass a filter.
 enum class KeyEffect {
-    Unlock, ///< the field takes the character
-    Lock,   ///< it does not
-    Leave,  ///< the field stays as the key before left it
+    Unlock, ///< the field accepts the character
+    Lock,   ///< the field refuses the character
+    Leave,  ///< the field stays as the previous key left it
 };
 
 inline void applyKeyEffect(TextField& field, KeyEffect effect) {

@@ -50,7 +50,7 @@ ListRow& List::add(std::string text, std::string key) {
 
 ListRow& List::insert(std::size_t position, std::string text, std::string key) {
     position = std::min(position, rows_.size());
-    // make_unique cannot reach the constructor, which only lists may call.
+    // make_unique cannot call the constructor, which is private to lists.
     const auto place = rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(position),
                                     std::unique_ptr<ListRow>(new ListRow(*this)));
     ListRow& row = **place;

@@ -22,12 +22,12 @@ struct ListColumn {
     int width = 0;
 };
 
-/// A row of a list: one text a column, the first of which is the row's text.
+/// A row of a list: one text per column. The first is the row's text.
 class ListRow {
 public:
     const std::string& key() const { return key_; }
     const std::string& text() const { return cells_.front(); }
-    /// Column from 0; "" where the row has no such cell.
+    /// Columns start at 0; "" when the row has no such cell.
     const std::string& cell(std::size_t column) const;
     const std::vector<std::string>& cells() const { return cells_; }
     void setCell(std::size_t column, std::string text);
@@ -51,7 +51,7 @@ private:
     bool selected_ = false;
 };
 
-/// A list of rows in columns. Rows have addresses that stay the same until they are removed.
+/// A list of rows in columns. The address of a row is stable until the row is removed.
 class List : public Control {
 public:
     enum class Selection { One, Many };
@@ -63,21 +63,21 @@ public:
     void clearColumns();
     const std::vector<ListColumn>& columns() const { return columns_; }
 
-    /// Behind the last row, or at `position` (from 0, in order of insertion). A Key that another row has is
-    /// not given.
+    /// After the last row, or at `position` (from 0, in order of insertion). A Key that another row has is
+    /// not assigned.
     ListRow& add(std::string text, std::string key = {});
     ListRow& insert(std::size_t position, std::string text, std::string key = {});
     void remove(ListRow& row);
     void clear();
-    /// Null when no row has the Key; the empty Key finds nothing.
+    /// Null when no row has the Key; the empty Key is never found.
     ListRow* find(std::string_view key) const;
     std::size_t count() const { return rows_.size(); }
     /// In the order in which they were added.
     const std::vector<std::unique_ptr<ListRow>>& rows() const { return rows_; }
-    /// In the order in which they show: sorted by the text of the sort column, case apart, when the list is
-    /// sorted; equal texts keep the order of adding.
+    /// In display order: sorted by the text of the sort column, without case, when the list is sorted. Rows
+    /// with equal texts keep their order of insertion.
     const std::vector<ListRow*>& shown() const;
-    /// Position among the shown rows, from 1; 0 for none.
+    /// Position among the displayed rows, from 1; 0 for none.
     int positionOf(const ListRow* row) const;
 
     bool sorted() const { return sorted_; }
@@ -86,17 +86,17 @@ public:
     void setSorted(bool sorted, int sortKey);
 
     Selection selection() const { return selection_; }
-    /// The selected row, the last chosen of several; null for none.
+    /// The selected row, or the last selected of several; null for none.
     ListRow* selected() const { return selected_; }
     /// Where the last range ends, and the next key starts; the selected row when there is no range.
     ListRow* rangeEnd() const { return rangeEnd_ != nullptr ? rangeEnd_ : selected_; }
     std::vector<ListRow*> selectedRows() const;
     /// Selects this row alone; null selects nothing.
     void select(ListRow* row);
-    /// Adds the row to the selection or takes it out.
+    /// Adds the row to the selection or removes it.
     void toggle(ListRow& row);
-    /// Selects the rows that show from `from` to `to` and no others; `from` stays the one that was chosen
-    /// last, so that the next range starts there, too. In a list of one selection `to` alone is selected.
+    /// Selects the rows displayed from `from` to `to` and no others. `from` remains the last selected row, so
+    /// that the next range also starts there. In a list with single selection only `to` is selected.
     void selectRange(ListRow& from, ListRow& to);
 
     std::function<void(int button, ListRow* row)> onMouseDown;
@@ -107,7 +107,7 @@ public:
     std::function<void(ListRow& row)> onDoubleClick;
     /// Column from 0.
     std::function<void(std::size_t column)> onColumnClick;
-    /// A drag starts on the selection; no handler, or none back, refuses it.
+    /// A drag of the selection starts; without a handler or a result it is refused.
     std::function<std::optional<DragData>()> onDragStart;
     std::function<void(const DragData&, ListRow* row)> onDragOver;
     std::function<void(const DragData&, ListRow* row)> onDrop;

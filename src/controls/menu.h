@@ -6,12 +6,12 @@
 
 namespace zb {
 
-/// A pop-up menu; its entries name it as their menu.
+/// A pop-up menu; its entries refer to it as their menu.
 class PopupMenu : public Control {
 public:
     PopupMenu(Window& window, std::string name) : Control(Kind::PopupMenu, window, std::move(name)) {}
 
-    /// Opens at the pointer. It closes behind the command of an entry, or before the next action elsewhere.
+    /// Opens at the pointer. It closes after the command of an entry, or before the next action elsewhere.
     void open();
     bool isOpen() const;
 
@@ -19,7 +19,7 @@ public:
     std::function<void()> onClosed;
 };
 
-/// An entry of the menu bar, of a sub menu or of a pop-up. An entry that others name as their menu opens
+/// An entry of the menu bar, of a sub menu or of a pop-up. An entry that others refer to as their menu opens
 /// them.
 class MenuEntry : public Control {
 public:
@@ -30,11 +30,11 @@ public:
     }
 
     Control* menu() const { return menu_; }
-    /// The pop-up that the entry stands in, at any depth; null for entries of the menu bar.
+    /// The pop-up that contains the entry, at any depth; null for entries of the menu bar.
     PopupMenu* popup() const;
     bool checked() const { return checked_; }
     void setChecked(bool checked);
-    /// A line above the entry, and the key that runs it ("Ctrl+S"); both for the screen alone.
+    /// A separator above the entry, and its shortcut ("Ctrl+S"); both are only for the screen.
     bool separatorAbove() const { return separatorAbove_; }
     MenuEntry& withSeparatorAbove() {
         separatorAbove_ = true;

@@ -12,7 +12,7 @@ enum class Answer { OK, Cancel, Yes, No };
 enum class BoxIcon { None, Critical, Question, Exclamation, Information };
 enum class BoxButtons { OK, YesNo, YesNoCancel };
 
-/// A message box. An empty title stands for the application's own.
+/// A message box. An empty title means the application's title.
 struct Box {
     std::string text;
     std::string title;
@@ -28,21 +28,21 @@ struct FileDialog {
     std::string folder;
 };
 
-/// What only a screen can do. A script and the desktop program each have one.
+/// The services of a screen. A script and the desktop program each have one.
 class Screen {
 public:
     virtual ~Screen() = default;
     virtual Answer showBox(const Box& box) = 0;
-    /// The path chosen; empty when the dialog was cancelled.
+    /// The chosen path; empty when the dialog was cancelled.
     virtual std::string pickFile(const FileDialog& dialog) = 0;
-    /// Returns when the window, already visible, has been hidden.
+    /// Returns when the window, which is already visible, has been hidden.
     virtual void runModal(Window& window) = 0;
-    /// The window has come up or was made active.
+    /// The window was shown or made active.
     virtual void bringToFront(Window& window) = 0;
     virtual void openPopup(PopupMenu& menu) = 0;
-    /// The window is being destroyed; its controls are gone already.
+    /// The window is being destroyed; its controls no longer exist.
     virtual void forget(Window& /*window*/) {}
-    /// Starts the platform's system information tool; false where there is none.
+    /// Starts the system information tool of the platform; false when there is none.
     virtual bool showSystemInformation() { return false; }
 };
 

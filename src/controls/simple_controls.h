@@ -21,7 +21,7 @@ private:
     std::string text_;
 };
 
-/// A pane, a frame or a picture. Controls inside it are usable only while it is.
+/// A pane, a frame or a picture. Controls inside it are usable only while it is usable.
 class Pane : public Control {
 public:
     Pane(Window& window, std::string name, std::string caption = {}, Control* pane = nullptr)
@@ -43,7 +43,7 @@ public:
     std::function<void()> onClick;
 };
 
-/// A check box. Its value changes before its release and click are told.
+/// A check box. Its value changes before its release and click are reported.
 class CheckBox : public Control {
 public:
     CheckBox(Window& window, std::string name, std::string caption, Control* pane = nullptr)
@@ -54,9 +54,9 @@ public:
     bool checked() const { return checked_; }
     void setChecked(bool checked);
 
-    /// The value changed, by whom ever.
+    /// The value changed, by the user or the program.
     std::function<void()> onChange;
-    /// The user let go of the space bar or of the left mouse button.
+    /// The user released the space bar or the left mouse button.
     std::function<void()> onRelease;
 
 private:
@@ -82,7 +82,7 @@ public:
            Control* pane = nullptr);
 
     bool on() const { return on_; }
-    /// Turning an option on turns the others of its group off. No click is told.
+    /// Turning an option on turns the others of its group off. No click is reported.
     void setOn(bool on);
     const OptionGroup& group() const { return group_; }
 

@@ -5,9 +5,9 @@
 
 namespace zb {
 
-// The menus that the document windows share. They lead to the shared commands, of which the long ones show
-// the hourglass on the window while they run. The order in a menu bar is that of declaration, so a window
-// that has menus of its own between Project and Build declares the two halves apart.
+// The menus that the document windows share. Their entries run the shared commands; long commands show the
+// hourglass on the window. The order in a menu bar is the order of declaration, so a window with own menus
+// between Project and Build declares the two halves separately.
 
 /// Makes an entry run a shared command, with the hourglass on the entry's window.
 void runBusy(MenuEntry& entry, ProjectCommands& commands, ProjectCommand command);
@@ -21,12 +21,12 @@ public:
     MenuEntry mnuOpen;
     MenuEntry mnuSave;
     MenuEntry mnuSaveAs;
-    MenuEntry mnuPrint; ///< the system does not print
+    MenuEntry mnuPrint; ///< not supported: nothing is printed
     MenuEntry mnuExit;
 };
 
-/// Build, option, window and help. The windows wire the entries that mean something in them alone: the
-/// modeler's TMD build, the way to the other window.
+/// Build, option, window and help. The windows connect the entries that are specific to them: the modeler's
+/// TMD build, the change to the other window.
 class CommandMenus {
 public:
     CommandMenus(Window& window, ProjectCommands& commands);

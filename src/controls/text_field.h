@@ -10,7 +10,7 @@
 
 namespace zb {
 
-/// A field of text. Positions are byte offsets into the UTF-8 text, always at the start of a character.
+/// A text field. Positions are byte offsets into the UTF-8 text, always at the start of a character.
 class TextField : public Control {
 public:
     enum class Lines { One, Many };
@@ -19,10 +19,10 @@ public:
         : Control(Kind::TextField, window, std::move(name), pane), lines_(lines) {}
 
     const std::string& text() const { return text_; }
-    /// Runs the change handling at once when the text differs; the caret goes to the end.
+    /// Runs the change handler at once when the text differs; the caret moves to the end.
     void setText(std::string_view text);
 
-    /// A locked field takes no character; key filters lock and unlock it at each key down.
+    /// A locked field accepts no character; key filters lock and unlock it at each key down.
     bool locked() const { return locked_; }
     void setLocked(bool locked);
     /// A read-only field is never changed by the user.
@@ -39,12 +39,12 @@ public:
     std::size_t caret() const { return caret_; }
     std::size_t anchor() const { return anchor_; }
     std::string selectedText() const;
-    /// Puts the caret at `caret` and selects from `anchor` to it; both are moved to character starts.
+    /// Moves the caret to `caret` and selects from `anchor` to it; both are moved to character starts.
     void select(std::size_t anchor, std::size_t caret);
     void selectAll() { select(0, text_.size()); }
     void caretToEnd() { select(text_.size(), text_.size()); }
 
-    /// What the user does. Each obeys locked and read-only; none looks at enabled or visible.
+    /// The actions of the user. Each respects locked and read-only; none checks enabled or visible.
     /// @{
     /// A key's effect on the text or caret, after its key down has been handled.
     void enterKey(KeyEvent key);

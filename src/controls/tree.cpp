@@ -6,7 +6,7 @@ void Tree::replaceNodes() {
     auto fresh = std::make_unique<NodeTree>();
     nodes_->setListener(nullptr);
     std::swap(nodes_, fresh);
-    // The old nodes go only when nobody shows them any more.
+    // The old nodes are destroyed only after all views have released them.
     fire(onReplaced);
     nodes_->setListener(listener_);
     ring(Change::Rows);

@@ -18,7 +18,7 @@ public:
 
     NodeTree& nodes() { return *nodes_; }
     const NodeTree& nodes() const { return *nodes_; }
-    /// Drops all nodes at once and starts from an empty tree; the listener moves over to it.
+    /// Removes all nodes at once and starts with an empty tree; the listener moves to it.
     void replaceNodes();
 
     void setBackColor(OptionalColor color) {
@@ -27,7 +27,7 @@ public:
     }
     const OptionalColor& backColor() const { return backColor_; }
 
-    /// The screen's listener, for the tree of now and of later.
+    /// The screen's listener, for the current tree and its replacements.
     void setListener(NodeTreeListener* listener);
     /// The whole tree was replaced.
     std::function<void()> onReplaced;
@@ -40,7 +40,7 @@ public:
     /// The arrow keys reached a node; in place of `onNodeClick`, for a tree that acts on the press.
     std::function<void(Node& node)> onReached;
     std::function<void(Node& node)> onDoubleClick;
-    /// A drag starts on the node; no handler, or none back, refuses it.
+    /// A drag of the node starts; without a handler or a result it is refused.
     std::function<std::optional<DragData>(Node& node)> onDragStart;
     std::function<void(const DragData&, Node* node)> onDragOver;
     std::function<void(const DragData&, Node* node)> onDrop;

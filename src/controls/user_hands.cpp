@@ -25,8 +25,8 @@ bool isOpenPopupEntry(const Control& control, const PopupMenu* popup) {
            static_cast<const MenuEntry&>(control).popup() == popup;
 }
 
-/// What must be usable for the control to be: its pane, or the menu that an entry stands in. A pop-up asks
-/// nothing of its entries but that it stands open.
+/// What must be usable for the control to be usable: its pane, or the menu of an entry. For the entries of a
+/// pop-up it is enough that the pop-up is open.
 const Control* above(const Control& control) {
     if (control.kind() != Kind::MenuEntry)
         return control.pane();
@@ -46,7 +46,7 @@ bool hasEntriesBelow(const MenuEntry& entry) {
 UserHands::Refusal UserHands::whyOutOfReach(const Window& window) const {
     if (!window.visible())
         return window.name() + " is not shown";
-    return desktop_.acceptsInput(window) ? Refusal() : window.name() + " stands behind a modal window";
+    return desktop_.acceptsInput(window) ? Refusal() : window.name() + " is blocked by a modal window";
 }
 
 UserHands::Refusal UserHands::whyNot(const Control& control) const {
@@ -100,7 +100,7 @@ UserHands::Refusal UserHands::beginUncounted(const Target& target) {
         return refusal;
     if (control.takesFocus() && !target.column)
         desktop_.focus(control);
-    // What the focus left behind may have changed what can be used, and taken the target away.
+    // The handlers of the lost focus may have changed what can be used, or removed the target.
     if (Refusal refusal = whyNot(control); !refusal.empty())
         return refusal;
     return isThere(target, index) ? Refusal() : describe(control) + " has lost the target meanwhile";
@@ -110,7 +110,7 @@ UserHands::Refusal UserHands::press(const Target& target, KeyEvent modifiers) {
     const bool hadFocus = target.control->focused();
     if (Refusal refusal = begin(target); !refusal.empty())
         return refusal;
-    // A click that brings the focus leaves the selection that the program makes then.
+    // A click that moves the focus keeps the selection that the program makes in the field.
     if (target.control->kind() == Kind::TextField && hadFocus)
         as<TextField>(*target.control).caretToEnd();
     return pressMember(target, modifiers);
@@ -221,7 +221,7 @@ void UserHands::mouseUp(const Target& target, MouseButton button, KeyEvent modif
             fire(tree.onNodeClick, *target.node);
     } else if (control.kind() == Kind::List && !target.column) {
         auto& list = as<List>(control);
-        // The press left a selection of several as it was, in case that it should be dragged.
+        // The press kept a selection of several, in case that it is dragged.
         if (left && target.row != nullptr && (modifiers.shift & (kControlKey | kShiftKey)) == 0)
             list.select(target.row);
         fire(list.onMouseUp, number, target.row);
@@ -263,7 +263,7 @@ UserHands::Refusal UserHands::activate(Window& window) {
     if (!window.visible())
         return lastRefusal_ = window.name() + " is not shown";
     if (!desktop_.acceptsInput(window))
-        return lastRefusal_ = window.name() + " stands behind a modal window";
+        return lastRefusal_ = window.name() + " is blocked by a modal window";
     desktop_.activate(window);
     return {};
 }

@@ -22,7 +22,7 @@ class Tree;
 class Window;
 struct DragData;
 
-/// What an action is aimed at: a control, or one of its members.
+/// The target of an action: a control, or one of its members.
 struct Target {
     Control* control = nullptr;
     Node* node = nullptr;
@@ -37,9 +37,9 @@ struct Target {
     }
 };
 
-/// What a person can do to the windows. Each action obeys enabled, visible and modality, closes an open
-/// pop-up, moves the focus and runs the handlers in the order in which a desktop would. Actions that take
-/// place answer the empty text; others change nothing and answer why not.
+/// The actions of a person at the windows. Each respects enabled, visible and modality, closes an open
+/// pop-up, moves the focus and runs the handlers in the order of a desktop. An action returns the empty text,
+/// or changes nothing and returns the reason.
 class UserHands {
 public:
     explicit UserHands(Desktop& desktop) : desktop_(desktop) {}
@@ -48,7 +48,7 @@ public:
     enum class MouseButton { Left = 1, Right = 2 };
 
     Refusal click(const Target& target) { return press(target, {}); }
-    /// The same with Ctrl: adds a row to the selection or takes it out.
+    /// The same with Ctrl: adds a row to the selection or removes it.
     Refusal controlClick(const Target& target) { return press(target, {0, kControlKey}); }
     Refusal rightClick(const Target& target);
     Refusal doubleClick(const Target& target);
@@ -60,7 +60,7 @@ public:
     /// Makes the target's window active, which an action does first, since what its handling enables can be
     /// used by the action. Returns why the user cannot act on the target then.
     Refusal approach(const Target& target);
-    /// How many actions were begun so far, and what became of the last.
+    /// The number of actions started so far, and the result of the last one.
     int begun() const { return begun_; }
     const Refusal& lastRefusal() const { return lastRefusal_; }
 
@@ -71,28 +71,27 @@ public:
 
     /// Key down, its effect, key up.
     Refusal key(Control& control, KeyEvent key);
-    /// Types the text key by key. The control has the focus at the start; all keys go to it, wherever the
-    /// focus goes meanwhile. Text that a US keyboard lacks is refused as a whole.
+    /// Types the text key by key. The control has the focus at the start; all keys go to it, even when the
+    /// focus moves meanwhile. Text with characters that a US keyboard lacks is refused as a whole.
     Refusal type(Control& control, std::string_view text);
-    /// Selects the whole text and pastes by the mouse: no key event.
+    /// Selects the whole text and pastes with the mouse: no key event.
     Refusal paste(Control& control, std::string_view text);
-    /// A row of a combo by its text or as "#2"; an existing folder of a folder field.
+    /// Chooses a row of a combo by its text or as "#2", or an existing folder of a folder field.
     Refusal choose(Control& control, std::string_view text);
 
     Refusal drag(const Target& from, const Target& to);
     Refusal drop(const DragData& data, const Target& to);
 
-    /// The same actions in the parts in which a person's hands do them, with time between the parts. A part
-    /// is left out after one that was refused.
+    /// The same actions in separate steps, with time between them. A step after a refused one is left out.
     /// @{
-    /// Presses a button of the mouse on a tree or list. The left one selects what is below it, except that a
-    /// selected row keeps the selection, for a drag of several.
+    /// Presses a mouse button on a tree or list. The left button selects what is below the pointer, except
+    /// that a selected row keeps a selection of several for a drag.
     Refusal mouseDown(const Target& target, MouseButton button, KeyEvent modifiers = {});
-    /// Lets go of it there; a target that is gone is let alone.
+    /// Releases the button there; a target that no longer exists is ignored.
     void mouseUp(const Target& target, MouseButton button, KeyEvent modifiers = {});
-    /// The second press of a double click, behind a whole click.
+    /// The second press of a double click, after a complete click.
     void doublePress(const Target& target);
-    /// A drag starts on a target that has been pressed; nothing back refuses it.
+    /// Starts a drag of a pressed target; without a result it is refused.
     std::optional<DragData> beginDrag(const Target& from);
     void dragOver(const DragData& data, const Target& to);
 
@@ -100,7 +99,7 @@ public:
     /// effect that only a screen can give them.
     using KeyAction = std::function<void()>;
     Refusal keyDown(Control& control, KeyEvent key, const KeyAction& effect = {});
-    /// The same wherever the focus is.
+    /// The same, wherever the focus is.
     Refusal keyDownHere(Control& control, KeyEvent key, const KeyAction& effect = {});
     void keyUp(Control& control, KeyEvent key);
     /// A text that no key enters, from a dead key or an input method: down and up of the key that stands for
@@ -110,11 +109,12 @@ public:
     Refusal insert(Control& control, std::string_view text);
     /// A paste or drop by the mouse at a place in the text, a byte offset into it.
     Refusal insertAt(TextField& field, std::size_t place, std::string_view text);
-    /// A row of a combo by its position, from 0.
+    /// Chooses a row of a combo by its position, from 0.
     Refusal choose(Combo& combo, std::size_t position);
-    /// Shift and a click in a list: all rows from the selected one to this one.
+    /// Shift and a click in a list: selects all rows from the selected one to this one.
     Refusal extendTo(List& list, ListRow& row);
-    /// A key of the screen's own, such as Page Down, moves the selection here: as the arrow keys do it.
+    /// A key that only the screen can interpret, such as Page Down, moves the selection here, as the arrow
+    /// keys do.
     Refusal reach(Tree& tree, Node& node);
     Refusal reach(List& list, ListRow& row);
     /// @}

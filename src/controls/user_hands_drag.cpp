@@ -31,7 +31,7 @@ std::optional<DragData> UserHands::beginDrag(const Target& from) {
 }
 
 UserHands::Refusal UserHands::drag(const Target& from, const Target& to) {
-    // The press on the source may take the target away.
+    // The press on the source may remove the target.
     const int index = indexOf(to);
     if (Refusal refusal = begin(from); !refusal.empty())
         return refusal;

@@ -62,7 +62,8 @@ UserHands::Refusal UserHands::type(Control& control, std::string_view text) {
     return {};
 }
 
-// Down, the key's effect and up, whatever has the focus. A key of the menu bar never comes to the control.
+// Key down, its effect and key up, for the control with the focus. Shortcuts of the menu bar never reach the
+// control.
 UserHands::Refusal UserHands::strike(Control& control, KeyEvent key) {
     if (Refusal refusal = whyNot(control); !refusal.empty())
         return refusal;

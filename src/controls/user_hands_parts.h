@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <string>
 
-// What the files of the user's hands share.
+// Shared by the files of the user's actions.
 namespace zb::hands {
 
 template<typename Store>
@@ -20,7 +20,7 @@ inline std::string describe(const Control& control) {
     return control.window().name() + "." + control.name();
 }
 
-/// Of the target's node, 0 without one.
+/// Of the target's node; 0 without one.
 inline int indexOf(const Target& target) {
     return target.node == nullptr ? 0 : target.node->index();
 }
@@ -30,7 +30,7 @@ inline bool holds(const List& list, const ListRow* row) {
                        [&](const auto& candidate) { return candidate.get() == row; });
 }
 
-/// Whether a handler has left the target, whose node had that index, in its place.
+/// Whether the node with that index still exists after a handler has run.
 inline bool isThere(const Target& target, int index) {
     if (target.node != nullptr)
         return as<Tree>(*target.control).nodes().at(index) == target.node;

@@ -64,7 +64,8 @@ void Window::add(Control& control) {
 }
 
 void Window::remove(const Control& control) {
-    // Members go in reverse order, so the search from the end finds a control of a closing window at once.
+    // Members are destroyed in reverse order, so a search from the end finds a control of a closing window at
+    // once.
     const auto found = std::find(controls_.rbegin(), controls_.rend(), &control);
     if (found != controls_.rend())
         controls_.erase(std::next(found).base());

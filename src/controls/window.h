@@ -34,7 +34,7 @@ public:
     Pointer pointer() const { return pointer_; }
     void setPointer(Pointer pointer);
 
-    /// Brings the window up and makes it active. Showing one that stands brings it to the front.
+    /// Shows the window and makes it active. A visible window comes to the front.
     void show();
     void hide();
     /// Returns when the window has been hidden.
@@ -42,13 +42,13 @@ public:
 
     /// All controls, in the order in which they were declared.
     const std::vector<Control*>& controls() const { return controls_; }
-    /// By name, letter by letter; null when there is none.
+    /// By exact name; null when there is none.
     Control* find(std::string_view name) const;
 
     /// The control that has the focus whenever the window is active; may be null.
     Control* focusControl() const { return focusControl_; }
-    /// Which control gets the focus when the window comes up, as long as none had it yet; without it the
-    /// first one that can be used.
+    /// The control that gets the focus when the window is first shown; by default the first one that can be
+    /// used.
     void setFirstFocus(Control& control) { focusControl_ = &control; }
 
     /// The button that Escape presses; may be null.
@@ -64,7 +64,7 @@ public:
     void setFrame(Window& frame) { frame_ = &frame; }
     Window* frame() const { return frame_; }
 
-    /// The user closes the window by its frame. The base hides it.
+    /// The user closes the window by its frame. The default hides it.
     virtual void closeByFrame();
 
     std::function<void()> onActivate;
@@ -93,8 +93,7 @@ private:
     std::unordered_map<std::string, Control*> byName_;
 };
 
-/// Shows the hourglass on a window while a command runs, and the default pointer afterwards, whatever the
-/// outcome.
+/// Shows the hourglass on a window while a command runs, and the default pointer afterwards in any case.
 class BusyPointer {
 public:
     explicit BusyPointer(Window& window) : window_(window) { window_.setPointer(Pointer::Hourglass); }

@@ -9,7 +9,8 @@ namespace zb {
 
 namespace {
 
-constexpr int kLongestAnswer = 400; // ms; a display may also never answer, as for a window on another screen
+constexpr int kLongestAnswer =
+    400; // ms; a display may never answer, for example for a window on another screen
 
 } // namespace
 

@@ -10,16 +10,16 @@ class QWidget;
 
 namespace zb {
 
-/// Tells which of the program's windows the user has turned to, by a click into it or by a switch of windows.
-/// What the program brings to the front itself is no news, and neither is the user's way to another program
-/// and back: whoever looks into a manual finds everything as it was.
+/// Reports which of the program's windows the user has turned to, by a click into it or by a switch of
+/// windows. Activation by the program itself is not reported, and neither is a change to another program and
+/// back: the windows stay as they were.
 class Activation final : public QObject {
 public:
     explicit Activation(std::function<void(QWidget&)> turnedTo);
 
     void watch(QWidget& form);
-    /// Brings a window to the front. The display answers later, and until it does, what it tells of other
-    /// windows is old.
+    /// Brings a window to the front. The display answers later; until then its reports about other windows
+    /// are out of date.
     void bringToFront(QWidget& form);
 
 private:

@@ -12,7 +12,7 @@ inline QColor toQt(const Color& color) {
     return QColor(color.red, color.green, color.blue);
 }
 
-/// The colour of an area. A grey that sets the area off from light surroundings is mirrored for dark ones.
+/// The colour of an area. A grey that is meant for light surroundings is mirrored for dark ones.
 QColor shaded(const Color& back);
 
 /// Whether a text has its ordinary colour, black, which is the palette's own on any screen.
@@ -25,8 +25,8 @@ QColor readable(const Color& text, const OptionalColor& back = {});
 /// The colour of a text, lightened or darkened until it can be read on the background.
 QColor readable(QColor text, const QColor& background);
 
-/// The background of what is selected in a list or tree that the keyboard is not in: of several panes the one
-/// that gets the keys stands out.
+/// The background of the selection in a list or tree without the keyboard focus, so that the pane with the
+/// focus is distinct.
 QColor restingHighlight(const QPalette& palette);
 
 } // namespace zb

@@ -8,7 +8,7 @@
 #include "desktop/forms/forms.h"
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
-#include "desktop/start/beginning.h"
+#include "desktop/start/start_page.h"
 #include "editor/frm_find.h"
 #include "shell/frm_main.h"
 
@@ -53,7 +53,7 @@ void DesktopScreen::attach(Desktop& desktop, const std::string& layoutFile) {
     binding_ = std::make_unique<Binding>(desktop, pictures_);
     layout_.open(layoutFile);
     AccessibleTree::install();
-    // The main window comes first: the others lie within it or before it.
+    // The main window is first: the others are inside it or in front of it.
     if (Window* main = desktop.find("frmMain"))
         bind(*main);
     const auto windows = desktop.windows();
@@ -62,8 +62,8 @@ void DesktopScreen::attach(Desktop& desktop, const std::string& layoutFile) {
     showMenus();
     if (auto* main = dynamic_cast<frmMain*>(desktop.find("frmMain"));
         main != nullptr && documents_ != nullptr)
-        beginning_ = std::make_unique<Beginning>(*main, *documents_, *binding_);
-    followBeginning();
+        startPage_ = std::make_unique<StartPage>(*main, *documents_, *binding_);
+    followStart();
 }
 
 void DesktopScreen::detach() {
@@ -72,8 +72,8 @@ void DesktopScreen::detach() {
             layout_.remember(frame.binder->form());
         frame.binder.reset();
     }
-    beginning_.reset();
-    // What lies in the main window goes with it.
+    startPage_.reset();
+    // Windows inside the main window are destroyed with it.
     frames_.clear();
     main_ = nullptr;
     documents_ = nullptr;
@@ -120,7 +120,7 @@ void DesktopScreen::place(Window& window, Frame& frame, std::unique_ptr<QWidget>
         frame.document->hide();
         return;
     case FrameKind::Dialog:
-        // A window of the main window's own stays before it.
+        // A window owned by the main window stays in front of it.
         form->setParent(main_, Qt::Dialog);
         break;
     }
@@ -129,7 +129,7 @@ void DesktopScreen::place(Window& window, Frame& frame, std::unique_ptr<QWidget>
 
 void DesktopScreen::follow(Window& window) {
     Frame& frame = frames_.at(&window);
-    followBeginning();
+    followStart();
     if (frame.shown != window.visible()) {
         frame.shown = window.visible();
         if (frame.shown)
@@ -142,13 +142,13 @@ void DesktopScreen::follow(Window& window) {
     showPointer();
 }
 
-void DesktopScreen::followBeginning() {
+void DesktopScreen::followStart() {
     const auto& windows = binding_->desktop.windows();
     const bool documentShown = std::any_of(windows.begin(), windows.end(), [](const Window* window) {
         return window->visible() && kindOf(*window) == FrameKind::Document;
     });
-    if (beginning_)
-        beginning_->follow(documentShown);
+    if (startPage_)
+        startPage_->follow(documentShown);
 }
 
 void DesktopScreen::showFrame(const Window& window, Frame& frame) {
@@ -172,8 +172,8 @@ void DesktopScreen::showFrame(const Window& window, Frame& frame) {
     }
 }
 
-// A dialog comes up over the middle of the window that it belongs to; those that work along with the
-// modeler's trees leave the trees in sight. Later it comes up where the user has put it.
+// A dialog is first shown over the middle of its owner; those that work with the modeler's trees leave the
+// trees visible. Later it appears where the user has moved it.
 void DesktopScreen::placeDialog(const Window& window, QWidget& form) const {
     const QWidget* active = QApplication::activeWindow();
     const bool ours = std::any_of(frames_.begin(), frames_.end(), [&](const auto& entry) {
@@ -182,7 +182,7 @@ void DesktopScreen::placeDialog(const Window& window, QWidget& form) const {
     const QWidget* owner = ours && active != &form ? active : main_.data();
     if (owner == nullptr)
         return;
-    form.winId(); // makes the window, which belongs before its owner
+    form.winId(); // creates the window, which must exist before its owner is set
     owner->winId();
     form.windowHandle()->setTransientParent(owner->windowHandle());
     if (form.property(kRemembered).toBool())
@@ -202,7 +202,7 @@ void DesktopScreen::placeDialog(const Window& window, QWidget& form) const {
               qBound(screen.top(), corner.y(), qMax(screen.top(), screen.bottom() - form.height())));
 }
 
-// What comes next may read a large project; the window must not wait for it.
+// The next step may read a large project; the window is painted before it.
 void DesktopScreen::waitUntilSeen() const {
     constexpr int kLongest = 500; // ms
     const QDeadlineTimer deadline(kLongest);
@@ -238,7 +238,7 @@ void DesktopScreen::showPointer() {
         QApplication::restoreOverrideCursor();
 }
 
-// The menus of the document in front; those of the main window while there is none.
+// The menus of the document in front, or of the main window when there is none.
 void DesktopScreen::showMenus() {
     if (main_ == nullptr)
         return;
@@ -256,7 +256,7 @@ void DesktopScreen::showMenus() {
         main_->menuBar()->addAction(action);
 }
 
-// F3 goes on with the search from either window; without one it asks what to look for.
+// F3 continues the search from either window; without one it opens the Find window.
 void DesktopScreen::addSearchKey(Window& window, QWidget& form) {
     auto* find = dynamic_cast<frmFind*>(&window);
     if (find == nullptr || main_ == nullptr)
@@ -293,7 +293,7 @@ QWidget* DesktopScreen::topLevelOf(const Window& window) const {
     return found->second.document != nullptr ? main_.data() : &found->second.binder->form();
 }
 
-// The main window stands for the document within it.
+// The main window represents the document inside it.
 void DesktopScreen::userTurnedTo(const QWidget& form) {
     const QWidget* modal = QApplication::activeModalWidget();
     if (binding_->showing > 0 || (modal != nullptr && modal != &form))
@@ -310,7 +310,7 @@ void DesktopScreen::userTurnedTo(const QWidget& form) {
         binding_->hands.activate(*front);
 }
 
-// Behind a box or a dialog the keyboard goes back to the window that was active all the while.
+// After a box or a dialog the keyboard returns to the window that was active before.
 void DesktopScreen::returnToActive() {
     const Window* active = binding_->desktop.activeWindow();
     QWidget* form = active == nullptr ? nullptr : topLevelOf(*active);
@@ -336,7 +336,7 @@ Answer DesktopScreen::showBox(const Box& box) {
 }
 
 std::string DesktopScreen::pickFile(const FileDialog& dialog) {
-    if (std::string file = beginning_ ? beginning_->takeFile() : std::string(); !file.empty())
+    if (std::string file = startPage_ ? startPage_->takeFile() : std::string(); !file.empty())
         return file;
     ++waiting_;
     const auto over = qScopeGuard([this] {
@@ -371,7 +371,7 @@ void DesktopScreen::forget(Window& window) {
     if (found == frames_.end())
         return;
     if (kindOf(window) == FrameKind::Main)
-        beginning_.reset();
+        startPage_.reset();
     found->second.binder->abandon();
     found->second.binder.reset();
     if (found->second.document != nullptr)

@@ -22,27 +22,27 @@ class QMdiArea;
 
 namespace zb {
 
-class Beginning;
+class StartPage;
 
-/// The Qt windows of one program. Dialogs stand before the main window, document windows within it; the menu
-/// bar shows the menus of the document in front.
+/// The Qt windows of one program. Dialogs are in front of the main window, document windows inside it; the
+/// menu bar shows the menus of the document in front.
 class DesktopScreen : public QObject, public Screen {
 public:
     DesktopScreen();
     ~DesktopScreen() override;
 
-    /// Makes the windows of a program. `layoutFile` remembers sizes and places; empty remembers none.
+    /// Creates the windows of a program. `layoutFile` stores sizes and positions; empty stores none.
     void attach(Desktop& desktop, const std::string& layoutFile = {});
-    /// Lets go of the windows and their stores.
+    /// Releases the windows and their stores.
     void detach();
-    /// Null for a window that has not been shown yet, when it came up after `attach`.
+    /// Null for a window that has not been shown yet, when it was created after `attach`.
     WindowBinder* binderOf(const Window& window) const;
     const Pictures& pictures() const { return pictures_; }
     Binding& binding() const { return *binding_; }
     QMainWindow* mainWindow() const { return main_; }
     /// Null before `attach`.
-    Beginning* beginning() const { return beginning_.get(); }
-    /// Shows at once what has been put off until the event loop runs.
+    StartPage* startPage() const { return startPage_.get(); }
+    /// Shows at once what was deferred to the event loop.
     void flush();
 
     /// The main window has been hidden: the program has ended.
@@ -58,7 +58,7 @@ public:
 
 private:
     struct Frame {
-        std::unique_ptr<QWidget> form; // of documents the sub window is the owner
+        std::unique_ptr<QWidget> form; // the sub window is the owner of documents
         QPointer<QMdiSubWindow> document;
         std::unique_ptr<WindowBinder> binder;
         bool shown = false;
@@ -67,7 +67,7 @@ private:
     WindowBinder& bind(Window& window);
     void place(Window& window, Frame& frame, std::unique_ptr<QWidget> form);
     void follow(Window& window);
-    void followBeginning();
+    void followStart();
     void showFrame(const Window& window, Frame& frame);
     void hideFrame(const Window& window, Frame& frame);
     void waitUntilSeen() const;
@@ -89,11 +89,11 @@ private:
     std::map<const Window*, QEventLoop*> modalLoops_;
     QPointer<QMainWindow> main_;
     QMdiArea* documents_ = nullptr;
-    std::unique_ptr<Beginning> beginning_;
+    std::unique_ptr<StartPage> startPage_;
     const Window* menusOf_ = nullptr;
     const Window* front_ = nullptr; // brought to the front last
     bool busyPointer_ = false;
-    int waiting_ = 0; // boxes and dialogs that wait for the user, whatever runs behind them
+    int waiting_ = 0; // boxes and dialogs that wait for the user, whatever else runs
 };
 
 } // namespace zb

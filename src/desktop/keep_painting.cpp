@@ -8,7 +8,7 @@ namespace zb {
 
 namespace {
 
-/// Stops what would make the stores act. The event loop holds back keys and buttons by itself.
+/// Blocks events that would make the stores act. The event loop itself delays keys and buttons.
 class PaintOnly final : public QObject {
 public:
     PaintOnly() { QCoreApplication::instance()->installEventFilter(this); }

@@ -2,8 +2,8 @@
 
 namespace zb {
 
-/// Lets the windows paint while a command runs that takes long. What the user does meanwhile waits, but for
-/// the wish to close a window, which is dropped: no command starts within another one.
+/// Paints the windows while a long command runs. Input of the user is delayed, except for requests to close a
+/// window, which are dropped: no command starts within another one.
 void keepPainting();
 
 } // namespace zb

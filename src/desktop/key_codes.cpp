@@ -79,7 +79,7 @@ bool isAscii(int key) {
     return key >= 0x21 && key <= 0x7E;
 }
 
-// Some platforms tell AltGr as Ctrl and Alt together; a character beside them is what counts.
+// Some platforms report AltGr as Ctrl and Alt together; if there is a character, it counts.
 bool entersText(const QKeyEvent& event, int shift) {
     const int command = shift & (kControlKey | kAltKey);
     return !event.text().isEmpty() && event.text().at(0).isPrint() &&
@@ -105,7 +105,7 @@ KeyMeaning meaningOf(const QKeyEvent& event) {
         return {KeyEvent{kKeyForeignText, shift & kShiftKey}, text};
     }
     if (isAscii(event.key())) {
-        // Without a text the letters come in upper case, whatever Shift says.
+        // Without a text the letters are upper case, whatever Shift is.
         if (const auto key = keyOfCharacter(static_cast<char>(event.key())))
             return {KeyEvent{key->code, shift}, {}};
     }

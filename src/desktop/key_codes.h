@@ -9,7 +9,7 @@ class QKeyEvent;
 
 namespace zb {
 
-/// What a key of this machine's keyboard means to the windows.
+/// The meaning of a key of this machine's keyboard for the windows.
 struct KeyMeaning {
     /// The key of a US keyboard that enters the same character, or has the same function; the key that stands
     /// for all other texts.
@@ -18,7 +18,7 @@ struct KeyMeaning {
     std::string text;
 };
 
-/// Modifier keys by themselves, and keys that the windows do not know, mean nothing.
+/// Modifier keys alone, and unknown keys, have no meaning.
 KeyMeaning meaningOf(const QKeyEvent& event);
 
 } // namespace zb

@@ -9,18 +9,18 @@ class QWidget;
 
 namespace zb {
 
-/// Properties of widgets: whether a window or splitter stands as it did in an earlier run, and the widths
-/// that the user gave the columns of a list, by their texts.
+/// Properties of widgets: whether a window or splitter was restored from an earlier run, and the widths that
+/// the user gave the columns of a list, by their texts.
 /// @{
 inline constexpr char kRemembered[] = "remembered";
 inline constexpr char kColumnWidths[] = "columnWidths";
 /// @}
 
-/// Remembers the size and place of windows, their splitters and the widths of their columns in a file of its
-/// own.
+/// Stores the size and position of windows, their splitters and the widths of their columns in a separate
+/// file.
 class LayoutMemory {
 public:
-    /// The empty path remembers nothing.
+    /// The empty path stores nothing.
     void open(const std::string& file);
     void restore(QWidget& form) const;
     void remember(QWidget& form);

@@ -15,7 +15,7 @@
 
 namespace {
 
-// One text, as it stood behind the program's name.
+// One text, as it was after the program's name.
 std::string commandLine() {
     return zb::fromQt(QApplication::arguments().mid(1).join(QLatin1Char(' ')));
 }
@@ -26,7 +26,7 @@ int main(int argc, char* argv[]) {
     zb::letLargeWritesFail();
     zb::GuardedApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zeltobench"));
-    // The name of the entry in the desktop's menu: its icon stands for the windows.
+    // The name of the desktop menu entry, whose icon is used for the windows.
     QGuiApplication::setDesktopFileName(QStringLiteral("com.halvernworks.zeltobench"));
     QApplication::setQuitOnLastWindowClosed(false);
 
@@ -40,7 +40,7 @@ int main(int argc, char* argv[]) {
     screen.onEnd = [] { QApplication::quit(); };
     screen.attach(application.desktop, (zb::settingsFolder() / "windows.ini").string());
 
-    // Boxes of the start need the event loop.
+    // Boxes at the start need the event loop.
     QTimer::singleShot(0, &qt, [&] {
         const zb::BusyPointer busy(application.frmMain);
         application.start(commandLine());

@@ -4,8 +4,8 @@
 
 namespace zb {
 
-/// The program's own folder where it can be written, else the user's documents folder; and where old versions
-/// of projects go.
+/// The program's folder if it is writable, otherwise the user's documents folder; and the folder of earlier
+/// versions of projects.
 ApplicationFolders programFolders();
 
 } // namespace zb

@@ -8,7 +8,7 @@
 
 namespace zb {
 
-/// Texts of stores are UTF-8, those of widgets UTF-16.
+/// Texts of stores are UTF-8, texts of widgets UTF-16.
 inline QString toQt(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -16,11 +16,11 @@ inline std::string fromQt(const QString& text) {
     return text.toStdString();
 }
 
-/// A position in a store's text as one in the same text of a widget, and back.
+/// Converts a position in a store's text to one in the same text of a widget, and back.
 int widgetPosition(std::string_view text, std::size_t bytes);
 std::size_t storePosition(std::string_view text, int units);
 
-/// The name of the widget that shows a store: Qt Designer allows no brackets, so "optSrcGen[1]" becomes
+/// The name of the widget that shows a store. Qt Designer does not allow brackets, so "optSrcGen[1]" becomes
 /// "optSrcGen_1".
 QString widgetName(std::string_view storeName);
 

@@ -2,7 +2,7 @@
 
 namespace zb {
 
-/// Windows measure in units of their own, of which nine make a pixel.
+/// Windows are measured in their own units; nine units are one pixel.
 inline constexpr int kUnitsOfPixel = 9;
 inline constexpr int toUnits(int pixels) {
     return pixels * kUnitsOfPixel;

@@ -131,7 +131,7 @@ bool WindowBinder::eventFilter(QObject* watched, QEvent* event) {
     if (watched != &form_)
         return false;
     if (event->type() == QEvent::Close) {
-        // The window itself says whether it goes.
+        // The window itself decides whether it closes.
         event->ignore();
         binding_.hands.close(window_);
         return true;

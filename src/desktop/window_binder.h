@@ -12,7 +12,7 @@ namespace zb {
 
 class Window;
 
-/// Ties a window's stores to the widgets of a form that bear their names.
+/// Connects a window's stores to the widgets of a form with their names.
 class WindowBinder final : public QObject {
 public:
     WindowBinder(Window& window, QWidget& form, Binding& binding);
@@ -21,16 +21,17 @@ public:
     Window& window() const { return window_; }
     QWidget& form() const { return form_; }
     MenuBinder& menus() { return menus_; }
-    /// Null for a control that has no widget of its own, as menu entries have none.
+    /// Null for a control without a widget of its own, such as a menu entry.
     Binder* binderOf(const Control& control) const;
-    /// The names of the stores that found no widget in the form.
+    /// The names of the stores without a widget in the form.
     const std::vector<std::string>& unbound() const { return unbound_; }
-    /// The window and its stores are gone.
+    /// The window and its stores no longer exist.
     void abandon();
-    /// Shows at once what has been put off until the event loop runs.
+    /// Shows at once what was deferred to the event loop.
     void flush();
 
-    /// Shown, hidden, caption or pointer: the desktop's part in it. Called behind the form's own changes.
+    /// Visibility, caption and pointer: the desktop's part of the window. Called after the form's own
+    /// changes.
     std::function<void()> onChange;
 
 private:

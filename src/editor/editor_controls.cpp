@@ -16,7 +16,7 @@ EditorControls::EditorControls(Desktop& desktop, ProjectCommands& commands)
     setToolTips();
     setShortcuts();
     mnuFind.withSeparatorAbove();
-    mnuExpand.setChecked(true); // nodes are expanded when they are made
+    mnuExpand.setChecked(true); // nodes are expanded when they are created
     editEntries.remove.setEnabled(false);
     tvwTemp.setVisible(false);
     List1.setVisible(false);

@@ -12,8 +12,8 @@
 
 namespace zb {
 
-/// All that stands in the editor window, in tab order. What the controls do is told by the panes and command
-/// groups that hang their handlers on them.
+/// All controls of the editor window, in tab order. Their behaviour is described by the panes and command
+/// groups that set the handlers.
 class EditorControls : public Window {
 public:
     EditorControls(Desktop& desktop, ProjectCommands& commands);
@@ -30,9 +30,9 @@ public:
     PopupMenu mnuPopup{*this, "mnuPopup"};
     StructureEntries popEntries{*this, "mnuPop", mnuPopup, mnuPopup};
 
-    /// Shows only those of the library's messages that hold its text.
+    /// Shows only the messages of the library that contain its text.
     TextField txtSourceFilter{*this, "txtSourceFilter"};
-    /// The opened library's messages.
+    /// The messages of the loaded library.
     List lvwSource{*this, "lvwSource", nullptr, List::Selection::Many};
     Combo cboSECSMessage{*this, "cboSECSMessage"};
     Tree tvwEdit{*this, "tvwEdit"};
@@ -69,14 +69,14 @@ public:
     TextField txtInit{*this, "txtInit", &picItem};
 
     /// The splitter as a number, for the keyboard and for scripts: the width of the tree column in the
-    /// window's units. A width typed here holds once the field is left or Enter is pressed; one that the
-    /// splitter refuses gives way to the old one.
+    /// window's units. A typed width takes effect when the field is left or Enter is pressed; one that the
+    /// splitter refuses is replaced by the old one.
     Label lblTreeWidth{*this, "lblTreeWidth", "Tree Width"};
     TextField txtTreeWidth{*this, "txtTreeWidth"};
 
-    /// The clipboard, which outlives a change of the project.
+    /// The clipboard, which remains when another project is opened.
     Tree tvwTemp{*this, "tvwTemp"};
-    /// The rows that a drag from lvwSource carries.
+    /// The rows of a drag from lvwSource.
     List List1{*this, "List1"};
 
 private:

@@ -8,11 +8,11 @@ namespace zb {
 
 class Window;
 
-/// The commands that change the shape of the message tree. The window has them twice, under "mnu..." in its
-/// menu bar and under "mnuPop..." in the tree's pop-up.
+/// The commands that change the structure of the message tree. The window has them twice, as "mnu..." in its
+/// menu bar and as "mnuPop..." in the tree's pop-up.
 class StructureEntries {
 public:
-    /// The commands on what stands go below `edit`, those that make something new below `insert`.
+    /// The commands on existing nodes are below `edit`, those that create nodes below `insert`.
     StructureEntries(Window& window, const std::string& prefix, Control& edit, Control& insert);
 
     MenuEntry cut;
@@ -26,7 +26,7 @@ public:
     MenuEntry child;
 };
 
-/// The library menu: its five entries show by a check which library is open.
+/// The library menu: a check mark on one of its five entries shows the loaded library.
 class LibraryMenu {
 public:
     LibraryMenu(Window& window, Control& above);

@@ -12,11 +12,10 @@ namespace zb {
 
 class NodeTree;
 
-/// The small window that looks for a text in the nodes of the message tree and selects the next one that has
-/// it.
+/// The small window that searches the nodes of the message tree for a text and selects the next match.
 class frmFind : public Window {
 public:
-    /// The editor drops its whole tree for a new one, so the window asks for it at each search.
+    /// The editor replaces its whole tree, so the window requests it for each search.
     using LiveTree = std::function<NodeTree&()>;
 
     frmFind(Desktop& desktop, LiveTree liveTree);
@@ -32,9 +31,9 @@ public:
     Button cmdFindNext{*this, "cmdFindNext", "&FindNext"};
     Button cmdCancel{*this, "cmdCancel", "&Cancel"};
 
-    /// Shows the window beside the others, fresh unless it stands already.
+    /// Shows the window beside the others, reset unless it is already visible.
     void showFind();
-    /// Selects the next match, or says that there is none.
+    /// Selects the next match, or reports that there is none.
     void findNext();
     /// Goes on with the search that the window shows, else with the last one; asks what to look for when
     /// there was none.

@@ -19,16 +19,15 @@ class ProjectMessages;
 struct ModuleState;
 class ProjectCommands;
 
-/// The window in which the SECS messages of a project are edited. It owns the live message tree, the
-/// clipboard and the panes; it is built once and stays for the whole run.
+/// The window that edits the SECS messages of a project. It owns the live message tree, the clipboard and the
+/// panes; it is created once and exists for the whole run.
 class frmSECSEditor final : public EditorControls {
 public:
     frmSECSEditor(Desktop& desktop, ModuleState& state, ProjectCommands& commands);
 
-    /// Which of two trees is the live one, 1 or 2; it changes whenever a fresh tree takes the old one's
-    /// place.
+    /// Which of the two trees is the live one, 1 or 2; it changes whenever a new tree replaces the old one.
     int currentTreeIndex = 1;
-    /// The live tree. New and open put another one in its place.
+    /// The live tree. New and open replace it.
     NodeTree& liveTree() { return tvwEdit.nodes(); }
     NodeTree& clipboard() { return tvwTemp.nodes(); }
 
@@ -40,7 +39,7 @@ public:
     /// status is empty on success, else the words of the first fault, whose node is selected and marked after
     /// a box has shown it.
     std::string buildMessageText(WalkMode mode);
-    /// The system does not print.
+    /// Not supported: nothing is printed.
     std::string printEditorProject() { return {}; }
 
     void InsertCbo(std::string_view name) { messagePane.InsertCbo(name); }
@@ -59,8 +58,8 @@ public:
     /// The Find entry was chosen.
     std::function<void()> onFind;
 
-    /// The splitter's hands: the screen lays the column out and tells of the mouse, positions in the window's
-    /// units.
+    /// The splitter's events: the screen lays the column out and reports the mouse, with positions in the
+    /// window's units.
     /// @{
     void placeTreeColumn(const Splitter::Column& column) { splitter_.place(column); }
     int treeWidth() const { return splitter_.width(); }
@@ -83,7 +82,7 @@ private:
     Splitter splitter_{kFirstTreeWidth};
 
 public:
-    /// The rooms of the window. They hang their handlers on its controls, so they come last.
+    /// The parts of the window. They set handlers of its controls, so they are declared last.
     MessagePane messagePane{*this};
     ItemPane itemPane;
     TreeCommands treeCommands{*this};

@@ -43,7 +43,7 @@ KeyEffect filterSigned(KeyEvent key) {
     return unlockIf(key.code == kKeyDelete || key.code == kKeySpace || isPadSign(key.code));
 }
 
-/// The letter of an exponent can only follow a number.
+/// The letter of an exponent must follow a number.
 bool endsInNumber(std::string_view field) {
     const std::size_t blank = field.rfind(' ');
     return isNumeric(blank == std::string_view::npos ? field : field.substr(blank + 1));
@@ -86,7 +86,7 @@ KeyEffect filterBoolean(KeyEvent key) {
 } // namespace
 
 KeyEffect filterItemNameKey(KeyEvent key, std::string_view field) {
-    // A name begins with a letter or an underscore. Backspace and Enter take the road of the digits.
+    // A name begins with a letter or an underscore. Backspace and Enter are handled like the digits.
     if (isDigitOrEditKey(key.code))
         return isShiftAlone(key) ? KeyEffect::Leave : unlockIf(!isBlank(field));
     if (key.code == kMinus)

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-// Which keys may enter something into the fields of the item pane. Pasted text does not pass by here.
+// Which keys may enter a character into the fields of the item pane. Pasted text is not filtered.
 namespace zb {
 
 KeyEffect filterItemNameKey(KeyEvent key, std::string_view field);

@@ -20,7 +20,7 @@ namespace {
 
 constexpr double kMostCount = 1000000;
 
-/// The type tokens of the buttons, in their order.
+/// The type tokens of the buttons, in order.
 constexpr std::array<std::string_view, 16> kTypeTokens{"L",  "A",  "B",  "BOOLEAN", "I1", "I2", "I4", "I8",
                                                        "U1", "U2", "U4", "U8",      "F4", "F8", "J",  "X"};
 constexpr std::size_t kListButton = 0;
@@ -42,13 +42,13 @@ SECSItemRecord recordOf(const Node& node) {
     return record;
 }
 
-/// Whether a store's handler is to be passed over while this lives.
-class Hold {
+/// Suppresses a handler of a store during its lifetime.
+class FlagGuard {
 public:
-    explicit Hold(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-    ~Hold() { flag_ = before_; }
-    Hold(const Hold&) = delete;
-    Hold& operator=(const Hold&) = delete;
+    explicit FlagGuard(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+    ~FlagGuard() { flag_ = before_; }
+    FlagGuard(const FlagGuard&) = delete;
+    FlagGuard& operator=(const FlagGuard&) = delete;
 
 private:
     bool& flag_;
@@ -115,7 +115,7 @@ void ItemPane::InitItem() {
 
 void ItemPane::updateItemNodeText(Node& node) {
     std::string type = getSelectedItemType();
-    // An item of a type that no button stands for keeps it.
+    // An item of a type without a button keeps it.
     if (type.empty())
         type = wordAt(node.text(), 0);
     const ValueForm form = valueFormOf(type);
@@ -205,10 +205,10 @@ void ItemPane::valueChanged() {
         window_.txtInit.caretToEnd();
 }
 
-/// Canonical text may look like none that a user could type (a large U8 has an exponent), so it is not
-/// judged.
+/// Canonical text may differ from any text that a user could type (a large U8 has an exponent), so it is not
+/// checked.
 void ItemPane::storeValueQuietly(std::string_view text) {
-    const Hold hold(storingValue_);
+    const FlagGuard hold(storingValue_);
     window_.txtInit.setText(text);
 }
 
@@ -274,8 +274,8 @@ void ItemPane::typeClicked(ToolbarButton& button) {
     updateItemNodeText(*node);
 }
 
-/// The old type still decides what a change of the field means, so it is emptied quietly: a fixed number
-/// would bring its "0" back.
+/// The old type still decides the meaning of a change of the field, so it is cleared silently: a fixed number
+/// would restore its "0".
 void ItemPane::fitValueToType(std::string_view newType, const Node& node) {
     switch (valueFormOf(newType)) {
     case ValueForm::None:

@@ -13,24 +13,24 @@ class Node;
 class TextField;
 class ToolbarButton;
 
-/// The item pane: shows the selected item and writes every change straight back into its Text, which is the
-/// only store of an item. With no item selected nothing here changes the tree.
+/// The item pane: shows the selected item and writes every change directly into its Text, the only storage of
+/// an item. Without a selected item nothing here changes the tree.
 class ItemPane {
 public:
-    /// Hangs the handlers on txtItemName, txtItemCount, txtInit, chkFix, chkIsItemKey and tbritemType. The
-    /// code page is the one by which strings are cut to their lengths.
+    /// Sets the handlers of txtItemName, txtItemCount, txtInit, chkFix, chkIsItemKey and tbritemType. Strings
+    /// are cut to their lengths in the code page.
     ItemPane(EditorControls& window, const CodePage& codePage);
 
-    /// Clears the fields and lets all type buttons up.
+    /// Clears the fields and releases all type buttons.
     void InitItem();
-    /// Rebuilds the Text of the node at the index from the fields, replacing what is unfit; the key mark is
+    /// Rebuilds the Text of the node at the index from the fields and replaces invalid parts; the key mark is
     /// left out. With `keep` 0 txtInit takes the value part.
     void ThisItemChange(int nodeIndex, int keep);
-    /// Writes the Text of the node from the fields as they stand.
+    /// Writes the Text of the node from the current fields.
     void updateItemNodeText(Node& node);
-    /// The type token of the button that is down; empty when none is.
+    /// The type token of the pressed button; empty when none is pressed.
     std::string getSelectedItemType() const;
-    /// Presses the button of a type token, compared upper-cased; an unknown one leaves all buttons up.
+    /// Presses the button of a type token, compared upper-cased; for an unknown one all buttons are released.
     void selectTypeButton(std::string_view token);
     void resetTypeButtons();
 
@@ -38,7 +38,7 @@ private:
     void wireFields();
     void wireChecks();
     Node* selectedNode() const;
-    /// The selected node unless that is a root node.
+    /// The selected node, unless it is a root node.
     Node* selectedItem() const;
 
     void nameTyped();
@@ -58,7 +58,7 @@ private:
 
     EditorControls& window_;
     const CodePage& codePage_;
-    /// The pane stores into txtInit itself: the text needs no judging.
+    /// The pane itself sets txtInit: the text needs no check.
     bool storingValue_ = false;
 };
 

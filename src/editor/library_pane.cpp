@@ -16,7 +16,7 @@ namespace zb {
 
 namespace {
 
-/// The column whose text is padded so that its order is that of the numbers.
+/// The column whose text is padded so that its order is numeric.
 constexpr int kStreamFunctionColumn = 1;
 
 std::string rightAligned(const std::string& number) {
@@ -28,7 +28,7 @@ bool isNumber(std::string_view field) {
     return !field.empty() && field.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// Where the name ends: before the first two numbers in a row, since a name may hold the separator itself.
+/// The end of the name: before the first two consecutive numbers, since a name may contain the separator.
 std::size_t nameLength(std::string_view row) {
     for (std::size_t end = row.find('\\'); end != std::string_view::npos; end = row.find('\\', end + 1)) {
         std::string_view rest = row.substr(end + 1);
@@ -40,7 +40,7 @@ std::size_t nameLength(std::string_view row) {
     return before(row, "\\").size();
 }
 
-/// Name, stream, function, and all the rest, which may hold the separator, too.
+/// Name, stream, function, and the rest, which may also contain the separator.
 std::array<std::string, 4> fieldsOf(const std::string& row) {
     std::array<std::string, 4> fields;
     std::string_view rest = row;
@@ -54,14 +54,14 @@ std::array<std::string, 4> fieldsOf(const std::string& row) {
     return fields;
 }
 
-/// The entry of a drag from a row's second column: "   1,  13" is "S1 F13".
+/// The entry of a drag from the second column of a row: "   1,  13" is "S1 F13".
 std::string entryOf(const std::string& streamFunction) {
     const std::string_view stream = before(streamFunction, ",");
     const std::size_t behind = std::min(stream.size() + 1, streamFunction.size());
     return "S" + trim(stream) + " F" + trim(std::string_view(streamFunction).substr(behind));
 }
 
-/// What a row shows, and its Key.
+/// The cells of a row, and its Key.
 struct RowTexts {
     std::array<std::string, 3> cells;
     std::string key;
@@ -203,7 +203,8 @@ void LibraryPane::listLibrary(int formatCode) {
     fillList();
 }
 
-/// Lists the rows that hold the filter's text in any column. Selected rows stay so while they show.
+/// Lists the rows that contain the filter's text in any column. Selected rows stay selected while they are
+/// shown.
 void LibraryPane::fillList() {
     List& list = window_.lvwSource;
     const std::string filter = lower(window_.txtSourceFilter.text());
@@ -234,7 +235,7 @@ std::optional<DragData> LibraryPane::startDrag() {
     return DragData{std::move(text), &window_.lvwSource};
 }
 
-/// A drop from elsewhere takes what the last drag carried, too: nothing but List1 counts.
+/// A drop from elsewhere also takes what the last drag carried: only List1 counts.
 void LibraryPane::dropRows() {
     const BusyPointer busy(window_);
     window_.InitMsg();
@@ -251,7 +252,7 @@ void LibraryPane::addMessages(const DropStep& step) {
     for (const SECSMessageRecord* record : library_->getByStreamFunction(step.streamFunction)) {
         window_.display_DefSECSMsg(*record);
         if (!addMessageToTree(window_.liveTree(), *record).empty()) {
-            if (step.tellsDuplicates)
+            if (step.reportsDuplicates)
                 window_.desktop().showBox(record->getName() + " already exists.");
             continue;
         }

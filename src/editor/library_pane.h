@@ -17,17 +17,17 @@ class MenuEntry;
 struct DragData;
 struct DropStep;
 
-/// The library at the left of the editor window: opens one library at a time, lists its messages, and puts
-/// those that are dragged onto the tree into the project.
+/// The library on the left of the editor window: loads one library at a time, lists its messages, and adds
+/// dragged messages to the project.
 class LibraryPane {
 public:
-    /// Hangs the handlers on lvwSource, txtSourceFilter, the library menu and the drop onto tvwEdit, and
-    /// opens the SEMI library.
+    /// Sets the handlers of lvwSource, txtSourceFilter, the library menu and drops onto tvwEdit, and loads
+    /// the SEMI library.
     explicit LibraryPane(frmSECSEditor& window);
 
-    /// Who shows the name of the open library; told at once, and at each change.
+    /// Receives the name of the loaded library, at once and at each change.
     void setPanel(std::function<void(std::string_view libraryName)> panel);
-    /// Where file dialogs start while no project is open.
+    /// The start folder of file dialogs while no project is open.
     void setApplicationFolder(std::string folder) { applicationFolder_ = std::move(folder); }
 
     const SECSLibraryStore& library() const { return *library_; }
@@ -55,15 +55,15 @@ private:
 
     frmSECSEditor& window_;
     std::unique_ptr<SECSLibraryStore> library_;
-    std::vector<std::string> rows_; ///< of the library, those that the filter hides included
+    std::vector<std::string> rows_; ///< of the library, including those hidden by the filter
     int formatCode_ = 0;
     std::function<void(std::string_view)> panel_;
     std::string panelText_;
     std::string applicationFolder_;
 };
 
-/// Adds the row of a message, given as `SECSLibraryStore::getRows` gives it. The rows of a built-in library
-/// are named after stream and function, those of a file after the message.
+/// Adds the row of a message in the form of `SECSLibraryStore::getRows`. The rows of a built-in library are
+/// named after stream and function, those of a file after the message.
 void addLibraryRow(const std::string& row, int formatCode, List& list);
 
 } // namespace zb

@@ -16,7 +16,7 @@ namespace zb {
 
 namespace {
 
-// The bounds themselves pass, although the boxes speak of less.
+// The bounds themselves are accepted, although the boxes mention smaller ones.
 constexpr int kMostStream = 128;
 constexpr int kMostFunction = 255;
 
@@ -28,7 +28,7 @@ bool isEven(std::string_view text) {
     return std::fmod(roundHalfEven(valueOf(text)), 2) == 0;
 }
 
-/// The name of a message for which the user left it empty.
+/// The name of a message without an entered name.
 std::string defaultName(std::string_view stream, std::string_view function) {
     return "S" + trim(stream) + "F" + trim(function);
 }
@@ -45,7 +45,7 @@ std::string functionRefusal(std::string_view article) {
     return "You must insert " + std::string(article) + " positive number less than 255 in the function";
 }
 
-/// The MessageNode as the number fields look for it; unlike messageOf, it takes no description for granted.
+/// The MessageNode as the number fields find it; unlike messageOf, it does not require a description.
 Node* messageBeside(Node& root) {
     if (hasColon(root.text()))
         return &root;
@@ -112,7 +112,7 @@ void MessagePane::removeCbo(std::string_view name) {
 }
 
 void MessagePane::cboFirstSelect() {
-    // A single message is not selected: the user begins with a clear pane then.
+    // A single message is not selected: the user starts with an empty pane.
     if (window_.cboSECSMessage.entries().size() > 1)
         window_.cboSECSMessage.choose(0);
 }
@@ -126,7 +126,7 @@ void MessagePane::cboSelectWithKey(std::string_view name) {
 void MessagePane::chooseMessage() {
     const std::string& name = window_.cboSECSMessage.text();
     Node* node = window_.liveTree().find(name);
-    // Keys are unique whatever their case, so no other node can read exactly so.
+    // Keys are unique without case, so no other node can have exactly this text.
     if (node != nullptr && node->key() == name)
         window_.liveTree().select(node);
 }
@@ -166,7 +166,7 @@ void MessagePane::append(const std::string& name, std::string text, std::string 
 void MessagePane::change() {
     if (refuseNumbers("j"))
         return;
-    // An item can be selected by a failed check while the button is still enabled; it is no message.
+    // A failed check can select an item while the button is still enabled; it is not a message.
     Node* selected = window_.liveTree().selected();
     if (selected == nullptr || selected->parent() != nullptr) {
         window_.desktop().showBox("No selected message.");
@@ -219,7 +219,7 @@ void MessagePane::numberChanged(Word word) {
         window_.desktop().showBox(word == Word::Stream ? streamRefusal("a") : functionRefusal("a"));
         number.setText(old);
     }
-    // The user who leaves the old number behind is typing a new message, which Add will name by itself.
+    // A name that still contains the old number belongs to a new message, which Add names automatically.
     const bool same = number.text() == old;
     const Node* description = message->previous();
     window_.txtMsgName.setText(same ? trim(nameInText(message->text())) : "");

@@ -10,23 +10,23 @@ class Node;
 class SECSMessageRecord;
 class TextField;
 
-/// The message pane: adds messages to the tree, changes the selected one, and finds one by its name. Its
-/// fields stay as typed until InitMsg clears them or a click on a node fills them.
+/// The message pane: adds messages to the tree, changes the selected one, and finds one by name. Its fields
+/// keep what was typed until InitMsg clears them or a click on a node fills them.
 class MessagePane {
 public:
     explicit MessagePane(frmSECSEditor& window);
 
-    /// Clears the fields, turns all checks off and enables them, and turns optHost on.
+    /// Clears the fields, unchecks and enables all check boxes, and turns optHost on.
     void InitMsg();
     /// Shows direction, wait and auto reply of a message.
     void display(const SECSMessageRecord& record);
 
     void InsertCbo(std::string_view name);
-    /// Removes the first entry that reads so.
+    /// Removes the first entry with this text.
     void removeCbo(std::string_view name);
     /// Shows the first entry and selects its message, when there is more than one.
     void cboFirstSelect();
-    /// Shows the entry that reads so and selects its message.
+    /// Shows the entry with this text and selects its message.
     void cboSelectWithKey(std::string_view name);
 
     /// Writes the fields into the message whose MessageNode has this index. A name in use is refused with a
@@ -44,14 +44,15 @@ private:
     void numberChanged(Word word);
     void enableByFunction();
 
-    /// A box and the focus for the first of stream and function that is not good; false when both are.
+    /// Shows a box and moves the focus for the first invalid one of stream and function; false when both are
+    /// valid.
     bool refuseNumbers(std::string_view article);
     bool refuseNameOfAdd();
     /// The old number of a MessageNode, without its letter.
     static std::string oldNumber(const Node& messageNode, Word word);
     void restoreBadNumber(const Node& messageNode, Word word);
     TextField& field(Word word);
-    /// Turns optBoth on when no direction is on.
+    /// Turns optBoth on when no direction is chosen.
     void needDirection();
     std::string nodeText();
     void append(const std::string& name, std::string text, std::string description);

@@ -30,7 +30,7 @@ Relation relationOf(PastePosition position) {
     }
 }
 
-/// A message fills three root nodes of the clipboard, an item one.
+/// A message has three root nodes in the clipboard, an item one.
 bool holdsMessage(const NodeTree& clipboard) {
     return !clipboard.empty() && clipboard.firstRoot()->next() != nullptr;
 }
@@ -114,7 +114,7 @@ void TreeCommands::deleteItem(Node& item) {
 
 void TreeCommands::deleteMessage(Node& root) {
     NodeTree& tree = window_.liveTree();
-    // The separator as it lies before the node that was found; a tree that lacks it keeps its nodes.
+    // The separator before the node that was found; a tree without it keeps its nodes.
     Node* separator = &root;
     if (hasColon(root.text()))
         separator = siblingAt(&root, -2);

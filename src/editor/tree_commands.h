@@ -11,8 +11,8 @@ class StructureEntries;
 
 enum class PastePosition { Previous, Next, Child };
 
-/// The commands that change the shape of the message tree. They work on the selected node and on the window's
-/// clipboard, which holds nothing, one message (three root nodes) or one item (one root node).
+/// The commands that change the structure of the message tree. They work on the selected node and on the
+/// window's clipboard, which holds nothing, one message (three root nodes) or one item (one root node).
 class TreeCommands {
 public:
     explicit TreeCommands(frmSECSEditor& window);
@@ -22,7 +22,7 @@ public:
     void duplicate();
     void insertItem();
     void addSubItem();
-    /// Adds a copy of the clipboard where it may go, else says that it may not.
+    /// Adds a copy of the clipboard where that is allowed, and otherwise reports that it is not.
     void pasteFromTemp(PastePosition position);
 
     /// Replaces the clipboard by a copy of the node's message, or of the item.
@@ -31,7 +31,7 @@ public:
     void deleteSelectedNode();
     /// Writes the number of sub items into the count of a fixed list.
     void updateListCount(Node& list);
-    /// The name with "New1" behind it, as often as it takes until no node has it as its Key.
+    /// The name followed by "New1", as often as needed until no node has it as its Key.
     std::string makeNewMessageName(std::string_view name);
 
 private:

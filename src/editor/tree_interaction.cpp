@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kRightButton = 2;
 
-/// Stands in for a stream or function that is no number, so that the message can be saved and corrected.
+/// Replaces a stream or function that is not a number, so that the message can be saved and corrected.
 constexpr const char* kStandIn = "90";
 
 bool isBadNumber(const std::string& text) {
@@ -100,14 +100,14 @@ void TreeInteraction::itemClick(Node& node) {
     record.parseText(node.text());
     window_.txtItemName.setText(record.getName());
     window_.itemPane.selectTypeButton(record.getType());
-    // The count comes before the other fields: a fixed list that heals takes its "V" from the item shown
-    // before.
+    // The count is set before the other fields: a fixed list that is repaired gets its "V" from the
+    // previously shown item.
     showCount(node, record);
     window_.chkFix.setChecked(record.isFixed());
     showKeyAndValue(node, record);
 }
 
-// The direction of a message is shown the other way round while one of its items is selected.
+// The direction of a message is shown reversed while one of its items is selected.
 void TreeInteraction::showMessageOfItem(Node& node) {
     Node& root = rootOf(node);
     const SECSMessageRecord record = recordOf({root.previous(), &root});

@@ -10,20 +10,21 @@ class SECSItemRecord;
 class StructureEntries;
 class TextField;
 
-/// What happens when the user points at the message tree: a click fills the panes and repairs the node on the
-/// way, a right click opens the pop-up.
+/// Mouse actions on the message tree: a click fills the panes and repairs the node, a right click opens the
+/// pop-up.
 class TreeInteraction {
 public:
     explicit TreeInteraction(frmSECSEditor& window);
 
     /// Shows the selected node in the panes, as a click on it does. Nothing without a selection.
     void nodeClick();
-    /// Enables what fits the selected node, in the menu bar. Without a selection nothing changes.
+    /// Enables the entries of the menu bar that apply to the selected node. Without a selection nothing
+    /// changes.
     void updateEditMenuState();
 
 private:
     void rootClick(Node& node);
-    /// Shows a message's stream or function; one that is no number is replaced in the tree, with a box.
+    /// Shows a message's stream or function; one that is not a number is replaced in the tree, with a box.
     void showNumber(TextField& field, const std::string& number, const std::string& what,
                     const Node* message);
     void itemClick(Node& node);

@@ -18,7 +18,7 @@ bool isMessage(const Node* node) {
     return node != nullptr && hasColon(node->text());
 }
 
-/// Whether a root node that is no message stands where a description or a separator does.
+/// Whether a root node that is not a message is at the position of a description or a separator.
 bool isBeforeMessage(const Node& node) {
     if (isMessage(node.next()))
         return true;
@@ -75,7 +75,7 @@ private:
             tell(Severity::Error, node, name->text);
         else if (!item.getName().empty())
             itemNames_.add(item.getName());
-        // The rules for values pass over quoted ones, so these need no canonical Text.
+        // The rules for values ignore quoted ones, so these need no canonical Text.
         const ItemKind kind = itemKind(item.getType());
         std::optional<std::string> normalized;
         if (kind != ItemKind::Quoted)

@@ -7,8 +7,8 @@ namespace zb {
 class CodePage;
 class NodeTree;
 
-/// Every fault of every message and item, in tree order, by the rules of the checked walk; values are judged
-/// as they stand after normalization. The tree stays as it is.
+/// Every fault of every message and item, in tree order, by the rules of the checked walk; values are checked
+/// in their normalized form. The tree is not changed.
 Findings checkDefinitions(const NodeTree& tree, const CodePage& codePage);
 
 } // namespace zb

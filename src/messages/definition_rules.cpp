@@ -34,7 +34,7 @@ std::string_view wordAt(std::string_view text, int place) {
     return takeWord(text);
 }
 
-/// Whether the word behind its first letter is a number from 0 to `most`.
+/// Whether the word after its first letter is a number from 0 to `most`.
 bool isNumberUpTo(std::string_view word, double most) {
     const std::string_view number = word.empty() ? word : word.substr(1);
     return isNumeric(number) && valueOf(number) >= 0 && valueOf(number) <= most;
@@ -53,7 +53,7 @@ OptionalFault faultUnless(bool right, const DefinitionFault& fault) {
     return right ? OptionalFault() : OptionalFault(fault);
 }
 
-/// Of a word that stands where only a value can, or that is numeric.
+/// For a word in the position of a value, or a numeric word.
 OptionalFault faultOfValue(ItemKind kind, std::string_view word, bool isThirdWord) {
     const bool numeric = isNumeric(word);
     switch (kind) {
@@ -80,7 +80,7 @@ OptionalFault faultOfList(std::string_view countWord, int children) {
     return faultUnless(valueOf(countWord) == children, kWrongCount);
 }
 
-/// Tells each fault to `tell` until that answers false.
+/// Reports each fault to `tell` until that returns false.
 template<typename Tell>
 void visitValueFaults(std::string_view itemText, int children, Tell tell) {
     std::string_view rest = trimmed(itemText);

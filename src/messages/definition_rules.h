@@ -22,7 +22,7 @@ struct DefinitionFault {
 };
 using OptionalFault = std::optional<DefinitionFault>;
 
-/// The item names seen so far in a message, compared upper-cased.
+/// The item names of a message so far, compared upper-cased.
 class ItemNames {
 public:
     bool contains(std::string_view name) const;
@@ -37,13 +37,13 @@ private:
 OptionalFault streamFault(std::string_view nodeText);
 OptionalFault functionFault(std::string_view nodeText);
 
-/// A name holds letters, digits, "_" and "." only.
+/// A name contains only letters, digits, "_" and ".".
 OptionalFault nameCharsFault(std::string_view name);
 OptionalFault nameFault(const SECSItemRecord& item, const ItemNames& namesBefore);
 
 /// The first fault of the count and the values of an item Text; `children` is the number of its sub items.
 OptionalFault valueFault(std::string_view itemText, int children);
-/// One fault of each kind, in the order of the words at fault.
+/// One fault of each kind, in the order of the faulty words.
 std::vector<DefinitionFault> valueFaults(std::string_view itemText, int children);
 
 } // namespace zb

@@ -59,7 +59,7 @@ FindResult found(Node* node) {
     return {FindOutcome::Found, node};
 }
 
-/// The first match among the positions from..to, which run downwards when `from` lies behind `to`.
+/// The first match among the positions from..to, which are searched downwards when `from` is after `to`.
 Node* firstMatch(const NodeTree& tree, const Matcher& matcher, int from, int to) {
     const int direction = from <= to ? 1 : -1;
     for (int position = from; position != to + direction; position += direction) {

@@ -11,18 +11,18 @@ enum class FindDirection { Up, Down, All };
 enum class FindCase { Exact, Ignored };
 
 struct FindRequest {
-    /// May hold wildcards; it is looked for anywhere in a Text.
+    /// May contain wildcards; it is searched anywhere in a Text.
     std::string what;
     FindCase letterCase = FindCase::Ignored;
     FindDirection direction = FindDirection::All;
-    /// Where the user began to look: a search in all directions ends before it once it has gone round.
+    /// Where the search began: a search in all directions stops when it comes round to it.
     int origin = 1;
 };
 
 enum class FindOutcome {
     Found,
     EndOfFile,
-    Nothing, ///< there is nothing to look through, or the pattern cannot be meant
+    Nothing, ///< nothing to search, or an invalid pattern
 };
 
 struct FindResult {
@@ -30,8 +30,8 @@ struct FindResult {
     Node* node = nullptr;
 };
 
-/// Looks for the next node from the selected one on. The first step goes along the links of the tree,
-/// downwards past the start's own items; from there on the search goes by flat position.
+/// Finds the next node after the selected one. The first step follows the links of the tree, past the start's
+/// own items; from there the search continues by flat position.
 FindResult findNext(const NodeTree& tree, const FindRequest& request);
 
 } // namespace zb

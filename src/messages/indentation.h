@@ -4,7 +4,7 @@
 
 namespace zb {
 
-/// The depth that a number of leading blanks stands for: a quarter of it, a half going to the even neighbour.
+/// The depth of a number of leading blanks: a quarter of it, with halves rounded to even.
 inline long depthOfIndentation(std::size_t blanks) {
     const auto whole = static_cast<long>(blanks / 4);
     const std::size_t rest = blanks % 4;

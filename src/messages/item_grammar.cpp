@@ -19,7 +19,7 @@ bool hasSignOrPoint(std::string_view word) {
 }
 
 bool isQuoted(std::string_view text) {
-    // The key mark stands behind the quoted value: a key item that was saved must come back as it was.
+    // The key mark follows the quoted value: a saved key item must be restored as it was.
     constexpr std::string_view kKeyMark = " [K]";
     if (text.ends_with(kKeyMark))
         text = trimmed(text.substr(0, text.size() - kKeyMark.size()));

@@ -25,7 +25,7 @@ bool isKeyForbidden(const Node& item) {
     const SECSItemRecord record = recordOf(item);
     if (record.getType() == "L")
         return !record.isFixed();
-    // The topmost node is the message, which is no item.
+    // The topmost node is the message, not an item.
     for (const Node* above = item.parent(); above != nullptr && above->parent() != nullptr;
          above = above->parent()) {
         if (isVariableList(recordOf(*above)))

@@ -38,7 +38,7 @@ std::string MessageItemNames::uniqueItemText(std::string_view itemText) {
     return replaceAll(itemText, " " + name + " ", " " + uniqueItemName(name) + " ");
 }
 
-/// Walks without recursion, for messages of any depth.
+/// Without recursion, for messages of any depth.
 void MessageItemNames::collectItemNames(const Node& root) {
     for (const Node* node = root.child(); node != nullptr; node = nextBelow(*node, root))
         add(itemNameInText(node->text()));

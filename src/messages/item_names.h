@@ -12,7 +12,7 @@ class Node;
 /// The name in an item's Text, its third word; empty when that is a value or missing.
 std::string_view itemNameInText(std::string_view itemText);
 
-/// The item names of one message. They are compared letter by letter.
+/// The item names of one message, compared with case.
 class MessageItemNames {
 public:
     MessageItemNames() = default;
@@ -22,18 +22,18 @@ public:
     bool holds(std::string_view name) const { return names_.contains(std::string(name)); }
     void add(std::string_view name);
 
-    /// The name with "1" behind it, as often as it takes until no item has it.
+    /// The name followed by "1", as often as needed until no item has it.
     std::string uniqueItemName(std::string_view name);
-    /// The Text with its name made unique. Only a name with a blank behind it is replaced: one that ends the
-    /// Text stays, so a list without a value keeps its name in a copy.
+    /// The Text with its name made unique. Only a name followed by a blank is replaced: a name at the end of
+    /// the Text stays, so a list without a value keeps its name in a copy.
     std::string uniqueItemText(std::string_view itemText);
 
 private:
     void collectItemNames(const Node& root);
 
     std::unordered_set<std::string> names_;
-    /// The last unique name made from a name. All shorter forms are taken, so the next search goes on from
-    /// here and a message full of equal names is copied without trying them all each time.
+    /// The last unique name made from a name. All shorter forms are taken, so the next search continues here,
+    /// and copying a message full of equal names does not try all of them each time.
     std::unordered_map<std::string, std::string> lastMade_;
 };
 

@@ -46,7 +46,7 @@ int normalizeValues(std::string_view type, int count, std::string& value, Fillin
     return 0;
 }
 
-/// Cut to `count` ANSI bytes, and filled up with blanks when the count is fixed.
+/// Cut to `count` ANSI bytes, and padded with blanks when the count is fixed.
 std::string normalizedText(const SECSItemRecord& record, const CodePage& codePage) {
     const int count = std::max(record.getCount(), 0);
     const auto most = static_cast<std::size_t>(count);

@@ -13,7 +13,7 @@ bool hasDigitsOnly(std::string_view word) {
     return !word.empty() && word.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// Takes the key mark from the end, where it is no part of a quoted value.
+/// Removes the key mark from the end, unless it is part of a quoted value.
 bool takeKeyMark(std::string_view& rest) {
     const std::size_t blank = rest.rfind(' ');
     const std::size_t start = blank == std::string_view::npos ? 0 : blank + 1;
@@ -49,11 +49,11 @@ std::string SECSItemRecord::parseText(std::string_view text) {
     else if (count_ == std::numeric_limits<int>::max())
         status = "The item count is too large";
 
-    std::string_view behindName = rest;
-    const std::string_view third = takeWord(behindName);
+    std::string_view afterName = rest;
+    const std::string_view third = takeWord(afterName);
     if (isItemName(type_, third)) {
         name_ = third;
-        rest = behindName;
+        rest = afterName;
     }
     if (kind == ItemKind::Quoted) {
         takeQuotedValue(trimmed(rest), status);

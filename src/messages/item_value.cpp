@@ -53,8 +53,8 @@ bool beginsWithExponent(std::string_view word) {
     return word.starts_with('e') || word.starts_with('E');
 }
 
-/// The empty word begins every word.
-bool isBeginningOf(std::string_view whole, std::string_view word) {
+/// The empty word is a prefix of every word.
+bool isPrefixOf(std::string_view whole, std::string_view word) {
     return whole.starts_with(upper(word));
 }
 
@@ -98,8 +98,8 @@ TypedValue judgeBinary(std::string_view word) {
 }
 
 TypedValue judgeBoolean(std::string_view word) {
-    const bool good = isNumeric(word) ? word == "0" || word == "1"
-                                      : isBeginningOf("TRUE", word) || isBeginningOf("FALSE", word);
+    const bool good =
+        isNumeric(word) ? word == "0" || word == "1" : isPrefixOf("TRUE", word) || isPrefixOf("FALSE", word);
     return {good ? State::Good : State::Unfinished, {}};
 }
 
@@ -120,7 +120,7 @@ TypedValue judgeWord(ValueForm form, std::string_view word) {
     }
 }
 
-/// Types whose values are read as whole numbers, halves going to the even neighbour.
+/// Types whose values are read as whole numbers, with halves rounded to even.
 struct RoundedType {
     std::string_view type;
     long long least;
@@ -133,8 +133,8 @@ constexpr std::array kRoundedTypes{
     RoundedType{"I2", -32768, 32767}, RoundedType{"I4", -2147483648LL, 2147483647LL},
 };
 
-/// Types that are too wide for that: cut toward zero, and compared and printed as floating point. The bounds
-/// of the two widest are not those of 64 bits.
+/// Types that are too wide for that: truncated toward zero, and compared and printed as floating point. The
+/// bounds of the two widest types are not those of 64 bits.
 struct CutType {
     std::string_view type;
     double least;
@@ -160,7 +160,7 @@ std::string cutWord(const CutType& type, double value) {
 }
 
 std::string floatWord(double value) {
-    // A number that only rounding brings into the range still lies in it.
+    // A number that is in range only after rounding is still in range.
     const auto narrow = static_cast<float>(value);
     return std::isfinite(narrow) ? printFloat(narrow) : std::string(kNothing);
 }
@@ -168,7 +168,7 @@ std::string floatWord(double value) {
 std::string booleanWord(std::string_view word) {
     if (isNumeric(word))
         return word == "0" ? "0" : "1";
-    return isBeginningOf("T", word.substr(0, 1)) ? "True" : "False";
+    return isPrefixOf("T", word.substr(0, 1)) ? "True" : "False";
 }
 
 std::string numberWord(std::string_view type, std::string_view word) {
@@ -202,7 +202,7 @@ std::string withoutApostrophes(std::string_view text) {
 std::string cleanBoolean(std::string_view word) {
     if (word == "0" || word == "1")
         return std::string(word);
-    return isBeginningOf("TRUE", word) ? "True" : "False";
+    return isPrefixOf("TRUE", word) ? "True" : "False";
 }
 
 bool isClean(ValueForm form, std::string_view word) {

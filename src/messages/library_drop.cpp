@@ -14,10 +14,10 @@ std::vector<DropStep> planDrop(const std::vector<std::string>& entries) {
         const std::string& after = i + 1 == entries.size() ? kNone : entries[i + 1];
         if (entry == after)
             continue;
-        const std::size_t behindLetter = entry.find('F') + 1;
-        const std::string stem = entry.substr(0, behindLetter);
+        const std::size_t afterLetter = entry.find('F') + 1;
+        const std::string stem = entry.substr(0, afterLetter);
         const long long function =
-            toInteger(valueOf(entry.substr(behindLetter)), 0, kHighestFunction).value_or(0);
+            toInteger(valueOf(entry.substr(afterLetter)), 0, kHighestFunction).value_or(0);
         steps.push_back({entry, entry != before});
         if (const std::string reply = stem + std::to_string(function + 1);
             function % 2 != 0 && reply != after)

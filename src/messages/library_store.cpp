@@ -33,7 +33,7 @@ std::string numberedBody(const SmdMessageText& message, Findings& findings) {
     return lines;
 }
 
-/// Tabs part the words of a head as well as blanks do.
+/// The words of a head may be separated by tabs as well as blanks.
 std::string withBlanksForTabs(std::string_view head) {
     std::string text(head);
     std::replace(text.begin(), text.end(), '\t', ' ');
@@ -106,7 +106,7 @@ void SECSLibraryStore::loadSmd(std::string_view text) {
             findings_.push_back({Severity::Error, FindingPlace::atLine(message->headLine), status});
             continue;
         }
-        // The head as a tree holds it, whatever parted its words in the file.
+        // The head in the form of a tree, whatever separated its words in the file.
         const std::string nodeText = record.composeNodeText();
         if (record.getHeadText().size() != message->description.size() + 2 + nodeText.size())
             record.parseTexts(nodeText, message->description, body);

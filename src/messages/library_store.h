@@ -19,12 +19,12 @@ class SECSLibraryStore {
 public:
     using Records = std::vector<const SECSMessageRecord*>;
 
-    /// The code page decodes files that are no Unicode, and measures the texts of SML.
+    /// The code page decodes files that are not Unicode, and measures the texts of SML.
     explicit SECSLibraryStore(CodePage codePage) : codePage_(std::move(codePage)) {}
 
     /// All messages of a stream and function, given as "S1 F13"; empty when there are none.
     Records getByStreamFunction(std::string_view text) const;
-    /// One row a message: name, stream, function and description, joined by "\".
+    /// One row per message: name, stream, function and description, joined by "\".
     std::vector<std::string> getRows() const;
     /// Adds the messages of a library's text (for the formats 1001 and 1002) or of a file (1003 to 1005). The
     /// status is blank when at least one message was read; all else is in `findings`.

@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view kFirstLine = "MDF 1";
 
-/// Keeps a text on its line, and keeps the blanks at its ends.
+/// Keeps a text on its line, and the blanks at its ends.
 std::string escaped(std::string_view text) {
     std::string line;
     line.reserve(text.size());
@@ -79,8 +79,7 @@ std::string_view marksOf(const SECSMessageRecord& record, const std::string& hea
     return colon == std::string_view::npos ? std::string_view() : nodeText.substr(colon + 2);
 }
 
-// A tab that belongs to a text is written as an escape; one that stands in the file parts words, like a
-// blank.
+// A tab that belongs to a text is written as an escape; a tab in the file separates words, like a blank.
 constexpr std::string_view kBlanks = " \t";
 
 std::string_view withoutBlanks(std::string_view text) {
@@ -102,7 +101,7 @@ std::string headOf(std::string_view field) {
     return unescaped(head);
 }
 
-/// What the program wrote is taken as it stands; tabs and a type in lower case come from elsewhere.
+/// Text written by the program is taken unchanged; tabs and types in lower case come from other sources.
 std::string itemOf(std::string_view field) {
     const std::string_view type = field.substr(0, field.find_first_of(kBlanks));
     const bool isForeign = field.find('\t') != std::string_view::npos ||
@@ -110,7 +109,7 @@ std::string itemOf(std::string_view field) {
     return isForeign ? unescaped(cleanItemText(field)) : unescaped(field);
 }
 
-/// Gathers the lines of one message until the next begins.
+/// Collects the lines of one message until the next one begins.
 class MdfReader {
 public:
     MdfReader(Findings& findings, std::vector<SECSMessageRecord>& records)

@@ -9,11 +9,11 @@
 
 namespace zb {
 
-/// The text of an .mdf file; docs/formats.md tells its grammar.
+/// The text of an .mdf file; docs/formats.md describes its grammar.
 std::string composeMdf(const std::vector<const SECSMessageRecord*>& records);
 
-/// The messages of an .mdf text, CR LF or LF. What breaks the grammar is told in the findings; a message
-/// whose head cannot be read is left out, and reading goes on with the next one.
+/// The messages of an .mdf text, CR LF or LF. Violations of the grammar are reported as findings; a message
+/// whose head cannot be read is left out, and reading continues with the next one.
 std::vector<SECSMessageRecord> parseMdf(std::string_view text, Findings& findings);
 
 } // namespace zb

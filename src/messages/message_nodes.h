@@ -9,9 +9,9 @@ namespace zb {
 
 class NodeTree;
 
-// A message takes three root nodes: a blank separator, a bold description, and the MessageNode, whose Text
-// holds a colon. Which of them a root node is can be told from the Texts alone. Trees that came from a
-// damaged file may lack some of them; every link here may therefore be null.
+// A message has three root nodes: a blank separator, a bold description, and the MessageNode, whose Text
+// contains a colon. The kind of a root node follows from the Texts alone. Trees from a damaged file may lack
+// some of them; every link here may therefore be null.
 
 /// The root node above an item, or the root node itself.
 template<typename AnyNode>
@@ -22,7 +22,7 @@ AnyNode& rootOf(AnyNode& node) {
     return *root;
 }
 
-/// The node `steps` siblings behind (or, below 0, before) `node`; null past either end.
+/// The node `steps` siblings after (below 0: before) `node`; null past either end.
 Node* siblingAt(Node* node, int steps);
 
 struct MessageParts {
@@ -33,10 +33,10 @@ struct MessageParts {
 /// The message that a root node belongs to.
 MessageParts messageOf(Node& root);
 
-/// The name that a MessageNode's Text begins with: what stands before its first colon.
+/// The name of a MessageNode: its Text before the first colon.
 std::string_view nameInText(std::string_view nodeText);
 
-/// Adds separator, description and MessageNode behind `previous` (null: at the end of the tree) and returns
+/// Adds separator, description and MessageNode after `previous` (null: at the end of the tree) and returns
 /// the last.
 Node& addMessageNodes(NodeTree& tree, Node* previous, std::string_view name, std::string text,
                       std::string description);

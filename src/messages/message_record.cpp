@@ -26,8 +26,8 @@ int numberOf(const std::string& word) {
     return isNumeric(word) ? countOf(word) : -1;
 }
 
-/// The word's text behind its first letter.
-std::string_view behindLetter(std::string_view word) {
+/// The word's text after its first letter.
+std::string_view afterLetter(std::string_view word) {
     return word.empty() ? word : word.substr(1);
 }
 
@@ -188,7 +188,7 @@ std::string SECSMessageRecord::takeSmd(std::string_view text, BodyCheck check) {
     return checkBody(message->body);
 }
 
-/// Tells what is wrong with the head; a word that is no mark is told, and the others are taken.
+/// Reports faults of the head. An unknown word is reported, and the others are used.
 std::string SECSMessageRecord::takeHead() {
     const std::size_t colon = nodeText_.find(": ");
     name_ = trimmed(std::string_view(nodeText_).substr(0, colon));
@@ -200,8 +200,8 @@ std::string SECSMessageRecord::takeHead() {
     std::string_view rest = tail;
     const std::string_view stream = takeWord(rest);
     const std::string_view function = takeWord(rest);
-    streamText_ = behindLetter(stream);
-    functionText_ = behindLetter(function);
+    streamText_ = afterLetter(stream);
+    functionText_ = afterLetter(function);
     std::string status;
     if (name_.empty())
         status = "The message has no name";

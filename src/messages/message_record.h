@@ -31,35 +31,35 @@ struct SECSMessageHead {
 class SECSMessageRecord {
 public:
     const std::string& getName() const { return name_; }
-    /// The name once more, as the editor window and the dialogs know it.
+    /// The name again, under the name used by the editor window and the dialogs.
     const std::string& MessageName() const { return name_; }
     const std::string& getDescription() const { return description_; }
     /// A stream or function that is not numeric reads as -1.
     int getStream() const;
     int getFunction() const;
-    /// The words as they stand behind "S" and "F".
+    /// The words after "S" and "F".
     const std::string& getStreamText() const { return streamText_; }
     const std::string& getFunctionText() const { return functionText_; }
     /// "H->E", "H<-E" or "H<->E".
     const std::string& getDirection() const { return direction_; }
     bool getWait() const { return wait_; }
     bool getReply() const { return reply_; }
-    /// The same flag, as the dialogs know it.
+    /// The same flag, under the name used by the dialogs.
     bool autoreply() const { return reply_; }
     bool getNoLogging() const { return noLogging_; }
     /// The MessageNode Text.
     const std::string& getNodeText() const { return nodeText_; }
     /// Description, CR LF, MessageNode Text.
     std::string getHeadText() const;
-    /// One line an item: depth number, blank, item Text.
+    /// One line per item: depth number, blank, item Text.
     std::string getBodyText() const;
-    /// Reads one message in project form or build form, comment lines included. The status is empty on
-    /// success, else it says what is wrong; the record takes what it can in any case.
+    /// Reads one message in project form or build form, including comment lines. The status is empty on
+    /// success and otherwise describes the fault; the record takes as much as possible.
     std::string parseSmd(std::string_view text, int formatCode);
-    /// From the Texts of a MessageNode and of the description node before it. The record takes what it can in
-    /// any case.
+    /// From the Texts of a MessageNode and of the description node before it. The record takes as much as
+    /// possible.
     std::string parseNodeText(std::string_view nodeText, std::string_view description);
-    /// From the texts that `getHeadText` and `getBodyText` are made of.
+    /// From texts in the form of `getHeadText` and `getBodyText`.
     std::string parseTexts(std::string_view nodeText, std::string_view description,
                            std::string_view bodyText);
     /// From what a reader has taken apart already. `bodyText` is of the form that `getBodyText` gives.
@@ -89,9 +89,9 @@ private:
     std::string functionText_;
     std::string direction_;
     std::string source_;
-    std::size_t bodyStart_ = 0; ///< in `source_`; items are taken apart when they are asked for
+    std::size_t bodyStart_ = 0; ///< in `source_`; items are parsed on request
     std::size_t bodyLength_ = 0;
-    bool bodyIsNumbered_ = false; ///< as `getBodyText` gives it
+    bool bodyIsNumbered_ = false; ///< in the form of `getBodyText`
     bool wait_ = false;
     bool reply_ = false;
     bool noLogging_ = false;

@@ -11,7 +11,7 @@
 
 namespace zb {
 
-/// The messages of a project, as the last walk over its tree left them. The store owns its records.
+/// The messages of a project after the last walk over its tree. The store owns its records.
 class SECSMessageStore {
 public:
     using Records = std::vector<const SECSMessageRecord*>;
@@ -23,14 +23,14 @@ public:
     /// `text` has the form "S1 F2"; empty when there is none.
     Records getByStreamFunction(std::string_view text) const;
     /// Parses and adds one message; the status is empty on success. A text without stream and function gives
-    /// no record, yet it keeps its place among what is written: a save must not drop it. Lesser faults of a
-    /// head, as a missing direction, leave a record, since a walk lets them pass.
+    /// no record, but it keeps its position in the written text: a save must not drop it. Smaller faults of a
+    /// head, such as a missing direction, give a record, since a walk accepts them.
     std::string addMessageText(std::string_view smdText);
     /// The texts of all messages in order, as they were added.
     std::string allTexts() const;
 
 private:
-    /// Of a text that is a message the record holds the text.
+    /// The record of a message contains its text.
     struct Entry {
         std::unique_ptr<SECSMessageRecord> record;
         std::string otherText;

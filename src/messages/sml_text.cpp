@@ -6,7 +6,7 @@ namespace zb {
 
 namespace {
 
-/// Between the quotes that the text does not hold itself; what holds both is parted where they change.
+/// Between the quotes that the text does not contain; a text with both kinds is split where they change.
 std::string quotedText(std::string_view text) {
     std::string quoted;
     do {
@@ -63,10 +63,10 @@ private:
         text_.append(item.isKey() ? " [K]" : "").append("\r\n");
     }
 
-    /// An empty text that a count stands for is left to whoever fills the message in.
+    /// An empty text with a count is left for the user of the message to fill in.
     static bool writesValue(const SECSItemRecord& item) { return !item.getValue().empty(); }
 
-    /// Closes the open lists down to the level on which the next item stands.
+    /// Closes the open lists down to the level of the next item.
     void closeTo(int level) {
         for (; open_ > level; --open_) {
             indent(open_ - 1);

@@ -7,8 +7,8 @@
 
 namespace zb {
 
-/// The messages as SML that reads back as they are, and that other readers of the language take for the most
-/// part; docs/formats-sml.md tells its form. Lines end in CR LF.
+/// The messages as SML that this program reads back unchanged, and that most other readers accept;
+/// docs/formats-sml.md describes its form. Lines end in CR LF.
 std::string composeSml(const std::vector<const SECSMessageRecord*>& records);
 
 } // namespace zb

@@ -6,9 +6,8 @@
 
 namespace zb {
 
-// A parent is copied before its children and these before its next sibling: the order decides which of two
-// equal names is changed. The walk keeps its place in both trees at once and needs no stack, however deep
-// they are.
+// A parent is copied before its children, and these before its next sibling: the order decides which of two
+// equal names is changed. The walk keeps its position in both trees and needs no stack, at any depth.
 CopyOutcome copySubtree(const Node& source, Node& destination, NodeTree& destinationTree) {
     MessageItemNames names(destination);
     Node* last = &destination;

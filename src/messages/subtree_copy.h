@@ -7,11 +7,11 @@ class NodeTree;
 
 enum class CopyOutcome {
     Whole,
-    /// An item without a Text ended the copy; what was copied by then stays.
+    /// An item without a Text ends the copy; the part copied so far remains.
     Broken,
 };
 
-/// Copies all that lies below `source` below `destination`, in order, each item with its name made unique in
+/// Copies everything below `source` to below `destination`, in order. The name of each item is made unique in
 /// the message of the destination. All copies are expanded.
 CopyOutcome copySubtree(const Node& source, Node& destination, NodeTree& destinationTree);
 

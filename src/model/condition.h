@@ -63,7 +63,7 @@ private:
     std::optional<std::size_t> faultAt_;
 };
 
-/// Whether a TR message with this condition takes every message that no other one takes.
+/// Whether a TR message with this condition matches every message that no other one matches.
 bool isDefaultCondition(std::string_view condition);
 
 } // namespace zb

@@ -31,7 +31,7 @@ std::optional<Operands> operandsOf(std::string_view condition) {
     return Operands{condition.substr(0, first), word, condition.substr(second + 1)};
 }
 
-/// What is still to be done, the next piece last: write a text, expand an id, or leave one that is done.
+/// The remaining work, the next piece last: write a text, expand an id, or leave a finished one.
 struct Piece {
     enum class Kind { Text, Id, Done };
     Kind kind;
@@ -40,7 +40,7 @@ struct Piece {
 
 } // namespace
 
-// Without recursion: a chain of conditions may be as long as the user likes.
+// Without recursion: a chain of conditions may have any length.
 std::optional<std::string> expandCondition(std::string_view condition, const ConditionLookup& conditionOfId) {
     std::string result;
     std::vector<Piece> open;

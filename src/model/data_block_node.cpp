@@ -27,8 +27,8 @@ std::string hexOf(std::string_view bytes) {
     return hex;
 }
 
-/// What XML cannot hold, as the control characters that equipment does send in strings, goes in hexadecimal
-/// under another name: no value may get lost.
+/// Characters that XML cannot hold, such as the control characters in strings of real equipment, are written
+/// in hexadecimal under another name: no value may be lost.
 void setText(XmlElement& element, const std::string& name, const std::string& text) {
     if (isXmlText(text))
         setElementAttribute(element, name, text);

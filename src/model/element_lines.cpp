@@ -12,13 +12,13 @@ namespace zb {
 
 namespace {
 
-/// No statement lies this deep, and an element that does could not be let go of again.
+/// No statement is nested deeper, and a deeper element could not be destroyed.
 constexpr std::size_t kDeepestElement = 1000;
 
 /// The outermost element of an item's statements.
 constexpr const char* kRootName = "Condition";
 
-/// What stands up to the closing quotation mark, escapes and all; the mark is taken off too.
+/// The text up to the closing quotation mark, with escapes; the mark is removed too.
 std::string_view takeQuoted(std::string_view& rest) {
     std::size_t end = 0;
     while (end < rest.size() && rest[end] != '"')
@@ -29,14 +29,14 @@ std::string_view takeQuoted(std::string_view& rest) {
     return quoted;
 }
 
-/// Attributes and text of an element; what is neither is passed over.
+/// Attributes and text of an element; other text is ignored.
 void takeContent(std::string_view rest, XmlElement& element) {
     for (rest = trimmed(rest); !rest.empty(); rest = trimmed(rest)) {
         const std::size_t quote = rest.find('"');
         if (quote == std::string_view::npos)
             return;
         std::string_view before = rest.substr(0, quote);
-        before = before.substr(before.rfind(' ') + 1); // words that are not ours stand before it
+        before = before.substr(before.rfind(' ') + 1); // unknown words before it
         rest.remove_prefix(quote + 1);
         const std::string value = factText(takeQuoted(rest));
         if (before.empty())
@@ -70,7 +70,7 @@ void ElementLines::take(std::string_view line) {
         if (depth == 1)
             return;
     }
-    // What lies behind the parent in `open_` was inside of its last child, and is done.
+    // Everything after the parent in `open_` was inside of its last child, and is complete.
     open_.resize(std::min({depth - 1, open_.size(), kDeepestElement - 1}));
     open_.push_back(&open_.back()->append(std::move(*element)));
 }

@@ -8,14 +8,14 @@
 
 namespace zb {
 
-/// Puts an element together from lines that give each element with its depth, from 1 for the outermost.
+/// Builds an element from lines that give each element with its depth, from 1 for the outermost.
 class ElementLines {
 public:
-    /// Takes `DEPTH NAME[ ATTRIBUTE="VALUE"]...[ "TEXT"]`. A line whose element is missing its parents goes
-    /// to the deepest one that is there; a line that gives no element is passed over.
+    /// Takes `DEPTH NAME[ ATTRIBUTE="VALUE"]...[ "TEXT"]`. A line whose parents are missing goes to the
+    /// deepest existing one; a line without an element is ignored.
     void take(std::string_view line);
 
-    /// The whole element, which starts anew; none when there was no line.
+    /// The whole element, and starts a new one; none when there was no line.
     std::optional<XmlElement> finish();
 
 private:

@@ -9,7 +9,7 @@ namespace zb {
 
 namespace {
 
-/// What cannot be seen, or would not come through a text file as it is.
+/// Characters that are invisible, or would not survive a text file.
 bool needsEscape(const DecodedCharacter& character) {
     const char32_t point = character.codePoint;
     if (!character.valid || point < 0x20 || (point >= 0x7F && point < 0xA0))
@@ -25,7 +25,7 @@ void appendBytes(std::string& line, std::string_view bytes) {
     }
 }
 
-/// The letter behind the backslash of a short escape; 0 for a character that has none.
+/// The letter after the backslash of a short escape; 0 for a character that has none.
 char shortEscape(char character) {
     switch (character) {
     case '\\':
@@ -41,10 +41,10 @@ char shortEscape(char character) {
     }
 }
 
-/// What stands around a text on its line, and so cannot stand within it.
+/// The characters around a text on its line, which the text therefore cannot contain.
 enum class Place { Line, Word, Quotes };
 
-/// Whether the character was one that its place needs for itself; then its escape has been appended.
+/// Whether the position needs the character for itself; then its escape has been appended.
 bool appendForPlace(std::string& line, char character, Place place) {
     if (place == Place::Quotes && character == '"')
         line += "\\\"";
@@ -86,7 +86,7 @@ std::optional<char> byteOf(std::string_view digits) {
     return static_cast<char>(number);
 }
 
-/// The text of the escape at the start, which is taken off; a lone backslash when it is none.
+/// The text of the escape at the start, which is removed; a single backslash when it is not an escape.
 char takeEscape(std::string_view& rest) {
     const char letter = rest.size() > 1 ? rest[1] : '\0';
     if (letter == 'x') {

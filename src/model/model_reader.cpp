@@ -27,7 +27,7 @@ std::optional<int> numberOf(std::string_view word) {
     return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 
-/// Gathers the facts of one TR item.
+/// Collects the facts of one TR item.
 class ItemFacts {
 public:
     explicit ItemFacts(TRItemRecord& item)
@@ -55,21 +55,21 @@ public:
 
 private:
     void takeStatement(std::string_view line) {
-        if (behindStatement_)
+        if (afterStatement_)
             statements_ += "\r\n";
         statements_ += factText(line);
-        behindStatement_ = true;
+        afterStatement_ = true;
     }
 
     TRItemRecord& item_;
     bool hasStatements_;
     bool hasNode_;
-    bool behindStatement_ = false;
+    bool afterStatement_ = false;
     std::string statements_;
     ElementLines elements_;
 };
 
-/// Gathers the facts of one data block.
+/// Collects the facts of one data block.
 class BlockFacts {
 public:
     explicit BlockFacts(std::string head) : head_(std::move(head)) {}
@@ -80,7 +80,7 @@ public:
         } else if (keyword == "Item") {
             const int level = std::clamp(countOf(takeWord(text)), 1, kDeepestLevel);
             const std::string item = factText(text);
-            // An item is one line of its message, whatever a damaged escape says.
+            // An item is one line of its message, even with a damaged escape.
             if (item.find('\n') == std::string::npos)
                 body_.append(std::to_string(level)).append(" ").append(item).append("\r\n");
         }
@@ -98,7 +98,7 @@ private:
     std::string body_;
 };
 
-/// Takes the lines of the model's section one by one.
+/// Reads the lines of the model's section one by one.
 class ModelReader {
 public:
     explicit ModelReader(TRModelStore& model) : model_(model) {}
@@ -134,7 +134,7 @@ public:
 
     void finish() {
         closeMessage();
-        // A message without its direction would be seen nowhere; its block tells what it was.
+        // A message without a direction would not be shown anywhere; its block shows what it was.
         for (TRMessageRecord* message : undirected_)
             message->setDirection(message->DataBlock() ? model_.SentDirection() : model_.ReceivedDirection());
     }
@@ -165,7 +165,7 @@ private:
     }
 
     void openBlock(std::string head) {
-        if (block_) // its line stands twice
+        if (block_) // the line occurs twice
             return;
         closePart();
         block_.emplace(std::move(head));
@@ -205,8 +205,8 @@ private:
     }
 
     TRModelStore& model_;
-    TRMessageRecord* message_ = nullptr;       ///< between its opening line and its end
-    std::vector<TRMessageRecord*> undirected_; ///< their direction is still to come
+    TRMessageRecord* message_ = nullptr;       ///< between its first line and its end
+    std::vector<TRMessageRecord*> undirected_; ///< their direction is not known yet
     std::optional<ItemFacts> item_;
     std::optional<BlockFacts> block_;
 };

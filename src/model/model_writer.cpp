@@ -26,7 +26,7 @@ public:
         text_ += "\r\n";
     }
 
-    /// What is empty needs no line.
+    /// An empty text needs no line.
     void lineUnlessEmpty(std::string_view indentation, std::string_view keyword, std::string_view text) {
         if (!text.empty())
             line(indentation, keyword, text);

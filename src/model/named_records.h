@@ -15,7 +15,7 @@ namespace zb {
 template<typename Record>
 class NamedRecords;
 
-/// What a record of the model is known by.
+/// The key of a record of the model.
 class NamedRecord {
 public:
     NamedRecord() = default;
@@ -39,8 +39,8 @@ private:
     bool* namesChanged_ = nullptr; ///< of the collection that owns the record
 };
 
-/// An ordered collection that owns its records and finds them by their names in constant time, also when a
-/// record was renamed where it stands.
+/// An ordered collection that owns its records and finds them by name in constant time, also after a record
+/// was renamed in place.
 template<typename Record>
 class NamedRecords {
 public:
@@ -52,7 +52,7 @@ public:
 
     const Records& records() const { return records_; }
 
-    /// False, and nothing is added, when a record of that name stands there already.
+    /// False, and nothing is added, when a record with that name exists already.
     bool add(std::unique_ptr<Record> record) {
         if (find(record->Name()) != nullptr)
             return false;
@@ -79,12 +79,12 @@ public:
         Record* record = find(name);
         if (record == nullptr)
             return;
-        // The name may lie in the record itself.
+        // The name may be stored in the record itself.
         if (const auto indexed = byName_.find(name); indexed != byName_.end())
             byName_.erase(indexed);
         records_.erase(std::find_if(records_.begin(), records_.end(),
                                     [&](const auto& owned) { return owned.get() == record; }));
-        // Behind it may stand a record that was given the same name.
+        // A record with the same name may follow it.
         namesChanged_ = namesChanged_ || records_.size() != byName_.size();
     }
 
@@ -114,7 +114,7 @@ private:
 
     Records records_;
     mutable std::unordered_map<std::string, Record*, Hash, std::equal_to<>> byName_;
-    mutable bool namesChanged_ = true; ///< the index has to be made anew
+    mutable bool namesChanged_ = true; ///< the index must be rebuilt
 };
 
 } // namespace zb

@@ -12,7 +12,7 @@ namespace zb {
 /// A named value of a received TR message.
 class TRItemRecord final : public NamedRecord {
 public:
-    /// The source: the name of a data item, with an index where it lies in variable lists.
+    /// The source: the name of a data item, with an index when it is inside variable lists.
     const std::string& Value() const { return value_; }
     void setValue(std::string value) { value_ = std::move(value); }
     const std::string& ABSValue() const { return absValue_; }
@@ -23,7 +23,7 @@ public:
     /// "STRING" or "NUMERIC".
     const std::string& Type() const { return type_; }
     void setType(std::string type) { type_ = std::move(type); }
-    /// The same statements as an element "Condition"; none for an item that never had its dialog accepted.
+    /// The same statements as an element "Condition"; none for an item whose dialog was never accepted.
     const std::optional<XmlElement>& ConditionNode() const { return conditionNode_; }
     void setConditionNode(std::optional<XmlElement> node) { conditionNode_ = std::move(node); }
 

@@ -11,7 +11,7 @@
 
 namespace zb {
 
-/// One named use of a SECS message on the side that the project models.
+/// One named use of a SECS message on the modeled side.
 class TRMessageRecord final : public NamedRecord {
 public:
     using Items = NamedRecords<TRItemRecord>::Records;
@@ -19,7 +19,8 @@ public:
     /// Name of the SECS message; empty or "NONE" when none is selected.
     const std::string& SECSMessage() const { return secsMessage_; }
     void setSECSMessage(std::string name) { secsMessage_ = std::move(name); }
-    /// Of received messages: when an incoming message is this one; empty or "NONE" for the default.
+    /// Of received messages: the condition by which an incoming message is this one; empty or "NONE" for the
+    /// default.
     const std::string& Condition() const { return condition_; }
     void setCondition(std::string condition) { condition_ = std::move(condition); }
     bool Report() const { return report_; }
@@ -33,13 +34,13 @@ public:
     const std::optional<SECSMessageRecord>& DataBlock() const { return dataBlock_; }
     void setDataBlock(std::optional<SECSMessageRecord> block) { dataBlock_ = std::move(block); }
 
-    /// False, and nothing is added, when an item of that name stands there already.
+    /// False, and nothing is added, when an item with that name exists already.
     bool addTRItem(std::unique_ptr<TRItemRecord> item) { return items_.add(std::move(item)); }
     /// Null when there is none; the name is compared exactly.
     TRItemRecord* getTRItem(std::string_view name) const { return items_.find(name); }
-    /// Without effect for a name that is not there.
+    /// No effect for an unknown name.
     void deleteTRItem(std::string_view name) { items_.remove(name); }
-    /// Makes room for the data of a message to be sent.
+    /// Creates the data of a sent message.
     void newDataBlock() { dataBlock_.reset(); }
     /// The data block as an element "DataBlock"; none when there is no data block.
     std::optional<XmlElement> DataBlockNode() const;

@@ -13,8 +13,8 @@ namespace zb {
 inline constexpr int kToHost = 1;
 inline constexpr int kToEquip = 2;
 
-/// The transaction model of a project: all TR messages, received and sent, in the order of adding. Records
-/// are the model: who changes a fetched record changes it.
+/// The transaction model of a project: all TR messages, received and sent, in the order of adding. The
+/// records are the model: changes to a fetched record change it.
 class TRModelStore {
 public:
     using Messages = NamedRecords<TRMessageRecord>::Records;
@@ -27,12 +27,12 @@ public:
     int ReceivedDirection() const { return projectType_ == 1 ? kToHost : kToEquip; }
     int SentDirection() const { return projectType_ == 1 ? kToEquip : kToHost; }
 
-    /// Appends the record. The caller has seen to it that the name is free; a second record of a name is not
-    /// taken.
+    /// Appends the record. The caller has checked that the name is free; a second record with the same name
+    /// is not added.
     void addTRMessage(std::unique_ptr<TRMessageRecord> record) { messages_.add(std::move(record)); }
     /// Null when there is none; the name is compared exactly.
     TRMessageRecord* getTRMessage(std::string_view name) const { return messages_.find(name); }
-    /// Without effect for a name that is not there.
+    /// No effect for an unknown name.
     void deleteTRMessage(std::string_view name) { messages_.remove(name); }
     void clearTRMessages() { messages_.clear(); }
 

@@ -23,7 +23,7 @@ std::string pictureName(const ToolbarButton& button, bool pressed) {
     return name + (pressed ? "_Pressed" : "_Unpressed");
 }
 
-/// Of two buttons one is always pressed.
+/// One of the two buttons is always pressed.
 void pressOnly(Toolbar& bar, const ToolbarButton& pressed) {
     for (ToolbarButton& button : bar.buttons())
         button.setValue(&button == &pressed ? 1 : 0);
@@ -137,7 +137,7 @@ bool ConditionBuilder::formValue() {
                                                         : "Insert Numeric Type Value!");
         return false;
     }
-    // The field itself takes the apostrophes, so that a second click quotes the quoted text.
+    // The field itself gets the apostrophes, so a second click quotes the quoted text.
     if (form == ConditionValueForm::Quoted)
         field.setText("'" + field.text() + "'");
     return true;
@@ -159,7 +159,7 @@ std::string ConditionBuilder::typeOfDataItem() const {
 void ConditionBuilder::refuseValue(std::string text) {
     desktop().showBox(std::move(text), BoxIcon::Information);
     TextField& field = controls_.txtDataItemValue;
-    // The focus puts the caret behind the text, so it comes first.
+    // The focus moves the caret to the end of the text, so it is set first.
     field.setFocus();
     field.selectAll();
 }

@@ -11,7 +11,7 @@
 
 namespace zb {
 
-/// The fields of a condition builder, of the same names in each dialog that has one but for the button that
+/// The fields of a condition builder. They have the same names in each dialog, except for the button that
 /// adds a complex condition.
 class ConditionControls {
 public:
@@ -27,7 +27,7 @@ public:
     TextField txtOperand1;
     Toolbar tlbOperator2; ///< "and" and "or"
     TextField txtOperand2;
-    Button cmdEdit; ///< bears the name that its dialog gives it
+    Button cmdEdit; ///< has the name that its dialog gives it
     Label lblComplexCondition;
     List lvwComplexCondition;
 };

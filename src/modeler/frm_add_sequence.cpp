@@ -37,13 +37,13 @@ void frmAddSequence::requestSequenceName(const Sequences& sequences) {
     SequenceName.clear();
     sequences_ = &sequences;
     txtSequence.setText("");
-    txtSequence.setLocked(false); // the last key of the time before may have locked it
+    txtSequence.setLocked(false); // the last key may have locked it
     setFirstFocus(txtSequence);
     showModal();
 }
 
-// A name begins with a letter and goes on with letters, digits and underscores, so that an XML element can
-// bear it.
+// A name begins with a letter and continues with letters, digits and underscores, so that an XML element can
+// have it.
 bool frmAddSequence::mayEnter(KeyEvent key) const {
     if (key.code >= 'A' && key.code <= 'Z')
         return true;
@@ -56,7 +56,7 @@ void frmAddSequence::add() {
     const std::string name = txtSequence.text();
     if (const std::string fault = whyNot(name); !fault.empty()) {
         desktop().showBox(fault, BoxIcon::Information);
-        // The focus puts the caret at the end, so it comes before the selection.
+        // The focus moves the caret to the end, so it is set before the selection.
         txtSequence.setFocus();
         txtSequence.selectAll();
         return;

@@ -23,13 +23,13 @@ public:
 
     /// Runs modally; `sequences` are those that the project has already.
     void requestSequenceName(const Sequences& sequences);
-    /// The name asked for; empty when no sequence is to be added.
+    /// The entered name; empty when no sequence is to be added.
     std::string SequenceName;
 
 private:
     bool mayEnter(KeyEvent key) const;
     void add();
-    /// What the name is used for already; empty when it is free.
+    /// The existing use of the name; empty when it is free.
     std::string whyNot(const std::string& name) const;
 
     ModuleState& state_;

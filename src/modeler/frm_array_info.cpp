@@ -12,7 +12,7 @@ namespace zb {
 
 namespace {
 
-/// No number that a user means is longer.
+/// No realistic number is longer.
 constexpr std::size_t kLongestIndex = 64;
 
 std::string withoutLastCharacter(const std::string& text) {
@@ -80,7 +80,7 @@ void frmArrayInfo::valueChanged() {
         editedRow_->setCell(1, trim(txtValue.text()));
 }
 
-// Each cut is a change of its own, which is refused in its turn until a number or nothing is left.
+// Each cut is a separate change, which is checked again until a number or nothing remains.
 void frmArrayInfo::cutToNumber() {
     cutting_ = true;
     while (!txtValue.text().empty() && !isNumeric(txtValue.text())) {

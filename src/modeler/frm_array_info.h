@@ -13,7 +13,7 @@ namespace zb {
 class Combo;
 class SECSMessageRecord;
 
-/// Asks for the array index of a data item that lies inside variable lists.
+/// Asks for the array index of a data item that is inside variable lists.
 class frmArrayInfo final : public Window {
 public:
     explicit frmArrayInfo(Desktop& desktop);
@@ -21,18 +21,18 @@ public:
     Label lblItem{*this, "lblItem", "Item"};
     TextField txtItem{*this, "txtItem"};
     List lvwArray{*this, "lvwArray"};
-    /// Lies over the cell that is being edited.
+    /// Placed over the edited cell.
     TextField txtValue{*this, "txtValue"};
     Button cmdOK{*this, "cmdOK", "&OK"};
     Button cmdCancel{*this, "cmdCancel", "&Cancel"};
 
-    /// Returns when the dialog has closed; an item without a dimension closes it unseen.
+    /// Returns when the dialog has closed; for an item without a dimension it is not shown.
     void requestArrayIndex(const SECSMessageRecord& message, std::string_view name);
     /// The index text ("[1;2]"); empty when there is none or the user cancelled.
     std::string ArrayInfo;
     /// The number of dimensions that were found.
     int Dimension = 0;
-    /// The row whose cell `txtValue` lies over; null for none.
+    /// The row of the cell under `txtValue`; null for none.
     ListRow* editedRow() const { return editedRow_; }
 
 private:
@@ -47,9 +47,9 @@ private:
     bool cutting_ = false;
 };
 
-/// Asks for the index of the data item that was chosen in a combo. The combo's text gets the index behind
-/// it; it is emptied when the user gave none, so that an item that needs an index cannot stand without. A
-/// blank text asks nothing, and a null message leaves the combo as it is.
+/// Asks for the index of the data item chosen in a combo. The index is appended to the combo's text; without
+/// one the text is cleared, since an item that needs an index cannot be used without it. A blank text asks
+/// nothing, and a null message leaves the combo unchanged.
 void askForArrayIndex(Combo& combo, const SECSMessageRecord* message, frmArrayInfo& dialog);
 
 } // namespace zb

@@ -9,7 +9,7 @@
 
 namespace zb {
 
-/// Asks for the value that a TR item takes in a statement.
+/// Asks for the value of a TR item in a statement.
 class frmSetTRItemValue final : public Window {
 public:
     explicit frmSetTRItemValue(Desktop& desktop);

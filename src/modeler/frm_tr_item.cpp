@@ -20,7 +20,7 @@ constexpr const char* kNumeric = "NUMERIC";
 
 constexpr int kRightButton = 2;
 
-// A statement is bare as long as it holds its word alone.
+// A statement is bare while it consists of its keyword only.
 bool isBare(const std::string& text) {
     return text == kIfImage || text == kElifImage;
 }
@@ -287,7 +287,7 @@ void frmTRItem::setValue() {
                                                           valueDialog_.TRItemValue + quote);
 }
 
-// Without its "if" a chain has no sense, so the whole chain goes with it.
+// A chain has no meaning without its "if", so the whole chain is deleted with it.
 void frmTRItem::deleteStatement() {
     if (currentNode_ == nullptr)
         return;

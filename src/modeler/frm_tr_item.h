@@ -19,7 +19,7 @@ class TRItemRecord;
 class TRMessageRecord;
 struct ModuleState;
 
-/// The dialog in which an item of a received TR message is created or changed.
+/// The dialog that creates or changes an item of a received TR message.
 class frmTRItem final : public Window {
 public:
     frmTRItem(Desktop& desktop, ModuleState& state, ModelViews& views);
@@ -49,15 +49,15 @@ public:
     MenuEntry mnuSetValue{*this, "mnuSetValue", "&Set Value", &mnuPopup};
     MenuEntry mnuDelete{*this, "mnuDelete", "&Delete ", &mnuPopup};
 
-    /// Opens for a new item of the message. Without effect for an unknown message.
+    /// Opens for a new item of the message. No effect for an unknown message.
     void addTRItem(std::string_view messageName);
-    /// Opens for an item. `itemKey` is the message name, "_" and the item name. An item that is not there
-    /// comes up as a name alone, and is added when the dialog is accepted.
+    /// Opens for an item. `itemKey` is the message name, "_" and the item name. For an unknown item only its
+    /// name is shown, and it is added when the dialog is accepted.
     void updateTRItem(std::string_view messageName, std::string_view itemKey);
 
 private:
     void connectStatements();
-    /// Clears the dialog and takes over the message with its SECS message; false when it has none to offer.
+    /// Clears the dialog and loads the message with its SECS message; false when it has none to offer.
     bool begin(std::string_view messageName);
     void clearTRItemDialog();
     void fillItemCombos(const SECSMessageRecord& message);
@@ -81,14 +81,14 @@ private:
 
     ConditionHome conditionHome();
     const SECSMessageRecord* selectedMessage() const;
-    /// The message that owns the item; null when it has gone meanwhile.
+    /// The message that owns the item; null when it was deleted meanwhile.
     TRMessageRecord* trMessage() const;
 
     ModuleState& state_;
     ModelViews& views_;
     bool keepVisible_ = false;
     std::string messageName_;
-    /// As it was when the dialog opened.
+    /// As it was when the dialog was opened.
     std::optional<SECSMessageRecord> selectedMessage_;
     frmArrayInfo arrayDialog_;
     frmSetTRItemValue valueDialog_;

@@ -128,14 +128,14 @@ void frmTRMessage::setDialogMode(DialogMode mode) {
     cmdSetValue.setEnabled(!received);
 }
 
-/// A host receives what goes towards it, an equipment sends it.
+/// A host receives messages to the host; an equipment sends them.
 void frmTRMessage::showMessagesOf(DialogMode mode) {
     const bool towardsHost = (mode == DialogMode::Received) == (state_.ProjectType == 1);
     fillSECSMessageCombo(towardsHost ? Partner::Host : Partner::Equipment);
     lblMsgDirection.setText(towardsHost ? kTowardsHost : kTowardsEquipment);
 }
 
-/// The dialog has no other memory of its mode.
+/// The dialog stores its mode only here.
 bool frmTRMessage::isReceivedMode() const {
     return (lblMsgDirection.text() == kTowardsHost) == (state_.ProjectType == 1);
 }
@@ -170,8 +170,8 @@ void frmTRMessage::fillSECSMessageCombo(Partner partner) {
     }
 }
 
-/// A reply to equipment is offered when its primary message stands there and is not answered by the driver.
-/// Replies to the host are offered without that test.
+/// A reply to equipment is offered when its primary message exists and the driver does not answer it. Replies
+/// to the host are offered without that test.
 bool frmTRMessage::isOffered(const SECSMessageRecord& message, Partner partner) const {
     if (partner == Partner::Host)
         return message.getDirection() != "H->E";
@@ -213,7 +213,7 @@ void frmTRMessage::showSECSMessage(const SECSMessageRecord& message) {
     static_cast<void>(addMessageToTree(tvwSelSECSMsg.nodes(), message)); // the tree is empty
 }
 
-// What an existing record shows
+// The contents of an existing record
 
 void frmTRMessage::showTRMessage(const TRMessageRecord& record) {
     txtTRName.setText(record.Name());
@@ -228,7 +228,7 @@ void frmTRMessage::showTRMessage(const TRMessageRecord& record) {
     showCondition(record);
 }
 
-/// The text is not taken apart again: the lists start empty.
+/// The text is not parsed again: the lists start empty.
 void frmTRMessage::showCondition(const TRMessageRecord& record) {
     txtResultCondition.setText(record.Condition());
 }

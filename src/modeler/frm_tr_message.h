@@ -19,8 +19,8 @@ class ModelViews;
 class TRMessageRecord;
 struct ModuleState;
 
-/// The dialog in which a TR message, received or sent, is created or changed. Of a received one its condition
-/// is built; of a sent one the values and the list counts are filled in.
+/// The dialog that creates or changes a TR message, received or sent. For a received one its condition is
+/// built; for a sent one the values and the list counts are entered.
 class frmTRMessage final : public Window {
 public:
     frmTRMessage(Desktop& desktop, ModuleState& state, ModelViews& views);
@@ -37,7 +37,7 @@ public:
     Label lblItemValue{*this, "lblItemValue", "ItemValue"};
     Label lblItemDsc{*this, "lblItemDsc"};
     TextField txtItemValue{*this, "txtItemValue"};
-    /// Stands in the place of `txtItemValue` for a BOOLEAN.
+    /// Replaces `txtItemValue` for a BOOLEAN.
     Combo cmbItemValue{*this, "cmbItemValue"};
     Button cmdSetValue{*this, "cmdSetValue", "&Set"};
     ConditionControls builder{*this, "cmdEditCondition"};
@@ -53,7 +53,7 @@ public:
 
     void addRcvTRMessage();
     void addSndTRMessage();
-    /// A name that is not in the model leaves the dialog open as it stood.
+    /// A name that is not in the model leaves the dialog open and unchanged.
     void updateRcvTRMessage(std::string_view name);
     void updateSndTRMessage(std::string_view name);
 
@@ -71,7 +71,7 @@ private:
     void showMessagesOf(DialogMode mode);
     void clearDialog();
     void resetConditions();
-    /// All messages that go towards the partner.
+    /// All messages to the partner.
     void fillSECSMessageCombo(Partner partner);
     bool isOffered(const SECSMessageRecord& message, Partner partner) const;
     void fillDataItemCombo(const SECSMessageRecord& message);
@@ -103,7 +103,7 @@ private:
     ConditionBuilder conditions_;
     SmdWriter writer_;
     bool keepVisible_ = false;
-    /// A copy: the store of the messages is filled anew by each save and build.
+    /// A copy: the store of the messages is refilled by each save and build.
     std::optional<SECSMessageRecord> selectedMessage_;
     SentValueEditor values_{*this};
 };

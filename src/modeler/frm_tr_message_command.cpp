@@ -1,4 +1,4 @@
-// The command of the message dialog: what it refuses, and how it writes the model.
+// The command of the message dialog: what it refuses, and how it changes the model.
 #include "controls/desktop.h"
 #include "model/reserved_words.h"
 #include "modeler/frm_tr_message.h"
@@ -46,7 +46,7 @@ void frmTRMessage::command() {
         hide();
 }
 
-/// Two defaults of one SECS message are a matter of the build's checks.
+/// Two defaults of one SECS message are detected by the checks of the build.
 bool frmTRMessage::isConditionDuplicated(std::string_view name, std::string_view message,
                                          std::string_view condition) const {
     if (condition.empty() || condition == "NONE")
@@ -59,7 +59,7 @@ bool frmTRMessage::isConditionDuplicated(std::string_view name, std::string_view
 
 void frmTRMessage::refuseName(std::string text) {
     refuse(std::move(text));
-    // An update that turned into an add has the name locked.
+    // The name is locked in an update that became an add.
     txtTRName.setEnabled(true);
     txtTRName.setFocus();
     txtTRName.selectAll();
@@ -119,7 +119,7 @@ void frmTRMessage::selectListWithoutCount(const SECSItemRecord& list) {
     for (int index = 1; Node* node = nodes.at(index); ++index) {
         if (node->text() != text)
             continue;
-        // A value that is being set belongs to the node that was clicked for it.
+        // An entered value belongs to the node that was clicked for it.
         if (nodes.selected() != node)
             values_.forget();
         nodes.select(node);
@@ -147,7 +147,7 @@ bool frmTRMessage::updateTRMessageFromDialog(const std::string& name) {
         return false;
     TRMessageRecord* record = state_.TRModelStore->getTRMessage(name);
     if (record == nullptr) {
-        // It has been deleted meanwhile: what the dialog holds becomes a new one.
+        // The message was deleted meanwhile: the contents of the dialog become a new one.
         cmdUpdate.setCaption("&Add");
         command();
         return false;

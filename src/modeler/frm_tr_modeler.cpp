@@ -13,7 +13,7 @@ namespace zb {
 
 namespace {
 
-/// A command of which this work is one step stays busy until its own end.
+/// A command of which this work is one step stays busy until it ends.
 std::unique_ptr<BusyPointer> busyUnlessAlready(Window& window) {
     return window.pointer() == Pointer::Hourglass ? nullptr : std::make_unique<BusyPointer>(window);
 }

@@ -18,11 +18,12 @@ namespace zb {
 class frmTRItem;
 class frmTRMessage;
 
-/// What the user pointed at last in the modeler window.
+/// The last node or row that the user clicked in the modeler window.
 struct ModelSelection {
     Tree* tree = nullptr; ///< the tree that was clicked last; may be null
-    std::string message;  ///< the root's or message's node key; for an item the message that it belongs to
-    std::string item;     ///< empty when no item is selected
+    std::string
+        message;      ///< the node key of the root or message; for an item, of the message that it belongs to
+    std::string item; ///< empty when no item is selected
 };
 
 /// The window in which the transaction model is seen and edited. Its trees and lists are views of the
@@ -31,7 +32,7 @@ class frmTRModeler final : public ModelerControls, public ModelViews {
 public:
     frmTRModeler(Desktop& desktop, ModuleState& state, ProjectCommands& commands);
 
-    /// The dialogs that the commands lead to; they are made behind the window and outlive no command.
+    /// The dialogs of the commands; they are created after the window and are only used during commands.
     void useDialogs(frmTRMessage& messages, frmTRItem& items);
 
     void newModelerProject();
@@ -39,7 +40,7 @@ public:
     void openModelerProject(Project project);
     /// The model's sections of the project file.
     std::string saveModelerProject();
-    /// Drops all transaction definitions.
+    /// Removes all transaction definitions.
     void clearAllTRMsgDef();
 
     void displayAddedTRMessage(std::string_view name) override;
@@ -47,13 +48,14 @@ public:
     void displayAddedTRItem(std::string_view message, std::string_view item) override;
     void displayUpdatedTRItem(std::string_view message, std::string_view item) override;
 
-    /// Leaves the tree with nothing but its selected root.
+    /// Leaves only the root in the tree, selected.
     void initializeTreeView(Tree& tree);
-    /// Builds both trees and the table from the store, with the root of the received messages selected.
+    /// Fills both trees and the table from the store, and selects the root of the received messages.
     void displayModel();
-    /// Shows in the table what a node of that text stands for.
+    /// Shows the contents of a node with that text in the table.
     void showTRObjects(std::string_view name);
-    /// Makes the tree the current one, and the node's message and item with it; a null node leaves these two.
+    /// Makes the tree the current one, with the message and item of the node; a null node does not change
+    /// these two.
     void selectTreeNode(Tree& tree, const Node* node);
 
     /// Compared exactly.
@@ -69,7 +71,7 @@ public:
     std::string_view rootOf(const Tree& tree) const;
     frmTRMessage& messageDialog() { return *messageDialog_; }
     frmTRItem& itemDialog() { return *itemDialog_; }
-    /// While one of them stands, the panes have no pop-ups.
+    /// While one of them is open, the panes have no pop-ups.
     bool isDialogVisible() const;
 
 private:
@@ -78,7 +80,7 @@ private:
     bool isSent(const TRMessageRecord& record) const;
     /// Null for a Direction that is neither received nor sent.
     Tree* treeOf(const TRMessageRecord& record);
-    /// Shows what was added or changed; a null node is one that no tree has.
+    /// Shows what was added or changed; a null node means that no tree shows it.
     void showMessage(const TRMessageRecord& record, Node* node);
 
     ModuleState& state_;

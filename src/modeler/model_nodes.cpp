@@ -14,7 +14,7 @@ bool isChild(const Node* node, const Node& parent, std::string_view text) {
 Node* findChild(Node& parent, std::string_view key, std::string_view text, const NodeTree& nodes) {
     if (Node* node = nodes.find(key); isChild(node, parent, text))
         return node;
-    // Its Key may belong to another node: Keys are compared without case, names with it.
+    // Its Key may belong to another node: Keys are compared without case, names with case.
     for (Node* node = parent.child(); node != nullptr; node = node->next()) {
         if (node->text() == text)
             return node;

@@ -115,7 +115,7 @@ void ModelTreeCommands::follow(Tree& tree, const Node* node) {
 }
 
 void ModelTreeCommands::followInDialogs(const Tree& tree, const Node& node) {
-    // A copy: a dialog that comes up may have the tree shown anew.
+    // A copy: a dialog that opens may refill the tree.
     const auto text = std::string(node.text());
     switch (levelOf(node)) {
     case ModelLevel::Root:
@@ -177,8 +177,8 @@ void ModelTreeCommands::deleteTRItemNode(Tree& tree, Node& node) {
     selectPosition(tree, position, message);
 }
 
-// Positions have closed up behind what was removed, so that another node than the next sibling can stand
-// there, or none.
+// Positions after a removed node move up, so a node other than the next sibling, or none, can be at that
+// position.
 void ModelTreeCommands::selectPosition(Tree& tree, int position, std::string_view shown) {
     Node* node = tree.nodes().at(position);
     if (node == nullptr)

@@ -9,20 +9,20 @@ class MenuEntry;
 class Node;
 class Tree;
 
-/// What the user does in the two trees of the modeler: presses, keys, drags and the commands of their
-/// pop-ups. A command that has lost its node ends quietly.
+/// The actions of the user in the two trees of the modeler: presses, keys, drags and the commands of their
+/// pop-ups. A command whose node no longer exists ends without effect.
 class ModelTreeCommands {
 public:
     explicit ModelTreeCommands(frmTRModeler& window);
 
-    /// The commands that are no single step. They take messages and items out of the store together with
-    /// their nodes.
+    /// The commands of several steps. They remove messages and items from the store together with their
+    /// nodes.
     /// @{
     void deleteTRMessageNode(Tree& tree, Node& node);
     void deleteTRItemNode(Tree& tree, Node& node);
     /// Removes the messages that a failed build has marked.
     void removeErrorNodes(Tree& tree);
-    /// Removes all messages of this tree; sequences go on naming them.
+    /// Removes all messages of this tree; sequences keep their names.
     void clearTree(Tree& tree);
     /// @}
 
@@ -30,7 +30,7 @@ private:
     void wireReceived();
     void wireSent();
     void press(Tree& tree, Node* node);
-    /// Shows in the table and in the open dialogs what is selected.
+    /// Shows the selection in the table and in the open dialogs.
     void follow(Tree& tree, const Node* node);
     void followInDialogs(const Tree& tree, const Node& node);
     void keyDown(Tree& tree, int code);

@@ -4,7 +4,7 @@
 
 namespace zb {
 
-/// What the dialogs of the transaction model tell the window that shows it.
+/// What the dialogs of the transaction model report to the window that shows it.
 class ModelViews {
 public:
     virtual ~ModelViews() = default;

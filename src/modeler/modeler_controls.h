@@ -8,7 +8,7 @@
 
 namespace zb {
 
-/// All that stands in the modeler window, in tab order.
+/// All controls of the modeler window, in tab order.
 class ModelerControls : public Window {
 public:
     ModelerControls(Desktop& desktop, ProjectCommands& commands);
@@ -17,7 +17,7 @@ public:
 
     Tree tvwRcvTRMsg{*this, "tvwRcvTRMsg"};
     Tree tvwSndTRMsg{*this, "tvwSndTRMsg"};
-    /// What is selected in a tree, as a table.
+    /// The selection of a tree, as a table.
     List lvwTRObject{*this, "lvwTRObject"};
     /// The sequences; see SequenceView.
     List lvwSequence{*this, "lvwSequence"};

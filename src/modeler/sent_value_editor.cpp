@@ -10,7 +10,7 @@ namespace zb {
 
 namespace {
 
-/// More nodes than these would fill all memory before they could be of use.
+/// More nodes than these would exhaust memory before they could be used.
 constexpr long kMostCopiedNodes = 200'000;
 
 long nodesIn(const Node& root) {
@@ -34,7 +34,7 @@ void SentValueEditor::itemClicked(const Node& node, bool maySet) {
     window_.txtItemValue.setText("");
     window_.txtItemValue.setEnabled(false);
     window_.cmdSetValue.setEnabled(false);
-    // The message node cannot be set, and the tree of a received message is there to be read.
+    // The message node has no value, and the tree of a received message is read-only.
     if (!maySet || node.parent() == nullptr)
         return;
     selectedItem_.emplace();
@@ -84,7 +84,7 @@ void SentValueEditor::setSelectedItem() {
     selectedItem_.reset();
 }
 
-/// The first child is the template of all. What is no count leaves list and field as they are.
+/// The first child is the template of all. An invalid count leaves list and field unchanged.
 void SentValueEditor::setSelectedList(Node* list) {
     const std::string text = trim(window_.txtItemValue.text());
     const std::optional<int> count = listCountOf(text);

@@ -7,14 +7,15 @@ class frmTRModeler;
 class ListRow;
 struct DragData;
 
-/// What the user does in the list of sequences: presses, the commands of its pop-up, and the drops that
+/// The actions of the user in the list of sequences: presses, the commands of its pop-up, and the drops that
 /// build a sequence.
 class SequenceCommands {
 public:
     SequenceCommands(frmTRModeler& window, frmAddSequence& addDialog);
 
 private:
-    /// Selects the row under the pointer and takes its error mark off; a press beside all rows selects none.
+    /// Selects the row under the pointer and removes its error mark; a press outside of all rows selects
+    /// none.
     void press(ListRow* row);
     void openPopup();
     void addSequence();

@@ -22,11 +22,11 @@ public:
     /// Replaces the sequences and the rows.
     void show(Sequences sequences);
     void clear();
-    /// Adds a sequence without items at the end, selected.
+    /// Adds a sequence without items at the end and selects it.
     void addSequence(std::string name);
     /// Inserts a message directly after the row, selected, and numbers its sequence anew.
     void insertItem(const ListRow& row, std::string direction, std::string message);
-    /// Removes an item and closes the gap in the ordinals, or a head with all its items.
+    /// Removes an item and renumbers its sequence, or removes a head with all its items.
     void remove(const ListRow& row);
 
 private:

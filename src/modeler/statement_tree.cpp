@@ -23,7 +23,7 @@ bool hasElse(const Node& parent) {
     return false;
 }
 
-// Takes off a character, not a byte.
+// Removes a character, not a byte.
 std::string withoutFirstCharacter(std::string_view line) {
     return std::string(line.empty() ? line : line.substr(decodeCharacter(line, 0).length));
 }
@@ -69,7 +69,7 @@ Node& StatementTree::addValueNode(Node& parent, std::string text) {
 
 void StatementTree::showStatementText(std::string_view text) {
     Node* current = root();
-    // The root stands one level above the lines of depth 0.
+    // The root is one level above the lines of depth 0.
     std::size_t level = 0;
     for (const std::string& line : split(text, "\r\n")) {
         const std::size_t depth = lineDepth(line);

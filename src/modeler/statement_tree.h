@@ -7,29 +7,29 @@
 
 namespace zb {
 
-/// The statements of a TR item as a tree: chains of "if", "elif" and "else" whose branches hold a value or a
-/// further chain. The tree control shows them, and its nodes are the statements.
+/// The statements of a TR item as a tree: chains of "if", "elif" and "else" whose branches contain a value or
+/// another chain. The tree control shows them, and its nodes are the statements.
 class StatementTree {
 public:
     explicit StatementTree(Tree& tree);
 
-    /// Starts from the root node alone, and numbers the node keys from 1 again.
+    /// Resets the tree to its root node and numbers the node keys from 1 again.
     void initStatementTree();
     /// Null before the tree has been initialised.
     Node* root() const { return tree_.nodes().firstRoot(); }
 
-    /// What became of a statement that was dropped on a node.
+    /// The result of dropping a statement on a node.
     struct Added {
         Node* node = nullptr; ///< null when nothing was added
-        std::string refusal;  ///< to be told to the user; empty when there is nothing to say
+        std::string refusal;  ///< a message for the user; empty when there is none
     };
     /// Adds a statement ("if", "elif" or "else") to the chain below `parent`. A new chain begins with an
-    /// "if", which is added first where it is wanting.
+    /// "if", which is added first when it is missing.
     Added addStatement(Node& parent, std::string_view type);
-    /// Adds the assignment behind all that stands below `parent`.
+    /// Adds the assignment after all nodes below `parent`.
     Node& addValueNode(Node& parent, std::string text);
-    /// Adds the statements that the text holds below the root. Lines at the same depth as the line before
-    /// lose one character, whatever the depth: so it has always been read.
+    /// Adds the statements of the text below the root. Lines at the same depth as the line before lose one
+    /// character at any depth; files have always been read so.
     void showStatementText(std::string_view text);
 
 private:

@@ -10,7 +10,7 @@ namespace zb {
 
 namespace {
 
-/// The message's node. The Keys of items share the tree and may be the same, so the text counts, too.
+/// The message's node. The Keys of items are in the same tree and may be equal, so the text is compared too.
 Node* messageNode(NodeTree& tree, const std::string& name) {
     Node* found = tree.find(name);
     if (found != nullptr && found->text() == name)

@@ -10,21 +10,22 @@
 
 namespace zb {
 
-/// The checks before a TMD build. A failed one shows its box over the modeler window and marks what is faulty
-/// there in red.
+/// The checks before a TMD build. A failed check shows its box over the modeler window and marks the faulty
+/// places in red.
 class TmdChecks {
 public:
-    /// `showModeler` brings the modeler window up, with the store of SECS messages filled anew.
+    /// `showModeler` shows the modeler window, with the store of SECS messages refilled.
     TmdChecks(const ModuleState& state, ModelerControls& window, std::function<void()> showModeler);
 
-    /// Whether the build may go on. The first check that fails ends them.
+    /// Whether the build may continue. The first failed check ends them.
     bool checkTRMessages();
     /// Whether each sequence has a row.
     bool checkSequences();
 
-    /// Whether a TR message has an unknown SECS message; each that has is marked.
+    /// Whether a TR message has an unknown SECS message; each such message is marked.
     bool checkSECSMessageMissing();
-    /// Whether a TR message has no SECS message, or one of the name that stands for none; each is marked.
+    /// Whether a TR message has no SECS message, or one with the name that means none; each such message is
+    /// marked.
     bool checkSECSMessageUnselected();
 
 private:

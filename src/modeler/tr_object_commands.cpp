@@ -44,7 +44,7 @@ void TRObjectCommands::press(ListRow* row) {
 }
 
 void TRObjectCommands::follow(const ListRow& row) {
-    // A copy: a dialog that comes up may have the table shown anew.
+    // A copy: a dialog that opens may refill the table.
     const auto name = std::string(row.text());
     if (row.image() == kReceivedPicture || row.image() == kSentPicture) {
         if (!window_.messageDialog().visible())

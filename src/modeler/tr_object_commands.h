@@ -5,17 +5,17 @@ namespace zb {
 class frmTRModeler;
 class ListRow;
 
-/// What the user does in the table of messages or items: presses and the commands of its pop-up. The commands
-/// act on the current message and item of the window.
+/// The actions of the user in the table of messages or items: presses and the commands of its pop-up. The
+/// commands use the current message and item of the window.
 class TRObjectCommands {
 public:
     explicit TRObjectCommands(frmTRModeler& window);
 
 private:
-    /// Whether the table is that of the current tree's root.
+    /// Whether the table shows the root of the current tree.
     bool showsMessages() const;
     void press(ListRow* row);
-    /// Takes up the row's item, and shows the row in the open dialogs.
+    /// Makes the row's item the current one, and shows the row in the open dialogs.
     void follow(const ListRow& row);
     void openPopup();
     void setPopupState(bool messages, bool row);
@@ -28,7 +28,7 @@ private:
     void deleteItem();
 
     frmTRModeler& window_;
-    /// The pop-up has set the current message to its row's, in place of the root.
+    /// The pop-up has set the current message to that of its row, instead of the root.
     bool messageOfRow_ = false;
 };
 

@@ -4,11 +4,11 @@
 
 namespace zb {
 
-/// The external generator of driver plug-ins. It reads the project file and its settings by itself.
+/// The external generator of driver plug-ins. It reads the project file and its settings itself.
 class Generator {
 public:
     virtual ~Generator() = default;
-    /// The text to be shown to the user.
+    /// Returns the text to show to the user.
     virtual std::string generate(const std::string& projectFile) = 0;
 };
 

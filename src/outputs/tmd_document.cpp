@@ -12,7 +12,7 @@ namespace zb {
 
 namespace {
 
-// Spelled as the drivers in the field look for it.
+// Spelled as existing drivers expect it.
 constexpr const char* kRootName = "Zelto-ModelingInformaion";
 constexpr std::string_view kNoCondition = "NONE";
 
@@ -20,7 +20,7 @@ void setCount(XmlElement& element) {
     setElementAttribute(element, "Count", std::to_string(element.children().size()));
 }
 
-/// Runs one step of a section; what XML refuses ends the step there.
+/// Runs one step of a section; text that XML refuses ends the step there.
 template<typename Step>
 void trapped(Step step) {
     try {
@@ -55,7 +55,7 @@ private:
 };
 
 void TmdComposer::writeSECSMessages(XmlElement& section) const {
-    // By exact name, like findChildElement, yet without a walk for each record.
+    // By exact name, like findChildElement, but without a walk for each record.
     std::unordered_map<std::string_view, std::size_t> places;
     for (const auto& record : model_.TRMessages()) {
         if (record->Direction() == sent_)
@@ -69,8 +69,8 @@ void TmdComposer::writeSECSMessages(XmlElement& section) const {
     }
 }
 
-// The chain of dispatch: whatever the order of the records, a default stands last, as the "else"; one that
-// came first is the "if".
+// The dispatch chain: in any order of the records, a default is last, as the "else"; the first statement is
+// the "if".
 void TmdComposer::addStatement(XmlElement& element, std::string condition, const std::string& name) {
     XmlElement statement = createTextElement("Statement", name);
     auto place = element.children().end();

@@ -15,11 +15,11 @@ struct ProjectView;
 
 /// The root element of the transaction modeling definitions: the model as the driver reads it at run time.
 ///
-/// A record that no document can hold, as one whose name is no XML name, ends its section there without a
-/// word; what stands before it stays.
+/// A record that a document cannot hold, for example one whose name is not an XML name, ends its section
+/// there without a message; the records before it stay.
 XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequences& sequences);
 
-/// What a TMD file that was written holds.
+/// The contents of a written TMD file.
 struct TmdContent {
     std::size_t messages = 0;
     std::size_t sequences = 0;

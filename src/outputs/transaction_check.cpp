@@ -73,7 +73,7 @@ private:
             tell("There are characters that a TMD file cannot hold");
     }
 
-    /// Takes its items for what is checked next.
+    /// Sets its items for the next checks.
     const SECSMessageRecord* checkSECSMessage(const TRMessageRecord& record) {
         items_.reset();
         const std::string& name = record.SECSMessage();
@@ -91,7 +91,7 @@ private:
         return found;
     }
 
-    /// It is a copy, which no change of the definition reaches.
+    /// It is a copy, which does not follow changes of the definition.
     void checkDataBlock(const SECSMessageRecord& block, const SECSMessageRecord& definition) {
         for (const SECSItemRecord& item : block.getItems())
             checkDataItem(item.getName());
@@ -126,7 +126,7 @@ private:
 
     /// Each that is missing is reported once a place.
     void checkDataItem(const std::string& name) {
-        if (items_ && !name.empty() && !items_->contains(name) && told_.insert(name).second)
+        if (items_ && !name.empty() && !items_->contains(name) && reported_.insert(name).second)
             tell("The SECS message has no data item " + quoted(name));
     }
 
@@ -153,7 +153,7 @@ private:
 
     void checkSequenceRow(const SequenceRow& row) {
         if (!inSequence_)
-            tell("This row stands before the first sequence");
+            tell("This row is before the first sequence");
         const std::string& name = row.transactionName;
         const TRMessageRecord* record =
             project_.model == nullptr ? nullptr : project_.model->getTRMessage(name);
@@ -166,11 +166,11 @@ private:
                  Severity::Warning);
     }
 
-    /// What the next findings are about.
+    /// The place of the next findings.
     void at(std::string message, std::string item) {
         message_ = std::move(message);
         item_ = std::move(item);
-        told_.clear();
+        reported_.clear();
     }
 
     void tell(std::string text, Severity severity = Severity::Error) {
@@ -182,8 +182,8 @@ private:
     Findings findings_;
     std::string message_;
     std::string item_;
-    std::optional<ItemNames> items_;       // of the SECS message at hand
-    std::unordered_set<std::string> told_; // data items
+    std::optional<ItemNames> items_;           // of the current SECS message
+    std::unordered_set<std::string> reported_; // data items
     DefaultTRMessages defaults_;
     bool inSequence_ = false;
 };

@@ -18,14 +18,14 @@ namespace {
 constexpr std::chrono::seconds kUsualTimeLimit{600};
 constexpr std::chrono::seconds kFarewell{2};
 constexpr int kLongestTimeLimit = 7 * 24 * 3600;
-// More than anyone reads, and less than a window takes long to show.
+// More than anyone reads, and little enough for a window to show fast.
 constexpr std::size_t kOutputBytes = 1 << 20;
 
 std::string userSetting(const SettingsStore& settings, std::string_view name) {
     return trim(settings.stored(kSettingsKey, name).value_or(std::string()));
 }
 
-/// The text less a character at its end that was cut in two.
+/// The text without a character at its end that was cut in two.
 std::string_view wholeCharacters(std::string_view text) {
     constexpr std::size_t kLongest = 4;
     for (std::size_t back = 1; back <= kLongest && back <= text.size(); ++back) {
@@ -41,7 +41,7 @@ std::string_view wholeCharacters(std::string_view text) {
 }
 
 /// The lines of a text as a window shows them: no control characters but tabs, each line's end CR LF, none
-/// behind the last.
+/// after the last.
 std::string plainLines(std::string_view text) {
     constexpr unsigned char kDelete = 0x7F;
     std::string unified = replaceAll(replaceAll(text, "\r\n", "\n"), "\r", "\n");
@@ -122,7 +122,7 @@ std::chrono::seconds ZeltoGenerator::timeLimit() const {
     return seconds ? std::chrono::seconds(*seconds) : kUsualTimeLimit;
 }
 
-/// What the generator did not say by itself; each sentence on a line.
+/// What the generator's output does not contain; each sentence on a separate line.
 std::string ZeltoGenerator::describe(const std::vector<std::string>& arguments,
                                      const ProcessOutcome& outcome) const {
     using End = ProcessOutcome::End;

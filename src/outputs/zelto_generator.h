@@ -13,17 +13,17 @@ namespace zb {
 class SettingsStore;
 struct ProcessOutcome;
 
-/// The program that is looked for on the path when the settings name none.
+/// The program that is searched on the path when the settings name none.
 inline constexpr std::string_view kGeneratorProgram = "ZeltoGenerator";
 
-/// The words of a command line: blanks part them, double quotes keep blanks in one. Within quotes a backslash
-/// takes the quote or backslash behind it as it is. There is no other mark, since no shell reads it.
+/// The words of a command line: blanks separate them, double quotes keep blanks inside a word. Within quotes
+/// a backslash escapes a quote or a backslash. There is no other syntax, since no shell is involved.
 std::vector<std::string> commandWords(std::string_view command);
 
-/// Runs an external program as the generator: the setting `GeneratorCommand`, else `ZeltoGenerator` on the
-/// path, with the project file's path behind its arguments. What it writes on standard output and standard
-/// error is the result, and how it ended where it did not end well. It is ended after the seconds of the
-/// setting `GeneratorTimeLimit`, else after ten minutes.
+/// Runs an external program as the generator: the setting `GeneratorCommand`, otherwise `ZeltoGenerator` on
+/// the path, with the project file's path as the last argument. The result is its standard output and
+/// standard error, and how it ended if that was a failure. It is stopped after the seconds of the setting
+/// `GeneratorTimeLimit`, by default after ten minutes.
 class ZeltoGenerator final : public Generator {
 public:
     /// `keepAlive` is called many times a second while the generator runs.
@@ -33,7 +33,7 @@ public:
     std::string generate(const std::string& projectFile) override;
 
     enum class Success { Yes, Failed, NotStarted };
-    /// How the last run went.
+    /// The result of the last run.
     Success success() const { return success_; }
 
 private:

@@ -22,8 +22,8 @@ struct CloseConverter {
 };
 using ConverterPointer = std::unique_ptr<UConverter, CloseConverter>;
 
-// Writes the replacement (the context) once for each byte that has no meaning, so that lengths in bytes
-// stand.
+// Writes the replacement (the context) once for each byte without a meaning, so that lengths in bytes are
+// kept.
 void U_CALLCONV replaceBytes(const void* context, UConverterToUnicodeArgs* arguments, const char*,
                              std::int32_t length, UConverterCallbackReason reason, UErrorCode* status) {
     if (reason > UCNV_IRREGULAR) {
@@ -35,7 +35,7 @@ void U_CALLCONV replaceBytes(const void* context, UConverterToUnicodeArgs* argum
     }
 }
 
-// ICU's own substitution drops characters that are usually not shown; here every character counts.
+// ICU's own substitution drops characters that are usually invisible; here every character counts.
 void U_CALLCONV replaceCharacter(const void*, UConverterFromUnicodeArgs* arguments, const UChar*,
                                  std::int32_t, UChar32, UConverterCallbackReason reason, UErrorCode* status) {
     if (reason > UCNV_IRREGULAR) {
@@ -58,7 +58,7 @@ bool isStateless(const UConverter* converter) {
     }
 }
 
-// The fast paths, and the files' own syntax, need ASCII to be ASCII.
+// The fast paths, and the syntax of the files, require ASCII.
 bool keepsAscii(UConverter* converter) {
     for (char letter = ' '; letter <= '~'; ++letter) {
         std::array<UChar, 4> units{};
@@ -117,8 +117,8 @@ std::string utf8OfUnits(const std::u16string& units) {
 
 } // namespace
 
-// Holds the opened converter and never converts with it: each conversion runs on a clone, which makes it free
-// of state that another thread could see.
+// Keeps the opened converter and never converts with it: each conversion runs on a clone, so no state is
+// shared between threads.
 class CodePage::Converter {
 public:
     Converter(int number, bool known, ConverterPointer converter)
@@ -273,7 +273,7 @@ struct LanguageCodePage {
     int number;
 };
 
-// Each list is read with a blank on both sides of the language.
+// Each list has a blank on both sides of each language.
 constexpr std::array<LanguageCodePage, 11> kLanguages{{
     {" ko ", 949},
     {" ja ", 932},

@@ -27,7 +27,7 @@ Result<void> inspect(FileLayer& files, const std::string& path) {
     std::error_code error;
     const auto status = std::filesystem::status(path, error);
     if (status.type() == std::filesystem::file_type::not_found) {
-        // A link that leads to nothing yet: what it leads to is made by the save itself.
+        // A link to a missing file: the save itself creates that file.
         const bool link = std::filesystem::is_symlink(path, error);
         return link ? Result<void>() : createAndRemove(files, path);
     }

@@ -12,7 +12,7 @@ class FileLayer;
 /// none, one is made and removed again.
 Result<void> checkFileAccess(FileLayer& files, const std::string& path);
 
-/// The same test without emptying: for files whose content must outlast a save that fails later.
+/// The same test without emptying, for files whose content must survive a later failure of the save.
 Result<void> checkFileAccessKeeping(FileLayer& files, const std::string& path);
 
 /// What is said of a file that cannot be written, on one line.

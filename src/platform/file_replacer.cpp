@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kKind = "zbtmp";
-constexpr unsigned kNewFileMode = 0666; // less the process's mask
+constexpr unsigned kNewFileMode = 0666; // reduced by the process's mask
 constexpr unsigned kPrivateMode = 0600;
 
 // Followed before the temporary is made: it must be in the folder, and so on the disk, of what gets
@@ -40,7 +40,7 @@ void removeStaleTemporaries(FileLayer& layer, const fs::path& target) {
     }
 }
 
-// The old file's status; nothing when there is none yet.
+// The old file's status; nothing when it does not exist yet.
 Result<std::optional<FileStatus>> inspectTarget(FileLayer& layer, const fs::path& target) {
     const Result<FileStatus> status = layer.status(target);
     if (!status) {
@@ -83,8 +83,8 @@ Result<bool> takeRights(FileLayer& layer, const ScratchFile& file, const fs::pat
         return owned;
     if (!layer.copyAccess(target, file.path()))
         return false;
-    // Only where it differs, since some file systems know no modes and refuse the call. After the owner,
-    // since a new owner takes mode bits away.
+    // Only when it differs, since some file systems have no modes and refuse the call. After the owner, since
+    // a new owner clears mode bits.
     const Result<FileStatus> now = layer.statusOf(file.descriptor());
     if (!now)
         return namingFile("read the mode of", file.path(), now.error());
@@ -100,7 +100,7 @@ Result<bool> takeRights(FileLayer& layer, const ScratchFile& file, const fs::pat
 Result<bool> writeBeside(FileLayer& layer, const fs::path& target, const std::optional<FileStatus>& old,
                          std::string_view bytes, unsigned newMode) {
     ScratchFile temporary(layer, scratchPath(layer, target, kKind));
-    // A file that only some may read must not be open to others while it is written.
+    // A file that only some users may read must not be open to others while it is written.
     if (const Result<void> created = temporary.create(old ? kPrivateMode : newMode); !created)
         return created.error();
     if (const Result<void> filled = temporary.write(bytes); !filled)

@@ -8,8 +8,8 @@
 
 namespace zb {
 
-/// Puts the bytes in the file's place, so that at every moment either the old or the new content is there,
-/// whole. Every file of the user that the program writes is written by this function.
+/// Replaces a file by the bytes, so that at every moment either the old or the new content is there, whole.
+/// Every file of the user that the program writes is written by this function.
 ///
 /// A link is followed first, and what it leads to is replaced. The bytes go to a temporary
 /// `.NAME.zbtmp-PROCESS` beside the target, are synced, and take the target's name. An old file's mode,

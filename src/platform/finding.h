@@ -8,7 +8,7 @@
 namespace zb {
 
 enum class Severity {
-    Note,    ///< something had to change its form, or has no place in a definition
+    Note,    ///< the form was changed, or a definition cannot express it
     Warning, ///< it can be read and built, though perhaps not as it was meant
     Error    ///< it cannot be read or built, or a driver cannot follow it
 };

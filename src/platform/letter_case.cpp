@@ -25,7 +25,7 @@ std::string upperAscii(std::string_view text) {
     return result;
 }
 
-// Texts beyond this length are mapped in parts, since ICU counts bytes in 32 bits.
+// Longer texts are mapped in parts, since ICU counts bytes in 32 bits.
 constexpr std::size_t kMostAtOnce = std::size_t{1} << 26U;
 
 // Parts end before a lead byte or ASCII, never inside a character.

@@ -4,7 +4,7 @@
 
 namespace zb {
 
-// The name of the locale that the user's environment asks for; empty when it asks for none.
+// The name of the locale of the user's environment; empty when it has none.
 std::string localeName();
 
 } // namespace zb

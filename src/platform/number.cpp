@@ -27,7 +27,7 @@ std::size_t skipDigits(std::string_view text, std::size_t position) {
     return position;
 }
 
-// Where the parts of the longest numeric prefix end. `end` is 0 when there is no number.
+// The ends of the parts of the longest numeric prefix. `end` is 0 when there is no number.
 struct NumberShape {
     std::size_t digitsStart = 0;
     std::size_t wholeEnd = 0;
@@ -63,8 +63,8 @@ NumberShape scan(std::string_view text) {
     return shape;
 }
 
-// Whether a number that no double holds is too large, and not too small: by the place of its first digit that
-// counts.
+// Whether a number outside the range of a double is too large, and not too small: by the position of its
+// first significant digit.
 bool isTooLarge(std::string_view text, const NumberShape& shape) {
     constexpr long long kBeyondAll = 1'000'000'000'000'000;
     long long exponent = 0;

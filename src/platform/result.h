@@ -7,8 +7,7 @@
 
 namespace zb {
 
-// What the system said when a file could not be used: its error number (that of errno), and a sentence about
-// it.
+// Why a file could not be used: the error number of the system (errno), and a sentence about it.
 struct FileError {
     int number = 0;
     std::string description;
@@ -16,12 +15,12 @@ struct FileError {
     bool operator==(const FileError&) const = default;
 };
 
-// The system's own words for an error number.
+// The system's text for an error number.
 std::string describeSystemError(int number);
-// The error of this number, described by the system's own words.
+// The error with this number, described by the system's text.
 FileError systemError(int number);
 
-// The value that was asked for, or why there is none. Reading the one that is not there throws.
+// A value, or the reason why there is none. Reading a missing value throws.
 template<typename T, typename E = FileError>
 class [[nodiscard]] Result {
 public:
@@ -44,7 +43,7 @@ private:
     std::variant<T, E> content_;
 };
 
-// Done, or why not.
+// Success, or the reason for a failure.
 template<typename E>
 class [[nodiscard]] Result<void, E> {
 public:

@@ -14,10 +14,10 @@ namespace zb {
 
 namespace {
 
-// What stands in the file keeps its order, for those who edit it by hand.
+// The contents of the file keep their order, for those who edit it by hand.
 using Json = nlohmann::ordered_json;
 
-// Files beyond these bounds were not written by this program, and walking them could exhaust memory or stack.
+// Files beyond these limits were not written by this program, and walking them could exhaust memory or stack.
 constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
 constexpr std::size_t kDeepest = 64;
 
@@ -33,7 +33,7 @@ bool isObjectOfObjects(const Json& value) {
     return true;
 }
 
-// Nothing when this is no settings file.
+// Nothing when this is not a settings file.
 std::optional<Json> parse(const std::string& bytes) {
     if (bytes.size() > kLargestFile) {
         return std::nullopt;
@@ -50,7 +50,7 @@ std::optional<Json> parse(const std::string& bytes) {
     return json;
 }
 
-// Whether the damaged file is out of the way, under a name that nothing had yet.
+// Whether the damaged file was renamed to an unused name.
 bool putAside(const std::filesystem::path& path) {
     constexpr int kMostKept = 1000;
     for (int number = 1; number <= kMostKept; ++number) {

@@ -9,7 +9,7 @@
 
 namespace zb {
 
-// Where a setting lies in the file: root, then key, then name.
+// The location of a setting in the file: root, then key, then name.
 struct SettingPlace {
     std::string root;
     std::string key;
@@ -24,7 +24,7 @@ class SettingsFile {
 public:
     explicit SettingsFile(std::filesystem::path folder);
 
-    // The text at this place; nothing when there is none, or no file that can be understood.
+    // The text at this location; nothing when there is none, or no valid file.
     std::optional<std::string> read(const SettingPlace& place) const;
     // Sets the text at this place, valid UTF-8 all. A damaged file is kept under another name first. Another
     // program that writes is waited for. When anything fails, nothing is changed.

@@ -43,9 +43,9 @@ bool isTextUnit(char16_t unit) {
     return !control && !noCharacter;
 }
 
-// Whether unmarked bytes read as text in this order: no unit that text does not have, and, since a project's
-// own words are ASCII, at least half of it ASCII. A lone surrogate does not decide: one damaged character
-// leaves the rest readable.
+// Whether bytes without a mark are text in this order: no invalid unit, and, since the keywords of a project
+// are ASCII, at least half of it ASCII. A single surrogate does not decide: one damaged character leaves the
+// rest readable.
 bool readsAsUtf16(std::string_view bytes, ByteOrder order) {
     constexpr std::size_t kLeastAsciiShare = 2;
     std::size_t ascii = 0;

@@ -10,7 +10,7 @@
 #include "platform/code_page.h"
 #include "platform/result.h"
 
-// Files of text: read whole, decoded to UTF-8, walked line by line.
+// Text files: read whole, decoded to UTF-8, walked line by line.
 namespace zb {
 
 // The bytes of a regular file. A missing or unreadable file is an error, and so is whatever is no file (a
@@ -20,45 +20,45 @@ namespace zb {
 inline constexpr std::uintmax_t kLargestReadable = std::uintmax_t{512} << 20U;
 Result<std::string> readBytes(const std::filesystem::path& path);
 
-// How the bytes of a library or definition file become text.
+// How the bytes of a library or definition file are decoded.
 enum class DecodeAs {
-    detected, // UTF-16 or UTF-8 by its mark, else UTF-8 when it is valid, else the code page
-    codePage, // the code page, whatever the bytes look like
+    detected, // UTF-16 or UTF-8 by the mark, otherwise UTF-8 when it is valid, otherwise the code page
+    codePage, // the code page in any case
 };
 // Damaged sequences become U+FFFD; an odd last byte of UTF-16 is dropped.
 std::string decodeText(std::string_view bytes, const CodePage& codePage,
                        DecodeAs decodeAs = DecodeAs::detected);
-// The same without a copy of what is UTF-8 already.
+// The same without a copy of text that is already UTF-8.
 std::string decodeText(std::string&& bytes, const CodePage& codePage);
 
 enum class ProjectEncoding {
     utf16LittleEndian,
     utf16BigEndian,
-    utf8,    // no project as it stands, yet its text is whole
+    utf8,    // not a project in this form, but its text is complete
     unknown, // empty, or neither UTF-16 nor UTF-8
 };
 
-// A project file's text, as far as there is one.
+// The text of a project file, as far as it can be decoded.
 struct ProjectText {
     std::string text;
     ProjectEncoding encoding = ProjectEncoding::unknown;
-    bool marked = false;          // it began with a byte order mark
+    bool marked = false;          // it started with a byte order mark
     std::size_t replacements = 0; // characters that were damaged and became U+FFFD
-    // Why these bytes are no project file, for the one who named the file; empty for UTF-16 text.
+    // Why these bytes are not a project file, for the user who named the file; empty for UTF-16 text.
     std::string fault;
 };
 
-// Decodes a project file. UTF-16 is told by its mark; without one it is taken as UTF-16 when it reads as
-// plain text in either byte order. Text in UTF-8 keeps its text but gets a fault, and so do an empty file, a
-// file that ends in the middle of a character (which is dropped or becomes U+FFFD), and bytes that are no
-// text (read as little endian).
+// Decodes a project file. UTF-16 is recognised by its mark; without one, by whether it is plain text in
+// either byte order. UTF-8 keeps its text but gets a fault, and so do an empty file, a file that ends in the
+// middle of a character (which is dropped or becomes U+FFFD), and bytes that are not text (read as little
+// endian).
 ProjectText decodeProject(std::string_view bytes);
 
-// UTF-16 little endian with a byte order mark, as project files are written. Line ends are taken as they are.
+// UTF-16 little endian with a byte order mark, the encoding of project files. Line ends are not changed.
 std::string encodeUtf16(std::string_view utf8);
 
-// The lines of a text, without their CR LF or LF. An empty text has none, and the end of the last line makes
-// no line more.
+// The lines of a text, without their CR LF or LF. An empty text has none, and the end of the last line does
+// not start another one.
 class LineReader {
 public:
     explicit LineReader(std::string_view text) : rest_(text) {}
@@ -66,7 +66,7 @@ public:
     // The next line, a view into the text; nothing at the end.
     std::optional<std::string_view> next();
     bool atEnd() const { return rest_.empty(); }
-    // The number of the line that `next` gave last, counted from 1; 0 before the first.
+    // The number of the line that `next` returned last, from 1; 0 before the first.
     std::size_t lineNumber() const { return lineNumber_; }
 
 private:

@@ -4,8 +4,8 @@
 
 namespace zb {
 
-/// The folder of settings.json: $ZELTOBENCH_CONFIG, else zeltobench below $XDG_CONFIG_HOME, else below
-/// ~/.config.
+/// The folder of settings.json: $ZELTOBENCH_CONFIG, otherwise $XDG_CONFIG_HOME/zeltobench, otherwise
+/// ~/.config/zeltobench.
 std::filesystem::path settingsFolder();
 
 /// The folder of what the program keeps for the user: $ZELTOBENCH_STATE, else zeltobench below

@@ -25,14 +25,14 @@ bool isTrail(char16_t unit) {
     return unit >= 0xDC00 && unit < 0xE000;
 }
 
-// What a word of four ASCII units has no bit of, as it lies in memory.
+// The bits that a word of four ASCII units does not have, in memory order.
 std::uint64_t beyondAscii(ByteOrder order) {
     const bool likeMemory =
         (order == ByteOrder::littleEndian) == (std::endian::native == std::endian::little);
     return likeMemory ? 0xFF80FF80FF80FF80U : 0x80FF80FF80FF80FFU;
 }
 
-// Appends the ASCII that begins at `position`, four units at a time, and returns where it stopped.
+// Appends the ASCII that starts at `position`, four units at a time, and returns its end.
 std::size_t appendAscii(std::string& text, std::string_view bytes, std::size_t position, ByteOrder order) {
     const std::uint64_t mask = beyondAscii(order);
     const std::size_t low = order == ByteOrder::littleEndian ? 0 : 1;
@@ -70,7 +70,7 @@ void appendUtf16(std::string& bytes, char32_t point) {
     }
 }
 
-// As appendAscii, the other way.
+// The inverse of appendAscii.
 std::size_t appendAsciiAsUtf16(std::string& bytes, std::string_view utf8, std::size_t position) {
     std::array<char, 1024> buffer{};
     std::size_t filled = 0;
@@ -108,7 +108,7 @@ DecodedUtf16 decodeUtf16(std::string_view bytes, ByteOrder order) {
     const std::string_view units = bytes.substr(0, bytes.size() - bytes.size() % kUnit);
     for (std::size_t position = 0; position < units.size();) {
         position = appendAscii(decoded.text, units, position, order);
-        // A few units one by one, then the fast road is tried again.
+        // A few units one by one, then the fast path is tried again.
         const std::size_t stop = std::min(units.size(), position + kWord);
         while (position < stop) {
             const char16_t unit = unitAt(units, position, order);

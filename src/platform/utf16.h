@@ -8,15 +8,15 @@ namespace zb {
 
 enum class ByteOrder { littleEndian, bigEndian };
 
-// The code unit whose two bytes begin at `position`, which must both lie inside.
+// The code unit whose two bytes start at `position`; both must be inside.
 char16_t unitAt(std::string_view bytes, std::size_t position, ByteOrder order);
 
 struct DecodedUtf16 {
     std::string text;
-    std::size_t replacements = 0; // lone surrogates that became U+FFFD
+    std::size_t replacements = 0; // single surrogates that became U+FFFD
     bool endsInCharacter = false; // an odd byte, or half of a surrogate pair, is at the end
 };
-// The bytes behind the mark as UTF-8. An odd last byte is dropped.
+// The bytes after the mark as UTF-8. An odd last byte is dropped.
 DecodedUtf16 decodeUtf16(std::string_view bytes, ByteOrder order);
 
 } // namespace zb

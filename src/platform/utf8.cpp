@@ -14,7 +14,7 @@ unsigned byteAt(std::string_view text, std::size_t position) {
     return static_cast<unsigned char>(text[position]);
 }
 
-// The end of the run of ASCII that begins at `position`, found eight bytes at a time.
+// The end of the run of ASCII that starts at `position`, found eight bytes at a time.
 std::size_t endOfAscii(std::string_view text, std::size_t position) {
     while (position + sizeof(std::uint64_t) <= text.size()) {
         std::uint64_t word = 0;
@@ -28,7 +28,8 @@ std::size_t endOfAscii(std::string_view text, std::size_t position) {
     return position;
 }
 
-// What a lead byte announces: the length of its sequence (0 for none) and the least code point that needs it.
+// The information in a lead byte: the length of its sequence (0 for none) and the smallest code point that
+// needs it.
 struct Lead {
     std::size_t length;
     char32_t bits;

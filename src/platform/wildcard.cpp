@@ -74,7 +74,8 @@ std::optional<WildcardPattern> WildcardPattern::compile(std::string_view pattern
     return compiled;
 }
 
-// The position behind what the element takes of the text at `position`; nothing when it does not fit there.
+// The position after the part of the text that the element matches at `position`; nothing when it does not
+// match.
 std::optional<std::size_t> WildcardPattern::step(const Element& element, std::string_view text,
                                                  std::size_t position) {
     if (element.kind == Kind::literal) {
@@ -97,8 +98,8 @@ std::optional<std::size_t> WildcardPattern::step(const Element& element, std::st
     return fits ? std::optional(position + character.length) : std::nullopt;
 }
 
-// Only the last run is ever taken back: what an earlier run could give up, the later one can take as well. So
-// there is no recursion, and no pattern takes exponential time.
+// Only the last run is ever shortened: an earlier run could not match more than the later one can. So there
+// is no recursion, and no pattern takes exponential time.
 bool WildcardPattern::matches(std::string_view text) const {
     std::optional<std::size_t> afterRun;
     std::size_t runEnd = 0;

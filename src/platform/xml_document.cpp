@@ -10,8 +10,8 @@ namespace zb {
 
 namespace {
 
-/// Visits the element and all below it, parents first; `visit` gives what its children are visited with.
-/// Without recursion, for documents of any depth.
+/// Visits the element and its descendants, parents first; `visit` returns the value with which its children
+/// are visited. Without recursion, for documents of any depth.
 template<typename Context, typename Visit>
 void visitElements(const XmlElement& root, Context start, Visit visit) {
     struct Open {
@@ -72,8 +72,8 @@ std::string xmlDocument(const XmlElement& root) {
     visitElements(root, document.root(), write);
     StringWriter writer;
     document.save(writer, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
-    // The library escapes carriage returns in attributes alone, so those that are left stand in texts, where
-    // a reader would take them for line ends.
+    // The library escapes carriage returns in attributes only, so the remaining ones are in texts, where a
+    // reader would take them for line ends.
     return replaceAll(writer.bytes, "\r", "&#13;");
 }
 

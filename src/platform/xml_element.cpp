@@ -15,8 +15,8 @@ struct Range {
     char32_t last;
 };
 
-// NameStartChar and what NameChar adds to it: XML 1.0, fifth edition, productions 4 and 4a. The colon is left
-// out: what stands before it would be a prefix of a namespace that nobody declares.
+// NameStartChar and the additions of NameChar: XML 1.0, fifth edition, productions 4 and 4a. The colon is
+// left out: the text before it would be an undeclared namespace prefix.
 constexpr Range kNameStart[] = {
     {'A', 'Z'},       {'_', '_'},       {'a', 'z'},       {0xC0, 0xD6},     {0xD8, 0xF6},
     {0xF8, 0x2FF},    {0x370, 0x37D},   {0x37F, 0x1FFF},  {0x200C, 0x200D}, {0x2070, 0x218F},

@@ -41,18 +41,18 @@ private:
     std::unique_ptr<std::unordered_map<std::string, std::size_t>> known_;
 };
 
-/// A name that an XML element cannot bear.
+/// A name that an XML element cannot have.
 class XmlNameError : public std::runtime_error {
 public:
     explicit XmlNameError(std::string_view name)
         : std::runtime_error("\"" + std::string(name) + "\" is no XML name") {}
 };
 
-/// An element of an XML document: a value, with its attributes and children in order. An element holds text
-/// or children; with both, the text comes first.
+/// An element of an XML document: a value, with its attributes and children in order. An element contains
+/// text or children; with both, the text comes first.
 class XmlElement {
 public:
-    /// Throws XmlNameError for a name that is no XML Name.
+    /// Throws XmlNameError for a name that is not an XML Name.
     explicit XmlElement(std::string name);
 
     const std::string& name() const { return name_; }
@@ -61,7 +61,7 @@ public:
     const std::vector<XmlAttribute>& attributes() const { return attributes_; }
     const std::vector<XmlElement>& children() const { return children_; }
     std::vector<XmlElement>& children() { return children_; }
-    /// The child as it stands in this element, until the next change of the children.
+    /// The stored child, valid until the next change of the children.
     XmlElement& append(XmlElement child);
 
     bool operator==(const XmlElement&) const = default;
@@ -75,19 +75,19 @@ private:
     std::vector<XmlElement> children_;
 };
 
-/// Whether an element may bear the name: Name of XML 1.0, fifth edition, 2.3, less the colon, which readers
-/// take for the end of a namespace's prefix.
+/// Whether an element may have the name: Name of XML 1.0, fifth edition, 2.3, without the colon, which
+/// readers take for the end of a namespace prefix.
 bool isXmlName(std::string_view name);
-/// Whether a document can hold the text: UTF-8 without control characters but for tab and line ends, and
+/// Whether a document can contain the text: UTF-8 without control characters except tab and line ends, and
 /// without U+FFFE and U+FFFF.
 bool isXmlText(std::string_view text);
 
-/// The first child of exactly that name; null when there is none.
+/// The first child with exactly that name; null when there is none.
 XmlElement* findChildElement(XmlElement& parent, std::string_view name);
-/// An element with one text; throws as the constructor does.
+/// An element with a text; throws like the constructor.
 XmlElement createTextElement(std::string name, std::string text);
 XmlElement createElement(std::string name);
-/// Sets or adds the attribute, and gives the element back.
+/// Sets or adds the attribute, and returns the element.
 XmlElement& setElementAttribute(XmlElement& element, std::string_view name, std::string value);
 /// "" when the attribute is absent.
 const std::string& getElementAttribute(const XmlElement& element, std::string_view name);

@@ -12,7 +12,7 @@ ForeignSections ForeignSections::parse(const TextParts& parts) {
         while (const auto line = lines.next())
             sections.lines_.emplace_back(*line);
     }
-    // Blank lines at the end belong to the marker that follows.
+    // Blank lines at the end belong to the next marker.
     while (!sections.lines_.empty() && isBlank(sections.lines_.back()))
         sections.lines_.pop_back();
     return sections;

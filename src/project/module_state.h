@@ -22,13 +22,13 @@ struct ModuleState {
     FileLayer& files;
     CodePage codePage{1252};
 
-    /// The open project's base name; blank when no project is open.
+    /// The base name of the open project; blank when no project is open.
     std::string ProjectName;
-    /// The project's folder, without a separator at its end.
+    /// The folder of the project, without a separator at its end.
     std::string ProjectPath;
     /// 1 is a host project, 2 an equipment project.
     int ProjectType = 1;
-    /// Changes the type of the open project, whose model takes part in it.
+    /// Changes the type of the open project, and of its model.
     void takeProjectType(int type);
 
     /// The messages of the last walk over the tree. Never null.
@@ -43,8 +43,7 @@ struct ModuleState {
     /// What the checks and documents of the transaction model look at.
     ProjectView view() const;
 
-    /// The files that a project owns. `projectFilePath` is empty when `ProjectPath` is; the others test
-    /// nothing.
+    /// The files of a project. `projectFilePath` is empty when `ProjectPath` is; the others check nothing.
     /// @{
     std::string projectFilePath() const;
     std::string smdFilePath() const;

@@ -27,7 +27,7 @@ std::error_code makeFolder(const std::string& path) {
     return error;
 }
 
-// Bytes that are no text stay as they are: the file system may know a file by them.
+// Bytes that are not text stay unchanged: the file system may use them in names.
 std::string withoutLastFour(std::string_view name) {
     for (int character = 0; character < 4 && !name.empty(); ++character) {
         while (name.size() > 1 && (static_cast<unsigned char>(name.back()) & 0xC0U) == 0x80U)

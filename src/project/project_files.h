@@ -57,7 +57,7 @@ struct ProjectPlace {
 };
 ProjectPlace splitProjectPath(const std::string& path);
 
-/// The file system's separator, with which project paths are built and split.
+/// The separator of the file system, with which project paths are built and split.
 char pathSeparator();
 /// `folder` + separator + `name`; after the root, which is a separator already, `name` alone.
 std::string joinPath(const std::string& folder, const std::string& name);

@@ -33,7 +33,7 @@ std::string fingerprint(std::string_view text) {
     return {digits.data(), end};
 }
 
-// Of a project's name, so much that what is put behind it leaves a name that file systems take.
+// The part of a project's name that, with the rest added, gives a valid file name.
 std::string beginning(std::string name) {
     constexpr std::size_t kMostOfName = 200;
     std::size_t end = std::min(name.size(), kMostOfName);

@@ -25,7 +25,7 @@ ProjectMessages messagesOf(const ProjectSections& sections) {
             text.append(kMessagesMarker).append(kLineEnd);
         text += part;
     }
-    // Blank lines at the end belong to the marker that follows.
+    // Blank lines at the end belong to the next marker.
     const std::size_t last = text.find_last_not_of(" \r\n");
     const std::size_t end = last == std::string::npos ? 0 : text.find('\n', last);
     if (end == std::string::npos)

@@ -30,7 +30,7 @@ Target targetOf(const Context& context, const std::string& address) {
     return place.target;
 }
 
-/// A control as a whole: keys and text go to no member.
+/// A control as a whole: keys and text do not go to members.
 Control& controlOf(const Context& context, const std::string& address) {
     const Place place = context.place(address);
     if (place.kind != Place::Kind::Control)
@@ -122,15 +122,15 @@ void answer(Context& context, const Call& call) {
     const auto said = answerOf(call.word(0));
     if (!said || *said == Answer::OK)
         throw ScriptFailure("Yes, No or Cancel", call.word(0));
-    context.foretold.sayAnswer(call.command.line, *said);
+    context.prepared.sayAnswer(call.command.line, *said);
 }
 
 void pick(Context& context, const Call& call) {
-    context.foretold.sayPick(call.command.line, call.word(0));
+    context.prepared.sayPick(call.command.line, call.word(0));
 }
 
 void during(Context& context, const Call& call) {
-    context.foretold.sayDuring(call.word(0), call.command);
+    context.prepared.sayDuring(call.word(0), call.command);
 }
 
 constexpr std::array kCommands{

@@ -34,7 +34,7 @@ std::optional<int> positionOf(std::string_view member) {
 
 template<typename Items, typename NameOf>
 std::string namesOf(const Items& items, NameOf nameOf) {
-    // Enough to see a slip of the pen; a tree may hold thousands.
+    // Enough to see a typing mistake; a tree may have thousands.
     constexpr std::size_t kMost = 40;
     std::vector<std::string> names;
     for (const auto& item : items) {
@@ -138,8 +138,8 @@ Place memberPlace(const Place& place, std::string_view member) {
     }
 }
 
-/// What stands behind the name of a control: nothing, "[member]" or ".columns[N]".
-Place behindControl(const Place& place, std::string_view rest) {
+/// The part after the name of a control: nothing, "[member]" or ".columns[N]".
+Place afterControl(const Place& place, std::string_view rest) {
     constexpr std::string_view kColumns = ".columns[";
     if (rest.empty())
         return place;
@@ -147,11 +147,11 @@ Place behindControl(const Place& place, std::string_view rest) {
     if (isList && rest.starts_with(kColumns) && rest.ends_with(']'))
         return columnPlace(place, rest.substr(kColumns.size(), rest.size() - kColumns.size() - 1));
     if (!rest.starts_with('[') || !rest.ends_with(']') || rest.size() < 2)
-        throw ScriptFailure("a member in brackets behind " + place.target.control->name(), std::string(rest));
+        throw ScriptFailure("a member in brackets after " + place.target.control->name(), std::string(rest));
     return memberPlace(place, rest.substr(1, rest.size() - 2));
 }
 
-/// The control whose name the text begins with: that of a control array holds brackets of its own.
+/// The control whose name the text begins with; the names of control arrays contain brackets.
 Place controlPlace(Window& window, std::string_view text) {
     for (std::size_t length = text.size(); length > 0; length = text.find_last_of("[.", length - 1)) {
         if (length == std::string_view::npos)
@@ -163,7 +163,7 @@ Place controlPlace(Window& window, std::string_view text) {
         place.kind = Kind::Control;
         place.window = &window;
         place.target.control = control;
-        return behindControl(place, text.substr(length));
+        return afterControl(place, text.substr(length));
     }
     throw ScriptFailure("a control " + std::string(text) + " of " + window.name(),
                         namesOf(window.controls(), [](const Control* one) { return one->name(); }));

@@ -11,7 +11,7 @@ class ScriptedProgram;
 class Window;
 struct StatusPanel;
 
-/// What an address of a script means.
+/// The meaning of an address of a script.
 struct Place {
     enum class Kind { Program, Window, Control, Node, Row, Column, ToolbarButton, StatusPanel };
 
@@ -21,8 +21,7 @@ struct Place {
     const StatusPanel* panel = nullptr;
 };
 
-/// Finds what an address means now. Throws ScriptFailure, with the names that there are, when it means
-/// nothing.
+/// Finds the current target of an address. Throws ScriptFailure, with the existing names, when there is none.
 Place resolveAddress(Desktop& desktop, std::string_view address);
 
 } // namespace zb

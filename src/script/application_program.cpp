@@ -10,7 +10,7 @@ namespace zb {
 
 namespace {
 
-/// Scripts run alike on every machine, so its locale does not choose the code page.
+/// Scripts run alike on every machine, so the locale does not choose the code page.
 constexpr std::string_view kNoLocale;
 
 } // namespace
@@ -45,7 +45,7 @@ Application& ApplicationProgram::application() {
 }
 
 void ApplicationProgram::makeApplication() {
-    // The old one goes first: both would show the same screen.
+    // The old one is destroyed first: both would show the same screen.
     application_.reset();
     application_ = std::make_unique<Application>(
         screen_, settings_, files_, generator_,

@@ -13,7 +13,7 @@
 
 namespace zb {
 
-/// The generator of a script: it answers what the script has told it to, and remembers its runs.
+/// The generator of a script: it returns the text that the script has set, and records its runs.
 class ScriptedGenerator final : public Generator {
 public:
     std::string generate(const std::string& projectFile) override;
@@ -29,12 +29,12 @@ private:
     long long runs_ = 0;
 };
 
-/// The whole program for one script, with settings of its own that touch no file.
+/// The whole program for one script, with its own settings, which touch no file.
 class ApplicationProgram final : public ScriptedProgram {
 public:
     ApplicationProgram(Screen& screen, std::string applicationFolder);
 
-    /// A screen that shows the windows is told of each application before it starts.
+    /// A screen that shows the windows receives each application before it starts.
     std::function<void(Application& application)> onMade;
 
     void start(const std::string& commandLine) override;

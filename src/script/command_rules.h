@@ -23,9 +23,9 @@ std::span<const CommandRule> lookingCommands();
 std::span<const CommandRule> fileLookingCommands();
 std::span<const CommandRule> preparingCommands();
 
-/// Null for a name that is no command.
+/// Null for an unknown name.
 const CommandRule* findCommand(std::string_view name);
-/// The block that a command takes; none for what is no command.
+/// The block of a command; none for an unknown name.
 BlockKind blockOfCommand(std::string_view name);
 
 } // namespace zb

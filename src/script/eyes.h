@@ -12,24 +12,24 @@ namespace zb {
 
 struct Place;
 
-/// How a script looks at the program.
+/// How a script reads the program.
 class Eyes {
 public:
     using Properties = std::vector<std::pair<std::string, PropertyValue>>;
 
     virtual ~Eyes() = default;
-    /// All properties of a place, in the order in which they are told of.
+    /// All properties of a place, in order of display.
     virtual Properties properties(const Place& place) = 0;
     /// Nothing when the place has no such property.
     virtual std::optional<PropertyValue> property(const Place& place, std::string_view name) = 0;
-    /// A tree, or what lies below a node: one line a node, two blanks a level. Nothing for a place that is
-    /// neither.
+    /// A tree, or the nodes below a node: one line per node, two blanks per level. Nothing for any other
+    /// place.
     virtual std::optional<std::vector<std::string>> treeLines(const Place& place) = 0;
     /// The rows of a list or combo, the Keys of a toolbar. Nothing for a place without rows.
     virtual std::optional<std::vector<std::string>> rowLines(const Place& place) = 0;
 };
 
-/// Looks at the stores of a program directly.
+/// Reads the stores of a program directly.
 class StoreEyes final : public Eyes {
 public:
     explicit StoreEyes(ScriptedProgram& program) : program_(program) {}
@@ -43,7 +43,7 @@ private:
     ScriptedProgram& program_;
 };
 
-/// A property as scripts write it: numbers and flags as "3" and "true".
+/// A property in the notation of scripts: numbers and flags as "3" and "true".
 std::string printValue(const PropertyValue& value);
 
 } // namespace zb

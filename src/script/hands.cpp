@@ -26,7 +26,7 @@ Hands::Refusal StoreHands::doubleClick(const Target& target) {
 
 Hands::Refusal StoreHands::dismiss() {
     if (program_.desktop().openPopup() == nullptr)
-        return "no pop-up stands open";
+        return "no pop-up is open";
     user().dismiss();
     return {};
 }

@@ -10,7 +10,8 @@ namespace zb {
 
 class ScriptedProgram;
 
-/// How the actions of a script are carried out. Each answers the empty text when it took place, else why not.
+/// How the actions of a script are done. Each returns the empty text when it was done, otherwise the reason
+/// why not.
 class Hands {
 public:
     using Refusal = std::string;
@@ -53,7 +54,7 @@ public:
     Refusal drop(const DragData& data, const Target& to) override;
 
 private:
-    /// Each start of the program brings a desktop of its own.
+    /// Each start of the program creates a new desktop.
     UserHands user() const;
 
     ScriptedProgram& program_;

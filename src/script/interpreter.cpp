@@ -19,10 +19,10 @@ std::string countOf(const CommandRule& rule) {
 
 void ScriptInterpreter::run(const std::vector<ScriptCommand>& script) {
     for (const ScriptCommand& command : script) {
-        context_.foretold.startCounting();
+        context_.prepared.startCounting();
         runCommand(command);
     }
-    if (const auto unused = context_.foretold.firstUnused()) {
+    if (const auto unused = context_.prepared.firstUnused()) {
         ScriptFailure failure(unused->what + " to be used before the script ends",
                               "nothing that asked for it");
         failure.setLine(unused->line);
@@ -33,10 +33,10 @@ void ScriptInterpreter::run(const std::vector<ScriptCommand>& script) {
 void ScriptInterpreter::runDuring(Window& window) {
     if (!window.visible())
         return;
-    const ScriptCommand& during = context_.foretold.takeDuring(window.name());
+    const ScriptCommand& during = context_.prepared.takeDuring(window.name());
     for (const ScriptCommand& command : during.commands) {
         if (!window.visible()) {
-            ScriptFailure failure("no command behind the hiding of " + window.name(), command.name());
+            ScriptFailure failure("no command after the hiding of " + window.name(), command.name());
             failure.setLine(command.line);
             keepFirst(failure);
             throw failure;
@@ -45,7 +45,7 @@ void ScriptInterpreter::runDuring(Window& window) {
     }
     if (!window.visible())
         return;
-    ScriptFailure failure(window.name() + " to be hidden at the end of its block", "it stands");
+    ScriptFailure failure(window.name() + " to be hidden at the end of its block", "it is visible");
     failure.setLine(during.endLine);
     keepFirst(failure);
     throw failure;
@@ -66,7 +66,7 @@ void ScriptInterpreter::runCommand(const ScriptCommand& command) {
         failure.setLine(command.line);
         keepFirst(failure);
     }
-    if (const auto& unforeseen = context_.foretold.failure(); unforeseen && !first_) {
+    if (const auto& unforeseen = context_.prepared.failure(); unforeseen && !first_) {
         ScriptFailure failure(*unforeseen);
         failure.setLine(command.line);
         keepFirst(failure);
@@ -85,7 +85,7 @@ void ScriptInterpreter::carryOut(const ScriptCommand& command) {
     for (std::size_t i = 1; i < command.words.size(); ++i)
         call.words.push_back(replaceVariables(command.words[i], context_.folders));
     if (call.count() < rule->least || call.count() > rule->most)
-        throw ScriptFailure(countOf(*rule) + " words behind " + command.name(), std::to_string(call.count()));
+        throw ScriptFailure(countOf(*rule) + " words after " + command.name(), std::to_string(call.count()));
     rule->run(context_, call);
 }
 

@@ -10,14 +10,14 @@
 
 namespace zb {
 
-/// Carries out the commands of one script.
+/// Runs the commands of one script.
 class ScriptInterpreter {
 public:
     explicit ScriptInterpreter(ScriptContext context) : context_(context) {}
 
-    /// All commands, and that all that was said was used. Throws ScriptFailure with its line.
+    /// Runs all commands, and checks that all answers were used. Throws ScriptFailure with its line.
     void run(const std::vector<ScriptCommand>& script);
-    /// The commands that the script has for this window, which has just been shown modally. Throws
+    /// Runs the commands of the script for this window, which has just been shown modally. Throws
     /// ScriptFailure.
     void runDuring(Window& window);
 
@@ -27,7 +27,7 @@ private:
     void keepFirst(const ScriptFailure& failure);
 
     ScriptContext context_;
-    /// A handler of the program may swallow a failure on its way; the script fails nevertheless.
+    /// A handler of the program may catch a failure; the script fails nevertheless.
     std::optional<ScriptFailure> first_;
 };
 

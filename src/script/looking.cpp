@@ -41,7 +41,7 @@ std::string describe(const Box& box) {
 }
 
 void expectBox(Context& context, const Call& call) {
-    const auto box = context.foretold.lookAtBox();
+    const auto box = context.prepared.lookAtBox();
     const std::string wanted = "a box " + quote(call.word(0));
     if (!box)
         throw ScriptFailure(wanted, "no box that was not looked at yet");
@@ -58,15 +58,15 @@ void expectBox(Context& context, const Call& call) {
 }
 
 void expectNoBox(Context& context, const Call& /*call*/) {
-    if (const auto box = context.foretold.lookAtBox())
+    if (const auto box = context.prepared.lookAtBox())
         throw ScriptFailure("no box", describe(*box));
-    if (const auto unused = context.foretold.firstUnused())
+    if (const auto unused = context.prepared.firstUnused())
         throw ScriptFailure("all that was said to be used",
                             unused->what + " of line " + std::to_string(unused->line));
 }
 
 void expectDialog(Context& context, const Call& call) {
-    const auto dialog = context.foretold.lookAtDialog();
+    const auto dialog = context.prepared.lookAtDialog();
     if (!dialog)
         throw ScriptFailure("a file dialog " + quote(call.word(0)),
                             "no file dialog that was not looked at yet");
@@ -129,7 +129,7 @@ void showRows(Context& context, const std::string& address, Place place) {
     }
 }
 
-/// The place itself, and below it the controls of a window, the nodes of a tree or the rows of a list.
+/// The place itself, and the controls of a window, the nodes of a tree or the rows of a list below it.
 void show(Context& context, const Call& call) {
     const Place place = context.place(call.word(0));
     showPlace(context, call.word(0), place);

@@ -13,11 +13,11 @@ constexpr std::string_view kAnything = "...";
 
 bool sameLine(const BlockLine& expected, std::string_view found) {
     const auto wanted = trimRight(expected.text);
-    // Blanks behind the "-" of a blank line do not count either.
+    // Blanks after the "-" of a blank line are ignored too.
     return (!expected.quoted && wanted == "-" ? "" : wanted) == trimRight(found);
 }
 
-/// How far the block and the lines agree from their starts on, as a position in both.
+/// The length of the common start of the block and the lines, as a position in both.
 std::size_t agreement(const std::vector<BlockLine>& expected, const std::vector<std::string>& found) {
     std::size_t at = 0;
     while (at < expected.size() && at < found.size() && !expected[at].isAnything() &&
@@ -29,8 +29,8 @@ std::size_t agreement(const std::vector<BlockLine>& expected, const std::vector<
 } // namespace
 
 bool matchLines(const std::vector<BlockLine>& expected, const std::vector<std::string>& found) {
-    // The last `...` takes one line more whenever what stands behind it does not fit; earlier ones need not
-    // be tried again, since the last one can take all that they could.
+    // The last `...` takes another line whenever the text after it does not match; earlier ones need not be
+    // tried again, since the last one can take everything that they could.
     std::size_t wanted = 0;
     std::size_t at = 0;
     std::size_t resumeWanted = std::string::npos;

@@ -8,17 +8,17 @@
 
 namespace zb {
 
-/// Whether the lines are those of the block. Blanks at the end of a line do not count on either side, and a
-/// line `...` stands for any number of lines.
+/// Whether the lines match the block. Blanks at the end of a line are ignored on both sides, and a line `...`
+/// matches any number of lines.
 bool matchLines(const std::vector<BlockLine>& expected, const std::vector<std::string>& found);
 
-/// Why they do not match, with all that was found.
+/// Why they do not match, with everything that was found.
 std::string describeMismatch(const std::vector<BlockLine>& expected, const std::vector<std::string>& found);
 
-/// Whether the text is the pattern, in which `...` stands for any run of characters.
+/// Whether the text matches the pattern, in which `...` matches any characters.
 bool matchText(std::string_view pattern, std::string_view text);
 
-/// A text as a script would write it: a JSON string on one line.
+/// A text in the notation of scripts: a JSON string on one line.
 std::string quote(std::string_view text);
 
 } // namespace zb

@@ -57,7 +57,7 @@ void writeFile(Context& context, const Call& call) {
         throw ScriptFailure("utf8, utf16 or ansi", encoding);
 }
 
-/// Whether the path, links above it followed, lies inside the folder.
+/// Whether the path, with links above it resolved, is inside the folder.
 bool liesBelow(const fs::path& path, const fs::path& folder) {
     std::error_code error;
     const fs::path parent = fs::weakly_canonical(fs::absolute(path).parent_path(), error);
@@ -68,7 +68,7 @@ bool liesBelow(const fs::path& path, const fs::path& folder) {
     return !error && !relative.empty() && *relative.begin() != "..";
 }
 
-/// A copy of what nobody may write, such as a checked-out sample, is for the program to write on.
+/// A copy of a read-only file, such as a checked-out sample, must be writable for the program.
 void copyFile(const fs::path& from, const fs::path& to, std::error_code& error) {
     fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
     if (!error)
@@ -93,7 +93,7 @@ void copy(Context& /*context*/, const Call& call) {
     const fs::path target = call.word(1);
     std::error_code error;
     const bool isFolder = fs::is_directory(source, error);
-    // The copy would be copied in its turn, without an end.
+    // Otherwise the copy would itself be copied, without an end.
     if (isFolder && liesBelow(target, source))
         throw ScriptFailure("a target outside " + call.word(0), call.word(1));
     makeFolders(target.parent_path());
@@ -116,8 +116,8 @@ void remove(Context& context, const Call& call) {
         throw ScriptFailure("a file or folder " + call.word(0), "nothing there");
 }
 
-/// Where lines of a file that equal one line lie, as offsets, found without decoding the file: what is
-/// replaced changes nothing around it.
+/// The offsets of the lines of a file that equal a line, found without decoding the file, so that a
+/// replacement changes nothing else.
 std::vector<std::size_t> findLines(std::string_view bytes, std::string_view line, std::string_view lineFeed,
                                    std::string_view carriageReturn, std::size_t markLength) {
     std::vector<std::size_t> found;

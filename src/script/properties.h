@@ -9,7 +9,7 @@ namespace zb {
 
 struct Place;
 
-/// How one property is read from the stores.
+/// How a property is read from the stores.
 struct PropertyRule {
     std::string_view name;
     PropertyValue (*read)(const Place& place);
@@ -18,7 +18,7 @@ struct PropertyRule {
 /// The properties of a window, control or member, by its kind; none for the program itself.
 std::span<const PropertyRule> propertyRules(const Place& place);
 
-/// All columns of a row, joined as scripts write them.
+/// All columns of a row, joined in the notation of scripts.
 std::string joinedCells(const Place& row);
 
 } // namespace zb

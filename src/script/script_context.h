@@ -2,8 +2,8 @@
 
 #include "script/address.h"
 #include "script/eyes.h"
-#include "script/foretold.h"
 #include "script/hands.h"
+#include "script/prepared_answers.h"
 #include "script/program.h"
 #include "script/script_folders.h"
 #include "script/script_text.h"
@@ -16,19 +16,19 @@
 
 namespace zb {
 
-/// What commands work on.
+/// The objects that commands work on.
 struct ScriptContext {
     ScriptedProgram& program;
     Hands& hands;
     Eyes& eyes;
-    Foretold& foretold;
+    PreparedAnswers& prepared;
     const ScriptFolders& folders;
     std::ostream& out;
 
     Place place(std::string_view address) const { return resolveAddress(program.desktop(), address); }
 };
 
-/// A command as it is carried out.
+/// A command being run.
 struct CommandCall {
     const ScriptCommand& command;
     /// The words after the name, with all `${NAME}` replaced.

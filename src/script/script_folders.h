@@ -4,7 +4,7 @@
 
 namespace zb {
 
-/// The folders that a script may name.
+/// The folders that a script can refer to.
 struct ScriptFolders {
     std::string script;      ///< DIR
     std::string work;        ///< WORK

@@ -38,12 +38,12 @@ ScriptRunner::Outcome ScriptRunner::runText(const std::string& name, const std::
         const ScriptFolders folders{folder, (base.path() / "work").string(), (base.path() / "app").string()};
         fs::create_directory(folders.work);
         fs::create_directory(folders.application);
-        Foretold foretold(out_);
-        ScriptScreen screen(foretold);
+        PreparedAnswers prepared(out_);
+        ScriptScreen screen(prepared);
         const auto program = makeProgram_(screen, folders.application);
         const auto hands = user_.makeHands(*program);
         const auto eyes = user_.makeEyes(*program);
-        ScriptInterpreter interpreter({*program, *hands, *eyes, foretold, folders, out_});
+        ScriptInterpreter interpreter({*program, *hands, *eyes, prepared, folders, out_});
         screen.onModal = [&](Window& window) { interpreter.runDuring(window); };
         interpreter.run(script);
     } catch (const ScriptFailure& failure) {

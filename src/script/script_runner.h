@@ -10,24 +10,24 @@ namespace zb {
 class Eyes;
 class Hands;
 
-/// How scripts act and look: over the stores, unless a screen brings hands and eyes of its own.
+/// How scripts act and read: over the stores, unless a screen provides its own hands and eyes.
 struct ScriptUser {
     std::function<std::unique_ptr<Hands>(ScriptedProgram& program)> makeHands;
     std::function<std::unique_ptr<Eyes>(ScriptedProgram& program)> makeEyes;
 };
 ScriptUser userOfStores();
 
-/// Runs scripts one by one, each with a program, settings and folders of its own.
+/// Runs scripts one by one, each with its own program, settings and folders.
 class ScriptRunner {
 public:
-    /// Boxes and what scripts show are told on `out`, failures on `err` as `FILE:LINE: ...`.
+    /// Boxes and the output of scripts are printed on `out`, failures on `err` as `FILE:LINE: ...`.
     ScriptRunner(ProgramFactory makeProgram, std::ostream& out, std::ostream& err,
                  ScriptUser user = userOfStores())
         : makeProgram_(std::move(makeProgram)), user_(std::move(user)), out_(out), err_(err) {}
 
     enum class Outcome { Passed, Failed, Unreadable };
     Outcome run(const std::string& file);
-    /// The same with a text that does not come from a file; `name` stands for the file in messages.
+    /// The same with a text that is not from a file; `name` replaces the file in messages.
     Outcome runText(const std::string& name, const std::string& folder, std::string_view text);
 
 private:

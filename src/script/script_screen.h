@@ -1,28 +1,28 @@
 #pragma once
 
 #include "controls/screen.h"
-#include "script/foretold.h"
+#include "script/prepared_answers.h"
 
 #include <functional>
 
 namespace zb {
 
-/// A screen that nobody sees: what has to be answered was foretold.
+/// A screen without a display: all answers are given in advance.
 class ScriptScreen final : public Screen {
 public:
-    explicit ScriptScreen(Foretold& foretold) : foretold_(foretold) {}
+    explicit ScriptScreen(PreparedAnswers& prepared) : prepared_(prepared) {}
 
-    /// Carries out what the script says for a modal window.
+    /// Runs the commands of the script for a modal window.
     std::function<void(Window&)> onModal;
 
-    Answer showBox(const Box& box) override { return foretold_.answerBox(box); }
-    std::string pickFile(const FileDialog& dialog) override { return foretold_.answerDialog(dialog); }
+    Answer showBox(const Box& box) override { return prepared_.answerBox(box); }
+    std::string pickFile(const FileDialog& dialog) override { return prepared_.answerDialog(dialog); }
     void runModal(Window& window) override { onModal(window); }
     void bringToFront(Window& /*window*/) override {}
     void openPopup(PopupMenu& /*menu*/) override {}
 
 private:
-    Foretold& foretold_;
+    PreparedAnswers& prepared_;
 };
 
 } // namespace zb

@@ -10,7 +10,7 @@ namespace zb {
 
 namespace {
 
-// Deeper nesting serves nobody, and the parser goes down with it.
+// Deeper nesting is not useful, and the parser is recursive.
 constexpr int kMostNesting = 50;
 constexpr std::string_view kBlanks = " \t";
 
@@ -37,7 +37,7 @@ std::vector<std::string_view> linesOf(std::string_view text) {
     return lines;
 }
 
-/// How many bytes the JSON string at the start of the text takes; 0 when it does not end.
+/// The number of bytes of the JSON string at the start of the text; 0 when it does not end.
 std::size_t jsonStringLength(std::string_view text) {
     for (std::size_t at = 1; at < text.size(); ++at) {
         if (text[at] == '\\')
@@ -99,7 +99,7 @@ private:
             if (!word)
                 return "expected a JSON string, found " + std::string(line);
             if (length < line.size() && kBlanks.find(line[length]) == std::string_view::npos)
-                return "expected a blank behind the string, found " + std::string(line.substr(length));
+                return "expected a blank after the string, found " + std::string(line.substr(length));
             words.push_back(*word);
             line = stripped(line.substr(length));
         }
@@ -155,7 +155,7 @@ private:
     bool takeEnd(ScriptCommand& command) {
         if (next_ == lines_.size()) {
             command.fault =
-                "expected a line \"end\" behind " + command.name() + ", found the end of the script";
+                "expected a line \"end\" after " + command.name() + ", found the end of the script";
             return false;
         }
         command.endLine = ++next_;

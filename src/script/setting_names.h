@@ -4,7 +4,7 @@
 
 namespace zb {
 
-/// Throws ScriptFailure, with the names that there are, for a name that is no setting.
+/// Throws ScriptFailure, with the existing names, for a name that is not a setting.
 void checkSettingName(std::string_view name);
 
 } // namespace zb

@@ -10,7 +10,7 @@ namespace zb {
 /// same user left are removed before.
 class WorkFolder {
 public:
-    /// Throws std::filesystem::filesystem_error when none can be made.
+    /// Throws std::filesystem::filesystem_error when it cannot be created.
     WorkFolder();
     ~WorkFolder();
     WorkFolder(const WorkFolder&) = delete;

@@ -33,7 +33,8 @@ bool isNumber(std::string_view text, int base) {
     return read.ec == std::errc() && read.ptr == text.data() + text.size() && isCharacter(code);
 }
 
-/// Walks the markup once. What a lenient reader checks, such as the order of closing tags, is left to it.
+/// Walks the markup once. Checks that a lenient reader makes, such as the order of closing tags, are not
+/// repeated.
 class XmlWalk {
 public:
     explicit XmlWalk(std::string_view text) : rest_(text) {}
@@ -60,7 +61,7 @@ private:
             text();
     }
 
-    /// All up to the mark, which is passed over.
+    /// Skips everything up to and including the mark.
     std::string_view takeTo(std::string_view mark, std::size_t from = 0) {
         const auto end = rest_.find(mark, from);
         if (end == std::string_view::npos) {
@@ -85,7 +86,7 @@ private:
             fault_ = "text beside the root";
     }
 
-    /// A document type may declare entities, so that references are taken as they come behind it.
+    /// A document type may declare entities, so that references after it are accepted.
     void documentType() {
         declaresEntities_ = true;
         int open = 0;
@@ -179,7 +180,7 @@ private:
     bool declaresEntities_ = false;
 };
 
-/// Whether the declaration at the start names an encoding of its own, which only the reader knows.
+/// Whether the declaration at the start names an encoding, which only the reader knows.
 bool hasOtherEncoding(std::string_view bytes) {
     if (!bytes.starts_with("<?xml"))
         return false;

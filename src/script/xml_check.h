@@ -5,8 +5,8 @@
 
 namespace zb {
 
-/// What keeps a document, of which a lenient reader made a tree, from being well-formed XML: a stray `&` or
-/// `<`, text beside the root, an attribute given twice, a character that XML lacks. Empty when nothing does.
+/// Why a document that a lenient reader has accepted is not well-formed XML: a stray `&` or `<`, text beside
+/// the root, a duplicate attribute, a character that XML does not allow. Empty when it is.
 std::string findXmlFault(std::string_view bytes);
 
 } // namespace zb

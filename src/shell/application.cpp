@@ -136,7 +136,7 @@ void Application::buildPlugIn() {
     const std::string result = saveAndGenerate();
     frmResult.clearOldData();
     frmResult.addErrorMsg(result);
-    // This kind of plug-in is built into a solution of its own, where its result is looked at.
+    // This kind of plug-in is built into a separate solution, where its result is shown.
     if (readSetting(settings, kPlugInType) != "5")
         frmResult.showModal();
 }

@@ -21,10 +21,10 @@
 
 namespace zb {
 
-/// The folders that a program takes for its own.
+/// The folders of a program.
 struct ApplicationFolders {
-    std::string application;  ///< where dialogs start while no project is open
-    std::string state;        ///< where previous versions of projects are kept; empty keeps none
+    std::string application;  ///< start folder of dialogs while no project is open
+    std::string state;        ///< folder of the previous versions of projects; empty keeps none
     std::string scratch = {}; ///< projects below it go with it, and have no versions kept; empty is nowhere
 };
 
@@ -40,18 +40,19 @@ public:
     Application(Screen& screen, SettingsStore& settingsOfProgram, FileLayer& filesOfProgram,
                 Generator& generator, ApplicationFolders folders);
 
-    /// Loads the main window: takes a project from the command line, else the recent one, else none.
+    /// Loads the main window: opens a project from the command line, otherwise the recent one, otherwise
+    /// none.
     void start(const std::string& commandLine);
     /// Whether the main window has been closed.
     bool ended() const { return ended_; }
     const ApplicationFolders& folders() const { return folders_; }
-    /// The code page of the settings, else of the locale; to be called again when the setting has changed.
+    /// The code page of the settings, otherwise of the locale; call it again when the setting has changed.
     void loadCodePage();
 
     void showEditor();
     void showModeler();
 
-    /// The last steps of a plug-in build: saves the project and runs the generator, whose text it gives.
+    /// The last steps of a plug-in build: saves the project and runs the generator, whose text it returns.
     std::string saveAndGenerate();
 
     zb::frmMain frmMain;

@@ -26,7 +26,7 @@ public:
     BuildCommands(ModuleState& state, BuildWindows windows) : state_(state), windows_(std::move(windows)) {}
 
     /// Builds the SMD file, or the MDF file when the option `MessageFormat` is "mdf". The target is emptied
-    /// first, so a build that fails on a fault leaves it empty. True on success.
+    /// first, so a build that fails leaves it empty. True on success.
     bool buildSmd();
     /// Checks the transaction model and builds the TMD file. A project with no transaction model builds as a
     /// success, with no file. True on success, and also when the file could not be written: then nothing is

@@ -13,7 +13,7 @@ namespace {
 constexpr std::array<std::string_view, 7> kProjectButtons{"Save",      "Print",  "SMD",    "TMD",
                                                           "DriverGen", "Editor", "Modeler"};
 
-/// What the entry does, and the key that does it.
+/// The effect of the entry, and its key.
 std::string toolTipOf(const MenuEntry& entry) {
     const std::string meaning(before(entry.caption(), "("));
     return entry.shortcut().empty() ? meaning : meaning + " (" + entry.shortcut() + ")";

@@ -11,22 +11,22 @@
 
 namespace zb {
 
-/// The main window: which commands are live, and what the status bar shows.
+/// The main window: which commands are enabled, and what the status bar shows.
 class frmMain final : public Window, public ProjectMenu {
 public:
     frmMain(Desktop& desktop, ModuleState& state, ProjectCommands& commands);
 
-    /// Only New and Open work.
+    /// Only New and Open are enabled.
     void disableProjectButtons();
     /// A project is open.
     void enableProjectButtons();
     void showEditorState();
     void showModelerState();
-    /// Writes the panels of the project from the project's state.
+    /// Updates the panels of the project from the project's state.
     void updateProjectPanels();
     void setLibraryPanel(std::string_view library);
 
-    /// Closes the program unless the user keeps it open.
+    /// Closes the program unless the user cancels.
     std::function<void()> onClose;
     void closeByFrame() override { fire(onClose); }
 

@@ -11,13 +11,13 @@
 namespace zb {
 
 /// The dialog that names a new project, or the target of Save As. It writes nothing itself: the callers read
-/// its results, and an empty `ProjectName` tells them that it was cancelled.
+/// its results, and an empty `ProjectName` means that it was cancelled.
 class frmNewProject final : public Window {
 public:
     /// `applicationFolder` is the location offered when no project is open.
     frmNewProject(Desktop& desktop, ModuleState& state, std::string applicationFolder);
 
-    /// What opening the dialog anew resets: lists, type, result.
+    /// The state that opening the dialog resets: lists, type, result.
     void load();
     /// Each runs modally; `folder` is the current project's folder and may be blank.
     void requestNew(const std::string& folder);
@@ -25,8 +25,8 @@ public:
 
     /// The results.
     std::string ProjectName;
-    std::string ProjectPath; ///< the project's own folder
-    int ProjectType = 1;     ///< also the current choice while the dialog stands
+    std::string ProjectPath; ///< the project folder
+    int ProjectType = 1;     ///< also the current choice while the dialog is open
 
     void closeByFrame() override;
 

@@ -12,7 +12,7 @@ class frmOption final : public Window {
 public:
     frmOption(Desktop& desktop, SettingsStore& settings);
 
-    /// Runs modally. The kind of plug-in opens on ".NET(C#) Component", whatever is stored.
+    /// Runs modally. The kind of plug-in is set to ".NET(C#) Component" at each opening, whatever is stored.
     void request();
 
     Pane fraGenSource{*this, "fraGenSource", "Generate Source"};

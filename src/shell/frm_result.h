@@ -8,7 +8,7 @@
 
 namespace zb {
 
-/// Shows the text that the generator gave back. It lives on between builds.
+/// Shows the output of the generator. It exists between builds.
 class frmResult final : public Window {
 public:
     explicit frmResult(Desktop& desktop);

@@ -15,7 +15,8 @@ class ProjectLifecycle {
 public:
     explicit ProjectLifecycle(Application& application) : app_(application) {}
 
-    /// True when a project was made. After a cancel no project has a name any more, though its messages stay.
+    /// True when a project was created. After a cancel no project has a name any more, though its messages
+    /// stay.
     bool newProject();
 
     /// With a blank path it asks for one. True when a project was opened.
@@ -39,7 +40,7 @@ public:
 
 private:
     enum class Goes { On, Nowhere };
-    /// "Do you want to save current project"; Yes saves, and a failed save goes on with the command.
+    /// "Do you want to save current project"; Yes saves, and after a failed save the command continues.
     Goes askToSave();
     bool askWhatToOpen();
     /// Makes the folders of the open project. Shows why when it cannot, and returns false.

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A person before the editor, with a project of the size that the benchmark asks for.
+// A user at the editor, with a project of the benchmark's size.
 struct Edited {
     explicit Edited(std::int64_t messages) {
         fs::create_directories(folder / "Big");

@@ -5,16 +5,16 @@
 
 namespace zb::bench {
 
-/// The text of a project of so many messages, each with the mix of items that equipment manuals have: 22
-/// items in three levels, which makes 25 nodes a message.
+/// The text of a project with the given number of messages, each with the mix of items in equipment manuals:
+/// 22 items in three levels, which makes 25 nodes per message.
 std::string projectText(std::size_t messages);
 
 /// The name of message `number`, from 1.
 std::string messageName(std::size_t number);
 
-/// The highest memory use of this process so far, in bytes.
+/// The peak memory use of this process so far, in bytes.
 std::size_t peakMemory();
-/// What is allocated now, in bytes.
+/// The memory allocated now, in bytes.
 std::size_t allocatedMemory();
 
 } // namespace zb::bench

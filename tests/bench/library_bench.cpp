@@ -1,5 +1,4 @@
-// Reading message libraries of 10,000 messages, some 10 MB: what opening one costs between the file dialog
-// and the list.
+// Reading message libraries of 10,000 messages, about 10 MB: the cost between the file dialog and the list.
 #include "messages/library_store.h"
 #include "messages/smd/smd_text.h"
 #include "messages/sml_text.h"
@@ -10,7 +9,7 @@
 namespace zb::bench {
 namespace {
 
-/// Messages as manuals have them: a list of groups, with texts, numbers and bytes, some 1,000 bytes each.
+/// Messages as in manuals: a list of groups, with texts, numbers and bytes, about 1,000 bytes each.
 std::string libraryText(std::size_t messages) {
     std::string text;
     for (std::size_t i = 0; i < messages; ++i) {
@@ -44,7 +43,7 @@ std::string smallMessages(std::size_t messages) {
     return text;
 }
 
-/// A file of the format in a folder of its own.
+/// A file of the format in a separate folder.
 struct LibraryFile {
     LibraryFile(std::int64_t messages, int format) {
         SECSLibraryStore store{CodePage(1252)};

@@ -73,8 +73,8 @@ std::unique_ptr<TRMessageRecord> sent(std::int64_t number) {
     return record;
 }
 
-// So many received messages with 10 items each, a quarter as many sent ones, and a tenth as many sequences
-// of 10 messages.
+// The given number of received messages with 10 items each, a quarter as many sent ones, and a tenth as many
+// sequences of 10 messages.
 std::string modelledProject(std::int64_t messages) {
     TRModelStore model;
     for (std::int64_t number = 1; number <= messages; ++number) {

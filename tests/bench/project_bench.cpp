@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A project of the size that the benchmark asks for, opened by a whole program.
+// A project of the benchmark's size, opened by a whole program.
 struct Opened {
     explicit Opened(std::int64_t messages) {
         fs::create_directories(folder / "Big");
@@ -34,7 +34,7 @@ void Open(benchmark::State& state) {
     state.counters["peakMB"] = static_cast<double>(peakMemory()) / 1e6;
 }
 
-// What a node takes beside the characters of its Text.
+// The memory of a node without the characters of its Text.
 void MemoryOfATree(benchmark::State& state) {
     Opened opened(state.range(0));
     NodeTree& tree = opened.tree();

@@ -40,7 +40,8 @@ struct Desk {
 
     frmSECSEditor& editor() { return program.application.frmSECSEditor; }
 
-    /// All that the event has set off, and the whole window painted: more than the screen would have to do.
+    /// Runs everything that the event has caused, and paints the whole window: more than the screen would
+    /// have to do.
     void paint() {
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents();
@@ -58,8 +59,7 @@ struct Desk {
     test::ProgramOnScreen program;
 };
 
-/// The windows that have been opened so far: a project of ten thousand messages takes longer to open than to
-/// measure.
+/// The windows opened so far: opening a project of ten thousand messages takes longer than measuring.
 class Desks {
 public:
     Desk& of(const benchmark::State& state) {
@@ -87,7 +87,7 @@ void ClickOnANode(benchmark::State& state, Desks& desks) {
     auto& view = desk.program.widget<NodeTreeView>(desk.editor(), "tvwEdit");
     int index = 5;
     for (auto _ : state) {
-        // Back and forth between the ends of the tree, so that each click scrolls.
+        // Alternates between the ends of the tree, so that each click scrolls.
         index = index == 5 ? static_cast<int>(desk.editor().liveTree().count()) - 2 : 5;
         Node& node = *desk.editor().liveTree().at(index);
         view.reveal(node);
@@ -152,7 +152,7 @@ void PasteAMessage(benchmark::State& state, Desks& desks) {
     UserHands hands(desk.program.application.desktop);
     hands.click(separator);
     hands.click(Target::whole(*desk.editor().find("mnuCopy")));
-    // A click finds out what can be pasted here.
+    // A click determines what can be pasted here.
     hands.click(separator);
     std::string refusal;
     const std::size_t before = desk.editor().liveTree().count();

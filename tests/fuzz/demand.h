@@ -6,7 +6,7 @@
 
 namespace zb::fuzz {
 
-/// Ends the fuzzer with a finding when what must hold does not.
+/// Ends the fuzzer with a finding when the condition is false.
 inline void demand(bool holds, std::string_view what) {
     if (holds)
         return;
@@ -14,7 +14,7 @@ inline void demand(bool holds, std::string_view what) {
     std::abort();
 }
 
-/// Input that the fuzzer made up, as text.
+/// The input of the fuzzer, as text.
 inline std::string_view asText(const unsigned char* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), size};
 }

@@ -6,7 +6,7 @@
 
 using zb::fuzz::demand;
 
-/// Any Text is taken; a well-formed one comes back once it is put together in canonical words.
+/// Any Text is accepted; a well-formed one is unchanged after it is composed of canonical words.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     const std::string_view text = zb::fuzz::asText(data, size);
     zb::SECSItemRecord record;

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// What a save would write of the model that the text holds.
+/// What a save would write for the model in the text.
 std::string saved(const std::string& projectText) {
     const zb::Project project = zb::parseProject(projectText);
     for (const auto& message : project.model->TRMessages())
@@ -18,8 +18,8 @@ std::string saved(const std::string& projectText) {
 
 } // namespace
 
-/// Any bytes give a model, and what is saved of it comes back from the file as it was. The opening of a
-/// message is put in front, or most inputs would be passed over.
+/// Any bytes give a model, and a saved model is read back unchanged. The start of a message is prepended, or
+/// most inputs would be ignored.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     const std::string_view bytes = zb::fuzz::asText(data, size);
     for (const char* before : {"", "## [TR MESSAGE] M\n", "## [TR MESSAGE] M\nTRItem I\n"}) {

@@ -34,8 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const std::size_t nodes = program.tree.count();
     zb::checkDefinitions(program.tree, program.codePage);
     program.walk(zb::WalkMode::SaveProject);
-    if (bytes.find("00000") ==
-        std::string_view::npos) // a large fixed count is filled up, which takes its time
+    if (bytes.find("00000") == std::string_view::npos) // a large fixed count is padded, which takes time
         program.walk(zb::WalkMode::Modeler);
     static_cast<void>(zb::SmdWriter(program.codePage).composeSingleMessage(program.tree));
     zb::fuzz::demand(program.tree.count() == nodes, "walks leave the nodes alone");

@@ -31,8 +31,8 @@ std::vector<zb::SECSMessageRecord> recordsOf(const zb::SmlLibrary& library) {
 
 } // namespace
 
-/// Any text is read as SML: what comes of it keeps to the grammar of definitions, and what is written of that
-/// is read again.
+/// Any text is read as SML: the result follows the grammar of definitions, and what is written from it can be
+/// read again.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     static const zb::CodePage codePage(1252);
     const std::string text = zb::sanitizeUtf8(zb::fuzz::asText(data, size));

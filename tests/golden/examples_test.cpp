@@ -17,7 +17,7 @@ namespace zb::test {
 
 namespace {
 
-/// A sample project, read into a program of its own.
+/// A sample project, read into a separate program.
 class Examples : public ::testing::Test {
 protected:
     void open(const std::string& name) {
@@ -89,7 +89,7 @@ struct FaultyProgram : OpenExample {
     FaultyProgram() : OpenExample("faulty/Faulty.zbp") {}
 };
 
-// Its items stand in canonical form, so that a look at the modeler and a save leave no trace in version
+// Its items are in canonical form, so that a look at the modeler and a save cause no change in version
 // control.
 TEST_F(EtcherProgram, IsSavedAsItStandsAfterALookAtTheModeler) {
     program_.application.showModeler();
@@ -134,7 +134,7 @@ TEST_F(Examples, EtcherShowsEveryTypeAndDirection) {
 }
 
 TEST_F(FaultyProgram, TellsEachOfItsFaults) {
-    // A save walk fills the store with faulty messages as well.
+    // A save walk also fills the store with faulty messages.
     program_.application.projects.saveProject();
     auto findings = checkDefinitions(program_.application.frmSECSEditor.liveTree(), CodePage(1252));
     for (Finding& finding : transactionFindings())

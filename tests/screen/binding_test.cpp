@@ -14,7 +14,7 @@ namespace {
 
 using ::testing::IsEmpty;
 
-// Names in the forms that only hold others in their places.
+// Names in the forms of widgets that only contain others.
 bool isPlace(const std::string& name) {
     static const std::set<std::string> kPlaces{"centralWidget", "mdiArea", "menuBar", "hiddenParts"};
     return kPlaces.contains(name) || name.ends_with("Splitter") || name.ends_with("Column");
@@ -32,7 +32,7 @@ std::set<std::string> namesOf(const Window& window) {
     return names;
 }
 
-// Toolbars and status bars make widgets for their own members, named after them.
+// Toolbars and status bars create widgets for their own members, named after them.
 bool isMember(const std::string& name, const std::set<std::string>& stores) {
     const auto end = name.find('_');
     return end != std::string::npos && stores.contains(name.substr(0, end));
@@ -61,7 +61,7 @@ TEST_F(WindowForms, EveryNamedWidgetHasItsStore) {
     for (const Window* window : program.application.desktop.windows()) {
         const std::set<std::string> stores = namesOf(*window);
         if (window->name() == "frmMain")
-            continue; // holds the documents; its own parts are looked at below
+            continue; // contains the documents; its own parts are checked below
         for (const QWidget* widget : program.form(*window).findChildren<QWidget*>()) {
             const std::string name = fromQt(widget->objectName());
             if (isOurs(*widget) && !stores.contains(name) && !isMember(name, stores))
@@ -111,7 +111,7 @@ TEST_F(WindowForms, EveryFieldHasANameForScreenReaders) {
                 continue;
             const QWidget& widget = binder->widget();
             QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(&binder->widget());
-            // Buttons are read by their caption, fields by the label that is their buddy.
+            // Screen readers take the caption of a button, and the buddy label of a field.
             const bool named = reader != nullptr && !reader->text(QAccessible::Name).isEmpty();
             if (!named && widget.accessibleName().isEmpty())
                 nameless.push_back(window->name() + "." + control->name());

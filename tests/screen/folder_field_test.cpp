@@ -27,7 +27,7 @@ struct FolderBrowser : ::testing::Test {
 
     QTreeView& view() { return program.widget<QTreeView>(dialog, "dirProject"); }
     QString path() const { return QString::fromStdString(folder.path().string()); }
-    // The folders are read by a thread of the model's own.
+    // The folders are read by a thread of the model.
     bool comesInView() {
         const auto& model = dynamic_cast<QFileSystemModel&>(*view().model());
         const auto isShown = [&] {

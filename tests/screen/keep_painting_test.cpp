@@ -15,7 +15,7 @@
 namespace zb::test {
 namespace {
 
-// A window that counts what reaches it.
+// A window that counts its events.
 class Counting final : public QWidget {
 public:
     Counting() {

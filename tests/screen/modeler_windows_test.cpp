@@ -30,7 +30,7 @@ struct ModelerWindows : ::testing::Test {
 
     frmTRModeler& modeler() { return program.application.frmTRModeler; }
 
-    // What the first part takes of the space that the parts share.
+    // The share of the first part in the common space.
     int shareOf(const char* splitter) {
         const QList<int> sizes = program.widget<QSplitter>(modeler(), splitter).sizes();
         return (100 * sizes[0] + (sizes[0] + sizes[1]) / 2) / (sizes[0] + sizes[1]);
@@ -92,7 +92,7 @@ TEST_F(ModelerWindows, ADialogIsLeftWhenTheUserTurnsToTheMainWindow) {
 TEST_F(ModelerWindows, WhatTheProgramBringsToTheFrontIsNoTurnOfTheUser) {
     frmFind& dialog = program.application.frmFind;
     dialog.show();
-    // The display still tells of the window that was active before.
+    // The display still reports the window that was active before.
     turnTo(*program.screen.mainWindow());
     EXPECT_EQ(program.application.desktop.activeWindow(), &dialog);
 }

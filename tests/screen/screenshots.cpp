@@ -1,4 +1,4 @@
-// Pictures of the windows at work: zeltobench-screenshots PROJECT.zbp FOLDER light|dark SUFFIX. The scale
+// Pictures of the windows in use: zeltobench-screenshots PROJECT.zbp FOLDER light|dark SUFFIX. The scale
 // comes from the environment (QT_SCALE_FACTOR), the platform from the make target.
 #include "screen/pictures/modeler_pictures.h"
 #include "screen/pictures/photographer.h"
@@ -31,7 +31,7 @@ void selectSomething(zb::Application& application) {
     }
 }
 
-// A path that is the same wherever the pictures are drawn.
+// A path that is the same on every machine.
 const std::string kFolder = "/home/engineer/projects";
 
 void photographNewProject(ProgramOnScreen& program, Photographer& camera) {
@@ -47,7 +47,7 @@ void photographNewProject(ProgramOnScreen& program, Photographer& camera) {
     const auto& model = dynamic_cast<const QFileSystemModel&>(*folders.model());
     const QModelIndex root = model.index(QString::fromStdString(real));
     folders.setRootIndex(root);
-    // The folders are read by a thread of the model's own.
+    // The folders are read by a thread of the model.
     const QDeadlineTimer deadline(5000);
     while (model.rowCount(root) == 0 && !deadline.hasExpired())
         program.settle();

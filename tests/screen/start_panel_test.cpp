@@ -1,5 +1,5 @@
 #include "controls/window.h"
-#include "desktop/start/beginning.h"
+#include "desktop/start/start_page.h"
 #include "desktop/start/start_panel.h"
 #include "screen/support/program_on_screen.h"
 #include "support/temporary_folder.h"
@@ -44,14 +44,14 @@ struct Start : ::testing::Test {
         const QWidget* widget = program.screen.mainWindow()->focusWidget();
         return widget == nullptr ? "" : widget->objectName().toStdString();
     }
-    // Runs once a box or dialog waits for the user.
+    // Runs once when a box or dialog waits for the user.
     void whileWaiting(const std::function<void()>& act) {
         QObject::connect(&waiting, &QTimer::timeout, act);
         waiting.setSingleShot(true);
         waiting.start(0);
     }
     void openExampleIn(const std::filesystem::path& chosen) {
-        program.screen.beginning()->pickFolder = [chosen] { return chosen.string(); };
+        program.screen.startPage()->pickFolder = [chosen] { return chosen.string(); };
         way("startExample").click();
         program.settle();
     }
@@ -165,7 +165,7 @@ TEST_F(Start, TheKeyboardReachesEveryWayAndEnterTakesIt) {
     EXPECT_EQ(focused(), "startOpen");
     press(Qt::Key_Tab);
     EXPECT_EQ(focused(), "startExample");
-    program.screen.beginning()->pickFolder = [this] { return folder.path().string(); };
+    program.screen.startPage()->pickFolder = [this] { return folder.path().string(); };
     press(Qt::Key_Return);
     program.settle();
     EXPECT_EQ(program.application.ProjectName, "Etcher");

@@ -7,8 +7,8 @@
 
 namespace zb::test {
 
-// Permissions bind no administrator. While this lives, one who runs the tests has the rights of nobody,
-// to whom all that lies in the folder belongs; anyone else stays who they are.
+// Permissions do not restrict an administrator. During the lifetime of this object an administrator has the
+// rights of nobody, who owns everything in the folder; other users stay themselves.
 class OrdinaryUser {
 public:
     explicit OrdinaryUser(const std::filesystem::path& folder) : lowered_(::geteuid() == 0) {

@@ -9,7 +9,7 @@
 
 namespace zb::test {
 
-// A screen that nobody sits at: boxes are noted and answered from what was said beforehand, else with the
+// A screen without a user: boxes are recorded and answered with the prepared answers, otherwise with the
 // answer that changes least.
 class SilentScreen final : public Screen {
 public:

@@ -11,7 +11,7 @@
 
 namespace zb::test {
 
-// A fresh empty folder of one test's own, which removes itself with all that lies in it.
+// A new empty folder for one test, which removes itself with its contents.
 class TemporaryFolder {
 public:
     TemporaryFolder() {
@@ -43,7 +43,7 @@ inline std::string readFile(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-// The names of all that lies directly in the folder.
+// The names of all entries directly in the folder.
 inline std::set<std::string> namesIn(const std::filesystem::path& folder) {
     std::set<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(folder))

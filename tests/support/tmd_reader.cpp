@@ -27,7 +27,7 @@ void collect(void* text, xmlErrorPtr error) {
     *static_cast<std::string*>(text) += error->message;
 }
 
-// Errors go into the text while this lives.
+// Errors are written to the text during the lifetime of this object.
 class Listening {
 public:
     explicit Listening(std::string& text) { xmlSetStructuredErrorFunc(&text, collect); }

@@ -5,15 +5,15 @@
 
 namespace zb::test {
 
-// A TMD file as a library sees it that had no part in writing it.
+// A TMD file as read by an independent library.
 class TmdReader {
 public:
     explicit TmdReader(const std::string& bytes);
     ~TmdReader();
 
-    // What keeps the bytes from being a document; empty for none.
+    // Why the bytes are not a document; empty when they are.
     const std::string& fault() const { return fault_; }
-    // What is against the schema at that path; empty for none.
+    // The violations of the schema at that path; empty for none.
     std::string schemaFault(const std::string& schemaPath) const;
     // The string value of an XPath expression.
     std::string value(const std::string& xpath) const;

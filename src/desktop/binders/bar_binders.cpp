@@ -35,7 +35,7 @@ void ToolbarBinder::makeButtons() {
     for (ToolbarButton& button : toolbar_.buttons()) {
         QToolButton& shown = makeButton(button);
         place(shown, static_cast<int>(buttons_.size()));
-        // They come after the form; Tab reaches them where the form has their bar.
+        // They are created after the form; Tab visits them at the position of their bar in the form.
         QWidget::setTabOrder(buttons_.empty() ? &widget() : buttons_.back(), &shown);
         buttons_.push_back(&shown);
     }
@@ -193,7 +193,7 @@ StatusBarBinder::StatusBarBinder(StatusBar& store, QStatusBar& bar, Binding& bin
         label->setMargin(3);
         label->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
         label->setMinimumWidth(80);
-        // A long path must not hold the window wide.
+        // A long path must not make the window wide.
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         bar_.addWidget(label, panel.key == "Status" ? 4 : panel.key == "ProjectType" ? 1 : 2);
         panels_.push_back(label);

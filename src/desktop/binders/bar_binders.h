@@ -17,7 +17,7 @@ class Toolbar;
 class ToolbarButton;
 
 /// Buttons of a toolbar store, with the pictures of their Keys: in a tool bar of the main window, or in rows
-/// within a pane, of as many buttons as the widget's property "buttonsPerRow" says.
+/// within a pane with as many buttons as the widget's property "buttonsPerRow".
 class ToolbarBinder final : public Binder {
 public:
     ToolbarBinder(Toolbar& toolbar, QWidget& widget, Binding& binding);

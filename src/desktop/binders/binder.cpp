@@ -17,7 +17,7 @@ namespace zb {
 
 namespace {
 
-// Focus that comes back with an active window, or goes where a widget vanished, is not the user's doing.
+// Focus that returns with an active window, or moves because a widget vanished, is not an action of the user.
 bool isMovedByUser(Qt::FocusReason reason) {
     return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
            reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
@@ -126,7 +126,7 @@ void Binder::pressDefaultButton() {
 }
 
 void Binder::pressKey(const QKeyEvent& event, KeyEvent key, const UserHands::KeyAction& effect) {
-    // The handlers of the key may take this binder's window away.
+    // The handlers of the key may destroy this binder's window.
     const QPointer<Binder> alive(this);
     const auto refusal = binding_.keysStay ? hands().keyDownHere(control_, key, effect)
                                            : hands().keyDown(control_, key, effect);

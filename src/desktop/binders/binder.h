@@ -18,7 +18,7 @@ namespace zb {
 
 class Pictures;
 
-/// What all binders of one desktop share.
+/// Shared by all binders of one desktop.
 struct Binding {
     Binding(Desktop& desktopOfStores, const Pictures& picturesOfProgram)
         : desktop(desktopOfStores), hands(desktopOfStores), pictures(picturesOfProgram) {}
@@ -26,21 +26,22 @@ struct Binding {
     Desktop& desktop;
     UserHands hands;
     const Pictures& pictures;
-    /// Above 0 while stores are being shown: what the widgets report then was not the user.
+    /// Above 0 while stores are being shown: reports of widgets are then not actions of the user.
     int showing = 0;
-    /// Keys go to the widget that gets them without a move of the focus, as while a script types a text.
+    /// Keys go to the receiving widget without a change of the focus, for example while a script types a
+    /// text.
     bool keysStay = false;
     /// What is being dragged within the program.
     std::optional<DragData> drag;
-    /// What was taken up by keys, to be let fall by keys.
+    /// The keyboard's drag: taken with the copy keys and dropped with the paste keys.
     std::optional<DragData> taken;
     /// Goes on with the last search.
     std::function<void()> searchAgain;
-    /// Where a pop-up opens that a key has asked for; elsewhere it opens where the pointer is.
+    /// Where a pop-up opens that was requested by a key; otherwise it opens at the pointer.
     std::optional<QPoint> popupPlace;
 };
 
-/// Marks a span in which widgets follow the stores.
+/// Marks a scope in which widgets follow the stores.
 class Showing {
 public:
     explicit Showing(Binding& binding) : binding_(binding) { ++binding_.showing; }
@@ -52,24 +53,24 @@ private:
     Binding& binding_;
 };
 
-/// Ties one control store to the widget of its name: the widget shows the store, and what the user does to
-/// the widget is done to the store by the user's hands. The store is the truth: what it refuses does not stay
-/// on the widget.
+/// Connects one control store to the widget of its name: the widget shows the store, and the actions of the
+/// user on the widget are done to the store through UserHands. The store decides: what it refuses does not
+/// remain in the widget.
 class Binder : public QObject {
 public:
     Binder(Control& control, QWidget& widget, Binding& binding);
     ~Binder() override;
 
     Control& control() const { return control_; }
-    /// The widget within the bound one that gets keys and focus.
+    /// The inner widget that gets keys and focus.
     virtual QWidget& keyWidget() const { return *widget_; }
     QWidget& widget() const { return *widget_; }
 
-    /// The store is gone; only the widget is left to be let go of.
+    /// The store no longer exists; only the widget must be released.
     void abandon() { abandoned_ = true; }
-    /// Shows what has been put off until the event loop runs.
+    /// Shows at once what was deferred to the event loop.
     virtual void flush() {}
-    /// Moves the keyboard focus of the window to the widget when the store has it.
+    /// Moves the keyboard focus of the window to the widget when the store has the focus.
     void followFocus();
 
 protected:
@@ -78,13 +79,13 @@ protected:
     bool abandoned() const { return abandoned_; }
     bool isShowing() const { return binding_.showing > 0; }
 
-    /// Shows the store anew after a bell; called with `Showing` set.
+    /// Shows the store again after a change; called with `Showing` set.
     virtual void show(Change change) = 0;
-    /// Called by the constructors of binders when all is in place.
+    /// Called by the constructors of binders when initialisation is complete.
     void start();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
-    /// True when the key was dealt with.
+    /// True when the key was handled.
     virtual bool keyPressed(QKeyEvent& event);
     /// The key that the event means, with an effect in place of the one that the store knows for it.
     void pressKey(const QKeyEvent& event, KeyEvent key, const UserHands::KeyAction& effect = {});

@@ -49,7 +49,7 @@ ComboBinder::ComboBinder(Combo& combo, StoreComboBox& box, Binding& binding)
 
 void ComboBinder::show(Change change) {
     if (change == Change::Rows && !rowsAreOld_) {
-        // Entries come in by the thousand; the list is read again once, when they are all there.
+        // Entries are added by the thousand; the list is read once after all of them.
         rowsAreOld_ = true;
         QMetaObject::invokeMethod(
             this, [this] { flush(); }, Qt::QueuedConnection);

@@ -9,7 +9,7 @@ namespace zb {
 class Combo;
 class ComboModel;
 
-/// A combo box that shows a text of its own, which need not be among the entries.
+/// A combo box that shows its own text, which need not be among the entries.
 class StoreComboBox final : public QComboBox {
 public:
     using QComboBox::QComboBox;
@@ -24,7 +24,7 @@ private:
     QString shownText_;
 };
 
-/// Chosen rows go to the store; a letter opens the list and looks for it there.
+/// Chosen rows go to the store; a letter opens the list and searches there.
 class ComboBinder final : public Binder {
 public:
     ComboBinder(Combo& combo, StoreComboBox& box, Binding& binding);

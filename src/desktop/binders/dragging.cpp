@@ -28,7 +28,7 @@ QStringList linesOf(const QStringList& texts) {
     return lines;
 }
 
-/// A frame around the widget on which a drag may fall.
+/// A frame around the widget that is the target of a drag.
 class DropMark final : public QWidget {
 public:
     explicit DropMark(QWidget& target) : QWidget(&target) {

@@ -19,10 +19,9 @@ struct Binding;
 /// The width in pixels, at most 400, in which the lines of a drag picture are shown.
 int dragTextWidth(const QFontMetrics& metrics, const QStringList& lines);
 
-/// Runs a drag that a store has agreed to, under a picture of the texts that are dragged; returns behind the
-/// drop.
+/// Runs a drag that a store has allowed, with a picture of the dragged texts. Returns after the drop.
 void runDrag(Binding& binding, QWidget& source, const DragData& data, const QStringList& texts);
-/// The same under a picture of its own.
+/// The same with another picture.
 void runDrag(Binding& binding, QWidget& source, const DragData& data, const QPixmap& picture);
 
 /// The drag over a widget or dropped on it: the program's own, else a picture from another program where the
@@ -33,11 +32,11 @@ DragData dragDataOf(const Binding& binding, const QDropEvent& event, const QWidg
 /// false when there is nothing to drop. The target is framed while the drag is over it.
 bool followDrag(const Binding& binding, QWidget& target, QEvent& event);
 
-/// The keyboard's drag: what a store lets go of is kept like a copied text, until another text is copied.
+/// The keyboard's drag: the data of a drag is kept like a copied text, until another text is copied.
 void takeUp(Binding& binding, const std::optional<DragData>& data);
-/// Whether something was taken up, and no other text was copied since.
+/// Whether data was taken, and no other text was copied since.
 bool holdsTaken(const Binding& binding);
-/// What was taken up, or the text that was copied elsewhere.
+/// The data that was taken, or the text that was copied elsewhere.
 std::optional<DragData> takenUp(const Binding& binding);
 
 } // namespace zb

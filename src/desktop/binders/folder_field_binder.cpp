@@ -18,7 +18,7 @@ FolderFieldBinder::FolderFieldBinder(FolderField& field, QTreeView& view, Bindin
     start();
 }
 
-// The machine's folders are read only once somebody looks.
+// The folders of the machine are read only when the field is opened.
 void FolderFieldBinder::openBrowser() {
     if (folders_ != nullptr)
         return;
@@ -33,7 +33,8 @@ void FolderFieldBinder::openBrowser() {
                 if (!isShowing() && current.isValid())
                     hands().choose(field_, fromQt(folders_->filePath(current)));
             });
-    // Folders come in from the disk bit by bit, are sorted once more, and push the one sought out of view.
+    // Folders are read from the disk in portions and sorted again, which can move the searched one out of
+    // view.
     connect(folders_, &QFileSystemModel::directoryLoaded, this, &FolderFieldBinder::keepInView,
             Qt::QueuedConnection);
     connect(folders_, &QFileSystemModel::layoutChanged, this, &FolderFieldBinder::keepInView,
@@ -56,7 +57,7 @@ void FolderFieldBinder::showFolder() {
     openBrowser();
     const Showing showing(binding());
     const QModelIndex folder = folders_->index(toQt(field_.text()));
-    // A folder that the user has just come to is opened by himself, or the arrow keys could not pass by it.
+    // A folder that the user has reached is expanded by the user; otherwise the arrow keys could not pass it.
     if (folder == view_.currentIndex() && !isSought_)
         return;
     isSought_ = true;

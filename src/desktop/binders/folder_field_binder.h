@@ -10,7 +10,7 @@ namespace zb {
 class FolderField;
 
 /// A folder field as a browser of the machine's folders: the folder that is clicked, or reached by keys, is
-/// the field's.
+/// the field's value.
 class FolderFieldBinder final : public Binder {
 public:
     FolderFieldBinder(FolderField& field, QTreeView& view, Binding& binding);
@@ -26,7 +26,7 @@ private:
     FolderField& field_;
     QTreeView& view_;
     QFileSystemModel* folders_ = nullptr;
-    bool isSought_ = false; // until the user looks around for himself
+    bool isSought_ = false; // until the user navigates
 };
 
 } // namespace zb

@@ -81,7 +81,7 @@ bool ItemBinder::eventFilter(QObject* watched, QEvent* event) {
     return Binder::eventFilter(watched, event);
 }
 
-// The keys of a drag are the list's as long as they mean one; else they are the menus'.
+// The drag keys belong to the list while it can use them; otherwise they are those of the menus.
 bool ItemBinder::wantsKey(const QKeyEvent& event) const {
     if (event.matches(QKeySequence::Copy))
         return startsDrags() && isMember(selectedTarget());
@@ -133,7 +133,7 @@ void ItemBinder::pressedTwice(const QMouseEvent& event) {
     draggable_ = {};
     if (event.button() != Qt::LeftButton || keptByView(event))
         return;
-    // A press that comes soon after another one may still begin a drag.
+    // A press shortly after another one may still start a drag.
     pressedAt_ = event.position().toPoint();
     draggable_ = targetAt(pressedAt_);
     hands().doublePress(Target(draggable_));
@@ -184,7 +184,7 @@ bool ItemBinder::drops(QEvent& event) {
     return true;
 }
 
-// A drag reaches what is out of view by staying near an edge.
+// A drag near an edge scrolls, to reach what is out of view.
 void ItemBinder::scrollAtEdge(const QPoint& place) {
     constexpr int kEdge = 12;
     if (place.y() < kEdge)
@@ -217,7 +217,7 @@ bool ItemBinder::dragByKey(const QKeyEvent& event) {
     return true;
 }
 
-// Keys that only a keyboard has: what scripts press goes to the store alone.
+// Keys that only a keyboard has: keys of scripts go to the store only.
 bool ItemBinder::mouseByKey(const QKeyEvent& event) {
     if (!event.spontaneous())
         return false;

@@ -22,23 +22,22 @@ private:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// What lists and trees have in common: the mouse, what is dragged from them and dropped on them, and the
-/// keys that stand for the mouse.
+/// Common to lists and trees: the mouse, drags and drops, and the keys that replace the mouse.
 class ItemBinder : public Binder {
 protected:
     ItemBinder(Control& control, QAbstractItemView& view, Binding& binding);
 
     virtual Target targetAt(const QPoint& place) const = 0;
-    /// The selected node or row; the control as a whole without one.
+    /// The selected node or row, or the control as a whole without one.
     virtual Target selectedTarget() const = 0;
-    /// Where a node or row shows in the viewport.
+    /// The rectangle of a node or row in the viewport.
     virtual QRect placeOf(const Target& target) const = 0;
-    /// What a drag of the selection shows below the pointer.
+    /// The text below the pointer during a drag of the selection.
     virtual QStringList selectedTexts() const = 0;
     virtual bool startsDrags() const = 0;
     virtual bool takesDrops() const = 0;
     virtual bool takesDoubleClicks() const = 0;
-    /// True when the mouse was for the view alone, as on the box that opens a node.
+    /// True when the press was for the view only, as on the expansion box of a node.
     virtual bool keptByView(const QMouseEvent& event);
     virtual UserHands::Refusal press(const Target& target, const QMouseEvent& event);
 
@@ -61,8 +60,8 @@ private:
 
     QAbstractItemView& view_;
     QWidget& focusMark_; // the view owns it
-    Target pressed_;     // to be told of the release
-    Target draggable_;   // while the button is down on it
+    Target pressed_;     // receives the release
+    Target draggable_;   // while the button is pressed on it
     QPoint pressedAt_;
 };
 

@@ -21,7 +21,7 @@ namespace zb {
 
 namespace {
 
-/// Shows the selection paler while the keyboard is elsewhere.
+/// Shows the selection paler while the keyboard focus is elsewhere.
 class RowPainter final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -69,7 +69,7 @@ ListBinder::ListBinder(List& list, QTreeView& view, Binding& binding)
 
 void ListBinder::show(Change change) {
     if (change == Change::Rows && !rowsAreOld_) {
-        // A library comes in row by row; the view reads them again once, when they are all there.
+        // A library is added row by row; the view reads the rows once after all of them.
         rowsAreOld_ = true;
         QMetaObject::invokeMethod(
             this, [this] { flush(); }, Qt::QueuedConnection);
@@ -99,7 +99,7 @@ void ListBinder::showColumns() {
     for (const ListColumn& column : list_.columns())
         columns << toQt(column.text);
     view_.setHeaderHidden(columns.isEmpty());
-    // Widths are the user's once a column stands.
+    // The user controls the width of an existing column.
     if (std::exchange(shownColumns_, columns) != columns)
         showWidths();
     view_.header()->setSortIndicatorShown(list_.sorted());
@@ -107,7 +107,7 @@ void ListBinder::showColumns() {
         view_.header()->setSortIndicator(list_.sortKey(), Qt::AscendingOrder);
 }
 
-// A list may show several sets of columns in turn; each column comes back as wide as the user made it.
+// A list may show several sets of columns in turn; each column gets the width that the user gave it.
 void ListBinder::showWidths() {
     const QVariantMap widths = view_.property(kColumnWidths).toMap();
     const auto& columns = list_.columns();
@@ -119,9 +119,9 @@ void ListBinder::showWidths() {
     }
 }
 
-// The last column takes what the view has left, and more only when its texts do.
+// The last column fills the rest of the view, or is wider when its texts need it.
 void ListBinder::fitLastColumn() {
-    constexpr std::size_t kMostRows = 500; // a library's texts are not measured one by one
+    constexpr std::size_t kMostRows = 500; // the texts of a library are not measured individually
     const int last = static_cast<int>(shownColumns_.size()) - 1;
     if (last < 0 || list_.count() > kMostRows)
         return;
@@ -131,7 +131,7 @@ void ListBinder::fitLastColumn() {
 }
 
 void ListBinder::rememberWidth(int section, int width) {
-    // The last column takes what the view has left.
+    // The last column fills the rest of the view.
     if (isShowing() || rowsAreOld_ || section + 1 >= shownColumns_.size())
         return;
     QVariantMap widths = view_.property(kColumnWidths).toMap();
@@ -199,7 +199,7 @@ UserHands::Refusal ListBinder::press(const Target& target, const QMouseEvent& ev
 
 bool ListBinder::keyPressed(QKeyEvent& event) {
     flush();
-    // How much a page is, only a screen knows: scripts have no such key.
+    // The size of a page is known only to the screen: scripts have no such key.
     return (event.spontaneous() && moveByPage(event)) || ItemBinder::keyPressed(event);
 }
 

@@ -9,8 +9,8 @@ namespace zb {
 class List;
 class ListModel;
 
-/// A list of rows in columns. Clicks, drags and header clicks are the store's; the view shows what it selects
-/// and sorts.
+/// A list of rows in columns. Clicks, drags and header clicks go to the store; the view shows its selection
+/// and order.
 class ListBinder final : public ItemBinder {
 public:
     ListBinder(List& list, QTreeView& view, Binding& binding);

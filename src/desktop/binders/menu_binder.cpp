@@ -55,7 +55,8 @@ void MenuBinder::addPopup(PopupMenu& popup) {
     auto* menu = new QMenu(&widget_);
     menu->setObjectName(widgetName(popup.name()));
     menus_[&popup] = menu;
-    // A click on an entry closes the menu before it tells of the click; the store's pop-up stands until then.
+    // A click on an entry closes the menu before the click is reported; the store's pop-up stays open until
+    // then.
     connect(menu, &QMenu::aboutToHide, this, [this, &popup] {
         QMetaObject::invokeMethod(
             this,
@@ -97,12 +98,12 @@ void MenuBinder::addMenu(MenuEntry& entry) {
 void MenuBinder::addCommand(MenuEntry& entry) {
     auto* action = new QAction(&widget_);
     action->setObjectName(widgetName(entry.name()));
-    // The menu bar's entries carry the keys; those of a pop-up only tell them.
+    // The entries of the menu bar own the shortcuts; those of a pop-up only show them.
     if (!entry.shortcut().empty() && entry.popup() == nullptr)
         action->setShortcut(QKeySequence(toQt(entry.shortcut()), QKeySequence::PortableText));
     insert(entry, *action);
     connect(action, &QAction::triggered, this, [this, &entry] {
-        // What the program's own clipboard takes in is what the next paste is about.
+        // The next paste uses what was last copied within the program.
         const QKeySequence keys(toQt(entry.shortcut()), QKeySequence::PortableText);
         if (keys == QKeySequence(QKeySequence::Copy) || keys == QKeySequence(QKeySequence::Cut))
             binding_.taken.reset();
@@ -119,7 +120,7 @@ void MenuBinder::insert(MenuEntry& entry, QAction& action) {
         bar_.push_back(&action);
         return;
     }
-    // An entry stands behind the one that it belongs to, so its menu has been made.
+    // An entry comes after its parent, so the parent's menu already exists.
     QMenu* above = menuOf(*entry.menu());
     if (above == nullptr)
         return;

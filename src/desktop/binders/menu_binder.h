@@ -16,21 +16,21 @@ class MenuEntry;
 class PopupMenu;
 class Window;
 
-/// All menu entries and pop-up menus of a window, made from the stores. Whoever shows the window hangs the
-/// menus of its bar into a menu bar.
+/// All menu entries and pop-up menus of a window, created from the stores. The owner of the window adds the
+/// menus of the bar to a menu bar.
 class MenuBinder final : public QObject {
 public:
     MenuBinder(Window& window, QWidget& widget, Binding& binding);
     ~MenuBinder() override;
 
-    /// The stores are gone.
+    /// The stores no longer exist.
     void abandon() { abandoned_ = true; }
-    /// The menus of the bar, in their order.
+    /// The menus of the bar, in order.
     const std::vector<QAction*>& barActions() const { return bar_; }
-    /// What shows an entry or a pop-up; null for other controls.
+    /// The action or menu of an entry or a pop-up; null for other controls.
     QAction* actionOf(const Control& control) const;
     QMenu* menuOf(const Control& control) const;
-    /// Opens a pop-up where the pointer is.
+    /// Opens a pop-up at the pointer.
     void open(PopupMenu& popup);
 
 private:

@@ -24,7 +24,7 @@ namespace zb {
 
 ButtonBinder::ButtonBinder(Control& control, QAbstractButton& button, Binding& binding)
     : Binder(control, button, binding), button_(button) {
-    // The group of stores says which options turn off; the buttons only show it.
+    // The group of stores decides which options turn off; the buttons only show it.
     button_.setAutoExclusive(false);
     if (auto* push = qobject_cast<QPushButton*>(&button_))
         push->setDefault(control.window().defaultButton() == &control);
@@ -37,12 +37,12 @@ void ButtonBinder::clicked() {
     hands().click(Target::whole(control()));
     if (!alive)
         return;
-    // The widget has turned itself over; the store may not have followed.
+    // The widget has toggled itself; the store may not have followed.
     const Showing showing(binding());
     show(Change::Value);
 }
 
-// Arrows walk through the options of a group, as at any desktop.
+// Arrow keys move through the options of a group, as on every desktop.
 bool ButtonBinder::keyPressed(QKeyEvent& event) {
     const bool back = event.key() == Qt::Key_Up || event.key() == Qt::Key_Left;
     const bool on = event.key() == Qt::Key_Down || event.key() == Qt::Key_Right;
@@ -131,7 +131,7 @@ bool PaneBinder::mouseMoved(const QMouseEvent& event) {
     return true;
 }
 
-// A picture is taken up by the keys that copy, and by those that press a button.
+// A picture is taken by the copy keys, and by the keys that press a button.
 bool PaneBinder::keyPressed(QKeyEvent& event) {
     const bool takes = event.matches(QKeySequence::Copy) || event.key() == Qt::Key_Space ||
                        event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;

@@ -31,7 +31,7 @@ private:
     QLabel& label_;
 };
 
-/// A pane, a frame or a picture: any widget that holds others or nothing. A frame shows the caption.
+/// A pane, a frame or a picture: any widget with or without children. A frame shows the caption.
 class PaneBinder final : public Binder {
 public:
     PaneBinder(Control& control, QWidget& widget, Binding& binding);

@@ -66,7 +66,7 @@ void TextFieldBinder::show(Change change) {
     showSelection();
 }
 
-// What cannot be typed in does not look as if it could.
+// A field that cannot be edited does not look editable.
 void TextFieldBinder::showReadOnly() {
     line_.setReadOnly(field_.readOnly());
     QPalette palette;
@@ -76,7 +76,7 @@ void TextFieldBinder::showReadOnly() {
 }
 
 void TextFieldBinder::showSelection() {
-    // A field that nobody works in shows how its text begins.
+    // A field without focus shows the start of its text.
     if (!line_.hasFocus()) {
         line_.setCursorPosition(0);
         return;
@@ -121,7 +121,7 @@ bool TextFieldBinder::eventFilter(QObject* watched, QEvent* event) {
         return false;
     switch (event->type()) {
     case QEvent::FocusIn:
-        // By itself the widget selects its text when Tab reaches it. The store knows better.
+        // The widget would select its text when Tab reaches it. The store decides instead.
         settling_ = true;
         settleSoon();
         return Binder::eventFilter(watched, event);
@@ -173,7 +173,7 @@ bool TextFieldBinder::mousePressed() {
     settling_ = false;
     const Showing showing(binding());
     showSelection();
-    // The press that brings the focus keeps what the program has selected then.
+    // The press that moves the focus keeps the selection of the program.
     return field_.anchor() != field_.caret();
 }
 
@@ -202,7 +202,7 @@ bool TextFieldBinder::keyPressed(QKeyEvent& event) {
     }
     if (Binder::keyPressed(event))
         return true;
-    // What is left must not reach the widget: it would enter the character past the store.
+    // The rest must not reach the widget, which would enter the character without the store.
     event.ignore();
     return true;
 }
@@ -328,7 +328,7 @@ void TextFieldBinder::cut() {
 }
 
 void TextFieldBinder::paste() {
-    // A field that is only filled by drops takes from the keyboard what a drag would bring.
+    // A field that is only filled by drops accepts the keyboard's drag.
     if (field_.onDropData && field_.readOnly()) {
         if (const auto taken = takenUp(binding()))
             hands().drop(*taken, Target::whole(field_));

@@ -55,11 +55,11 @@ private:
     QAction& copy_;
     QAction& paste_;
     QAction& selectAll_;
-    bool settling_ = false;   // the widget still does what it does by itself when it gets the focus
+    bool settling_ = false;   // the widget still handles the focus in its own way
     bool forwarding_ = false; // the widget shows what an input method composes
 };
 
-/// A field of many lines, for texts that are looked at and copied.
+/// A multi-line field, for texts that are read and copied.
 class TextViewBinder final : public Binder {
 public:
     TextViewBinder(TextField& field, QPlainTextEdit& view, Binding& binding);

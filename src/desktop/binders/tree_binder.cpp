@@ -92,7 +92,7 @@ void TreeBinder::pressOnBox(Node& node) {
 }
 
 bool TreeBinder::keyPressed(QKeyEvent& event) {
-    // Keys that only a screen has: what scripts press goes to the store alone.
+    // Keys that only a screen has: keys of scripts go to the store only.
     const bool byView = event.spontaneous() && (moveByPage(event) || openByKey(event));
     return byView || ItemBinder::keyPressed(event);
 }

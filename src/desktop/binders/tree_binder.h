@@ -8,7 +8,8 @@ class NodeTreeModel;
 class NodeTreeView;
 class Tree;
 
-/// A tree of nodes. A press selects, a release clicks, as the store tells it; the boxes open and close.
+/// A tree of nodes. A press selects and a release clicks, as the store reports; the boxes expand and
+/// collapse.
 class TreeBinder final : public ItemBinder {
 public:
     TreeBinder(Tree& tree, NodeTreeView& view, Binding& binding);

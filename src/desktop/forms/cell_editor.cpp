@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kValueColumn = 1;
 
-/// Rows as high as the field that lies over them.
+/// Rows as high as the field over them.
 class TallRows final : public QStyledItemDelegate {
 public:
     TallRows(int height, QObject* parent) : QStyledItemDelegate(parent), height_(height) {}
@@ -37,7 +37,7 @@ private:
 CellEditor::CellEditor(frmArrayInfo& dialog, QWidget& form)
     : QObject(&form), dialog_(dialog), view_(*form.findChild<QTreeView*>(QStringLiteral("lvwArray"))),
       line_(*form.findChild<QLineEdit*>(QStringLiteral("txtValue"))), viewport_(view_.viewport()) {
-    // Within the viewport a cell that is scrolled out of view takes its field along.
+    // The field is in the viewport, so it scrolls out of view with its cell.
     line_.setParent(view_.viewport());
     line_.setFrame(false);
     line_.setAutoFillBackground(true);
@@ -54,14 +54,14 @@ CellEditor::CellEditor(frmArrayInfo& dialog, QWidget& form)
 
 bool CellEditor::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
-    // Scripts have keys for the store alone.
+    // Keys of scripts go to the store only.
     if (type == QEvent::KeyPress && event->spontaneous()) {
         auto& key = static_cast<QKeyEvent&>(*event);
         return watched == &line_ ? lineKey(key) : watched == &view_ && viewKey(key);
     }
     if (watched == &line_ && (type == QEvent::Show || type == QEvent::FocusIn))
         follow();
-    else if (watched == viewport_ && type == QEvent::Resize) // the columns are laid out behind it
+    else if (watched == viewport_ && type == QEvent::Resize) // the columns are laid out after this
         QMetaObject::invokeMethod(
             this, [this] { follow(); }, Qt::QueuedConnection);
     return false;

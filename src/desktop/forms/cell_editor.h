@@ -12,9 +12,9 @@ namespace zb {
 class ListRow;
 class frmArrayInfo;
 
-/// Keeps the field of the array dialog over the cell that it edits, while the list scrolls and its columns
-/// move. Keys do what the mouse does: characters that are typed in the list begin a cell, and
-/// Enter and the arrows go from cell to cell.
+/// Keeps the field of the array dialog over the edited cell while the list scrolls and its columns move. Keys
+/// replace the mouse: a character typed in the list starts to edit a cell, and Enter and the arrows move
+/// between cells.
 class CellEditor final : public QObject {
 public:
     CellEditor(frmArrayInfo& dialog, QWidget& form);

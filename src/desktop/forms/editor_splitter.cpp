@@ -14,7 +14,7 @@ namespace zb {
 
 namespace {
 
-constexpr int kTreeColumn = 1; // of the splitter's three, library, tree and panes
+constexpr int kTreeColumn = 1; // of the three parts of the splitter: library, tree and panes
 constexpr int kPaneColumn = 2;
 
 } // namespace
@@ -23,7 +23,7 @@ EditorSplitter::EditorSplitter(frmSECSEditor& editor, QWidget& form)
     : QObject(&form), editor_(editor),
       splitter_(*form.findChild<QSplitter*>(QStringLiteral("editorSplitter"))),
       column_(*splitter_.widget(kTreeColumn)) {
-    // Tree and panes keep the widths that the user gave them; the library takes what is left.
+    // Tree and panes keep the widths that the user gave them; the library takes the rest.
     splitter_.setStretchFactor(0, 1);
     splitter_.setStretchFactor(kTreeColumn, 0);
     splitter_.setStretchFactor(kPaneColumn, 0);
@@ -42,13 +42,13 @@ bool EditorSplitter::eventFilter(QObject* watched, QEvent* event) {
         if (event->type() == QEvent::Show)
             takeRemembered();
         if (event->type() == QEvent::Resize || event->type() == QEvent::Move)
-            tellPlace();
+            setPlace();
         return false;
     }
     return handleEvent(*event);
 }
 
-void EditorSplitter::tellPlace() {
+void EditorSplitter::setPlace() {
     Splitter::Column place;
     place.left = toUnits(column_.x());
     place.top = 0;
@@ -58,7 +58,7 @@ void EditorSplitter::tellPlace() {
 }
 
 void EditorSplitter::takeRemembered() {
-    tellPlace();
+    setPlace();
     if (!splitter_.property(kRemembered).toBool())
         return;
     splitter_.setProperty(kRemembered, false);
@@ -68,7 +68,7 @@ void EditorSplitter::takeRemembered() {
 // A width that the screen chose, in an earlier run or for want of room, becomes the editor's in the same way
 // as one that the mouse drags. The gap that is seen is then the gap that the editor knows.
 void EditorSplitter::takeShownWidth() {
-    tellPlace();
+    setPlace();
     const int shown = column_.width();
     if (shown == toPixels(editor_.treeWidth()))
         return;

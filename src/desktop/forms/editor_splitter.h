@@ -11,7 +11,7 @@ namespace zb {
 
 class frmSECSEditor;
 
-/// Moves the gap between tree and panes as the editor window's own splitter says, which refuses a tree column
+/// Moves the gap between tree and panes through the editor window's own splitter, which refuses a tree column
 /// that is too narrow.
 class EditorSplitter final : public QObject {
 public:
@@ -20,7 +20,7 @@ public:
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool handleEvent(QEvent& event);
-    void tellPlace();
+    void setPlace();
     void takeRemembered();
     void takeShownWidth();
     QPoint placeOf(const QMouseEvent& mouse) const;

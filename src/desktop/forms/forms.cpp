@@ -67,7 +67,7 @@ struct Share {
     int percentOfFirst;
 };
 
-// Where the splitters stand until the user moves them.
+// The positions of the splitters until the user moves them.
 constexpr std::array kShares{
     Share{"modelerSplitter", 40}, Share{"treeSplitter", 60}, Share{"tableSplitter", 50},
     Share{"messageSplitter", 45}, Share{"itemSplitter", 50},
@@ -115,7 +115,7 @@ void finishForm(Window& window, QWidget& form) {
     if (auto* hidden = form.findChild<QWidget*>(QStringLiteral("hiddenParts")))
         hidden->hide();
     for (const Share& share : kShares) {
-        // The splitter owns what keeps its shares, the form what works on it.
+        // The splitter owns the object that keeps its shares; the form owns the one that works on it.
         if (auto* splitter = form.findChild<QSplitter*>(QLatin1String(share.splitter)))
             new SharedSplitter(*splitter, share.percentOfFirst);
     }

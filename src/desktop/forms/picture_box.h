@@ -5,7 +5,7 @@
 
 namespace zb {
 
-/// A picture with its name, to be dragged from. The keyboard reaches it, too.
+/// A picture with its name, as the source of a drag. It can also be reached with the keyboard.
 class PictureBox final : public QWidget {
 public:
     explicit PictureBox(QWidget* parent = nullptr);

@@ -6,8 +6,8 @@ class QSplitter;
 
 namespace zb {
 
-/// Gives the first part of a splitter its share of the space, whatever the size, until the user moves the
-/// handle or has done so in an earlier run.
+/// Gives the first part of a splitter its share of the space at any size, until the user moves the handle or
+/// has moved it in an earlier run.
 class SharedSplitter final : public QObject {
 public:
     SharedSplitter(QSplitter& splitter, int percentOfFirst);

@@ -16,7 +16,7 @@ int ListModel::rowCount(const QModelIndex& parent) const {
 }
 
 int ListModel::columnCount(const QModelIndex& parent) const {
-    // A list without columns still shows the texts of its rows.
+    // A list without columns shows the texts of its rows.
     return parent.isValid() ? 0 : std::max(1, static_cast<int>(store_.columns().size()));
 }
 

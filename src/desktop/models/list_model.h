@@ -8,7 +8,7 @@ class List;
 class ListRow;
 class Pictures;
 
-/// The rows of a list store in the order in which they show, as a model.
+/// The rows of a list store in display order, as a model.
 class ListModel final : public QAbstractTableModel {
 public:
     ListModel(const List& store, const Pictures& pictures, QObject* parent)
@@ -19,7 +19,7 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    /// Null where there is no row.
+    /// Null when there is no row.
     ListRow* rowAt(const QModelIndex& index) const;
     QModelIndex indexOf(const ListRow* row) const;
     /// Rows or columns have changed.

@@ -68,7 +68,7 @@ QModelIndex NodeTreeModel::index(int row, int column, const QModelIndex& parent)
     if (!parent.isValid())
         return createIndex(row, 0, roots_[static_cast<std::size_t>(row)]);
     const Node* above = nodeOf(parent);
-    // Views ask for rows one after the other; walking on from the last keeps that linear.
+    // Views request rows in order; walking on from the last one keeps that linear.
     LastChild at{above, 0, above->child()};
     if (last_.parent == above && last_.row <= row)
         at = last_;
@@ -113,7 +113,7 @@ QVariant NodeTreeModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-int NodeTreeModel::rowBehind(const Node* parent, const Node* previous) const {
+int NodeTreeModel::rowAfter(const Node* parent, const Node* previous) const {
     if (previous == nullptr)
         return 0;
     if (parent != nullptr)
@@ -122,7 +122,7 @@ int NodeTreeModel::rowBehind(const Node* parent, const Node* previous) const {
 }
 
 void NodeTreeModel::beforeInsert(Node* parent, Node* previous) {
-    insertedRow_ = rowBehind(parent, previous);
+    insertedRow_ = rowAfter(parent, previous);
     beginInsertRows(indexOf(parent), insertedRow_, insertedRow_);
 }
 

@@ -12,7 +12,7 @@ namespace zb {
 class Pictures;
 class Tree;
 
-/// What a view of the nodes needs to hear beyond the changes of rows.
+/// Changes of interest to a view of the nodes other than changes of rows.
 class NodeTreeWatcher {
 public:
     virtual ~NodeTreeWatcher() = default;
@@ -23,8 +23,9 @@ public:
     virtual void selectionMoved() = 0;
 };
 
-/// The nodes of a tree store as a model. Nodes stay in the store; what is kept here is where the nodes of the
-/// root level stand, which a linked list cannot tell in time for a project of ten thousand messages.
+/// The nodes of a tree store as a model. Nodes stay in the store; the model only keeps the positions of the
+/// nodes of the root level, which a linked list cannot provide fast enough for a project of ten thousand
+/// messages.
 class NodeTreeModel final : public QAbstractItemModel, public NodeTreeListener {
 public:
     NodeTreeModel(Tree& store, const Pictures& pictures, QObject* parent);
@@ -34,7 +35,7 @@ public:
     Tree& store() const { return store_; }
     static Node* nodeOf(const QModelIndex& index) { return static_cast<Node*>(index.internalPointer()); }
     QModelIndex indexOf(const Node* node) const;
-    /// The nodes of the root level, in their order, and a node's place among them.
+    /// The nodes of the root level in order, and the position of a node among them.
     const std::vector<Node*>& roots() const { return roots_; }
     int rootRow(const Node& root) const;
 
@@ -60,13 +61,13 @@ private:
     void showNothing();
     void rereadRoots();
     int rowOf(const Node& node) const;
-    int rowBehind(const Node* parent, const Node* previous) const;
+    int rowAfter(const Node* parent, const Node* previous) const;
 
     Tree& store_;
     const Pictures& pictures_;
     NodeTreeWatcher* watcher_ = nullptr;
     std::vector<Node*> roots_;
-    mutable std::unordered_map<const Node*, int> rootRows_; // hints: true only when `roots_` agrees
+    mutable std::unordered_map<const Node*, int> rootRows_; // hints: valid only when `roots_` agrees
     struct LastChild {
         const Node* parent = nullptr;
         int row = 0;

@@ -13,10 +13,10 @@ namespace {
 
 constexpr int kBoxSize = 9;
 constexpr int kTextPadding = 3;
-constexpr int kLongestText = 4096; // of a value of a megabyte no more than this can be seen
+constexpr int kLongestText = 4096; // of a value of a megabyte no more than this is visible
 
 QString shownText(const Node& node) {
-    // A line break would make a row of two lines.
+    // A line break would make the row two lines high.
     QString text = toQt(std::string_view(node.text()).substr(0, kLongestText));
     text.replace(QLatin1Char('\r'), QLatin1Char(' '));
     text.replace(QLatin1Char('\n'), QLatin1Char(' '));
@@ -117,7 +117,7 @@ void NodeTreeView::paintText(QPainter& painter, const Node& node, const QRect& r
     if (node.backColor())
         painter.fillRect(place, back);
     if (selected) {
-        // The error mark stays in sight around a selected node.
+        // The error mark stays visible around a selected node.
         const QRect inner = node.backColor() ? place.adjusted(2, 2, -2, -2) : place;
         painter.fillRect(inner,
                          hasFocus() ? palette().color(QPalette::Highlight) : restingHighlight(palette()));

@@ -163,7 +163,7 @@ void NodeTreeView::rowsInserted(const QModelIndex& parent, int start, int end) {
 
 void NodeTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
     QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
-    // Their addresses may come back as those of other nodes.
+    // Their addresses may be reused for other nodes.
     if (!openedToShow_.empty()) {
         openedToShow_.clear();
         heights_.assign(heights_.size(), 0);

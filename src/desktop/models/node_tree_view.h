@@ -10,33 +10,31 @@
 
 namespace zb {
 
-/// Shows the nodes of a tree with lines, plus and minus boxes. All rows have one height, and only what is in
-/// view is laid out and painted, so that an edit of a tree with hundreds of thousands of open nodes costs
-/// next to nothing. It shows the expansion and the selection that the store holds; what the user does is for
-/// the binder.
+/// Shows the nodes of a tree with lines and expansion boxes. All rows have the same height, and only the
+/// visible part is laid out and painted, so that an edit of a tree with hundreds of thousands of expanded
+/// nodes is cheap. It shows the expansion and the selection of the store; input is handled by the binder.
 class NodeTreeView final : public QAbstractItemView, private NodeTreeWatcher {
 public:
     explicit NodeTreeView(QWidget* parent = nullptr);
 
     void setNodes(NodeTreeModel& model);
     void forgetNodes();
-    /// The node in that place of the viewport; null below all nodes.
+    /// The node at that position of the viewport; null below all nodes.
     Node* nodeAt(const QPoint& place) const;
-    /// The place is on the plus or minus box of the node.
+    /// Whether the position is on the expansion box of the node.
     bool isOnBox(const Node& node, const QPoint& place) const;
-    /// Brings the selected node into view. What the store holds closed above it is shown open, and stays
-    /// closed in the store.
+    /// Scrolls to the selected node. Collapsed ancestors are shown expanded, but stay collapsed in the store.
     void showSelected();
-    /// Shows what is closed above a node as open, and scrolls to it.
+    /// Shows collapsed ancestors of a node as expanded, and scrolls to it.
     void reveal(Node& node);
-    /// A place below all nodes; it may lie outside the viewport.
+    /// A position below all nodes; it may be outside the viewport.
     QPoint placeBelowAll() const;
-    /// The user opens or closes what lies below a node.
+    /// The user expands or collapses a node.
     void toggle(Node& node);
     /// Whether what lies below a node is shown.
     bool isOpen(const Node& node) const;
     int rowsOfPage() const;
-    /// The node that shows so many rows below another, or above it; the nearest end where there is none.
+    /// The node so many rows below or above another one; the nearest end when there is none.
     Node* nodeBeside(const Node& node, int rows) const;
 
     QRect visualRect(const QModelIndex& index) const override;
@@ -89,13 +87,12 @@ private:
     void widenTo(int width);
 
     NodeTreeModel* nodes_ = nullptr;
-    mutable std::vector<int>
-        heights_; // rows that each root node and what is open below it take; 0 when not known
-    mutable std::vector<int> starts_; // row of each root node, and the number of all rows behind them
+    mutable std::vector<int> heights_; // rows of each root node and its expanded subtree; 0 when unknown
+    mutable std::vector<int> starts_;  // row of each root node, and the total number of rows after them
     mutable bool laidOut_ = false;
     std::unordered_set<const Node*> openedToShow_;
     int widest_ = 0;
-    bool withoutLines_ = false; // by the form's property of that name
+    bool withoutLines_ = false; // set by the form's property with that name
 };
 
 } // namespace zb

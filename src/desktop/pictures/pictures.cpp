@@ -9,7 +9,7 @@
 #include <QPalette>
 #include <QSvgRenderer>
 
-// Resources of a static library have to be asked for, outside of any namespace.
+// Resources of a static library must be initialised explicitly, outside of any namespace.
 static void loadPictures() {
     Q_INIT_RESOURCE(pictures);
 }
@@ -27,7 +27,7 @@ QPalette::ColorGroup groupOf(QIcon::Mode mode) {
 }
 
 /// Draws an SVG whose lines are "currentColor" and whose accents are "accentColor" in the colours of the
-/// palette of the moment.
+/// current palette.
 class DrawingEngine final : public QIconEngine {
 public:
     explicit DrawingEngine(QByteArray drawing) : drawing_(std::move(drawing)) {}

@@ -8,7 +8,7 @@
 #include <string>
 #include <system_error>
 
-// Resources of a static library have to be asked for, outside of any namespace.
+// Resources of a static library must be initialised explicitly, outside of any namespace.
 static void loadExample() {
     Q_INIT_RESOURCE(example);
 }
@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kMostCopies = 1000;
 
-/// Making the folder is the test whether it stands: nobody can come between.
+/// Creating the folder is also the test whether it exists: no other process can interfere.
 Result<std::filesystem::path> makeFreeFolder(const std::filesystem::path& parent) {
     for (int number = 1; number <= kMostCopies; ++number) {
         std::filesystem::path folder =

@@ -17,7 +17,7 @@ constexpr int kWayPictureSize = 28;
 constexpr int kWayMargins = 28;
 constexpr qreal kCorner = 4;
 
-/// Styles give these buttons no mark of the focus.
+/// Styles do not mark the focus of these buttons.
 class WayButton final : public QCommandLinkButton {
 public:
     using QCommandLinkButton::QCommandLinkButton;
@@ -34,7 +34,7 @@ private:
     }
 };
 
-// Buttons of this kind write the line below their caption at 9 points, whatever the font of the rest.
+// Buttons of this kind write the line below their caption at 9 points, whatever the font is.
 QFont fontOfMeanings(QFont font) {
     font.setPointSizeF(9);
     return font;
@@ -95,7 +95,7 @@ QWidget* StartPanel::addWay(QVBoxLayout& column, const QString& name, const QIco
     button->setIconSize(QSize(kWayPictureSize, kWayPictureSize));
     button->setMinimumWidth(kWayPictureSize + kWayMargins +
                             QFontMetrics(fontOfMeanings(font())).horizontalAdvance(meaning));
-    button->setAutoDefault(true); // Enter presses it as well as the blank
+    button->setAutoDefault(true); // Enter presses it as well as Space
     connect(button, &QAbstractButton::clicked, this, std::move(way));
     column.addWidget(button);
     return button;
@@ -111,7 +111,7 @@ void StartPanel::setShown(bool shown) {
         first_->setFocus(Qt::OtherFocusReason);
         return;
     }
-    // Focus that is lost by hiding would wander on as if the user had pressed Tab.
+    // Focus that is lost by hiding would move on as if the user had pressed Tab.
     if (QWidget* focused = window()->focusWidget(); focused != nullptr && isAncestorOf(focused))
         focused->clearFocus();
     hide();

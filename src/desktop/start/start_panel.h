@@ -11,8 +11,8 @@ namespace zb {
 
 class Pictures;
 
-/// How to begin, told where the documents will stand as long as no project is open. It is no window of the
-/// program and holds nothing: its buttons do what menu entries do.
+/// The start page, shown at the place of the documents while no project is open. It is not a window of the
+/// program and has no state: its buttons run menu entries.
 class StartPanel final : public QScrollArea {
 public:
     struct Ways {
@@ -21,10 +21,10 @@ public:
         std::function<void()> openExample;
     };
 
-    /// Covers the place, of whatever size that becomes.
+    /// Covers the place at any size.
     StartPanel(QWidget& place, const Pictures& pictures, Ways ways);
 
-    /// Shown, it has the keyboard until something else takes it.
+    /// When shown, it has the keyboard focus until something else takes it.
     void setShown(bool shown);
 
 private:

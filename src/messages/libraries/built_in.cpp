@@ -22,7 +22,7 @@ std::array<Messages, 3> semiBlocks() {
     return {libraries::kSemi1To6, libraries::kSemi7To14, libraries::kSemi15To17};
 }
 
-// Takes the first line off `text` and gives it without its line end.
+// Removes the first line from `text` and returns it without its line end.
 std::string_view takeLine(std::string_view& text) {
     const auto end = text.find('\n');
     const auto line = text.substr(0, end);

@@ -12,7 +12,7 @@ namespace zb {
 
 namespace {
 
-/// Adds the three root nodes of a message and gives its message node.
+/// Adds the three root nodes of a message and returns its message node.
 Node& addMessageNodes(NodeTree& tree, std::string_view name, std::string nodeText,
                       std::string_view description) {
     tree.add(nullptr, Relation::Last, "");
@@ -23,7 +23,7 @@ Node& addMessageNodes(NodeTree& tree, std::string_view name, std::string nodeTex
     return message;
 }
 
-/// Hangs items below a message by their depths. Only the direction of a step down counts, not its length.
+/// Adds items below a message by their depths. Only the direction of a step down counts, not its length.
 class ItemPlacer {
 public:
     ItemPlacer(NodeTree& tree, Node* message) : tree_(&tree), last_(message) {}
@@ -78,7 +78,7 @@ public:
     }
 
 private:
-    /// Takes the "." that ends a message off the line.
+    /// Removes the "." that ends a message from the line.
     static bool takeEnd(std::string_view& content) {
         if (content.back() != '.')
             return false;

@@ -8,11 +8,11 @@
 namespace zb {
 
 enum class SmdForm {
-    Project, ///< indentation alone tells the depth
+    Project, ///< only the indentation defines the depth
     Build,   ///< banners, and items between angle brackets
 };
 
-/// The messages as they are, in the form in which a save or a build writes them. Nothing is checked.
+/// The messages in the form in which a save or a build writes them, without any check.
 std::string composeSmd(const std::vector<const SECSMessageRecord*>& records, SmdForm form);
 
 } // namespace zb

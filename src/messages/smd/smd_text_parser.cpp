@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
 
-// A search for any of several characters costs a call for each character, and most of a file is indentation.
+// A search for any of several characters costs a call per character, and most of a file is indentation.
 bool isBlankMark(char c) {
     return c == ' ' || c == '\t' || c == '\r';
 }
@@ -52,7 +52,7 @@ bool isAsterisksOnly(std::string_view content) {
     return content.find_first_not_of('*') == std::string_view::npos;
 }
 
-/// Strips what closes lists from the end of a bracket line.
+/// Removes closing brackets of lists from the end of a line.
 struct Closing {
     std::size_t closers = 0;
     bool ended = false;
@@ -100,7 +100,7 @@ void SmdTextSplitter::tell(Severity severity, std::string text) {
         findings_->push_back({severity, FindingPlace::atLine(lineNumber_ + 1), std::move(text)});
 }
 
-/// Looks at the next line without taking it.
+/// Returns the next line without consuming it.
 bool SmdTextSplitter::atLine() {
     if (peeked_)
         return true;
@@ -121,7 +121,7 @@ void SmdTextSplitter::takeLine() {
     peeked_ = false;
 }
 
-/// The asterisks of a banner around a description leave it standing.
+/// The asterisks of a banner around a description do not replace it.
 void SmdTextSplitter::takeComment() {
     const std::string_view content = stripped(line_);
     if (content == "*")

@@ -10,11 +10,11 @@
 
 namespace zb {
 
-/// An item as a tree holds it: blanks and tabs outside of the quoted value become single blanks, and the type
-/// is upper-cased.
+/// An item in the form of a tree: blanks and tabs outside of the quoted value become single blanks, and the
+/// type is upper-cased.
 std::string cleanItemText(std::string_view text);
 
-/// One message within a longer text; all views lead into that text.
+/// One message within a longer text; all views refer to that text.
 struct SmdMessageText {
     std::string_view description;
     std::string_view head; ///< trimmed, without the "." of a message with no items
@@ -24,8 +24,8 @@ struct SmdMessageText {
     bool ended = false; ///< by its "."
 };
 
-/// Cuts a text into its messages. Takes project form and build form, CR LF and LF, tabs, and a message that
-/// lacks its final ".". Lines that belong to no message are told as findings and passed over.
+/// Splits a text into its messages. Accepts project form and build form, CR LF and LF, tabs, and a message
+/// without its final ".". Lines that belong to no message are reported as findings and ignored.
 class SmdTextSplitter {
 public:
     explicit SmdTextSplitter(std::string_view text, Findings* findings = nullptr)
@@ -44,7 +44,7 @@ private:
     Findings* findings_;
     std::size_t position_ = 0;
     std::size_t lineNumber_ = 0;
-    std::string_view line_; ///< the line at hand, when `peeked_`
+    std::string_view line_; ///< the current line, when `peeked_`
     std::size_t afterLine_ = 0;
     bool peeked_ = false;
     std::string_view description_;
@@ -57,14 +57,14 @@ struct SmdItemText {
     std::size_t line = 0;
 };
 
-/// Walks over the items of a message's body. In project form the indentation tells the level, in build form
-/// the brackets do; there the type is upper-cased, and blanks and tabs between words count as one blank.
+/// Walks over the items of a message's body. In project form the indentation defines the level, in build form
+/// the brackets; there the type is upper-cased, and blanks and tabs between words count as one blank.
 class SmdBodyReader {
 public:
     explicit SmdBodyReader(std::string_view body, std::size_t firstLine = 1, Findings* findings = nullptr)
         : body_(body), lineNumber_(firstLine - 1), findings_(findings) {}
 
-    /// False at the end, when what is still open has been told.
+    /// False at the end, after open lists have been reported.
     bool next(SmdItemText& item);
 
 private:

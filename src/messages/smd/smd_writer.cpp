@@ -72,7 +72,7 @@ void SmdWriter::writeComment(const Node& messageNode, Form form) {
     buffer_.append(kLineEnd).append(banner);
 }
 
-/// Walks without recursion, for trees of any depth. Only the last direct item ends the message.
+/// Without recursion, for trees of any depth. Only the last direct item ends the message.
 std::optional<NodeFault> SmdWriter::writeItems(const Node& node, WalkMode mode, NodeTree& tree) {
     const Form form = isBuild(mode) ? Form::Build : Form::Project;
     validator_.beginMessage();

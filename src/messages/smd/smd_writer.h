@@ -32,7 +32,7 @@ struct WalkOutcome {
     std::optional<NodeFault> fault;
 };
 
-/// The walk over a message tree by which definitions leave it: saves, builds, and the gate before the
+/// The walk over a message tree that writes the definitions: for saves, builds, and the change to the
 /// modeler.
 class SmdWriter {
 public:
@@ -54,7 +54,7 @@ private:
     enum class Form { Project, Build };
 
     WalkOutcome writeMessage(const Node& node, WalkMode mode, NodeTree& tree, SECSMessageStore& store);
-    /// Appends the items below a node to the message at hand; a fault ends it.
+    /// Appends the items below a node to the current message; a fault ends it.
     std::optional<NodeFault> writeItems(const Node& node, WalkMode mode, NodeTree& tree);
     std::optional<NodeFault> checkItem(int index, NodeTree& tree);
     void writeComment(const Node& messageNode, Form form);

@@ -11,12 +11,12 @@ namespace zb::sml {
 
 namespace {
 
-constexpr std::size_t kMostCount = 32767; // counts have 16 bits and a sign
+constexpr std::size_t kMostCount = 32767; // counts are signed and have 16 bits
 constexpr std::size_t kListBound = 20;
 constexpr std::size_t kValueBound = 80;
 
 bool isNameCharacter(char c, ItemType type) {
-    // A point among the values of a number item would be taken for one of its value.
+    // A point among the values of a number item would be taken for one of its values.
     return isLetter(c) || isDigit(c) || c == '_' ||
            (c == '.' && (type == ItemType::list || isQuotedType(type)));
 }
@@ -30,13 +30,13 @@ bool isAllowedName(std::string_view name, ItemType type) {
     return true;
 }
 
-// The name in the characters that item names may have; empty when none of its own are left.
+// The name in the characters that item names may have; empty when none of them remains.
 std::string allowedName(std::string_view name, ItemType type) {
     std::string allowed;
     bool own = false;
     for (const char c : name) {
         if ((c & 0xC0) == 0x80)
-            continue; // the rest of a character that became one mark
+            continue; // the remaining bytes of a character that became one mark
         own = own || isLetter(c) || isDigit(c);
         allowed += isNameCharacter(c, type) ? c : '_';
     }
@@ -164,7 +164,7 @@ Body::Form Body::listForm(std::size_t index, FindingCollector& findings) const {
     return {list.children, false, false};
 }
 
-// An item with a name in the place of its values.
+// An item with a name at the position of its values.
 Body::Form Body::templateForm(const Item& item) const {
     if (isQuotedType(item.type))
         return {kValueBound, true, false};
@@ -217,7 +217,7 @@ std::string_view Body::nameFor(std::size_t index, const Form& form, FindingColle
     }
     if (item.type != ItemType::list || !form.variable)
         return {};
-    // A list of a variable count has to have a name: it is named after what it repeats.
+    // A list with a variable count must have a name: it is named after its repeated item.
     std::string element;
     if (item.children > 0)
         element = allowedName(name(items_[index + 1]), ItemType::u1);
@@ -225,7 +225,7 @@ std::string_view Body::nameFor(std::size_t index, const Form& form, FindingColle
 }
 
 void Body::appendLine(const Item& item, const Form& form, std::string_view name) {
-    // Level, type and count are at most seven characters each; both numbers have a bound.
+    // Level, type and count have at most seven characters each; both numbers are bounded.
     std::array<char, 32> head;
     char* const bound = head.data() + head.size();
     char* end = std::to_chars(head.data(), bound, item.level).ptr;

@@ -11,7 +11,7 @@
 
 namespace zb::sml {
 
-// How many items or characters an item is declared to hold.
+// The number of items or characters that an item is declared to hold.
 struct Count {
     enum class Kind {
         absent,
@@ -26,32 +26,32 @@ struct Count {
 struct Item {
     ItemType type = ItemType::list;
     Count count;
-    bool repeats = false; // a list that goes on with items of the form that it shows
-    bool valued = false;  // values were written, be it an empty text
+    bool repeats = false; // a list that continues with items of the shown form
+    bool valued = false;  // values were written, even an empty text
     bool key = false;
     bool nameIsGiven = false; // by the language itself, not by a comment
-    bool leftOut = false;     // one more of what its list repeats
+    bool leftOut = false;     // another one of the repeated item of its list
     std::size_t offset = 0;
     std::size_t level = 0;    // from 1
     std::size_t children = 0; // of a list
-    std::size_t end = 0;      // the index past its subtree
-    std::size_t values = 0;   // how many; for a text its length in the code page
+    std::size_t end = 0;      // the index after its subtree
+    std::size_t values = 0;   // the number; for a text its length in the code page
     std::size_t nameBegin = 0, nameLength = 0;
     std::size_t valueBegin = 0, valueLength = 0;
 };
 
-// The items of one message in the order of the text, and how they become item Texts.
+// The items of one message in the order of the text, and their conversion to item Texts.
 class Body {
 public:
     void clear();
     bool empty() const { return items_.empty(); }
 
-    // Appends an item below the open lists and gives its index. A list stays open until it is closed.
+    // Appends an item below the open lists and returns its index. A list stays open until it is closed.
     std::size_t add(ItemType type, std::size_t offset);
-    // Closes the innermost open list and gives its index.
+    // Closes the innermost open list and returns its index.
     std::size_t closeList();
     std::size_t openLists() const { return openLists_.size(); }
-    // There is one.
+    // There must be one.
     Item& innermostList() { return items_[openLists_.back()]; }
 
     Item& item(std::size_t index) { return items_[index]; }
@@ -60,8 +60,8 @@ public:
     std::string_view name(const Item& item) const;
     std::string_view value(const Item& item) const;
 
-    // One line for each item: level, blank, item Text, CR LF. All lists are closed. Nothing, and an error
-    // among the findings, when an item holds more than a count can tell.
+    // One line per item: level, blank, item Text, CR LF. All lists are closed. Returns nothing, with an error
+    // among the findings, when an item contains more than a count can express.
     bool compose(std::string& lines, FindingCollector& findings);
 
 private:
@@ -77,7 +77,7 @@ private:
     Form repeatedForm(std::size_t index, std::size_t bound, FindingCollector& findings) const;
     Form valueForm(const Item& item, FindingCollector& findings) const;
     Form templateForm(const Item& item) const;
-    // The view holds until the next name is asked for; so does that of `nameFor`.
+    // The view is valid until the next name is requested; the same holds for `nameFor`.
     std::string_view uniqueName(const Item& item, std::string_view wanted, FindingCollector& findings);
     std::string_view nameFor(std::size_t index, const Form& form, FindingCollector& findings);
     void appendLine(const Item& item, const Form& form, std::string_view name);

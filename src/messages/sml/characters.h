@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-// The character classes of SML. ASCII only, whatever the locale.
+// The character classes of SML. ASCII only, independent of the locale.
 namespace zb::sml {
 
 constexpr bool isDigit(char c) {
@@ -11,7 +11,7 @@ constexpr bool isDigit(char c) {
 constexpr bool isLetter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
-// Characters of other scripts count as letters: they occur in names.
+// Characters of other scripts count as letters, since they occur in names.
 constexpr bool isWordStart(char c) {
     return isLetter(c) || c == '_' || c == '$' || (c & 0x80) != 0;
 }

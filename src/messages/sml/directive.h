@@ -5,7 +5,7 @@
 
 namespace zb::sml {
 
-// Whether a directive, or a rule or timer of a simulator, begins at the offset: "#define", "if (", "every 5
+// Whether a directive, or a rule or timer of a simulator, starts at the offset: "#define", "if (", "every 5
 // send".
 bool atDirective(std::string_view text, std::size_t offset);
 

@@ -9,7 +9,7 @@ namespace zb::sml {
 
 namespace {
 
-// A file of nothing but faults must not fill the memory with sentences.
+// A file that contains only faults must not fill the memory with findings.
 constexpr std::size_t kMostFindings = 100'000;
 
 } // namespace

@@ -8,7 +8,7 @@
 
 namespace zb::sml {
 
-// Collects findings by their place in the text, and counts lines only once, at the end.
+// Collects findings by their offset in the text, and counts lines only once, at the end.
 class FindingCollector {
 public:
     explicit FindingCollector(std::string_view text) : text_(text) {}
@@ -33,7 +33,7 @@ private:
     std::size_t leftOut_ = 0;
 };
 
-// What stands at the offset, for "found ...": a word, or a mark in quotes, or the end of the file.
+// The text at the offset, for "found ...": a word, a character in quotes, or the end of the file.
 std::string foundAt(std::string_view text, std::size_t offset);
 
 } // namespace zb::sml

@@ -21,7 +21,7 @@ std::size_t pastInlineSpace(std::string_view text, std::size_t offset) {
     return offset;
 }
 
-// Passes a number of at most five digits; nothing when there is none, or a longer one.
+// Skips a number of at most five digits; nothing when there is none, or a longer one.
 std::optional<long> passNumber(std::string_view text, std::size_t& offset) {
     const std::size_t start = offset;
     long number = 0;
@@ -32,7 +32,7 @@ std::optional<long> passNumber(std::string_view text, std::size_t& offset) {
     return number;
 }
 
-// "S1F1", also "S1 F1" and "S1,F1", and "S1F1W" with its W glued on.
+// "S1F1", also "S1 F1" and "S1,F1", and "S1F1W" with the W attached.
 bool passStreamFunction(std::string_view text, std::size_t& offset, Head& head) {
     if (upperLetter(at(text, offset)) != 'S')
         return false;
@@ -58,7 +58,7 @@ bool passStreamFunction(std::string_view text, std::size_t& offset, Head& head) 
     return !isWordCharacter(at(text, offset));
 }
 
-// A "W" within quotes or brackets, and white space around it.
+// A "W" within quotes or brackets, with white space around it.
 std::size_t passInnerWait(std::string_view text, std::size_t offset, Head& head) {
     offset = pastInlineSpace(text, offset);
     if (upperLetter(at(text, offset)) == 'W') {
@@ -88,8 +88,8 @@ std::optional<Head> plainHeadAt(std::string_view text, std::size_t offset) {
     return head;
 }
 
-// The colon that ends a name which begins at `start`. Behind a stream and function, other marks than those of
-// a name mean that this is no name, but a head with what follows it.
+// The colon that ends a name starting at `start`. After a stream and function, characters that cannot be in a
+// name mean that this is a head with further text, not a name.
 std::optional<std::size_t> colonAfter(std::string_view text, std::size_t start, std::size_t offset,
                                       std::string_view excluded) {
     const std::size_t end = std::min(text.size(), start + kLongestName);

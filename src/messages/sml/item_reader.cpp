@@ -12,8 +12,8 @@ namespace {
 
 constexpr std::size_t kDeepestLevel = 1000;
 
-// What a comment behind an item has to say as its name: one word, or a few that can be joined to one. A
-// sentence is no name.
+// The name that a comment after an item provides: one word, or a few that can be joined. A sentence is not a
+// name.
 std::string nameFromComment(std::string_view words) {
     constexpr std::size_t kLongest = 32;
     constexpr std::size_t kMostWords = 4;
@@ -75,7 +75,7 @@ void ItemReader::skip() {
         attachComment(comment);
 }
 
-// A comment that is nothing but a name, as most comments behind items are.
+// A comment that is only a name, as most comments after items are.
 bool ItemReader::attachNameAlone(const Comment& comment) {
     if (!hasLastItem_ || comment.onOwnLine)
         return false;
@@ -160,7 +160,7 @@ ItemReader::Step ItemReader::stepInList() {
     case '=':
         return passGivenName() ? Step::next : Step::broken;
     case ',':
-        findings_.warn(scanner_.offset(), "items are parted by white space; the comma was read as such");
+        findings_.warn(scanner_.offset(), "items are separated by white space; the comma was read as white space");
         scanner_.advance();
         return Step::next;
     default:
@@ -179,13 +179,13 @@ ItemReader::Step ItemReader::stepAtPoint() {
     // The innermost open list is the last one that has not ended yet.
     Item& list = body_.innermostList();
     if (list.children == 0)
-        findings_.warn(scanner_.offset(), "nothing stands before \"...\" that could be repeated");
+        findings_.warn(scanner_.offset(), "there is no item before \"...\" to repeat");
     list.repeats = true;
     scanner_.passEllipsis();
     return Step::next;
 }
 
-// A name in the place of an item: whatever it stands for, it is a value of any type.
+// A name at the position of an item is a value of any type, whatever it means.
 ItemReader::Step ItemReader::addBareVariable() {
     const std::size_t offset = scanner_.offset();
     lastItem_ = body_.add(ItemType::any, offset);
@@ -204,7 +204,7 @@ std::string_view ItemReader::passName() {
     return scanner_.text().substr(start, scanner_.offset() - start);
 }
 
-// Of "name[0]" the name: which of its values is meant has no place here.
+// The name of "name[0]": a definition cannot express which of its values is meant.
 std::string_view ItemReader::passIndexedName() {
     const std::string_view name = passName();
     std::size_t ahead = 1;
@@ -231,7 +231,7 @@ bool ItemReader::passGivenName() {
     const std::size_t offset = scanner_.offset();
     const std::string_view name = passName();
     if (name.empty()) {
-        fail("a name behind \"=\"");
+        fail("a name after \"=\"");
         return false;
     }
     if (hasLastItem_)

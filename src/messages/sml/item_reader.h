@@ -13,28 +13,28 @@ namespace zb::sml {
 // The numbers of "#define" directives.
 using Defines = std::map<std::string, std::size_t, std::less<>>;
 
-// Reads one root item with all that lies in it.
+// Reads one root item with its subtree.
 class ItemReader {
 public:
     enum class Outcome {
         closed,   // up to and with its ">"
-        cutShort, // the message ended before; an error is told, and all lists are closed
-        broken,   // not to be read; an error is told
+        cutShort, // the message ended before it; an error is reported, and all lists are closed
+        broken,   // cannot be read; an error is reported
     };
 
     ItemReader(Scanner& scanner, FindingCollector& findings, Body& body, const Defines& defines,
                const CodePage& codePage)
         : scanner_(scanner), findings_(findings), body_(body), defines_(defines), value_(codePage) {}
 
-    // Begins a message.
+    // Starts a message.
     void clear();
-    // The scanner stands at the "<".
+    // The scanner is at the "<".
     Outcome read();
-    // Passes "= Name" behind the item that was closed last; false with an error when no name follows.
+    // Skips "= Name" after the item that was closed last; false with an error when no name follows.
     bool passGivenName();
-    // Passes white space and comments; a comment behind an item on its line belongs to it.
+    // Skips white space and comments; a comment after an item on its line belongs to it.
     void skip();
-    // One finding for all comments that found no place.
+    // One finding for all comments that cannot be used.
     void reportComments();
 
 private:
@@ -78,7 +78,7 @@ private:
     Body& body_;
     const Defines& defines_;
     TextValue value_;
-    std::string words_; // the values of the item that is read
+    std::string words_; // the values of the current item
     std::size_t valueCount_ = 0;
     std::size_t lastItem_ = 0;
     bool hasLastItem_ = false;

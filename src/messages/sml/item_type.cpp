@@ -13,7 +13,7 @@ struct Spelling {
     ItemType type;
 };
 
-// The first spelling of a type is that of an item Text. The rarer ones come last, since the search goes from
+// The first spelling of a type is that of an item Text. The rarer ones are last, since the search starts at
 // the top.
 constexpr std::array kSpellings = {
     Spelling{"L", ItemType::list},
@@ -39,7 +39,7 @@ constexpr std::array kSpellings = {
     Spelling{"JIS8", ItemType::jis8},
     Spelling{"BINARY", ItemType::binary},
     Spelling{"BIN", ItemType::binary},
-    // Text with the number of its encoding; a definition has no such type.
+    // Text with a number for its encoding; a definition has no such type.
     Spelling{"W", ItemType::any},
 };
 
@@ -47,7 +47,7 @@ constexpr int codeOf(char letter, char bytes) {
     return letter * 256 + bytes;
 }
 
-// The types that count their bytes are all that have two characters, and most items are of one of them.
+// Only the types with a byte count have two characters, and most items have one of them.
 std::optional<ItemType> numberTypeOf(char letter, char bytes) {
     using enum ItemType;
     switch (codeOf(letter, bytes)) {

@@ -7,7 +7,7 @@ namespace zb::sml {
 
 enum class ItemType { list, ascii, jis8, any, binary, boolean, i1, i2, i4, i8, u1, u2, u4, u8, f4, f8 };
 
-// The type that a word names, with its other spellings ("Boolean", "JIS8", "Binary"), in any case. "V", the
+// The type for a word, including its other spellings ("Boolean", "JIS8", "Binary"), in any case. "V", the
 // value of any type, is `any`.
 std::optional<ItemType> itemTypeOf(std::string_view word);
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-// What stands between the brackets of an item that is no list.
+// The text between the brackets of an item that is not a list.
 namespace zb::sml {
 
 ItemReader::Step ItemReader::readValues(std::size_t index) {
@@ -44,7 +44,7 @@ ItemReader::Step ItemReader::stepInValues(std::size_t index) {
     if (c == '[')
         return readBracket(index);
     if (c == ',' && valueCount_ > 0) {
-        findings_.warn(scanner_.offset(), "values are parted by white space; the comma was read as such");
+        findings_.warn(scanner_.offset(), "values are separated by white space; the comma was read as white space");
         scanner_.advance();
         return Step::next;
     }
@@ -70,13 +70,13 @@ ItemReader::Step ItemReader::readString(std::size_t index) {
     return isText ? Step::next : applyQuotedWords(index, offset);
 }
 
-// A quote right before a letter does not end a text: 'Joe's lot'.
+// A quote directly before a letter does not end a text: 'Joe's lot'.
 bool ItemReader::isQuoteWithin(std::size_t offset) const {
     const std::string_view text = scanner_.text();
     return offset + 1 < text.size() && isWordStart(text[offset + 1]);
 }
 
-// A quote behind a backslash ends the text when the item ends behind it: 'C:\'> .
+// A quote after a backslash ends the text when the item ends after it: 'C:\'> .
 bool ItemReader::isEscapedQuote(std::size_t offset) const {
     const std::string_view text = scanner_.text();
     std::size_t next = offset + 1;
@@ -103,7 +103,7 @@ bool ItemReader::passString(char quote) {
         } else if (c == '\\') {
             value_.sawBackslash();
         } else if (c == quote) {
-            findings_.warn(at, "a quote stands within the text that it begins");
+            findings_.warn(at, "a quote is inside the text that it starts");
         } else if (c == '\n') {
             std::size_t next = at + 1;
             while (next < text.size() && isInlineSpace(text[next]))
@@ -112,7 +112,7 @@ bool ItemReader::passString(char quote) {
                 scanner_.moveTo(at);
                 return false;
             }
-            // Blanks may be many, and are looked at once only.
+            // There may be many blanks; they are scanned only once.
             at = next - 1;
         }
     }
@@ -228,11 +228,11 @@ void ItemReader::endValues(std::size_t index) {
     item.values = value_.ansiLength();
     body_.setValue(item, value_.text());
     if (value_.changedApostrophe())
-        findings_.warn(item.offset, "a text holds no apostrophe; ` stands in its place");
+        findings_.warn(item.offset, "a text cannot contain an apostrophe; it was replaced by `");
     if (value_.changedControl())
-        findings_.warn(item.offset, "a text is one line without control codes; blanks stand in their place");
+        findings_.warn(item.offset, "a text is one line without control codes; they were replaced by blanks");
     if (value_.resolvedEscapes())
-        findings_.note(item.offset, "the declared count tells that backslashes are escapes");
+        findings_.note(item.offset, "the declared count shows that backslashes are escapes");
 }
 
 } // namespace zb::sml

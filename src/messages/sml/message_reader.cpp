@@ -10,10 +10,10 @@ namespace {
 
 constexpr long kHighestStream = 127;
 constexpr long kHighestFunction = 255;
-// A longer comment is an explanation, or a message that was put out of use.
+// A longer comment is an explanation, or a message that was disabled.
 constexpr std::size_t kLongestDescription = 200;
 
-// What can stand in a name behind a head.
+// The characters of a name after a head.
 bool isNameMark(char c) {
     return !isSpace(c) && !isQuote(c) && c != '.' && c != '<' && c != '>' && c != '=' && c != '[' && c != '*';
 }
@@ -45,7 +45,7 @@ bool applyMarks(SmlMessage& message, std::string_view words) {
 
 bool Reader::checkNumbers(const Head& head) {
     const std::size_t offset = scanner_.offset();
-    // Definitions let 128 pass.
+    // Definitions accept 128.
     if (head.stream == kHighestStream + 1)
         findings_.warn(offset, "expected a stream from 0 to 127, found 128");
     else if (head.stream > kHighestStream)
@@ -90,7 +90,7 @@ void Reader::finish(ReadMessage& read) {
         return;
     }
     if (message.wait && message.function % 2 == 0)
-        findings_.warn(read.offset, "W stands on an even function, which is a reply");
+        findings_.warn(read.offset, "W is set on an even function, which is a reply");
     if (message.name.empty())
         message.name = title_;
     else if (message.description.empty())
@@ -187,7 +187,7 @@ Reader::Step Reader::readBracketedWait(ReadMessage& read) {
     return Step::next;
 }
 
-// "H->E" and its like; its letters alone would be a name.
+// "H->E" and similar words; their letters alone would be a name.
 bool Reader::passArrow(ReadMessage& read) {
     constexpr std::size_t kLongest = 12;
     const std::string_view reach = scanner_.text().substr(scanner_.offset(), kLongest);
@@ -215,7 +215,7 @@ Reader::Step Reader::readMarkWord(ReadMessage& read) {
     if (isWord(word, "W")) {
         read.message.wait = true;
     } else if (isWord(word, "INPUT")) {
-        read.message.direction = "H<-E"; // the lists that have these words are those of hosts
+        read.message.direction = "H<-E"; // the lists with these words are written for hosts
     } else if (isWord(word, "OUTPUT")) {
         read.message.direction = "H->E";
     } else if (scanner_.passedLineEnd()) {
@@ -229,7 +229,7 @@ Reader::Step Reader::readMarkWord(ReadMessage& read) {
     return Step::next;
 }
 
-// Leaves a message that cannot be read: to behind its end, or to the next line that begins one.
+// Skips a message that cannot be read: to its end, or to the next line that starts one.
 void Reader::passBroken() {
     const std::string_view text = scanner_.text();
     const auto pastSpace = [text](std::size_t at) {
@@ -262,12 +262,12 @@ void Reader::passBroken() {
 
 bool Reader::readBody(bool bracketedHead) {
     std::size_t roots = 1;
-    // "<S1F1 W>" opens what a surplus ">" behind the items closes.
+    // "<S1F1 W>" is closed by an extra ">" after the items.
     bool closerExpected = bracketedHead;
     Step step = readRoot();
     while (step == Step::next) {
         items_.skip();
-        step = stepBehindRoot(roots, closerExpected);
+        step = stepPastRoot(roots, closerExpected);
     }
     return step == Step::ended;
 }
@@ -285,7 +285,7 @@ Reader::Step Reader::readRoot() {
     }
 }
 
-Reader::Step Reader::stepBehindRoot(std::size_t& roots, bool& closerExpected) {
+Reader::Step Reader::stepPastRoot(std::size_t& roots, bool& closerExpected) {
     if (scanner_.atEnd())
         return endWithoutPoint();
     if (scanner_.atEllipsis()) {

@@ -38,7 +38,7 @@ bool isAllowedName(std::string_view name) {
            name.front() != '#' && name.front() != '*' && !isNumeric(name);
 }
 
-// A name is one word without the marks that part it from what stands around it in definitions and lists.
+// A name is one word without the characters that separate it from its surroundings in definitions and lists.
 std::string allowedName(std::string_view name) {
     std::string allowed;
     for (const char c : name) {
@@ -54,7 +54,7 @@ std::string allowedName(std::string_view name) {
     return allowed;
 }
 
-// A description is one line, and has no colon, which would make a message of it.
+// A description is one line without a colon, since a colon would make it a message.
 bool isAllowedDescription(std::string_view description) {
     return std::none_of(description.begin(), description.end(),
                         [](char c) { return c == ':' || static_cast<unsigned char>(c) < 0x20; }) &&
@@ -79,7 +79,7 @@ void describe(SmlMessage& message, std::size_t offset, FindingCollector& finding
         return;
     std::string allowed = allowedDescription(description);
     if (allowed.find('-') != std::string::npos && contains(description, ":"))
-        findings.note(offset, "a description holds no colon; a dash stands in its place");
+        findings.note(offset, "a description cannot contain a colon; it was replaced by a dash");
     description = std::move(allowed);
 }
 

@@ -21,7 +21,7 @@ void Reader::skipBetween() {
     lastWasRead_ = false;
 }
 
-// A comment on the line where the last message ended tells something of that message.
+// A comment on the line where the last message ended belongs to that message.
 void Reader::applyTrailingComment(const Comment& comment) {
     SmlMessage& message = messages_.back();
     const std::string words = commentWords(comment.text);
@@ -33,7 +33,7 @@ void Reader::applyTrailingComment(const Comment& comment) {
         findings_.note(comment.offset, "the message has a description already; this comment has no place");
 }
 
-// The comment right before a message becomes its description; those before it have no place.
+// The comment directly before a message becomes its description; earlier ones cannot be used.
 void Reader::gatherComment(const Comment& comment) {
     const std::string words = commentWords(comment.text);
     if (words.empty())
@@ -67,7 +67,7 @@ bool Reader::headFollows() const {
     return headAt(scanner_.text(), scanner_.offset()) || atDirective(scanner_.text(), scanner_.offset());
 }
 
-// A quoted line right before a head is its title, even when it looks like a head itself.
+// A quoted line directly before a head is its title, even when it looks like a head itself.
 bool Reader::passTitle() {
     if (!isQuote(scanner_.peek()))
         return false;
@@ -131,12 +131,12 @@ void Reader::passDefine() {
     if (isCount && !name.empty())
         defines_.insert_or_assign(std::string(name), value);
     findings_.warn(
-        offset, isCount ? "the directive #define is not taken over; its number stands where a count names it"
+        offset, isCount ? "the directive #define is not kept; its number is used in counts that name it"
                         : "the directive #define is not taken over");
     scanner_.passLine();
 }
 
-// What is left of a rule or timer: up to its point, or to the end of the line.
+// The rest of a rule or timer: up to its point, or to the end of the line.
 void Reader::passRule() {
     scanner_.skip();
     const std::string_view text = scanner_.text();
@@ -167,7 +167,7 @@ bool Reader::passParenthesis() {
         scanner_.skip();
         if (!scanner_.passedLineEnd())
             continue;
-        // A head with a name, or one more rule, cannot stand within a condition.
+        // A head with a name, or another rule, cannot be inside a condition.
         const std::optional<Head> head = headAt(scanner_.text(), scanner_.offset());
         if ((head && head->named) || atDirective(scanner_.text(), scanner_.offset()))
             break;
@@ -192,7 +192,7 @@ void Reader::passUnknown() {
     passToNextHead();
 }
 
-// To the next line that begins a message or a directive.
+// To the next line that starts a message or a directive.
 void Reader::passToNextHead() {
     for (scanner_.passLine(); !scanner_.atEnd(); scanner_.passLine()) {
         scanner_.skip();

@@ -52,7 +52,7 @@ private:
     void applyHeadComment(ReadMessage& read, const Comment& comment);
     bool readBody(bool bracketedHead);
     Step readRoot();
-    Step stepBehindRoot(std::size_t& roots, bool& closerExpected);
+    Step stepPastRoot(std::size_t& roots, bool& closerExpected);
     Step endWithoutPoint();
     void passBroken();
     void finish(ReadMessage& read);
@@ -66,13 +66,13 @@ private:
     std::vector<SmlMessage> messages_;
     std::vector<std::size_t> offsets_; // of the messages
     std::string title_;
-    std::string leadingComment_; // the comment that stands before the next message
+    std::string leadingComment_; // the comment before the next message
     std::size_t leadingOffset_ = 0;
-    bool lastWasRead_ = false; // the last message, to which a comment on its last line belongs
+    bool lastWasRead_ = false; // the last message, which owns a comment on its last line
 };
 
-// Takes the direction and the marks that SML has not, "<R>" and "<NL>", from the words of a comment; false,
-// and nothing taken, when it says anything else.
+// Takes the direction and the marks that SML lacks, "<R>" and "<NL>", from the words of a comment; false, and
+// nothing taken, when it contains anything else.
 bool applyMarks(SmlMessage& message, std::string_view words);
 
 // Gives every message a name that no other has: first those that have one in the file, then the rest by

@@ -58,7 +58,7 @@ bool Scanner::passComment() {
     case '\\':
         return peek(1) == '*' && passBlockComment("*\\");
     case '#': {
-        // A directive is no comment.
+        // A directive is not a comment.
         const bool directive = isLetter(peek(1));
         if (!directive)
             passCommentToLineEnd(1);
@@ -142,7 +142,7 @@ bool isBanner(std::string_view line) {
 } // namespace
 
 std::string commentWords(std::string_view comment) {
-    // Most comments are a word or two behind an item.
+    // Most comments are a word or two after an item.
     const std::string_view plain = stripped(comment);
     if (!plain.empty() && isLetter(plain.front()) && plain.back() != '*' &&
         std::all_of(plain.begin(), plain.end(), [](char c) { return c == ' ' || !isSpace(c); }))

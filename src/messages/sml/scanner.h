@@ -13,11 +13,11 @@ namespace zb::sml {
 struct Comment {
     std::size_t offset = 0;
     std::string_view text;  // without its marks
-    bool onOwnLine = false; // a line end stands between it and what came before
+    bool onOwnLine = false; // preceded by a line end
     bool afterBlankLine = false;
 };
 
-// A place in the text. All reading of SML goes through here, and goes forward only.
+// A position in the text. All reading of SML goes through this class, and only forward.
 class Scanner {
 public:
     Scanner(std::string_view text, FindingCollector& findings) : text_(text), findings_(findings) {}
@@ -38,8 +38,7 @@ public:
             offset_ += 3;
     }
 
-    // Passes white space and comments. What it found stands in `comments` and `passedLineEnd` until the next
-    // call.
+    // Skips white space and comments. Its findings are in `comments` and `passedLineEnd` until the next call.
     void skip() {
         comments_.clear();
         passedLineEnd_ = false;
@@ -52,12 +51,12 @@ public:
 
     // The run of word characters here; may be empty.
     std::string_view word();
-    // What stands here up to white space or a mark that ends a value: the form of a number, right or wrong.
+    // The text up to white space or a character that ends a value: the form of a number, valid or not.
     std::string_view valueWord();
     void passLine();
 
 private:
-    // White space, and what begins a comment, lie below the digits, all but one.
+    // White space, and the starts of comments, are below the digits, with one exception.
     static bool mayBeSkipped(char c) { return c <= '/' || c == '\\'; }
     void skipAll();
     std::size_t pastSpace(std::size_t offset);
@@ -72,12 +71,12 @@ private:
     std::vector<Comment> comments_;
     bool passedLineEnd_ = false;
     std::size_t lineEnds_ = 0;
-    // From here on no such closer follows: known once one was looked for in vain.
+    // From here on this closer does not occur: known after one search without a result.
     std::size_t noSlashCloserFrom_ = std::string_view::npos;
     std::size_t noBackslashCloserFrom_ = std::string_view::npos;
 };
 
-// The words of a comment as one line, without the stars that frame it; empty for a banner.
+// The words of a comment as one line, without the stars around it; empty for a banner.
 std::string commentWords(std::string_view comment);
 
 } // namespace zb::sml

@@ -6,15 +6,15 @@
 #include <string_view>
 #include <vector>
 
-// Message lists in SML, the SECS message language, in all the dialects in which tools and engineers write it.
-// docs/formats-sml.md tells what is read and how it is converted.
+// Message lists in SML, the SECS message language, in all the dialects of tools and engineers.
+// docs/formats-sml.md describes what is read and how it is converted.
 namespace zb {
 
 class CodePage;
 
 // A message in the grammar of the message tree.
 struct SmlMessage {
-    std::string name; // unique among the messages read, whatever the case of its letters
+    std::string name; // unique among the messages read, without case
     std::string description;
     int stream = 0;
     int function = 0;
@@ -22,7 +22,7 @@ struct SmlMessage {
     bool autoReply = false;
     bool noLogging = false;
     std::string direction = "H<->E"; // or "H->E", "H<-E"
-    // A line for each item, ended by CR LF: its level, which is 1 for a direct item, a blank, its item Text.
+    // One line per item, ended by CR LF: its level, which is 1 for a direct item, a blank, its item Text.
     std::string body;
 
     bool operator==(const SmlMessage&) const = default;
@@ -34,7 +34,7 @@ struct SmlLibrary {
 };
 
 // Reads every message that can be read. `text` is UTF-8 without a mark; the code page measures texts and
-// decodes character codes above 127. Takes time in proportion to the text, whatever it holds.
+// decodes character codes above 127. The time is proportional to the text, whatever it contains.
 SmlLibrary readSml(std::string_view text, const CodePage& codePage);
 
 } // namespace zb

@@ -6,7 +6,7 @@ namespace zb::sml {
 
 namespace {
 
-// Stands in for the apostrophe: as long, and nearest to it in looks.
+// Replaces the apostrophe: the same length, and the most similar character.
 constexpr char kApostropheStandIn = '`';
 
 bool isControl(char c) {

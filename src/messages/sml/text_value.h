@@ -8,8 +8,8 @@
 
 namespace zb::sml {
 
-// Gathers the value of a text item from its strings and character codes, in the form that an item Text can
-// hold: one line, and no apostrophe, since that has no escape there.
+// Collects the value of a text item from its strings and character codes, in the form that an item Text can
+// hold: one line, without an apostrophe, since there is no escape for it.
 class TextValue {
 public:
     explicit TextValue(const CodePage& codePage) : codePage_(codePage) {}
@@ -21,8 +21,8 @@ public:
     void appendCode(unsigned char code);
     // A backslash was read that may be the first half of an escape.
     void sawBackslash() { backslash_ = true; }
-    // Ends the value. With a declared count that only the value with its escapes resolved has, they were
-    // meant as such; in all other cases a backslash is a backslash.
+    // Ends the value. When the declared count fits only the value with its escapes resolved, they are
+    // resolved; in all other cases a backslash is an ordinary character.
     void end(const std::size_t* declaredCount);
 
     const std::string& text() const { return text_; }

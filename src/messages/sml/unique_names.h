@@ -17,7 +17,7 @@ public:
     explicit UniqueNames(std::string_view separator = {}) : separator_(separator) {}
 
     void clear();
-    // The name, or, when it is taken, the name with the next free number behind it. Holds until the next
+    // The name, or, when it is used already, the name followed by the next free number. Valid until the next
     // call.
     std::string_view take(std::string_view wanted);
 
@@ -31,7 +31,7 @@ private:
     std::string_view textOf(const Entry& entry) const {
         return std::string_view(texts_).substr(entry.begin, entry.length);
     }
-    // The slot that holds the name, or the free one where it belongs.
+    // The slot with the name, or the free slot for it.
     std::size_t slotOf(std::string_view name, std::uint32_t hash) const;
     std::string_view add(std::string_view name, std::uint32_t hash, std::size_t slot);
     void grow();

@@ -74,7 +74,7 @@ bool inRange(const Integer& integer, ItemType type) {
     return integer.magnitude <= (integer.negative ? range.lowest : range.highest);
 }
 
-// The number that digits alone make, as they make most; nothing for what takes a closer look.
+// The number of a word of digits, as most are; nothing for words that need a full check.
 std::optional<std::uint64_t> plainNumber(std::string_view word) {
     constexpr std::size_t kMostDigits = 18;
     if (word.empty() || word.size() > kMostDigits || (word[0] == '0' && word.size() > 1))
@@ -88,7 +88,7 @@ std::optional<std::uint64_t> plainNumber(std::string_view word) {
     return number;
 }
 
-// A sign, digits with at most one point: too short to be too large for either type.
+// A sign, digits with at most one point: too short to overflow either type.
 bool isPlainDecimal(std::string_view word) {
     constexpr std::size_t kMostDigits = 30;
     if (!word.empty() && word[0] == '-')

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-// The values of items, from the forms in which SML writes them to the words of an item Text.
+// The values of items, converted from the forms of SML to the words of an item Text.
 namespace zb::sml {
 
 struct Integer {
@@ -15,7 +15,7 @@ struct Integer {
     std::uint64_t magnitude = 0;
 };
 
-// "12", "-3", "+4", "0x1F", "0b101", "0o17"; nothing for other words and for what has more than 64 bits.
+// "12", "-3", "+4", "0x1F", "0b101", "0o17"; nothing for other words and for numbers of more than 64 bits.
 std::optional<Integer> parseInteger(std::string_view word);
 
 // Whether the word has the form of a whole number of any size.
@@ -23,7 +23,7 @@ bool looksLikeInteger(std::string_view word);
 
 enum class ValueFault {
     none,
-    bareHex,    // read as hexadecimal, though nothing but a letter in it says so
+    bareHex,    // read as hexadecimal because of a letter in it, without a prefix
     signedByte, // a negative number in a binary item, read as the byte of the same bits
     notOfType,  // not a value of the type
     outOfRange, // the nearest value of the type was read
@@ -33,7 +33,7 @@ enum class ValueFault {
 // what is not of the type.
 ValueFault appendValue(std::string& words, ItemType type, std::string_view word);
 
-// What a value of the type looks like, for a sentence: "a number from 0 to 255".
+// The values of the type, for a sentence: "a number from 0 to 255".
 std::string_view expectedValue(ItemType type);
 
 } // namespace zb::sml

@@ -19,7 +19,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds kTurn{20};
 
-/// Closes what it holds.
+/// Closes its descriptor.
 class Descriptor {
 public:
     explicit Descriptor(int number = -1) : number_(number) {}
@@ -43,8 +43,8 @@ private:
     int number_;
 };
 
-/// What the program starts with: the pipe as its output, nothing to read, its own group, and all signals as
-/// a program finds them that was started by hand.
+/// The start state of the program: the pipe as its output, an empty input, its own group, and all signals as
+/// in a program started by hand.
 class SpawnSettings {
 public:
     explicit SpawnSettings(int output) {
@@ -70,7 +70,7 @@ public:
     SpawnSettings(const SpawnSettings&) = delete;
     SpawnSettings& operator=(const SpawnSettings&) = delete;
 
-    /// The system's error number, 0 for none.
+    /// The error number of the system, 0 for none.
     int start(pid_t& process, std::vector<std::string> arguments) const {
         std::vector<char*> words;
         words.reserve(arguments.size() + 1);
@@ -85,15 +85,15 @@ private:
     posix_spawnattr_t attributes_{};
 };
 
-/// Holds back the signals that ask this process to end, so that the program which it runs, in a group of its
-/// own and out of the terminal's reach, is ended first. They take effect when this goes.
+/// Delays the signals that ask this process to end, so that the program that it runs, in its own group and
+/// out of the terminal's reach, is ended first. They take effect when this object is destroyed.
 class HeldSignals {
 public:
     HeldSignals() {
         ::sigemptyset(&signals_);
         for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT}) {
             struct sigaction action {};
-            // One that is ignored, as in a run that outlasts its terminal, stays so.
+            // An ignored signal, as in a run that outlives its terminal, stays ignored.
             if (::sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN)
                 ::sigaddset(&signals_, signal);
         }
@@ -121,12 +121,12 @@ private:
     int taken_ = 0;
 };
 
-/// One run of a program, from its start to the moment when it is known how it ended.
+/// One run of a program, from its start until its result is known.
 class Run {
 public:
     Run(const ProcessLimits& limits, ProcessOutcome& outcome) : limits_(limits), outcome_(outcome) {}
 
-    /// False when it could not be started; the outcome tells why.
+    /// False when it could not be started; the outcome contains the reason.
     bool start(const std::vector<std::string>& arguments) {
         std::array<int, 2> ends{};
         if (::pipe2(ends.data(), O_CLOEXEC) != 0)
@@ -160,7 +160,7 @@ private:
         return false;
     }
 
-    /// Leaves the process as it is, so that its number, and with it that of its group, stays taken.
+    /// Leaves the process unreaped, so that its number, and that of its group, stays in use.
     bool hasEnded() const {
         siginfo_t information{};
         const auto id = static_cast<id_t>(process_);
@@ -176,7 +176,8 @@ private:
             keepAlive();
     }
 
-    /// Takes what lies in the pipe, though not for long: who writes without end must not keep us here.
+    /// Reads the contents of the pipe, for a limited time: a program that writes without end must not block
+    /// this one.
     void read() {
         constexpr int kMostReads = 64;
         std::array<char, 65536> buffer;

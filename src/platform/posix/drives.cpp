@@ -12,14 +12,14 @@ namespace zb {
 
 namespace {
 
-// Where desktops mount what a person plugs in.
+// Where desktops mount removable media.
 bool isRemovable(std::string_view mountPoint) {
     constexpr std::array<std::string_view, 3> kPlaces{"/media/", "/run/media/", "/mnt/"};
     return std::any_of(kPlaces.begin(), kPlaces.end(),
                        [&](std::string_view place) { return mountPoint.starts_with(place); });
 }
 
-// The mount table writes blanks and other separators as octal escapes.
+// The mount table contains blanks and other separators as octal escapes.
 std::string unescapeMountPoint(std::string_view text) {
     return replaceAll(replaceAll(text, "\\040", " "), "\\011", "\t");
 }

@@ -90,7 +90,7 @@ Result<void> SystemFileLayer::sync(int descriptor) {
 }
 
 Result<void> SystemFileLayer::close(int descriptor) {
-    // An interrupted close has closed: a second one could hit a descriptor that another thread just got.
+    // An interrupted close has closed: a second one could close a descriptor that another thread just got.
     return ::close(descriptor) == 0 || errno == EINTR ? Result<void>() : Result<void>(systemError(errno));
 }
 

@@ -51,7 +51,7 @@ Result<std::string> readAll(int descriptor, std::size_t expected) {
 } // namespace
 
 Result<std::string> readBytes(const std::filesystem::path& path) {
-    // Without O_NONBLOCK the opening of a pipe would wait for its writer.
+    // Without O_NONBLOCK opening a pipe would wait for its writer.
     int descriptor = -1;
     do {
         descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);

@@ -5,7 +5,7 @@
 
 namespace zb {
 
-/// A colour that the program set on a row or node; without one the screen's own colour shows.
+/// A colour that the program set on a row or node; without one the screen's own colour is shown.
 struct Color {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
@@ -16,7 +16,7 @@ struct Color {
 
 using OptionalColor = std::optional<Color>;
 
-/// Puts a definition fault's place before the user's eyes.
+/// Marks the place of a definition fault.
 inline constexpr Color kErrorBackColor{255, 128, 128};
 /// Marks transaction faults.
 inline constexpr Color kErrorForeColor{255, 0, 0};

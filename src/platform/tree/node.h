@@ -11,8 +11,8 @@ namespace zb {
 
 class NodeTree;
 
-/// A node of a tree store. Links are null where there is no such node. The address of a node stays the same
-/// until it is removed.
+/// A node of a tree store. Links are null when there is no such node. The address of a node is stable until
+/// it is removed.
 class Node {
 public:
     Node(const Node&) = delete;
@@ -23,7 +23,8 @@ public:
     /// Empty when the node has none.
     std::string_view key() const { return key_ ? std::string_view(*key_) : std::string_view(); }
 
-    /// Position in the tree's flat collection, from 1, in order of insertion; it closes up on removals.
+    /// Position in the tree's flat collection, from 1, in order of insertion. Removals move later positions
+    /// up.
     int index() const { return index_; }
     Node* parent() const { return parent_; }
     Node* child() const { return firstChild_; }
@@ -42,7 +43,7 @@ public:
     void setExpanded(bool expanded);
     const OptionalColor& backColor() const { return backColor_; }
     void setBackColor(OptionalColor color);
-    /// The node's own text colour, else the ordinary one of its tree.
+    /// The node's own text colour, otherwise the ordinary one of its tree.
     OptionalColor foreColor() const;
     void setForeColor(OptionalColor color);
     /// Name of the node's picture; empty for none.

@@ -94,7 +94,7 @@ Node& NodeTree::add(Node* relative, Relation relation, std::string text) {
     const Place place = placeOf(relative, relation);
     if (NodeTreeListener* listener = told(); listener != nullptr)
         listener->beforeInsert(place.parent, place.previous);
-    // make_unique cannot reach the constructor, which only trees may call.
+    // make_unique cannot call the constructor, which is private to trees.
     nodes_.push_back(std::unique_ptr<Node>(new Node(*this)));
     Node& node = *nodes_.back();
     node.text_ = std::move(text);
@@ -248,7 +248,7 @@ bool isMessageKeyUsed(const NodeTree& tree, std::string_view name, int skipIndex
         const Node* holder = tree.find(name);
         return holder != nullptr && holder->index() != skipIndex;
     }
-    // Nodes without a Key have the empty one, as blank and description nodes do.
+    // Nodes without a Key, such as blank and description nodes, have the empty Key.
     for (int index = 1; Node* node = tree.at(index); ++index) {
         if (index != skipIndex && node->key().empty())
             return true;

@@ -11,18 +11,19 @@
 
 namespace zb {
 
-/// Where a new node goes, seen from its relative. With no relative, First and Last are the ends of the root
-/// level and all others its end.
+/// The position of a new node relative to another one. Without a relative, First and Last are the ends of the
+/// root level and all others its end.
 enum class Relation { First, Last, Next, Previous, Child };
 
-/// Told of every change of a tree; a view hangs itself on one.
+/// Receives every change of a tree; a view implements it.
 class NodeTreeListener {
 public:
     virtual ~NodeTreeListener() = default;
-    /// A node is about to come in below `parent` (null: root level) behind `previous` (null: as the first).
+    /// A node is about to be inserted below `parent` (null: root level) after `previous` (null: as the
+    /// first).
     virtual void beforeInsert(Node* /*parent*/, Node* /*previous*/) {}
     virtual void afterInsert(Node& /*node*/) {}
-    /// The node is about to go with all that lies below it.
+    /// The node is about to be removed with its subtree.
     virtual void beforeRemove(Node& /*node*/) {}
     virtual void afterRemove() {}
     virtual void nodeChanged(Node& /*node*/) {}
@@ -35,9 +36,9 @@ public:
     virtual void afterFill() {}
 };
 
-/// An ordered tree of nodes that also stand in one flat collection, in order of insertion. Keys are unique,
-/// compared upper-cased. Look-ups by Key and by Index take constant time; a removal closes up the positions
-/// behind it.
+/// An ordered tree of nodes that are also in one flat collection, in order of insertion. Keys are unique,
+/// compared upper-cased. Look-ups by Key and by Index take constant time; a removal moves the positions after
+/// it up.
 class NodeTree {
 public:
     NodeTree();
@@ -49,23 +50,24 @@ public:
     bool empty() const { return nodes_.empty(); }
     /// By flat position, from 1; null when there is none.
     Node* at(int index) const;
-    /// Null when no node has the Key; the empty Key finds nothing.
+    /// Null when no node has the Key; the empty Key is never found.
     Node* find(std::string_view key) const;
     Node* firstRoot() const { return firstRoot_; }
     Node* lastRoot() const { return lastRoot_; }
 
     Node& add(Node* relative, Relation relation, std::string text);
-    /// False, and nothing changed, when another node has the Key. The empty text takes the Key away.
+    /// False, and nothing changed, when another node has the Key. The empty text removes the Key.
     bool setKey(Node& node, std::string_view key);
-    /// Removes the node with its subtree. A selection inside it is gone.
+    /// Removes the node with its subtree. If it contains the selected node, nothing is selected.
     void remove(Node& node);
     void clear();
 
     Node* selected() const { return selected_; }
-    /// Sets the selection; no click is told. Null selects nothing.
+    /// Sets the selection; no click is reported. Null selects nothing.
     void select(Node* node);
 
-    /// Every node, now and later, shows this colour until it gets its own; own colours are dropped.
+    /// All nodes, including later ones, show this colour until they get their own; existing own colours are
+    /// removed.
     void setOrdinaryForeColor(OptionalColor color);
 
     void setListener(NodeTreeListener* listener) { listener_ = listener; }

@@ -14,7 +14,7 @@ inline Node* nextBeside(const Node& node, const Node& root) {
     return at == &root ? nullptr : at->next();
 }
 
-/// The next node below `root` from the top down, without recursion: trees may be of any depth.
+/// The next node below `root` from the top down, without recursion: trees may have any depth.
 inline Node* nextBelow(const Node& node, const Node& root) {
     return node.child() != nullptr ? node.child() : nextBeside(node, root);
 }

@@ -55,7 +55,7 @@ public:
         for (int index = 1; Node* node = dialog.tvwStatement.nodes().at(index); ++index)
             node->setExpanded(true);
         camera_.take(program_.form(dialog), QStringLiteral("tr-item"));
-        // Each dialog has its own; the one of this dialog comes up.
+        // Each dialog has its own; the one of this dialog is shown.
         for (Window* window : program_.application.desktop.windows()) {
             if (auto* array = dynamic_cast<frmArrayInfo*>(window))
                 camera_.takeNext(*array, QStringLiteral("array-info"), [this, array] {

@@ -10,7 +10,7 @@ class QWidget;
 
 namespace zb::test {
 
-/// Takes pictures of windows into a folder, each named after the window and a suffix for the look.
+/// Takes pictures of windows into a folder, each named after the window and a suffix for the style.
 class Photographer {
 public:
     Photographer(ProgramOnScreen& program, QString folder, QString suffix)
@@ -19,8 +19,8 @@ public:
     void take(QWidget& widget, const QString& name);
     /// Shows the window for the picture and hides it again.
     void takeDialog(Window& window, const QString& name);
-    /// Takes the picture as soon as a command has brought the window up and `fill` has filled it in, and
-    /// hides it, so that the command goes on. A window that did not come up is left out.
+    /// Takes the picture after a command has shown the window and `fill` has filled it in, and hides it, so
+    /// that the command continues. A window that is not shown is left out.
     void takeNext(Window& window, const QString& name, std::function<void()> fill);
 
     bool failed() const { return failed_; }

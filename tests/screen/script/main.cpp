@@ -1,7 +1,7 @@
 // Runs scripts through the real windows: zeltobench-screen-script [--display [--jitter PIXELS]] FILE... It
 // prints and answers what `zbc script` does. With --display the hands are those of an X server: its mouse,
 // its keyboard and its clipboard, under a window manager.
-#include "screen/script/foretold_screen.h"
+#include "screen/script/answering_screen.h"
 #include "screen/script/screen_eyes.h"
 #include "screen/script/screen_hands.h"
 #include "screen/support/palettes.h"
@@ -27,12 +27,12 @@ constexpr int kFailed = 1;
 constexpr int kBadUsage = 2;
 constexpr int kUnreadable = 3;
 
-/// One script's program in its windows. The parts go in the order in which they need each other.
+/// The program of one script in its windows. The members are in order of dependency.
 class ProgramInWindows final : public ScriptedProgram {
 public:
     /// Without a display the windows get events that nobody has made.
-    ProgramInWindows(Screen& foretold, const std::string& applicationFolder, test::Display* display)
-        : display_(display), screen_(makeScreen(foretold)), program_(*screen_, applicationFolder) {
+    ProgramInWindows(Screen& prepared, const std::string& applicationFolder, test::Display* display)
+        : display_(display), screen_(makeScreen(prepared)), program_(*screen_, applicationFolder) {
         program_.onMade = [this](Application& application) {
             windows_.detach();
             windows_.attach(application.desktop);
@@ -40,7 +40,7 @@ public:
     }
 
     DesktopScreen& windows() { return windows_; }
-    test::ForetoldScreen& screen() { return *screen_; }
+    test::AnsweringScreen& screen() { return *screen_; }
     test::Display* display() { return display_; }
 
     void start(const std::string& commandLine) override {
@@ -59,22 +59,22 @@ public:
     CodePage codePage() override { return program_.codePage(); }
 
 private:
-    std::unique_ptr<test::ForetoldScreen> makeScreen(Screen& foretold) {
+    std::unique_ptr<test::AnsweringScreen> makeScreen(Screen& prepared) {
         if (display_ != nullptr)
-            return std::make_unique<test::DisplayForetold>(foretold, windows_, *display_);
-        return std::make_unique<test::ForetoldScreen>(foretold, windows_);
+            return std::make_unique<test::DisplayForetold>(prepared, windows_, *display_);
+        return std::make_unique<test::AnsweringScreen>(prepared, windows_);
     }
 
     test::Display* display_;
     DesktopScreen windows_;
-    std::unique_ptr<test::ForetoldScreen> screen_;
+    std::unique_ptr<test::AnsweringScreen> screen_;
     ApplicationProgram program_;
 };
 
-/// Acts on the windows and then tells what the script had not foretold.
-class TellingHands final : public Hands {
+/// Acts on the windows and then reports questions without an answer.
+class ReportingHands final : public Hands {
 public:
-    TellingHands(ProgramInWindows& program) : program_(program), hands_(makeHands(program)) {}
+    ReportingHands(ProgramInWindows& program) : program_(program), hands_(makeHands(program)) {}
 
     Refusal click(const Target& t) override { return tell(hands_->click(t)); }
     Refusal controlClick(const Target& t) override { return tell(hands_->controlClick(t)); }
@@ -109,7 +109,7 @@ private:
 
 ScriptUser userOfWindows() {
     return {[](ScriptedProgram& program) {
-                return std::make_unique<TellingHands>(static_cast<ProgramInWindows&>(program));
+                return std::make_unique<ReportingHands>(static_cast<ProgramInWindows&>(program));
             },
             [](ScriptedProgram& program) {
                 return std::make_unique<test::ScreenEyes>(program,

@@ -140,7 +140,7 @@ Value ScreenEyes::shownByWindow(const Place& place, std::string_view name) {
     const WindowBinder* window = screen_.binderOf(*place.window);
     if (window == nullptr)
         return std::nullopt;
-    // The main window's title has that of its document behind its own.
+    // The title of the main window also contains that of its document.
     if (name == "caption")
         return text(window->form().windowTitle().section(QStringLiteral(" - ["), 0, 0));
     const QWidget* frame = &window->form();
@@ -177,7 +177,7 @@ Value ScreenEyes::shownByEntry(const Place& place, std::string_view name) {
     const QAction* action = menus.actionOf(*place.target.control);
     if (name == "caption")
         return text(action->text());
-    // A hidden action takes itself for disabled; its own flag shows when it comes back.
+    // A hidden action reports itself as disabled; its own flag is visible when it is shown again.
     if (name == "enabled")
         return action->isVisible() ? Value(action->isEnabled()) : std::nullopt;
     if (name == "visible")

@@ -41,7 +41,7 @@ void ScreenHands::settle() {
     screen_.flush();
 }
 
-// Refused beforehand, carried out by events, or not noticed by the window, which is a fault of the window.
+// Refused in advance, done by events, or not noticed by the window, which is a fault of the window.
 template<typename Act>
 Hands::Refusal ScreenHands::act(const Target& target, Act act) {
     settle();
@@ -80,7 +80,8 @@ void ScreenHands::clickSpot(const Spot& spot, Qt::MouseButton button, Qt::Keyboa
 void ScreenHands::giveFocus(Control& control) {
     const int begun = hands().begun();
     binderOf(screen_, control).keyWidget().setFocus(Qt::TabFocusReason);
-    // The widget may have had the keyboard all along, while another window of the program was active.
+    // The widget may have had the keyboard focus all the time, while another window of the program was
+    // active.
     if (hands().begun() == begun)
         hands().focus(control);
 }
@@ -163,7 +164,7 @@ Hands::Refusal ScreenHands::doubleClick(const Target& target) {
 Hands::Refusal ScreenHands::dismiss() {
     PopupMenu* popup = program_.desktop().openPopup();
     if (popup == nullptr)
-        return "no pop-up stands open";
+        return "no pop-up is open";
     screen_.binderOf(popup->window())->menus().menuOf(*popup)->close();
     settle();
     return popup->isOpen() ? popup->name() + " stays open" : Refusal();

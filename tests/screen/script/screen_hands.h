@@ -8,8 +8,8 @@
 
 namespace zb::test {
 
-/// Acts on the real windows: keys and the mouse are events of the widget that shows the control. What the
-/// user could not do is refused with the words of the stores.
+/// Acts on the real windows: keys and the mouse are events of the widget that shows the control. Actions that
+/// the user could not do are refused with the texts of the stores.
 class ScreenHands final : public Hands {
 public:
     ScreenHands(ScriptedProgram& program, DesktopScreen& screen) : program_(program), screen_(screen) {}

@@ -80,7 +80,7 @@ Spot spotOf(const DesktopScreen& screen, const Target& target) {
         return spotInTree(target, widget);
     case Kind::List:
         return spotInList(target, widget);
-    // Behind the end of the text, and on the box of a check box.
+    // After the end of the text, and on the box of a check box.
     case Kind::TextField:
         return {&widget, {widget.width() - 4, widget.height() / 2}};
     case Kind::CheckBox:

@@ -6,7 +6,7 @@ namespace zb::test {
 
 enum class Shade { Light, Dark };
 
-/// The same look on every machine: one style, one font size, a palette of light or of dark.
+/// The same style on every machine: one font size, and a light or a dark palette.
 void dress(QApplication& application, Shade shade);
 
 } // namespace zb::test

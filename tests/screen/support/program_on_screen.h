@@ -16,7 +16,7 @@ public:
     std::string generate(const std::string& /*projectFile*/) override { return answer; }
 };
 
-/// A program of a test's own in its real windows, with settings that no file keeps.
+/// A separate program in its real windows, with settings that are not stored in a file.
 struct ProgramOnScreen {
     explicit ProgramOnScreen(const std::string& applicationFolder);
     ~ProgramOnScreen();
@@ -27,7 +27,7 @@ struct ProgramOnScreen {
     Widget& widget(const Window& window, const char* name) const {
         return *form(window).findChild<Widget*>(QLatin1String(name));
     }
-    /// Everything that waits for the event loop has been shown.
+    /// Processes everything that waits for the event loop.
     void settle();
 
     DesktopScreen screen;

@@ -28,7 +28,7 @@ void DisplayForetold::pressAnswer(Answer answer) {
 
 Answer DisplayForetold::showBox(const Box& box) {
     return keep(Answer::Cancel, [&] {
-        const Answer answer = foretold().showBox(box);
+        const Answer answer = prepared().showBox(box);
         const DisplaySteps::Held held(display_.steps());
         QTimer::singleShot(0, &display_.steps(), [&] {
             keep(0, [&] {
@@ -45,7 +45,7 @@ void DisplayForetold::runModal(Window& window) {
     const DisplaySteps::Held held(display_.steps());
     QTimer::singleShot(0, &display_.steps(), [&] {
         keep(0, [&] {
-            foretold().runModal(window);
+            prepared().runModal(window);
             return 0;
         });
         if (window.visible())

@@ -70,7 +70,7 @@ void DisplayHands::closePopupBefore(const Target& target) {
         display_.strike(kEscapeSymbol);
 }
 
-// Refused beforehand, carried out by events, or not noticed by the window, which is a fault of the window.
+// Refused in advance, done by events, or not noticed by the window, which is a fault of the window.
 Hands::Refusal DisplayHands::act(const Target& target, const std::function<Refusal()>& act) {
     settle();
     closePopupBefore(target);
@@ -143,7 +143,7 @@ Hands::Refusal DisplayHands::doubleClick(const Target& target) {
 Hands::Refusal DisplayHands::dismiss() {
     PopupMenu* popup = program_.desktop().openPopup();
     if (popup == nullptr)
-        return "no pop-up stands open";
+        return "no pop-up is open";
     display_.strike(kEscapeSymbol);
     settle();
     return popup->isOpen() ? popup->name() + " stays open" : Refusal();

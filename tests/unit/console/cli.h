@@ -26,7 +26,7 @@ inline Outcome runZbc(const std::vector<std::string>& arguments) {
     return {status, out.str(), err.str()};
 }
 
-/// A folder with a project of two messages, and settings of its own.
+/// A folder with a project of two messages, and separate settings.
 class Cli : public testing::Test {
 protected:
     Cli() {

@@ -20,7 +20,7 @@ struct Outcome {
     std::string err;
 };
 
-/// A folder with a project, a library of each format, and settings of its own.
+/// A folder with a project, a library of each format, and separate settings.
 class LibraryVerbs : public testing::Test {
 protected:
     LibraryVerbs() {
@@ -107,7 +107,7 @@ TEST_F(LibraryVerbs, TellsWhatIsWrongWithALibrary) {
     const std::string file = path("faulty.sml");
     expect({"list", file}, 1, "S1F1   S1F1   W  H<->E  0\nS6F12  S6F12  W  H<->E  1\n",
            file + ":2:10: expected a whole number from 0 to 255, found \"2.5\"\n" + file +
-               ":3:1: warning: W stands on an even function, which is a reply\n");
+               ":3:1: warning: W is set on an even function, which is a reply\n");
     write("empty.sml", "");
     expect({"list", path("empty.sml")}, 1, "",
            path("empty.sml") + ": not a message library: no message could be read\n");
@@ -147,7 +147,7 @@ TEST_F(LibraryVerbs, ConvertWritesWhatCouldBeReadAndTellsTheRest) {
     const std::string file = path("faulty.sml");
     expect({"convert", file, path("a.smd")}, 1, path("a.smd") + ": 2 messages\n",
            file + ":2:10: expected a whole number from 0 to 255, found \"2.5\"\n" + file +
-               ":3:1: warning: W stands on an even function, which is a reply\n");
+               ":3:1: warning: W is set on an even function, which is a reply\n");
 }
 
 TEST_F(LibraryVerbs, ConvertRefusesWhatItCannotWrite) {

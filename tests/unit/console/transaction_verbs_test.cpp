@@ -28,7 +28,7 @@ constexpr const char* kSequences = "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\n"
                                    "SeqItem\u00FF1\u00FFToEquip\u00FFGoOnline\r\n"
                                    "SeqItem\u00FF2\u00FFToHost\u00FFSayHello\r\n";
 
-/// A folder with a project that has a transaction model, and settings of its own.
+/// A folder with a project that has a transaction model, and separate settings.
 class TransactionVerbs : public testing::Test {
 protected:
     TransactionVerbs() {
@@ -151,7 +151,7 @@ TEST_F(TransactionVerbs, PlugInGoesTheWholeRoad) {
                "\n1\nls: cannot access 'ZeltoPlugIn': No such file or directory\n"
                "The generator failed with exit status 2.\n",
            "");
-    // the save has put the header into its usual form, and kept what was there before
+    // the save has written the header in its usual form, and kept the previous version
     EXPECT_EQ(*readBytes(project_), encodeUtf16(std::string(kMessages) + kModel + kSequences));
     EXPECT_FALSE(fs::is_empty(path("state")));
     EXPECT_TRUE(fs::is_directory(path("ZeltoPlugIn")));

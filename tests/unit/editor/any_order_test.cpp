@@ -5,8 +5,7 @@
 namespace zb {
 namespace {
 
-/// A user who does anything that the window lets happen, in any order, on a tree that a damaged file has
-/// left.
+/// A user who does anything that the window allows, in any order, on a tree from a damaged file.
 class AnyOrder : public EditorDesk, public testing::WithParamInterface<unsigned> {
 public:
     void growDamagedTree() {
@@ -58,7 +57,7 @@ public:
                 Target::whole(pick(2) == 0 ? static_cast<Control&>(window.cmdMsgAdd) : window.chkFix));
     }
 
-    /// Nodes that the links reach; each must be where its own links say that it is.
+    /// Nodes that the links reach; each must be at the position that its own links define.
     std::size_t reachable(const Node* first, const Node* parent) {
         std::size_t count = 0;
         const Node* previous = nullptr;
@@ -80,7 +79,7 @@ TEST_P(AnyOrder, LeavesAWholeTree) {
     growDamagedTree();
     window.show();
     for (int i = 0; i < 4000; ++i) {
-        // A root node turns the pane off; its handlers have to bear that it is on all the same.
+        // A root node disables the pane; its handlers must also work when it is enabled.
         window.picItem.setEnabled(true);
         window.picItem.setVisible(true);
         act();

@@ -7,7 +7,7 @@
 
 namespace zb {
 
-/// A screen that keeps the boxes it was asked to show.
+/// A screen that records its boxes.
 class BoxScreen : public Screen {
 public:
     Answer showBox(const Box& box) override {

@@ -19,7 +19,7 @@
 
 namespace zb {
 
-/// Project commands that keep what was asked for, and the pointer that the window showed then.
+/// Project commands that record what was requested, and the pointer that the window showed then.
 class RecordingCommands final : public ProjectCommands {
 public:
     struct Call {
@@ -33,7 +33,7 @@ public:
     std::vector<Call> calls;
 };
 
-/// An editor window with a user before it.
+/// An editor window with a user.
 class EditorDesk : public testing::Test {
 public:
     EditorDesk() {
@@ -41,7 +41,7 @@ public:
         window.InitMsg();
     }
 
-    /// The oldest box not yet looked at.
+    /// The oldest box not yet checked.
     void expectBox(std::string_view text, BoxIcon icon = BoxIcon::None) {
         ASSERT_FALSE(screen.boxes.empty()) << "no box that says: " << text;
         EXPECT_EQ(screen.boxes.front().text, text);
@@ -74,7 +74,7 @@ public:
     }
 
     NodeTree& tree() { return window.liveTree(); }
-    /// Adds a message with the items of an outline, two blanks a level, and its name to the combo.
+    /// Adds a message with the items of an outline, two blanks per level, and its name to the combo.
     Node& addMessage(std::string_view text, const std::vector<std::string>& items = {},
                      std::string_view description = "") {
         NodeTree& nodes = tree();
@@ -96,7 +96,7 @@ public:
         return message;
     }
 
-    /// The tree or the nodes below one, one line each, two blanks a level.
+    /// The tree or the nodes below one, one line each, two blanks per level.
     static std::vector<std::string> outline(const Node* first, int level = 0) {
         std::vector<std::string> lines;
         for (const Node* node = first; node != nullptr; node = node->next()) {

@@ -57,7 +57,7 @@ constexpr FindDirection kUp = FindDirection::Up;
 constexpr FindDirection kDown = FindDirection::Down;
 constexpr FindDirection kAll = FindDirection::All;
 
-// An empty text matches every node, so these show where the first step leads.
+// An empty text matches every node, so these show where the first step goes.
 INSTANTIATE_TEST_SUITE_P(FirstStepUp, FindScan,
                          Values(FindRow{kUp, 9, 1, "", 8}, FindRow{kUp, 7, 1, "", 4},
                                 FindRow{kUp, 5, 1, "", 11}, FindRow{kUp, 11, 1, "", 4},
@@ -85,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(ScanDown, FindScan,
                                 FindRow{kDown, 3, 1, "name", kEnd}, FindRow{kDown, 4, 1, "limit", kEnd},
                                 FindRow{kDown, 3, 1, "first", 11}, FindRow{kDown, 9, 1, "you", kEnd}));
 
-// At or before the origin the search runs on through it; behind it, it goes round and ends before it.
+// At or before the origin the search runs past it; after it, it wraps and ends before it.
 INSTANTIATE_TEST_SUITE_P(ScanAll, FindScan,
                          Values(FindRow{kAll, 1, 5, "S1F2", 10}, FindRow{kAll, 4, 7, "first", 11},
                                 FindRow{kAll, 4, 7, "you", kEnd}, FindRow{kAll, 4, 6, "you", 2},

@@ -4,7 +4,7 @@
 
 namespace zb {
 
-/// Two messages. The numbers are the flat positions; 11 came last and stands first among its siblings.
+/// Two messages. The numbers are the flat positions; 11 was added last and is the first of its siblings.
 ///    1 ""
 ///    2 "Are you there"
 ///    3 "S1F1: S1 F1 W H->E"

@@ -153,7 +153,7 @@ TEST_F(FindWindow, GoesRoundToTheNodeWhereTheTextWasTyped) {
 
 TEST_F(FindWindow, StartsFromTheFirstPositionBeforeAnyText) {
     select(4);
-    enter(); // 7 lies behind the origin 1
+    enter(); // 7 is after the origin 1
     EXPECT_EQ(selected(), 7);
     select(10);
     type("first");
@@ -165,7 +165,7 @@ TEST_F(FindWindow, StartsFromTheFirstPositionBeforeAnyText) {
 TEST_F(FindWindow, TakesANewOriginAtTheEnd) {
     type("you"); // the origin is 1
     select(9);
-    enter(); // 10 to 11, and nothing stands before the origin
+    enter(); // 10 to 11, and nothing is before the origin
     EXPECT_EQ(selected(), 9);
     EXPECT_EQ(screen.boxes.size(), 1U);
     enter(); // the origin is 9 by now

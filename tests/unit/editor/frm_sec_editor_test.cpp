@@ -85,7 +85,7 @@ TEST_F(ProjectFile, OpenFillsTreeAndCombo) {
     EXPECT_EQ(window.cboSECSMessage.entries(), (Lines{"A", "B"}));
     EXPECT_EQ(window.cboSECSMessage.text(), "A");
     EXPECT_EQ(tree().selected(), tree().find("A"));
-    EXPECT_EQ(window.txtMsgName.text(), ""); // the first selection is no click
+    EXPECT_EQ(window.txtMsgName.text(), ""); // the first selection is not a click
     EXPECT_EQ(tree().find("B")->child()->foreColor(), kEditorForeColor);
 }
 

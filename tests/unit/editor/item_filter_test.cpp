@@ -35,7 +35,7 @@ std::vector<int> operator+(std::vector<int> left, const std::vector<int>& right)
     return left;
 }
 
-/// Every code that no row names.
+/// Every code that no row lists.
 std::vector<int> othersThan(const std::vector<int>& codes) {
     std::vector<int> others;
     for (int code = 1; code <= 255; ++code) {

@@ -61,7 +61,7 @@ public:
         target.button = &window.tbritemType.button(buttonKey);
         EXPECT_EQ(hands.click(target), "");
     }
-    /// The Keys of the buttons that are down, and those whose picture says otherwise behind a "!".
+    /// The Keys of the pressed buttons, and, after a "!", those whose picture differs.
     std::string buttonsDown() {
         std::string down;
         for (const ToolbarButton& button : window.tbritemType.buttons()) {

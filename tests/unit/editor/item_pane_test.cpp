@@ -29,7 +29,7 @@ std::ostream& operator<<(std::ostream& out, const FieldRow& row) {
 
 class ItemPaneField : public PaneFixture, public testing::TestWithParam<FieldRow> {
 protected:
-    /// A key that enters nothing, so that only its way up counts.
+    /// A key that enters nothing, so that only its key up counts.
     void pasteAndRelease(TextField& field) {
         paste(field, GetParam().entered);
         key(field, {kKeyEnd, 0});
@@ -234,7 +234,7 @@ TEST_F(ItemPaneTest, StartsAndIsClearedWithNothingDown) {
     EXPECT_EQ(buttonsDown(), "");
 }
 
-/// What the fields hold, and what ThisItemChange makes of them.
+/// The contents of the fields, and the result of ThisItemChange.
 struct ChangeRow {
     std::string type;
     std::string name;

@@ -11,7 +11,7 @@ namespace {
 constexpr const char* kSmdText =
     "* Ask\r\nAsk: S1 F1 W H->E.\r\n* Tell\r\nTell: S1 F2 H<-E\r\n    <A 3 NAME 'abc'>.\r\n";
 
-/// A screen whose file dialogs give the paths said beforehand.
+/// A screen whose file dialogs return prepared paths.
 class PickingScreen final : public BoxScreen {
 public:
     std::string pickFile(const FileDialog& dialog) override {
@@ -68,7 +68,7 @@ protected:
             lines.push_back(row->text());
         return lines;
     }
-    /// Drags the rows with these Keys onto the tree, and gives the names of the messages there.
+    /// Drags the rows with these Keys onto the tree, and returns the names of its messages.
     Lines drag(const Lines& keys) {
         select(keys);
         Target from = Target::whole(window.lvwSource);

@@ -29,7 +29,7 @@ Codes letters() {
     return codes;
 }
 
-/// Every code that none of the lists names.
+/// Every code that none of the lists contains.
 Codes allBut(const std::vector<Codes>& lists) {
     Codes others;
     for (int code = 1; code <= 255; ++code) {

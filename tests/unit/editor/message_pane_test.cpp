@@ -319,7 +319,7 @@ TEST_F(MessagePaneTest, ComboSelectsTheMessageThatReadsExactlySo) {
     clickNode(&first);
     EXPECT_EQ(hands.choose(window.cboSECSMessage, "B"), "");
     EXPECT_EQ(tree().selected(), &second);
-    EXPECT_EQ(window.txtMsgName.text(), "A"); // the panes lag behind until the next click
+    EXPECT_EQ(window.txtMsgName.text(), "A"); // the panes are out of date until the next click
     window.InsertCbo("a");
     EXPECT_EQ(hands.choose(window.cboSECSMessage, "a"), "");
     EXPECT_EQ(tree().selected(), &second);

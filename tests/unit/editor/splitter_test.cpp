@@ -7,7 +7,7 @@
 namespace zb {
 namespace {
 
-/// The tree column from 1000 to 3000, its gap of 60 behind it, tree from 400 to 5400.
+/// The tree column from 1000 to 3000, its gap of 60 after it, tree from 400 to 5400.
 Splitter placed() {
     Splitter splitter(2000);
     splitter.place({.left = 1000, .top = 400, .height = 5000, .gap = 60});

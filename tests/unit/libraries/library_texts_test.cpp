@@ -18,12 +18,12 @@ namespace zb::test {
 
 namespace {
 
-// A message whose name is not made of its stream and function.
+// A message whose name does not consist of its stream and function.
 struct NamedForm {
     int stream = 0;
     int function = 0;
-    std::size_t form = 0;                 // which of the layout's forms it takes
-    std::optional<std::string> direction; // where it is narrower than the layout's
+    std::size_t form = 0;                 // the form of the layout that it uses
+    std::optional<std::string> direction; // if narrower than the layout's
 };
 
 const std::map<std::string, NamedForm>& namedForms() {
@@ -69,7 +69,7 @@ void visit(const std::vector<Item>& items, const std::function<void(const Item&)
     }
 }
 
-// Runs `check` on every item of the SEMI library, with the place told in any failure.
+// Runs `check` on every item of the SEMI library, and reports the place of a failure.
 void forEachItem(const std::function<void(const Item&, const Message&)>& check) {
     for (const auto& message : semiMessages())
         visit(message.items, [&](const Item& item) {
@@ -240,8 +240,8 @@ TEST(LibraryTexts, ItemHasOneOfItsFormats) {
     });
 }
 
-// What a build would make of an item is what stands here already, so that a message drawn from a library and
-// built is unchanged.
+// The text is already what a build would make of it, so that a message from a library is unchanged when it is
+// built.
 TEST(LibraryTexts, ValueIsCanonicalForTypeAndCount) {
     forEachItem([](const Item& item, const Message&) {
         if (item.type == "L")
@@ -272,8 +272,8 @@ TEST(LibraryTexts, ItemLooksTheSameInEveryMessage) {
     });
     std::erase_if(forms, [](const auto& entry) { return entry.second.size() == 1; });
     const std::map<std::string, std::set<std::string>> wanted{
-        {"ALID", {"I2 1 0", "I2 20V 0"}},       // S5F5 asks for several alarms in one item
-        {"MDLN", {"A 6 HLVFAB", "A 6 HLVFAb"}}, // OnLineData has a spelling of its own
+        {"ALID", {"I2 1 0", "I2 20V 0"}},       // S5F5 requests several alarms in one item
+        {"MDLN", {"A 6 HLVFAB", "A 6 HLVFAb"}}, // OnLineData has its own spelling
     };
     EXPECT_EQ(forms, wanted);
 }

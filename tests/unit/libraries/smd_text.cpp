@@ -65,7 +65,7 @@ private:
         return std::move(message);
     }
 
-    // True when a point behind the head ends the message.
+    // True when a point after the head ends the message.
     bool readHead(Message& message) {
         static const std::regex form(R"(([^: ]+): S(\d+) F(\d+)( W)?( <R>)?( <NL>)? (H->E|H<-E|H<->E)(\.)?)");
         std::smatch part;

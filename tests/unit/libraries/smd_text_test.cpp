@@ -1,5 +1,4 @@
-// The checks of the library texts are worth what their tools are worth: these cases show that the tools can
-// fail.
+// The checks of the library texts are only as good as their tools: these cases show that the tools can fail.
 #include "unit/libraries/layout_text.h"
 #include "unit/libraries/smd_text.h"
 

@@ -118,7 +118,7 @@ TEST(ItemRecord, HugeTextsAreTaken) {
     EXPECT_NE(record.parseText(std::string(1 << 20, ' ') + std::string(1 << 20, '\'')), "");
 }
 
-/// Any item that the grammar can write.
+/// Any item that the grammar can express.
 class ItemMaker {
 public:
     std::string make() {

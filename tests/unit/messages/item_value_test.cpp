@@ -29,7 +29,7 @@ constexpr std::string_view kBinary = "Insert numeric-type for initial value.";
 constexpr std::string_view kBinaryRange = "Insert positive integer values between 0 to 255.";
 constexpr std::string_view kApostrophe = "You cannot insert \"'\" character";
 
-/// What comes of the text in an item of each of the types: "good", "silent", or the words of the box.
+/// The result of the text in an item of each of the types: "good", "silent", or the text of the box.
 struct TypedRow {
     std::string types;
     std::string text;
@@ -243,7 +243,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, EmptyText,
                                 EmptyRow{"B BOOLEAN I1 U2 F8", 1, kVariable, ""},
                                 EmptyRow{"A L", 1, kFixed, ""}, EmptyRow{"Q", 0, kVariable, "0"}));
 
-// Storing canonical text sets the change handling off once more, which must find nothing left to do.
+// Setting canonical text runs the change handling again, which must find nothing to do.
 TEST(CanonicalTextOfAnyText, IsCanonical) {
     constexpr std::string_view kCharacters = "0123456789+-.eEtTfx  ";
     std::mt19937 random(7);
@@ -260,7 +260,7 @@ TEST(CanonicalTextOfAnyText, IsCanonical) {
     }
 }
 
-// The largest double prints as a number that no double holds; nothing more is asked of it than an end.
+// The largest double prints as a number that a double cannot represent; it is only required to end.
 TEST(CanonicalTextEnd, TheLargestNumberIsPrinted) {
     EXPECT_EQ(normalizeItemValue("F8", 1, kFixed, "1.7976931348623157E308"), "1.79769313486232E+308");
 }

@@ -9,7 +9,7 @@
 namespace zb {
 
 static void PrintTo(const DropStep& step, std::ostream* out) {
-    *out << step.streamFunction << (step.tellsDuplicates ? " tells" : " silent");
+    *out << step.streamFunction << (step.reportsDuplicates ? " tells" : " silent");
 }
 
 namespace {

@@ -129,7 +129,7 @@ TEST_F(LibraryStore, SmlIsReadWithItsFindings) {
     EXPECT_EQ(texts(store),
               (Lines{"Ask\r\nS1F1: S1 F1 W H->E\r\n", "\r\nS6F12: S6 F12 W H<->E\r\n1 B 1 0\r\n"}));
     EXPECT_EQ(store.findings(), (Findings{{Severity::Warning, FindingPlace::atLine(3, 1),
-                                           "W stands on an even function, which is a reply"},
+                                           "W is set on an even function, which is a reply"},
                                           {Severity::Error, FindingPlace::atLine(4, 10),
                                            "expected a whole number from 0 to 255, found \"2.5\""}}));
 }

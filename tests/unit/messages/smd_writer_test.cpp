@@ -112,7 +112,7 @@ TEST(SmdWriter, AnItemFaultStopsTheCheckedWalk) {
     EXPECT_THAT(bench.faults, ElementsAre("! Insert unsigned integer for initial value."));
     ASSERT_TRUE(outcome.fault.has_value());
     EXPECT_EQ(outcome.fault->nodeIndex, 8);
-    EXPECT_EQ(bench.tree.at(7)->text(), "A 3 N 'x  '"); // what was normalized before stays so
+    EXPECT_EQ(bench.tree.at(7)->text(), "A 3 N 'x  '"); // what was normalized before stays normalized
     EXPECT_EQ(bench.store->getMessages().size(), 1U);
 }
 

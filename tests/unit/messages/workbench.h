@@ -21,7 +21,7 @@ inline std::string crlf(std::initializer_list<std::string_view> lines) {
     return text;
 }
 
-/// One line a node: two blanks a level, the Text, and the Key behind "#".
+/// One line per node: two blanks per level, the Text, and the Key after "#".
 inline std::string outline(const NodeTree& tree) {
     std::string text;
     const Node* node = tree.firstRoot();

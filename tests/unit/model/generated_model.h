@@ -8,7 +8,7 @@
 
 namespace zb::test {
 
-/// Makes models up whose texts are as nasty as texts get.
+/// Generates models with difficult texts.
 class ModelMaker {
 public:
     explicit ModelMaker(std::uint32_t seed) : random_(seed) {}
@@ -27,7 +27,7 @@ private:
     std::mt19937 random_;
 };
 
-/// All that the model holds, as a text that two equal models share.
+/// The whole contents of the model, as a text that equal models share.
 std::string described(const TRModelStore& model);
 /// The same of one message.
 std::string described(const TRMessageRecord& message);

@@ -16,11 +16,11 @@ using test::ModelMaker;
 
 constexpr std::string_view kBefore = "\r\n###[PROJECT INFORMATION]\r\nProjectType=1\r\n"
                                      "## [EDIT SMD]\r\n* One\r\nA: S1 F1 H->E.\r\n";
-constexpr std::string_view kBehind = "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\n";
+constexpr std::string_view kAfter = "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\n";
 
-/// The project file's text as it comes back from the disk.
+/// The project file's text as it is read back from the disk.
 std::string throughAFile(std::string_view modelText) {
-    return decodeProject(encodeUtf16(std::string(kBefore) + std::string(modelText) + std::string(kBehind)))
+    return decodeProject(encodeUtf16(std::string(kBefore) + std::string(modelText) + std::string(kAfter)))
         .text;
 }
 
@@ -146,7 +146,7 @@ TEST(ModelText, KeepsWhatIsNoEscape) {
 }
 
 TEST(ModelText, IgnoresTheSequenceTable) {
-    EXPECT_EQ(reread(std::string(kBefore) + std::string(kBehind) + std::string(kModel)), "");
+    EXPECT_EQ(reread(std::string(kBefore) + std::string(kAfter) + std::string(kModel)), "");
 }
 
 TEST(ModelText, ASectionOfANewerVersionGivesWhatIsKnown) {
@@ -185,7 +185,7 @@ struct Gallery {
         whole = messagesOf(throughAFile(text));
     }
 
-    /// Whether all messages but that of the line are there.
+    /// Whether all messages but that of the line exist.
     void expectOthers(const std::string& damaged, std::size_t line) const {
         const auto found = messagesOf(throughAFile(damaged));
         for (std::size_t number = 0; number < whole.size(); ++number) {
@@ -251,7 +251,7 @@ TEST(DamagedModelText, ALineThatStandsTwiceChangesNothing) {
         const std::string& text = gallery.lines[line];
         const std::string_view word = std::string_view(text).substr(text.find_first_not_of(' '));
         if (word.starts_with("Element") || word.starts_with("StatementText") || word.starts_with("Item"))
-            continue; // here the same line may well be meant twice
+            continue; // here the same line may be intended twice
         gallery.expectAll(gallery.without(line, text + "\r\n" + text + "\r\n"), line);
     }
 }

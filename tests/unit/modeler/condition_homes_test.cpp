@@ -17,7 +17,7 @@
 namespace zb {
 namespace {
 
-/// Both dialogs that build conditions, each open on the message `Data`.
+/// Both dialogs that build conditions, each open for the message `Data`.
 class ConditionHomes : public testing::Test {
 public:
     ConditionHomes() {
@@ -39,7 +39,7 @@ public:
         EXPECT_EQ(hands.choose(messages.cmbSECSMessage, "Data"), "");
     }
     void openItem() { items.addTRItem("Tell"); }
-    /// Makes the messages anew, with that item below a list without a count.
+    /// Creates the messages again, with that item below a list without a count.
     void define(const std::string& item) {
         state.SECSMessageStore = std::make_unique<SECSMessageStore>();
         state.SECSMessageStore->addMessageText("* Tell\r\nData: S6 F11 H<-E\r\n    " + list + "\r\n        " +
@@ -125,8 +125,8 @@ TEST_F(ConditionHomes, AddAtEnterInTheValueOrNot) {
     EXPECT_EQ(rowsAtEnter(items.builder), 0U);
 }
 
-// The program presses exactly one button. Should both ever be pressed, each home reads the one that it meets
-// first or last.
+// The program presses exactly one button. If both are pressed, each dialog reads the first or the last one
+// that it finds.
 TEST_F(ConditionHomes, ReadTheFirstOrTheLastPressedOperator) {
     openMessage();
     messages.builder.tlbOperator1.button("!=").setValue(1);

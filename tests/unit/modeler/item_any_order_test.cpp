@@ -10,7 +10,7 @@
 namespace zb {
 namespace {
 
-/// A user who does anything that the dialog lets happen, in any order, while the model changes behind it.
+/// A user who does anything that the dialog allows, in any order, while the model changes at the same time.
 class ItemAnyOrder : public testing::TestWithParam<unsigned>, public test::ItemDesk {
 public:
     ItemAnyOrder() {
@@ -86,7 +86,7 @@ public:
         }
     }
 
-    /// What other windows do meanwhile.
+    /// Actions in other windows at the same time.
     void meanwhile() {
         switch (pick(6)) {
         case 0:

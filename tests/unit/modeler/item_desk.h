@@ -65,7 +65,7 @@ struct ItemDesk {
         hands.rightClick(on(node));
         click(entry);
     }
-    /// Answers the dialog for values the next times that it comes up.
+    /// Answers the dialog for values the next times that it is shown.
     void answerValue(std::string value) {
         screen.modal = [value](Window& window) {
             auto& valueDialog = static_cast<frmSetTRItemValue&>(window);

@@ -16,8 +16,8 @@
 namespace zb {
 namespace {
 
-/// A user who does anything that the dialog lets happen, in any order, while messages and model change behind
-/// it.
+/// A user who does anything that the dialog allows, in any order, while messages and model change at the same
+/// time.
 class MessageAnyOrder : public testing::TestWithParam<unsigned> {
 public:
     MessageAnyOrder() {

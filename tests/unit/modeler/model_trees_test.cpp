@@ -70,13 +70,13 @@ TEST_F(ModelTrees, GoToTheNodeAtThePositionOfTheNextSiblingBehindADeletedMessage
     window.displayModel();
     hands.click(onReceived("A"));
     deleteKey(rcv);
-    // The sibling was at position 3, where now the one behind it stands.
+    // The sibling was at position 3, where the next one is now.
     EXPECT_EQ(flat(rcv), (Texts{kRoot, "B", "C", "D"}));
     EXPECT_EQ(selectedText(rcv), "C");
     EXPECT_EQ(window.current().message, "C");
     hands.click(onReceived("C"));
     deleteKey(rcv);
-    // Nothing stands at position 4 any more.
+    // Nothing is at position 4 any more.
     EXPECT_EQ(flat(rcv), (Texts{kRoot, "B", "D"}));
     EXPECT_EQ(selectedText(rcv), "");
     hands.click(onReceived("D"));

@@ -48,7 +48,7 @@ struct ModelerDesk {
         item->setName(name);
         record.addTRItem(std::move(item));
     }
-    /// Behind the window's back nothing shows; this tells it as the dialog does.
+    /// A change of the store alone shows nothing; this reports it as the dialog does.
     void addShownItem(const std::string& message, const std::string& name) {
         addItem(*model().getTRMessage(message), name);
         window.displayAddedTRItem(message, name);

@@ -8,7 +8,7 @@
 
 namespace zb::test {
 
-/// Notes what the dialogs tell the modeler window.
+/// Records what the dialogs report to the modeler window.
 class NotedViews final : public ModelViews {
 public:
     void displayAddedTRMessage(std::string_view name) override { note("added", name); }

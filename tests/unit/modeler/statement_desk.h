@@ -13,7 +13,7 @@
 
 namespace zb::test {
 
-/// A statement tree with nothing around it.
+/// A statement tree without a window.
 class StatementDesk {
 public:
     StatementDesk() { statements.initStatementTree(); }
@@ -26,7 +26,7 @@ public:
             node.setText(std::string(type) + " " + std::string(condition) + ":");
         return node;
     }
-    /// One line a node, two blanks a level: the picture, ">" and the text.
+    /// One line per node, two blanks per level: the picture, ">" and the text.
     std::string shape() { return shapeBelow(root(), 0); }
 
 private:

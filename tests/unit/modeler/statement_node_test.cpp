@@ -42,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(
         StatementRow{"else:", pair("else", "NONE")}, StatementRow{"elsewhere=1", pair("else", "NONE")},
         StatementRow{"if", {}}, StatementRow{"elif", {}}, StatementRow{"lse:", {}}, StatementRow{"", {}},
         StatementRow{"COUNT=3", {}}, StatementRow{"({A} == 1):", {}}, StatementRow{" ({A} == 1):", {}},
-        // the condition ends at the first colon behind the parenthesis
+        // the condition ends at the first colon after the parenthesis
         StatementRow{"if ({A} == 'x:y'):", pair("if", "NONE")},
         StatementRow{"if ({A} == '(:)'):", pair("if", "NONE")},
         StatementRow{"if ({A} == 1)", pair("if", "NONE")},

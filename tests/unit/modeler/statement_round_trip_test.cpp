@@ -9,7 +9,8 @@ namespace {
 
 using test::StatementDesk;
 
-/// Grows trees as a user can: chains whose branches are bare, hold a value, or hold a further chain.
+/// Generates trees as a user can build them: chains whose branches are bare, contain a value, or contain
+/// another chain.
 class Grower {
 public:
     explicit Grower(unsigned seed) : random_(seed) {}
@@ -46,8 +47,8 @@ private:
     std::mt19937 random_;
 };
 
-// Nothing is lost where no line has the depth of the line before it, and where both have depth 1: there the
-// character that goes is the blank of the depth.
+// Nothing is lost when no line has the depth of the line before it, or when both have depth 1: there the lost
+// character is the blank of the depth.
 bool readsBackWhole(const std::string& text) {
     std::size_t previous = text.size();
     for (std::size_t start = 0; start <= text.size();) {
@@ -61,7 +62,7 @@ bool readsBackWhole(const std::string& text) {
     return true;
 }
 
-// What a line stands for, told by the lines alone.
+// The meaning of a line, derived from the lines alone.
 std::string lineOf(const XmlElement& statement) {
     const std::string& type = getElementAttribute(statement, "Type");
     const std::string& condition = getElementAttribute(statement, "Condition");

@@ -92,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(
     Table, StatementReading,
     testing::Values(ReadingRow{"if ({A} == 1):\r\n COUNT=3\r\nelse:\r\n COUNT=4",
                                "if>if ({A} == 1):\n  ItemValue>COUNT=3\nelse>else:\n  ItemValue>COUNT=4\n"},
-                    // the same depth as the line before: one character goes
+                    // the same depth as the line before: one character is lost
                     ReadingRow{"if\r\nelif", "if>if\nelif>lif\n"},
                     ReadingRow{"if\r\nelse:\r\n A=1", "if>if\nelse>lse:\n  ItemValue>A=1\n"},
                     ReadingRow{"if\r\n if\r\n elif", "if>if\n  if>if\n  elif>elif\n"},
@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
                                "if>if\n  if>if\n    ItemValue>A=1\nelse>else:\n"},
                     ReadingRow{"if\r\n     if\r\n A=1", "if>if\n  if>if\nItemValue>A=1\n"},
                     ReadingRow{"   if\r\n A=1", "if>if\nItemValue>A=1\n"},
-                    // what no dialog has written
+                    // text that no dialog has written
                     ReadingRow{"if\nelse", "if>if\nelse\n"},
                     ReadingRow{"\r\n\r\n", "ItemValue>\nItemValue>\nItemValue>\n"}, ReadingRow{"", ""}));
 

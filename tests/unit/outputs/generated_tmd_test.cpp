@@ -15,7 +15,7 @@ using test::TmdReader;
 
 constexpr int kMessages = 8;
 
-// Models of texts as nasty as texts get, by seed.
+// Models with difficult texts, by seed.
 class GeneratedTmd : public testing::TestWithParam<int> {
 protected:
     GeneratedTmd() {
@@ -50,10 +50,10 @@ protected:
         expectSame(root, reader, "/*");
     }
 
-    // What was composed is what the other library reads.
+    // The composed document is what the other library reads.
     void expectSame(const XmlElement& element, const TmdReader& reader, const std::string& path) {
         ASSERT_EQ(reader.value("name(" + path + ")"), element.name());
-        // By position: a name may be one that the language of paths does not know.
+        // By position: a name may be invalid in the path language.
         for (std::size_t at = 0; at < element.attributes().size(); ++at) {
             const std::string attribute = path + "/@*[" + std::to_string(at + 1) + "]";
             EXPECT_EQ(reader.value("name(" + attribute + ")"), element.attributes()[at].name);

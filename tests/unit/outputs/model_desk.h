@@ -13,7 +13,7 @@
 
 namespace zb::test {
 
-// A program with a model of a test's own.
+// A program with a separate model.
 class ModelDesk {
 public:
     explicit ModelDesk(int projectType = 2,

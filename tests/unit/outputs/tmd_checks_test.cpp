@@ -18,7 +18,7 @@ constexpr const char* kUnselected = "SECSMessage was not selected!";
 constexpr const char* kDuplicated = "Default TRMessage was duplicated!";
 constexpr const char* kNoItem = "Not defined SequenceItem!";
 
-/// A model whose trees show it, over the SECS messages Hello, World and NONE.
+/// A model shown in its trees, over the SECS messages Hello, World and NONE.
 class TmdChecksTest : public testing::TestWithParam<int> {
 protected:
     TmdChecksTest() : desk_(GetParam()) {

@@ -17,7 +17,7 @@ using test::TmdReader;
 
 const std::string kSchema = ZB_SOURCE_FOLDER "/docs/tmd.rng";
 
-// The document, once another library has found nothing wrong with it.
+// The document, after another library has accepted it.
 std::string validated(const XmlElement& root) {
     std::string bytes = xmlDocument(root);
     const TmdReader reader(bytes);
@@ -111,7 +111,7 @@ TEST(TmdDispatch, LeavesADefaultInFrontThatCameFirst) {
     EXPECT_EQ(chain({"(a)", "  "}), "if (a) T0; else NONE T1; ");
 }
 
-// Messages that go to neither side may bring further defaults, since the checks of a build pass them over.
+// Messages to neither side may add further defaults, since the checks of a build ignore them.
 TEST(TmdDispatch, OfSeveralDefaultsOneStandsLast) {
     EXPECT_EQ(chain({"(a)", "", "", "(b)", ""}),
               "if (a) T0; else NONE T1; elif (b) T3; else NONE T2; else NONE T4; ");

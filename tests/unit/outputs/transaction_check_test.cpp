@@ -100,7 +100,7 @@ TEST_F(TransactionCheck, FindsWhatATmdFileCannotHold) {
                           "1st: There are characters that a TMD file cannot hold",
                           "1st/a b: \"a b\" is no name that a TMD file can hold",
                           "Nowhere: This TR message goes to neither side, so that the TMD file leaves it out",
-                          "/1: This row stands before the first sequence",
+                          "/1: This row is before the first sequence",
                           "a:b: \"a:b\" is no name that a TMD file can hold",
                       }));
 }

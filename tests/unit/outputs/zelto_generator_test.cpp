@@ -58,7 +58,7 @@ protected:
         return text;
     }
 
-    // Whoever inherits a process may take a moment to fetch it.
+    // The process that inherits it may need a moment to reap it.
     static void expectEnded(const std::string& pidFile) {
         const std::string pid = test::readFile(pidFile);
         ASSERT_FALSE(pid.empty());
@@ -176,7 +176,7 @@ TEST_F(GeneratorRun, IsCutWhenItPrintsMegabytes) {
 }
 
 TEST_F(GeneratorRun, IsCutBetweenCharacters) {
-    // one byte, then characters of three: the cut falls into one
+    // one byte, then characters of three: the cut is inside one
     const std::string text = run("printf x; yes 한 | head -n 400000 | tr -d '\\n'");
     EXPECT_EQ(text.find("\xEF\xBF\xBD"), std::string::npos);
     EXPECT_THAT(text, testing::StartsWith("x한한"));

@@ -52,7 +52,7 @@ TEST(CodePageNumber, FallsBackToWestern) {
 
 TEST(CodePageBytes, ReplaceWhatTheyCannotHold) {
     EXPECT_EQ(CodePage(1252).fromUtf8("a한b𝄞c"), "a?b?c");
-    EXPECT_EQ(CodePage(949).fromUtf8("é\u200D\u2060"), "???"); // a joiner that nobody sees counts too
+    EXPECT_EQ(CodePage(949).fromUtf8("é\u200D\u2060"), "???"); // an invisible joiner counts too
     EXPECT_EQ(CodePage(949).toUtf8("a\xC7"), "a\uFFFD");
     EXPECT_EQ(CodePage(932).toUtf8("\xFF"
                                    "b"),

@@ -21,7 +21,7 @@ public:
     Result<std::size_t> write(int descriptor, std::string_view bytes) override {
         if (fails("write"))
             return error();
-        // Half of what was asked for, as a disk does that is filling up.
+        // Half of the requested bytes, as on a disk that is filling up.
         if (call_ == "laterWrite" && bytes.size() > 1)
             return SystemFileLayer::write(descriptor, bytes.substr(0, bytes.size() / 2));
         if (call_ == "laterWrite" && ++faults_ > 0)

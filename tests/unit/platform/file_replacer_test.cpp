@@ -128,7 +128,7 @@ TEST(FileReplacer, SurvivesAShortWrite) {
     EXPECT_EQ(namesIn(folder.path()), Names({"a.zbp"}));
 }
 
-// Runs as a user without rights over the folder; an administrator gives its own up first.
+// Runs as a user without rights to the folder; an administrator gives up its own first.
 TEST(FileReplacer, LeavesAReadOnlyFolderAlone) {
     const TemporaryFolder folder;
     const fs::path path = folder / "a.zbp";

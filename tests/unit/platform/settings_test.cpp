@@ -228,7 +228,7 @@ TEST(SettingsInAFile, TakeBytesThatAreNoText) {
     EXPECT_EQ(store.readRegValue("k\xFF", "v\xFF"), "x\uFFFDy");
 }
 
-// Gives the variables back as they were, since other tests share the process.
+// Restores the variables, since other tests share the process.
 class SettingsFolder : public testing::Test {
 protected:
     void SetUp() override {

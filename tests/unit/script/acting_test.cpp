@@ -67,7 +67,7 @@ TEST(Acting, LeavesAPopupOpenUntilTheNextAction) {
     expectPasses(open + "click frmTest.chkWait\nexpect frmTest.mnuPopup visible false\n");
     expectPasses(open + "answer Yes\npick x\nexpect frmTest.mnuPopup visible true\n"
                         "click frmTest.cmdAsk\nclick frmTest.cmdPick\n");
-    expectFails("start\ndismiss\n", "2: expected dismiss to take place, found no pop-up stands open");
+    expectFails("start\ndismiss\n", "2: expected dismiss to take place, found no pop-up is open");
     expectFails("start\nclick frmTest.mnuDelete\n",
                 "2: expected click to take place, found frmTest.mnuPopup is not open");
 }
@@ -172,7 +172,7 @@ TEST(Acting, FailsOnWhatAPersonCannotReach) {
     expectFails("start\nclick frmDialog.cmdOK\n",
                 "2: expected click to take place, found frmDialog is not shown");
     expectFails("start\nduring frmDialog\n  click frmTest.cmdTell\nend\nclick frmTest.cmdDialog\n",
-                "3: expected click to take place, found frmTest stands behind a modal window");
+                "3: expected click to take place, found frmTest is blocked by a modal window");
     expectFails("start\nclick frmTest\n", "2: expected a control to act on, found frmTest");
     expectFails("start\ntype frmTest.tvwTree[#1] a\n",
                 "2: expected a control as a whole, found frmTest.tvwTree[#1]");

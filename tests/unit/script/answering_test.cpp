@@ -55,7 +55,7 @@ TEST(Answering, WantsTheDialogHiddenAtTheEndOfItsBlock) {
                 "4: expected frmDialog to be hidden at the end of its block, found it stands");
     expectFails(
         "start\nduring frmDialog\n  click frmDialog.cmdOK\n  expectnobox\nend\nclick frmTest.cmdDialog\n",
-        "4: expected no command behind the hiding of frmDialog, found expectnobox");
+        "4: expected no command after the hiding of frmDialog, found expectnobox");
 }
 
 TEST(Answering, TakesBlocksForTheSameDialogInTurn) {
@@ -97,7 +97,7 @@ TEST(Answering, SurvivesFaultsOfTheProgram) {
     const ScriptOutcome outcome = runScript("start\nclick frmTest.cmdLoop\n");
     EXPECT_FALSE(outcome.passed);
     EXPECT_EQ(outcome.err,
-              "test.zbs:2: expected at most 2000 boxes and dialogs behind one command, found more of "
+              "test.zbs:2: expected at most 2000 boxes and dialogs after one command, found more of "
               "them\n");
 }
 

@@ -10,7 +10,7 @@
 
 namespace zb {
 
-/// A program of two windows, made for the language of scripts alone.
+/// A program of two windows, made only for the script language.
 class FakeProgram final : public ScriptedProgram {
 public:
     FakeProgram(Screen& screen, std::string applicationFolder)

@@ -12,7 +12,7 @@
 
 namespace zb {
 
-/// A window with a control of each kind. What happens to the controls is written into `lblLog`.
+/// A window with a control of each kind. Events of the controls are written into `lblLog`.
 class TestWindow final : public Window {
 public:
     explicit TestWindow(Desktop& desktop);

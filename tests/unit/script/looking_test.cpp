@@ -107,7 +107,7 @@ TEST(Looking, TellsWhichNamesThereAre) {
     expectFails("start\nclick frmTest.cmdAsk[1]\n",
                 "2: expected a member [1] of frmTest.cmdAsk, found a control without members");
     expectFails("start\nclick frmTest.cmdAsk[1\n",
-                "2: expected a member in brackets behind cmdAsk, found [1");
+                "2: expected a member in brackets after cmdAsk, found [1");
     expectFails("start\nclick app\n", "2: expected a control to act on, found app");
 }
 

@@ -32,8 +32,8 @@ TEST(ScriptRunner, StartsEachScriptFresh) {
 
 TEST(ScriptRunner, FailsOnUnknownCommandsAndWrongCounts) {
     expectFails("start\njump\n", "2: expected a command, found jump");
-    expectFails("start a b\n", "1: expected 0 to 1 words behind start, found 2");
-    expectFails("click\n", "1: expected 1 words behind click, found 0");
+    expectFails("start a b\n", "1: expected 0 to 1 words after start, found 2");
+    expectFails("click\n", "1: expected 1 words after click, found 0");
     expectFails("end\n", "1: expected a command, found end");
 }
 

@@ -9,7 +9,7 @@
 
 namespace zb {
 
-/// What a script did to the fake program.
+/// The effects of a script on the fake program.
 struct ScriptOutcome {
     bool passed = false;
     std::string out;

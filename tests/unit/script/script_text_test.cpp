@@ -48,7 +48,7 @@ TEST(ScriptText, TellsOfBrokenStringsWhenTheLineIsReached) {
     ASSERT_EQ(script.size(), 3U);
     EXPECT_EQ(script[0].fault, "");
     EXPECT_EQ(script[1].fault, "expected a JSON string, found \"open");
-    EXPECT_EQ(parse(R"(a "b"c)").at(0).fault, "expected a blank behind the string, found c");
+    EXPECT_EQ(parse(R"(a "b"c)").at(0).fault, "expected a blank after the string, found c");
     EXPECT_EQ(parse("a \"\\q\"").at(0).fault, "expected a JSON string, found \"\\q\"");
     EXPECT_EQ(parse("a \xFF").at(0).fault, "expected text in UTF-8, found other bytes");
 }
@@ -64,9 +64,9 @@ TEST(ScriptText, TakesBlocksRawWithoutTheirCommonIndentation) {
 
 TEST(ScriptText, TellsOfBlocksWithoutEnd) {
     EXPECT_EQ(parse("block\n a\n").at(0).fault,
-              "expected a line \"end\" behind block, found the end of the script");
+              "expected a line \"end\" after block, found the end of the script");
     EXPECT_EQ(parse("during A\n a\n").at(0).fault,
-              "expected a line \"end\" behind during, found the end of the script");
+              "expected a line \"end\" after during, found the end of the script");
 }
 
 TEST(ScriptText, NestsCommandsInDuring) {

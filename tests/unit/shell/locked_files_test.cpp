@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 const std::string kContent = encodeUtf16("\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n"
                                          "* Are you there\r\nS1F1: S1 F1 W H<->E.\r\n");
 
-/// Projects whose permissions keep their user out.
+/// Projects whose permissions exclude their user.
 class LockedFiles : public testing::Test {
 protected:
     LockedFiles() {
@@ -58,7 +58,7 @@ TEST_F(LockedFiles, StayAsTheyAreWhenTheyMayOnlyBeRead) {
     expectRefusedSave(0444);
 }
 
-// It opened as an empty project, whose save would take the place of what could not be read.
+// It was opened as an empty project, whose save would replace what could not be read.
 TEST_F(LockedFiles, StayAsTheyAreWhenTheyMayOnlyBeWritten) {
     expectRefusedSave(0222);
 }

@@ -16,7 +16,7 @@ public:
     std::string generate(const std::string& /*projectFile*/) override { return "done"; }
 };
 
-// A whole program of a test's own, over a file layer of the test's choice.
+// A separate whole program, over a file layer of the test's choice.
 struct Program {
     explicit Program(FileLayer& files, const std::string& stateFolder = {})
         : application(screen, settings, files, generator, {"/", stateFolder}) {}

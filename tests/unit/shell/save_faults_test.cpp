@@ -30,13 +30,13 @@ protected:
         fs::create_directories(projectFolder / "ZeltoPlugIn");
         test::writeFile(project, encodeUtf16(kOld));
     }
-    // What a save of the project as it was opened ends in.
+    // The result of a save of the project as it was opened.
     void changeMessages(Application& application) {
         NodeTree& tree = application.frmSECSEditor.liveTree();
         tree.at(2)->setText("Changed");
     }
     static std::string textOf(const fs::path& path) { return decodeProject(test::readFile(path)).text; }
-    // Whether nothing but the project and its sub folders lies in the folder.
+    // Whether the folder contains only the project and its sub folders.
     void expectNoLitter() const {
         EXPECT_EQ(test::namesIn(projectFolder),
                   (std::set<std::string>{"Line.zbp", "ZeltoInfo", "ZeltoPlugIn"}));
@@ -181,7 +181,7 @@ TEST_F(SaveFaults, KeepTheModeOfTheFile) {
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
 }
 
-// The child is a program of its own; it must leave without running anything of the test's.
+// The child is a separate process; it must exit without running anything of the test's.
 template<typename Work>
 int inChild(Work work) {
     const pid_t child = fork();
@@ -212,7 +212,7 @@ TEST_F(SaveFaults, LeaveTheOldFileWhenTheDiskIsFull) {
     expectNoLitter();
 }
 
-// Saves for as long as it lives, with a description that names the round.
+// Saves in a loop until it is killed, with a description that contains the round.
 void saveForEver(const fs::path& project) {
     SystemFileLayer files;
     test::Program program(files);
@@ -230,7 +230,7 @@ TEST_F(SaveFaults, AtAnyKillLeaveAWholeFileAndNoLitterBehindTheNextSave) {
         const pid_t child = fork();
         if (child == 0)
             saveForEver(project);
-        // Spread over the length of a few saves.
+        // Spread over the duration of a few saves.
         std::this_thread::sleep_for(std::chrono::microseconds(2000 + 731 * kill));
         ::kill(child, SIGKILL);
         int status = 0;

@@ -7,8 +7,8 @@
 
 namespace zb::test {
 
-// What was read, line by line: for each message its head as a node Text, its description behind " | ", its
-// items; then the findings as "warning 3:5 what it is".
+// The result of reading, line by line: for each message its head as a node Text, its description after " | ",
+// its items; then the findings as "warning 3:5 text".
 std::string readDump(std::string_view sml, int codePage = 1252);
 
 // The same without the findings.

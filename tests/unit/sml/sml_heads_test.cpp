@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "S1F1: S1 F1 W H<->E\n"
                 "warning 1:7 expected \".\" at the end of the message, found the end of the file\n"},
         Dialect{"MarkOnAReply", "S6F12 W.",
-                "S6F12: S6 F12 W H<->E\nwarning 1:1 W stands on an even function, which is a reply\n"},
+                "S6F12: S6 F12 W H<->E\nwarning 1:1 W is set on an even function, which is a reply\n"},
         Dialect{
             "RepeatedName", "A: S1F1 W.\na: S1F3 W.",
             "A: S1 F1 W H<->E\na_2: S1 F3 W H<->E\nwarning 2:1 a second message is named a; it became a_2\n"},
@@ -106,7 +106,7 @@ INSTANTIATE_TEST_SUITE_P(
         Dialect{"MarksOfDefinitions", "S1F1 W // H->E <R> <NL>\n.", "S1F1: S1 F1 W <R> <NL> H->E\n"},
         Dialect{"ColonInADescription", "* Note: at 10:30\nS1F1 W.",
                 "S1F1: S1 F1 W H<->E | Note - at 10-30\n"
-                "note 2:1 a description holds no colon; a dash stands in its place\n"},
+                "note 2:1 a description cannot contain a colon; it was replaced by a dash\n"},
         Dialect{"FarFromAnyHead", "* Company list\n\n* Ask\nS1F1 W.",
                 "S1F1: S1 F1 W H<->E | Ask\n"
                 "note 1:1 a comment between the messages has no place in a definition\n"},
@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "Alive: S1 F2 H<->E\nwarning 1:1 a timer of what to send is not taken over\n"},
         Dialect{"Define", "#define LONGEST 12\nS1F2 <A [MAX LONGEST] 'x'>.",
                 "S1F2: S1 F2 H<->E\n1 A 12V 'x'\n"
-                "warning 1:1 the directive #define is not taken over; its number stands where a count names "
+                "warning 1:1 the directive #define is not kept; its number is used in counts that name "
                 "it\n"},
         Dialect{"Include", "#include \"more.sml\"\nS1F1.",
                 "S1F1: S1 F1 H<->E\nwarning 1:1 the directive #include is not taken over\n"}));

@@ -57,8 +57,8 @@ INSTANTIATE_TEST_SUITE_P(
         Dialect{"SpacesEverywhere", "< L [ 2 ]\n< U2  1 >\n<A\t'x' > >  ", "1 L 2\n2 U2 1 1\n2 A 1 'x'\n"},
         Dialect{"CommasBetweenItems", "<L <U4 1> , <U4 2>,\n>",
                 "1 L 2\n2 U4 1 1\n2 U4 1 2\n"
-                "warning 2:11 items are parted by white space; the comma was read as such\n"
-                "warning 2:19 items are parted by white space; the comma was read as such\n"},
+                "warning 2:11 items are separated by white space; the comma was read as white space\n"
+                "warning 2:19 items are separated by white space; the comma was read as white space\n"},
         Dialect{"BareHexadecimal", "<B 00 A4 0D 10>",
                 "1 B 4 0 164 13 10\nwarning 2:7 A4 was read as a hexadecimal number\n"
                 "warning 2:10 0D was read as a hexadecimal number\n"},
@@ -112,7 +112,7 @@ INSTANTIATE_TEST_SUITE_P(
                 "form in a "
                 "definition; the list was read with the items it shows\n"},
         Dialect{"NothingToRepeat", "<L ...>",
-                "1 L 20V LISTCOUNT\nwarning 2:4 nothing stands before \"...\" that could be repeated\n"},
+                "1 L 20V LISTCOUNT\nwarning 2:4 there is no item before \"...\" to repeat\n"},
         Dialect{"Nested", "<L <L <U4 A> ...> ...>", "1 L 20V LISTCOUNT\n2 L 20V ACOUNT\n3 U4 1 A\n"},
         Dialect{"NestedAndShownTwice", "<L <L <U4 A> <U4 A> ...> <L <U4 A> <U4 A> ...> ...>",
                 "1 L 20V LISTCOUNT\n2 L 20V ACOUNT\n3 U4 1 A\n"},
@@ -151,32 +151,32 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, SmlItems,
-    testing::Values(Dialect{"SeveralStrings", "<A 'abc' \"def\">", "1 A 6 'abcdef'\n"},
-                    Dialect{"CharacterCodes", "<A \"A\" 0x42 67>", "1 A 3 'ABC'\n"},
-                    Dialect{"CodesOfACodePage", "<A 0xE9>", "1 A 1 '\xc3\xa9'\n"},
-                    Dialect{"ControlCodes", "<A 'a' 0x0A 'b'>",
-                            "1 A 3 'a b'\nwarning 2:1 a text is one line without control codes; blanks stand "
-                            "in their place\n"},
-                    Dialect{"LineBreak", "<A 'a\r\nb'>",
-                            "1 A 3 'a b'\nwarning 2:1 a text is one line without control codes; blanks stand "
-                            "in their place\n"},
-                    Dialect{"CloserWithin", "<A \"Gate:1>Slot:2>\">", "1 A 14 'Gate:1>Slot:2>'\n"},
-                    Dialect{"CommentMarksWithin", "<A 'a /* b // c * d'>", "1 A 15 'a /* b // c * d'\n"},
-                    Dialect{"OtherQuoteWithin", "<L <A 'say \"hi\"'> <A \"it's\">>",
-                            "1 L 2\n2 A 8 'say \"hi\"'\n2 A 4 'it`s'\nwarning 2:19 a text holds no "
-                            "apostrophe; ` stands in its place\n"},
-                    Dialect{
-                        "SameQuoteWithin", "<A 'Joe's lot'>",
-                        "1 A 9 'Joe`s lot'\nwarning 2:1 a text holds no apostrophe; ` stands in its place\n"
-                        "warning 2:8 a quote stands within the text that it begins\n"},
-                    Dialect{"EscapedQuotes", "<A \"say \\\"hi\\\" now\">", "1 A 12 'say \"hi\" now'\n"},
-                    Dialect{"BackslashAtTheEnd", "<L <A 'C:\\'> <A \"D:\\new\\\">>",
-                            "1 L 2\n2 A 3 'C:\\'\n2 A 7 'D:\\new\\'\n"},
-                    Dialect{"BackslashesStayThemselves", "<L <A 'a\\\\b'> <A[4] 'a\\\\b'>>",
-                            "1 L 2\n2 A 4 'a\\\\b'\n2 A 4 'a\\\\b'\n"},
-                    Dialect{"CountTellsEscapes", "<A[3] 'a\\\\b'>",
-                            "1 A 3 'a\\b'\nnote 2:1 the declared count tells that backslashes are escapes\n"},
-                    Dialect{"PlaceHolderWithin", "<A '${LOT}-1'>", "1 A 8 '${LOT}-1'\n"}));
+    testing::Values(
+        Dialect{"SeveralStrings", "<A 'abc' \"def\">", "1 A 6 'abcdef'\n"},
+        Dialect{"CharacterCodes", "<A \"A\" 0x42 67>", "1 A 3 'ABC'\n"},
+        Dialect{"CodesOfACodePage", "<A 0xE9>", "1 A 1 '\xc3\xa9'\n"},
+        Dialect{"ControlCodes", "<A 'a' 0x0A 'b'>",
+                "1 A 3 'a b'\nwarning 2:1 a text is one line without control codes; they were "
+                "replaced by blanks\n"},
+        Dialect{"LineBreak", "<A 'a\r\nb'>",
+                "1 A 3 'a b'\nwarning 2:1 a text is one line without control codes; they were "
+                "replaced by blanks\n"},
+        Dialect{"CloserWithin", "<A \"Gate:1>Slot:2>\">", "1 A 14 'Gate:1>Slot:2>'\n"},
+        Dialect{"CommentMarksWithin", "<A 'a /* b // c * d'>", "1 A 15 'a /* b // c * d'\n"},
+        Dialect{"OtherQuoteWithin", "<L <A 'say \"hi\"'> <A \"it's\">>",
+                "1 L 2\n2 A 8 'say \"hi\"'\n2 A 4 'it`s'\nwarning 2:19 a text cannot contain an "
+                "apostrophe; it was replaced by `\n"},
+        Dialect{"SameQuoteWithin", "<A 'Joe's lot'>",
+                "1 A 9 'Joe`s lot'\nwarning 2:1 a text cannot contain an apostrophe; it was replaced by `\n"
+                "warning 2:8 a quote is inside the text that it starts\n"},
+        Dialect{"EscapedQuotes", "<A \"say \\\"hi\\\" now\">", "1 A 12 'say \"hi\" now'\n"},
+        Dialect{"BackslashAtTheEnd", "<L <A 'C:\\'> <A \"D:\\new\\\">>",
+                "1 L 2\n2 A 3 'C:\\'\n2 A 7 'D:\\new\\'\n"},
+        Dialect{"BackslashesStayThemselves", "<L <A 'a\\\\b'> <A[4] 'a\\\\b'>>",
+                "1 L 2\n2 A 4 'a\\\\b'\n2 A 4 'a\\\\b'\n"},
+        Dialect{"CountTellsEscapes", "<A[3] 'a\\\\b'>",
+                "1 A 3 'a\\b'\nnote 2:1 the declared count shows that backslashes are escapes\n"},
+        Dialect{"PlaceHolderWithin", "<A '${LOT}-1'>", "1 A 8 '${LOT}-1'\n"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Faults, SmlItems,
@@ -203,8 +203,7 @@ INSTANTIATE_TEST_SUITE_P(
         Dialect{"UnknownType", "<U3 1>", "error 2:2 expected an item type, found \"U3\"\n"},
         Dialect{"NumberForAType", "<3>", "error 2:2 expected an item type, found \"3\"\n"},
         Dialect{"BracketNotClosed", "<A[3 'abc'>", "error 2:3 expected a count in brackets, found \"[3\"\n"},
-        Dialect{"NoNameBehindTheSign",
-                "<A 'x'> = ", "error 2:11 expected a name behind \"=\", found \".\"\n"},
+        Dialect{"NoNameBehindTheSign", "<A 'x'> = ", "error 2:11 expected a name after \"=\", found \".\"\n"},
         Dialect{"WordsBehindTheBody", "<A 'x'> !", "error 2:9 expected \".\", found \"!.\"\n"}));
 
 INSTANTIATE_TEST_SUITE_P(

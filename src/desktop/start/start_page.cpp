@@ -1,4 +1,4 @@
-#include "desktop/start/beginning.h"
+#include "desktop/start/start_page.h"
 
 #include "controls/desktop.h"
 #include "desktop/binders/binder.h"
@@ -12,7 +12,7 @@
 
 namespace zb {
 
-Beginning::Beginning(frmMain& main, QWidget& place, Binding& binding) : main_(main), binding_(binding) {
+StartPage::StartPage(frmMain& main, QWidget& place, Binding& binding) : main_(main), binding_(binding) {
     pickFolder = [&place] {
         return askFolder(QStringLiteral("Folder for the Example"), QStringLiteral("Copy here"),
                          place.window());
@@ -24,16 +24,16 @@ Beginning::Beginning(frmMain& main, QWidget& place, Binding& binding) : main_(ma
     panel_ = std::make_unique<StartPanel>(place, binding.pictures, std::move(ways));
 }
 
-Beginning::~Beginning() = default;
+StartPage::~StartPage() = default;
 
-bool Beginning::projectIsOpen() const {
+bool StartPage::projectIsOpen() const {
     const StatusPanel* panel = main_.stbMain.find("ProjectName");
     return panel != nullptr && !isBlank(panel->text);
 }
 
-// The panel stays until there is something to see instead, and comes back only when a command has run to its
-// end: one that is cancelled finds it as it was, with its focus.
-void Beginning::follow(bool documentShown) {
+// The panel stays until a document is shown, and returns only when a command has completed: a cancelled one
+// leaves it as it was, with its focus.
+void StartPage::follow(bool documentShown) {
     const Showing showing(binding_);
     if (documentShown || projectIsOpen())
         panel_->setShown(false);
@@ -41,11 +41,11 @@ void Beginning::follow(bool documentShown) {
         panel_->setShown(true);
 }
 
-std::string Beginning::takeFile() {
+std::string StartPage::takeFile() {
     return std::exchange(nextFile_, {});
 }
 
-void Beginning::openExample() {
+void StartPage::openExample() {
     const std::string folder = pickFolder();
     if (folder.empty())
         return;

@@ -1,4 +1,4 @@
-#include "script/foretold.h"
+#include "script/prepared_answers.h"
 
 #include "platform/printable.h"
 #include "platform/text.h"
@@ -14,7 +14,7 @@ namespace zb {
 
 namespace {
 
-// No command of a person brings up more boxes than this.
+// No command of a person shows more boxes than this.
 constexpr int kMostBoxes = 2000;
 
 constexpr std::array<std::pair<Answer, std::string_view>, 4> kAnswers{
@@ -36,11 +36,11 @@ std::optional<Shown> takeFirst(std::deque<Shown>& shown) {
 
 } // namespace
 
-void Foretold::sayDuring(std::string window, const ScriptCommand& during) {
+void PreparedAnswers::sayDuring(std::string window, const ScriptCommand& during) {
     durings_.push_back({std::move(window), &during});
 }
 
-Answer Foretold::answerBox(const Box& box) {
+Answer PreparedAnswers::answerBox(const Box& box) {
     count();
     Answer answer = Answer::OK;
     const auto buttons = buttonNames(box.buttons);
@@ -65,7 +65,7 @@ Answer Foretold::answerBox(const Box& box) {
     return answer;
 }
 
-std::string Foretold::answerDialog(const FileDialog& dialog) {
+std::string PreparedAnswers::answerDialog(const FileDialog& dialog) {
     count();
     if (picks_.empty())
         fail("a file picked beforehand", "the file dialog " + quote(dialog.title));
@@ -80,7 +80,7 @@ std::string Foretold::answerDialog(const FileDialog& dialog) {
     return path;
 }
 
-const ScriptCommand& Foretold::takeDuring(const std::string& window) {
+const ScriptCommand& PreparedAnswers::takeDuring(const std::string& window) {
     count();
     const auto found = std::find_if(durings_.begin(), durings_.end(),
                                     [&](const During& during) { return during.window == window; });
@@ -91,15 +91,15 @@ const ScriptCommand& Foretold::takeDuring(const std::string& window) {
     return during;
 }
 
-std::optional<Box> Foretold::lookAtBox() {
+std::optional<Box> PreparedAnswers::lookAtBox() {
     return takeFirst(boxes_);
 }
 
-std::optional<FileDialog> Foretold::lookAtDialog() {
+std::optional<FileDialog> PreparedAnswers::lookAtDialog() {
     return takeFirst(dialogs_);
 }
 
-std::optional<Foretold::Unused> Foretold::firstUnused() const {
+std::optional<PreparedAnswers::Unused> PreparedAnswers::firstUnused() const {
     std::optional<Unused> first;
     const auto offer = [&](std::size_t line, const std::string& what) {
         if (!first || line < first->line)
@@ -114,13 +114,13 @@ std::optional<Foretold::Unused> Foretold::firstUnused() const {
     return first;
 }
 
-void Foretold::count() {
+void PreparedAnswers::count() {
     if (++shown_ > kMostBoxes)
-        fail("at most " + std::to_string(kMostBoxes) + " boxes and dialogs behind one command",
+        fail("at most " + std::to_string(kMostBoxes) + " boxes and dialogs after one command",
              "more of them");
 }
 
-void Foretold::fail(const std::string& expected, const std::string& found) {
+void PreparedAnswers::fail(const std::string& expected, const std::string& found) {
     ScriptFailure failure(expected, found);
     if (!failure_)
         failure_ = failure;

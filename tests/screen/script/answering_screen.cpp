@@ -1,4 +1,4 @@
-#include "screen/script/foretold_screen.h"
+#include "screen/script/answering_screen.h"
 
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
@@ -11,15 +11,15 @@
 
 namespace zb::test {
 
-void ForetoldScreen::throwKept() {
+void AnsweringScreen::throwKept() {
     if (const auto kept = std::exchange(kept_, nullptr))
         std::rethrow_exception(kept);
 }
 
-Answer ForetoldScreen::showBox(const Box& box) {
+Answer AnsweringScreen::showBox(const Box& box) {
     return keep(Answer::Cancel, [&] {
-        const Answer answer = foretold_.showBox(box);
-        // The box comes up as the user would see it, and the answer is the press of a button.
+        const Answer answer = prepared_.showBox(box);
+        // The box is shown as to a user, and the answer is the press of a button.
         const auto shown = makeBox(box, shown_.mainWindow());
         shown->show();
         const QList<QAbstractButton*> buttons = shown->buttons();
@@ -33,13 +33,13 @@ Answer ForetoldScreen::showBox(const Box& box) {
     });
 }
 
-std::string ForetoldScreen::pickFile(const FileDialog& dialog) {
-    return keep(std::string(), [&] { return foretold_.pickFile(dialog); });
+std::string AnsweringScreen::pickFile(const FileDialog& dialog) {
+    return keep(std::string(), [&] { return prepared_.pickFile(dialog); });
 }
 
-void ForetoldScreen::runModal(Window& window) {
+void AnsweringScreen::runModal(Window& window) {
     keep(0, [&] {
-        foretold_.runModal(window);
+        prepared_.runModal(window);
         return 0;
     });
 }

@@ -7,14 +7,14 @@
 
 namespace zb::test {
 
-/// Shows everything in the real windows, and has boxes, file dialogs and modal windows answered by what a
-/// script foretold. What a script did not foretell is a failure; it is kept until the event that led there
-/// has been handled, since nothing may be thrown through the toolkit.
-class ForetoldScreen : public Screen {
+/// Shows everything in the real windows, and answers boxes, file dialogs and modal windows with the answers
+/// of a script. A missing answer is a failure; it is stored until the event that caused it has been handled,
+/// since exceptions must not pass through the toolkit.
+class AnsweringScreen : public Screen {
 public:
-    ForetoldScreen(Screen& foretold, DesktopScreen& shown) : foretold_(foretold), shown_(shown) {}
+    AnsweringScreen(Screen& prepared, DesktopScreen& shown) : prepared_(prepared), shown_(shown) {}
 
-    /// Throws what was kept.
+    /// Throws the stored failure.
     void throwKept();
 
     Answer showBox(const Box& box) override;
@@ -37,11 +37,11 @@ protected:
             return otherwise;
         }
     }
-    Screen& foretold() { return foretold_; }
+    Screen& prepared() { return prepared_; }
     DesktopScreen& shown() { return shown_; }
 
 private:
-    Screen& foretold_;
+    Screen& prepared_;
     DesktopScreen& shown_;
     std::exception_ptr kept_;
 };

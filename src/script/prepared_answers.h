@@ -12,42 +12,42 @@
 
 namespace zb {
 
-/// What a script has said beforehand about boxes, file dialogs and modal windows, and which of those were
-/// shown. Whoever shows one asks here for the answer.
-class Foretold {
+/// The answers that a script has given in advance for boxes, file dialogs and modal windows, and which of
+/// those were shown. A screen requests its answers here.
+class PreparedAnswers {
 public:
-    /// Each box and dialog is told on `out` as it is shown.
-    explicit Foretold(std::ostream& out) : out_(out) {}
+    /// Each box and dialog is printed on `out` as it is shown.
+    explicit PreparedAnswers(std::ostream& out) : out_(out) {}
 
     void sayAnswer(std::size_t line, Answer answer) { answers_.push_back({line, answer}); }
     void sayPick(std::size_t line, std::string path) { picks_.push_back({line, std::move(path)}); }
-    /// The command must live as long as this does.
+    /// The command must live as long as this object.
     void sayDuring(std::string window, const ScriptCommand& during);
 
-    /// Each throws ScriptFailure when nothing that fits was said.
+    /// Each throws ScriptFailure when there is no matching answer.
     /// @{
     Answer answerBox(const Box& box);
     std::string answerDialog(const FileDialog& dialog);
     const ScriptCommand& takeDuring(const std::string& window);
     /// @}
-    /// The first failure that any of them has thrown: a handler of the program that keeps faults to itself
-    /// must not swallow it.
+    /// The first failure that any of them has thrown: a handler of the program that catches exceptions must
+    /// not hide it.
     const std::optional<ScriptFailure>& failure() const { return failure_; }
 
-    /// The oldest one that was not looked at yet, which counts as looked at then.
+    /// The oldest one that was not checked yet; it then counts as checked.
     std::optional<Box> lookAtBox();
     std::optional<FileDialog> lookAtDialog();
 
-    /// Something that was said and not used.
+    /// An answer that was not used.
     struct Unused {
         std::size_t line = 0;
         std::string what;
     };
-    /// The one said first.
+    /// The first one.
     std::optional<Unused> firstUnused() const;
 
-    /// To be called before each command: boxes are counted from here on, so that a program that shows them
-    /// without an end is stopped.
+    /// Call this before each command: boxes are counted from here, so that a program that shows them
+    /// endlessly is stopped.
     void startCounting() { shown_ = 0; }
 
 private:
