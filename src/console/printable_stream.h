@@ -7,9 +7,9 @@
 
 namespace zb {
 
-/// A stream that hands each line on with nothing in it that could steer a terminal. It is the last guard of
-/// what zbc prints: names and texts are made printable where they are put into a line, since only there a
-/// line end within a name can be told from the end of the line.
+/// A stream that passes each line on without anything that could control a terminal. It is the last guard of
+/// the output of zbc: names and texts are made printable where they are inserted into a line, since only
+/// there a line end within a name differs from the end of the line.
 class PrintableStream final : public std::ostream {
 public:
     explicit PrintableStream(std::ostream& sink) : std::ostream(nullptr), lines_(sink) { rdbuf(&lines_); }

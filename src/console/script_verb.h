@@ -6,7 +6,7 @@
 
 namespace zb {
 
-/// The verb that runs scripts. It is in a library of its own, because it brings all windows along.
+/// The verb that runs scripts. It is a separate library, because it needs all windows.
 std::unique_ptr<Verb> makeScriptVerb();
 
 } // namespace zb

@@ -16,8 +16,8 @@ namespace zb {
 /// equals wins.
 std::optional<std::string> nearestWord(std::string_view word, const std::vector<std::string>& words);
 
-/// After a parse that failed: which verb or option is unknown, and the known one that is nearest to it.
-/// Nothing when something else was wrong.
+/// After a failed parse: the unknown verb or option, and the known one nearest to it. Nothing when something
+/// else was wrong.
 std::optional<std::string> describeUnknownWord(const CLI::App& app);
 
 } // namespace zb

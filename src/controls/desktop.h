@@ -61,8 +61,8 @@ public:
     void popup(PopupMenu& menu);
     void closePopup();
 
-    /// While one lives, neither the focus nor the active window moves, whatever handlers ask for. Keys that
-    /// walk through a tree show what a click would show, and the next key goes on walking.
+    /// During the lifetime of one, neither the focus nor the active window moves, whatever handlers request.
+    /// Keys that walk through a tree show what a click would show, and the next key continues the walk.
     class FocusStays {
     public:
         explicit FocusStays(Desktop& desktop) : held_(desktop.focusHeld_), before_(desktop.focusHeld_) {

@@ -31,7 +31,7 @@ std::optional<TextState> TextHistory::redo(const TextState& now) {
     return swap(redone_, undone_, now);
 }
 
-// A change that the program has refused at once leaves a state like the one of now: it is passed over.
+// A change that the program has refused at once leaves a state equal to the current one, which is skipped.
 std::optional<TextState> TextHistory::swap(States& from, States& to, const TextState& now) {
     while (!from.empty() && from.back().text == now.text)
         from.pop_back();

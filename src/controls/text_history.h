@@ -22,7 +22,7 @@ public:
 
     /// The user is about to change `before`.
     void remember(const TextState& before, Step step);
-    /// The next state back, or forward again; nothing when there is none. `now` is what the field holds.
+    /// The previous or the next state; nothing when there is none. `now` is the content of the field.
     std::optional<TextState> undo(const TextState& now);
     std::optional<TextState> redo(const TextState& now);
     bool canUndo() const { return !undone_.empty(); }

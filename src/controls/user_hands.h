@@ -95,15 +95,15 @@ public:
     std::optional<DragData> beginDrag(const Target& from);
     void dragOver(const DragData& data, const Target& to);
 
-    /// What a key does by itself; empty for what the stores know of it. Keys that paste, cut or undo have an
-    /// effect that only a screen can give them.
+    /// The default effect of a key; empty for the effect that the stores know. Keys that paste, cut or undo
+    /// have an effect that only a screen can provide.
     using KeyAction = std::function<void()>;
     Refusal keyDown(Control& control, KeyEvent key, const KeyAction& effect = {});
     /// The same, wherever the focus is.
     Refusal keyDownHere(Control& control, KeyEvent key, const KeyAction& effect = {});
     void keyUp(Control& control, KeyEvent key);
-    /// A text that no key enters, from a dead key or an input method: down and up of the key that stands for
-    /// all such texts, with an insertion between them unless the field is locked by then.
+    /// A text that no key enters, from a dead key or an input method: key down and key up of the code for all
+    /// such texts, with an insertion between them unless the field is locked by then.
     Refusal enterText(TextField& field, std::string_view text);
     /// A paste by the mouse: no key event; it replaces the selection.
     Refusal insert(Control& control, std::string_view text);

@@ -59,8 +59,8 @@ public:
     void setDefaultButton(Button& button) { defaultButton_ = &button; }
     Button* defaultButton() const { return defaultButton_; }
 
-    /// The window that this one is a document of; null for a window of its own. A press in the tool bar of a
-    /// frame leaves the document active.
+    /// The window that contains this one as a document; null for an independent window. A press in the tool
+    /// bar of a frame leaves the document active.
     void setFrame(Window& frame) { frame_ = &frame; }
     Window* frame() const { return frame_; }
 

@@ -18,9 +18,8 @@ QColor shaded(const Color& back);
 /// Whether a text has its ordinary colour, black, which is the palette's own on any screen.
 bool isOrdinary(const OptionalColor& text);
 
-/// The colour in which a text of the program's colours is shown on its own background, else on that of the
-/// palette's fields. A light palette shows it unchanged; a dark one lightens or darkens it until it can be
-/// read.
+/// The colour of a text in one of the program's colours, on its own background or on that of the palette's
+/// fields. A light palette shows it unchanged; a dark one lightens or darkens it until it is readable.
 QColor readable(const Color& text, const OptionalColor& back = {});
 /// The colour of a text, lightened or darkened until it can be read on the background.
 QColor readable(QColor text, const QColor& background);

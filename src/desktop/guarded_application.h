@@ -8,7 +8,7 @@
 namespace zb {
 
 /// The application of the event loop. When a handler runs out of memory, its command ends, and the program
-/// goes on: what the user has entered can still be saved.
+/// continues, so that the user can still save.
 class GuardedApplication final : public QApplication {
 public:
     GuardedApplication(int& argc, char** argv);

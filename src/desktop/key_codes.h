@@ -11,10 +11,10 @@ namespace zb {
 
 /// The meaning of a key of this machine's keyboard for the windows.
 struct KeyMeaning {
-    /// The key of a US keyboard that enters the same character, or has the same function; the key that stands
-    /// for all other texts.
+    /// The key of a US keyboard that enters the same character or has the same function; for any other text,
+    /// the code for all such texts.
     std::optional<KeyEvent> key;
-    /// With that last key the text that it enters; else empty.
+    /// For that last code the text that it enters; otherwise empty.
     std::string text;
 };
 

@@ -10,9 +10,9 @@ namespace zb {
 /// A text of a project or library as a tool tip: the beginning, when it is longer than anybody reads.
 QString toolTipOf(std::string_view text);
 
-/// Makes every label of the program show its text as it is, also those that Qt makes itself: of tool tips,
-/// of message boxes, of file dialogs. Qt otherwise looks for markup in a text, and a name in a project such
-/// as `<img src="/dev/zero">` would make the program read that file.
+/// Makes every label of the program show its text as plain text, including those that Qt creates: of tool
+/// tips, of message boxes, of file dialogs. Qt otherwise searches a text for markup, and a name in a project
+/// such as `<img src="/dev/zero">` would make the program read that file.
 class PlainLabels final : public QObject {
 public:
     /// Needs the QApplication and watches it for as long as both live.

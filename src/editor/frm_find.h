@@ -35,8 +35,8 @@ public:
     void showFind();
     /// Selects the next match, or reports that there is none.
     void findNext();
-    /// Goes on with the search that the window shows, else with the last one; asks what to look for when
-    /// there was none.
+    /// Continues the search that the window shows, otherwise the last one; opens the window when there was
+    /// none.
     void findAgain();
     void closeByFrame() override;
 

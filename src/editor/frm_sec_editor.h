@@ -35,9 +35,9 @@ public:
     void newEditorProject();
     /// Shows the messages of another project.
     void openEditorProject(const ProjectMessages& messages);
-    /// The walk over the live tree by which the messages leave it; it refills the store of messages. The
-    /// status is empty on success, else the words of the first fault, whose node is selected and marked after
-    /// a box has shown it.
+    /// The walk over the live tree that writes the messages and refills the store of messages. The status is
+    /// empty on success, otherwise the text of the first fault, whose node is selected and marked after a box
+    /// has shown it.
     std::string buildMessageText(WalkMode mode);
     /// Not supported: nothing is printed.
     std::string printEditorProject() { return {}; }

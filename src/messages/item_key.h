@@ -9,8 +9,8 @@ class Node;
 /// Ends the Text of the item that is the key of its message.
 inline constexpr std::string_view kKeyMark = " [K]";
 
-/// Whether the place of an item in its message can vary, so that it cannot be the key. A list is judged by
-/// itself, any other item by the lists around it.
+/// Whether the position of an item in its message can vary, so that it cannot be the key. For a list its own
+/// count decides, for other items the lists around it.
 bool isKeyForbidden(const Node& item);
 
 /// Takes the mark off the node and all below it.

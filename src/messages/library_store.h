@@ -27,7 +27,7 @@ public:
     /// One row per message: name, stream, function and description, joined by "\".
     std::vector<std::string> getRows() const;
     /// Adds the messages of a library's text (for the formats 1001 and 1002) or of a file (1003 to 1005). The
-    /// status is blank when at least one message was read; all else is in `findings`.
+    /// status is blank when at least one message was read; everything else is in `findings`.
     std::string load(const std::string& textOrPath, int formatCode);
 
     /// In the order in which they were loaded.

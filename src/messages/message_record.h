@@ -62,7 +62,7 @@ public:
     /// From texts in the form of `getHeadText` and `getBodyText`.
     std::string parseTexts(std::string_view nodeText, std::string_view description,
                            std::string_view bodyText);
-    /// From what a reader has taken apart already. `bodyText` is of the form that `getBodyText` gives.
+    /// From parts that a reader has already parsed. `bodyText` has the form of `getBodyText`.
     static SECSMessageRecord fromParts(SECSMessageHead head, std::string description, std::string bodyText);
     /// In tree order, with their levels.
     std::vector<SECSItemRecord> getItems() const;
@@ -70,7 +70,7 @@ public:
     /// The SMD text that `parseSmd` was given.
     const std::string& sourceText() const { return source_; }
 
-    /// The MessageNode Text that the parts make up, whatever separated its words where it was read.
+    /// The MessageNode Text of the parts, whatever separated its words in the source.
     std::string composeNodeText() const;
 
 private:

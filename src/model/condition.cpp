@@ -20,8 +20,8 @@ bool isText(std::string_view value) {
     return value.size() >= 2 && value.front() == '\'' && value.back() == '\'';
 }
 
-/// Where the value at `from` ends: before the parenthesis that closes its comparison. A text may hold
-/// parentheses of its own; it ends with an apostrophe.
+/// The end of the value at `from`: before the parenthesis that closes its comparison. A text may contain
+/// parentheses; it ends with an apostrophe.
 std::size_t endOfValue(std::string_view text, std::size_t from) {
     if (from >= text.size() || text[from] != '\'')
         return text.find(')', from);

@@ -53,8 +53,8 @@ public:
     /// The text made from the nodes; that of the input where it could not be understood.
     std::string print() const;
 
-    /// The data items that are compared, in the order of the text. Of a text that cannot be understood these
-    /// are the ones of all comparisons that can be told apart in it.
+    /// The compared data items, in the order of the text. For a text that cannot be parsed, the items of all
+    /// comparisons that can be recognised in it.
     std::vector<DataItemAddress> dataItems() const;
 
 private:

@@ -7,9 +7,9 @@ namespace zb {
 
 class TRModelStore;
 
-/// Adds the TR messages of the model's section to the model. The section may be in parts, of whole lines, and
-/// no message goes on from one part to the next. Lines that cannot be understood are passed over; a second
-/// message or item of a name only fills what the first one lacks.
+/// Adds the TR messages of the model's section to the model. The section may be in parts of whole lines, and
+/// no message continues from one part to the next. Lines that cannot be understood are ignored; a second
+/// message or item with the same name only adds what the first one lacks.
 void readModel(const std::vector<std::string_view>& parts, TRModelStore& model);
 
 } // namespace zb

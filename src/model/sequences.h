@@ -7,7 +7,7 @@
 
 namespace zb {
 
-/// The pictures of the rows. They also tell the two kinds of rows apart.
+/// The pictures of the rows, which also identify the two kinds of rows.
 inline constexpr const char* kSequenceHead = "SeqName";
 inline constexpr const char* kSequenceItem = "SeqItem";
 
@@ -32,11 +32,11 @@ public:
     const std::vector<SequenceRow>& rows() const { return rows_; }
     void clear() { rows_.clear(); }
 
-    /// Appends a row as it is, without a look at its ordinal.
+    /// Appends a row without a check of its ordinal.
     void append(SequenceRow row) { rows_.push_back(std::move(row)); }
     /// Adds a sequence without items at the end. Returns the index of its head.
     std::size_t addSequence(std::string name);
-    /// Inserts a message after the row `at` and numbers its sequence anew. Returns the index of the new row.
+    /// Inserts a message after the row `at` and renumbers its sequence. Returns the index of the new row.
     std::size_t insertItem(std::size_t at, std::string direction, std::string message);
     /// Removes the item at `at` and closes the gap in the ordinals, or the head at `at` with all its items.
     /// Returns the number of rows removed.

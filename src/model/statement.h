@@ -14,12 +14,12 @@ struct Statement {
     /// A branch is of no kind while it has no condition yet.
     enum class Kind { None, If, Elif, Else };
     Kind kind = Kind::None;
-    /// When the branch applies; the text is "NONE" for an "else", and where the TMD file could hold no
-    /// condition.
+    /// The condition of the branch; the text is "NONE" for an "else", and when the TMD file could not contain
+    /// a condition.
     Condition condition;
-    /// What the branch assigns when it has no branches of its own.
+    /// The value that the branch assigns when it has no inner branches.
     std::string value;
-    /// A chain of its own: at most the first branch that applies counts.
+    /// A separate chain: at most the first branch that applies counts.
     std::vector<Statement> branches;
 };
 

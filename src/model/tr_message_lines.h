@@ -4,8 +4,8 @@
 
 namespace zb {
 
-/// The line that opens a TR message; its name follows. It looks like the line of a section of its own, so
-/// that the messages are found even when the section's own line was lost.
+/// The first line of a TR message, followed by its name. It has the form of a section header, so that the
+/// messages are found even when the section's own header was lost.
 inline constexpr std::string_view kTRMessageMarker = "## [TR MESSAGE]";
 inline constexpr std::string_view kEndOfTRMessage = "EndTRMessage";
 

@@ -244,7 +244,7 @@ void frmTRItem::dropPicture() {
         desktop().showBox("Select Condition!", BoxIcon::Information);
         return;
     }
-    // A picture of another program stands for no statement until one has been dragged here.
+    // A picture of another program has no meaning as a statement until one has been dragged here.
     if (statementType_.empty())
         return;
     const StatementTree::Added added = statements_.addStatement(*currentNode_, statementType_);

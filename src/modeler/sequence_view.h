@@ -13,7 +13,7 @@ class ListRow;
 /// of the sequences, in their order.
 class SequenceView {
 public:
-    /// The list must not be sorted, and nobody else may add or remove rows.
+    /// The list must not be sorted, and only this class may add or remove rows.
     SequenceView(List& list, Sequences& sequences) : list_(list), sequences_(sequences) {}
 
     List& list() const { return list_; }
@@ -24,7 +24,7 @@ public:
     void clear();
     /// Adds a sequence without items at the end and selects it.
     void addSequence(std::string name);
-    /// Inserts a message directly after the row, selected, and numbers its sequence anew.
+    /// Inserts a message directly after the row, selects it, and renumbers its sequence.
     void insertItem(const ListRow& row, std::string direction, std::string message);
     /// Removes an item and renumbers its sequence, or removes a head with all its items.
     void remove(const ListRow& row);

@@ -60,10 +60,10 @@ bool TmdChecks::checkDefaults() {
         const std::optional<std::string> registered = defaults.add(*record, receivedDirection());
         if (!registered)
             continue;
-        // A default without a name cannot be told from none, and ends the check without a word.
+        // A default without a name cannot be distinguished from none, and ends the check without a message.
         if (!defaults.isDefaultRegistered(record->SECSMessage()))
             return false;
-        // Showing the window fills the stores anew.
+        // Showing the window refills the stores.
         const std::string name = record->Name();
         showModeler_();
         refuse(kSecondDefaultText);

@@ -32,7 +32,7 @@ public:
     // Opens a file that exists for writing, from its first byte on; its content stays until it is written
     // over.
     virtual Result<int> openToWrite(const std::filesystem::path& path) = 0;
-    // Cuts an open file off behind so many bytes.
+    // Truncates an open file to this number of bytes.
     virtual Result<void> truncate(int descriptor, std::size_t length) = 0;
     // Writes at the descriptor's position; returns the number of bytes written, which may be smaller than
     // requested.

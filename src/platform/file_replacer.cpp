@@ -75,7 +75,7 @@ unsigned modeFor(const FileStatus& now, const FileStatus& old) {
     return now.owner == old.owner && now.group == old.group ? old.mode : old.mode & ~kRunAsOwner;
 }
 
-// Gives a new file the rights of the old one. False when it cannot have the same and no more.
+// Gives a new file the rights of the old one. False when it cannot have exactly the same.
 Result<bool> takeRights(FileLayer& layer, const ScratchFile& file, const fs::path& target,
                         const FileStatus& old) {
     const Result<bool> owned = takeOwner(layer, file, old);

@@ -9,7 +9,7 @@ namespace zb {
 
 enum class Severity {
     Note,    ///< the form was changed, or a definition cannot express it
-    Warning, ///< it can be read and built, though perhaps not as it was meant
+    Warning, ///< it can be read and built, but is probably a mistake
     Error    ///< it cannot be read or built, or a driver cannot follow it
 };
 

@@ -17,8 +17,8 @@ constexpr std::string_view kKind = "zbguard";
 constexpr std::string_view kHeader = "zbguard ";
 constexpr unsigned kPrivateMode = 0600;
 
-// Old and new content, behind a line with the length of the old one. The file is complete when it ends with
-// the new content's last byte, which its own length tells.
+// Old and new content, after a line with the length of the old one. The file is complete when it ends with
+// the last byte of the new content, which contains its own length.
 std::string guardText(std::string_view before, std::string_view after) {
     std::string text(kHeader);
     text += std::to_string(before.size()) + " " + std::to_string(after.size()) + "\n";
@@ -49,7 +49,7 @@ std::optional<Guard> parseGuard(std::string_view text) {
     return Guard{std::string(content.substr(0, before)), std::string(content.substr(before))};
 }
 
-// Whether the file is what a stop between two writes leaves: it begins new and goes on old.
+// Whether the file is the result of a stop between two writes: new content first, then old content.
 bool isHalfWritten(std::string_view now, const Guard& guard) {
     const std::string_view old(guard.before);
     std::size_t same = 0;

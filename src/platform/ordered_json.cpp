@@ -69,7 +69,7 @@ private:
         Level& level = open_.back();
         if (level.value->is_array())
             return level.value->get_ref<Json::array_t&>().emplace_back(std::move(value));
-        // The map's own functions would search it; beneath it is a vector.
+        // The map's own functions would search it; its storage is a vector.
         std::vector<Json::object_t::value_type>& members = level.value->get_ref<Json::object_t&>();
         const auto [known, isNew] = level.places.try_emplace(level.key, members.size());
         if (!isNew)

@@ -3,9 +3,8 @@
 #include <string>
 #include <string_view>
 
-// Texts that somebody else wrote, made safe for a terminal: names of files, what is in them, arguments. Raw,
-// they could move the cursor, set colours and titles, forge a line, or show another order of characters than
-// the one that is there.
+// Texts from other sources, made safe for a terminal: names of files, their contents, arguments. Unchanged,
+// they could move the cursor, set colours and titles, forge a line, or reorder the characters on the screen.
 namespace zb {
 
 /// The text on one line. Tabs and line ends become blanks; other control characters (C0, DEL, C1) and the

@@ -40,7 +40,7 @@ public:
     Result<void> write(std::string_view bytes);
     /// What was written outlasts a hard stop of the machine.
     Result<void> finish();
-    /// Gives it the name of another file, whose place it takes.
+    /// Gives it the name of another file, which it replaces.
     Result<void> rename(const std::filesystem::path& target);
     /// It stays when this object goes.
     void keep() { created_ = false; }

@@ -42,8 +42,8 @@ public:
     explicit FileStorage(std::filesystem::path folder) : file_(std::move(folder)) {}
     std::optional<std::string> read(const SettingPlace& place) const override { return file_.read(place); }
     void write(const SettingPlace& place, const std::string& value) override {
-        // The program goes on without: a setting is no reason to disturb the user. Who looks for the reason
-        // finds it.
+        // The program continues without it: a setting is no reason to disturb the user. The reason is on
+        // standard error.
         if (const Result<void> written = file_.write(place, value); !written) {
             std::cerr << "The setting " << printable(place.name)
                       << " was not saved: " << printable(written.error().description) << std::endl;

@@ -33,8 +33,8 @@ public:
     // The stored value. "" when the key or the value is missing, and for a value of more than 255 bytes in
     // the ANSI code page.
     std::string readRegValue(std::string_view keyPath, std::string_view valueName) const;
-    // Creates the key when it is missing. A failure leaves the store as it was and is reported on standard
-    // error alone. Invalid UTF-8 is stored with U+FFFD.
+    // Creates the key when it is missing. A failure leaves the store unchanged and is reported on standard
+    // error only. Invalid UTF-8 is stored with U+FFFD.
     void writeRegValue(std::string_view keyPath, std::string_view valueName, std::string_view value);
     // The user's option, "NotExist" when it was never set.
     std::string getOption(std::string_view valueName) const;

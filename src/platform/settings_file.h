@@ -18,8 +18,8 @@ struct SettingPlace {
     auto operator<=>(const SettingPlace&) const = default;
 };
 
-// The JSON file settings.json of one folder. It is read anew at every call; what it holds beyond the settings
-// stays.
+// The JSON file settings.json of one folder. It is read at every call; contents other than the settings are
+// kept.
 class SettingsFile {
 public:
     explicit SettingsFile(std::filesystem::path folder);

@@ -8,8 +8,8 @@ namespace zb {
 /// ~/.config/zeltobench.
 std::filesystem::path settingsFolder();
 
-/// The folder of what the program keeps for the user: $ZELTOBENCH_STATE, else zeltobench below
-/// $XDG_STATE_HOME, else below ~/.local/state. Empty when there is no home folder.
+/// The state folder of the user: $ZELTOBENCH_STATE, otherwise $XDG_STATE_HOME/zeltobench, otherwise
+/// ~/.local/state/zeltobench. Empty when there is no home folder.
 std::filesystem::path stateFolder();
 
 } // namespace zb

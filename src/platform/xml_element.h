@@ -31,8 +31,8 @@ public:
     AttributePlaces& operator=(AttributePlaces&&) noexcept = default;
     ~AttributePlaces() = default;
 
-    /// The place of the attribute of that name, else the number of attributes. Names may be appended between
-    /// two calls, but not changed.
+    /// The position of the attribute with that name, otherwise the number of attributes. Names may be
+    /// appended between two calls, but not changed.
     std::size_t find(const std::vector<XmlAttribute>& attributes, std::string_view name);
 
     bool operator==(const AttributePlaces& /*other*/) const { return true; }

@@ -21,7 +21,7 @@ public:
 
     /// Another program was writing all the time.
     bool isBusy() const { return lock_.isBusy(); }
-    /// The error names the file and what failed; the old content is whole then.
+    /// The error names the file and the failed step; the old content is then complete.
     Result<void> write(std::string_view bytes);
     /// Whether the version before the last `write` could be kept. If not, the file was written nevertheless.
     const Result<void>& kept() const { return kept_; }

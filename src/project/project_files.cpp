@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Anything else in the place of the folder is a failure to make it.
+// Anything else at the path of the folder makes its creation fail.
 std::error_code makeFolder(const std::string& path) {
     std::error_code error;
     if (!fs::is_directory(path, error)) {

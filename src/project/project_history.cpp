@@ -51,7 +51,7 @@ std::string versionName(int number) {
     return digits + std::string(kExtension);
 }
 
-// Names and content of projects are nobody else's business.
+// Names and contents of projects are private.
 Result<void> makeFolders(FileLayer& files, const fs::path& folder) {
     constexpr unsigned kPrivateMode = 0700;
     std::error_code error;
@@ -114,7 +114,7 @@ Result<void> ProjectHistory::keep(const fs::path& projectFile) {
 void ProjectHistory::noteSaved(const fs::path& projectFile, std::string_view bytes) {
     const fs::path folder = placeOf(projectFile);
     std::error_code error;
-    // Without the note a moved project begins a history anew, which is no reason to report a failed save.
+    // Without the note a moved project starts a new history, which is no reason to report a failed save.
     if (!stateFolder_.empty() && fs::is_directory(folder, error))
         static_cast<void>(replacePrivateFile(files_, folder / kNote,
                                              fingerprintOf(bytes) + "\n" + wholePath(projectFile).string()));

@@ -12,8 +12,8 @@ namespace zb {
 
 class FileLayer;
 
-/// The previous versions of project files. Each project has a folder of its own, found by name and place; a
-/// project that was moved is known by its content. Versions have numbers that go on rising, and are thinned
+/// The previous versions of project files. Each project has its own folder, found by name and path; a project
+/// that was moved is recognised by its content. The numbers of versions keep rising, and versions are thinned
 /// out by age (see version_thinning.h). Only the user can read them.
 class ProjectHistory {
 public:

@@ -8,14 +8,14 @@
 
 namespace zb {
 
-/// The messages of a project, as the text of their section. The text is kept as it is, with the lines that
-/// break the grammar; trees and records are made from it when they are asked for.
+/// The messages of a project, as the text of their section. The text is kept unchanged, including lines that
+/// violate the grammar; trees and records are made from it on request.
 class ProjectMessages {
 public:
     /// A project without a section of messages.
     ProjectMessages() = default;
-    /// `text` are the lines of the section in project form, without the line that opens it. A line within it
-    /// that begins with "##" stands for a gap between two sections.
+    /// `text` contains the lines of the section in project form, without its header line. A line within it
+    /// that begins with "##" marks a gap between two sections.
     explicit ProjectMessages(std::string text);
 
     bool hasSection() const { return hasSection_; }

@@ -23,7 +23,7 @@ public:
 
 private:
     void open(std::string_view line) {
-        // A line of no known section within a message is damage, and the message goes on after it.
+        // A line of no known section within a message is damage; the message continues after it.
         const bool goesOn = inTRMessage_;
         inTRMessage_ = line.starts_with(kTRMessageMarker);
         if (trimmed(line) == kMessagesMarker)

@@ -13,8 +13,8 @@ namespace zb {
 /// Whether there is any of the lines by which a reader of projects finds its way.
 bool hasProjectLine(std::string_view text);
 
-/// Any text gives a project: sections that are missing are empty, and of a damaged one everything is taken
-/// that can be told apart.
+/// Any text gives a project: missing sections are empty, and of a damaged one everything recognisable is
+/// read.
 Project parseProject(std::string_view text);
 
 /// The side that the header names. A file that ends after its header counts as a host's.
@@ -28,8 +28,8 @@ std::string composeStart(Side side, const ProjectMessages& messages);
 std::string composeModelSections(const ForeignSections& foreign, const TRModelStore& model,
                                  const Sequences& sequences);
 
-/// The text of a project file with more messages at the end of its section of messages, or in a section of
-/// their own; all else stays as it is. `messages` are whole lines in project form.
+/// The text of a project file with more messages at the end of its section of messages, or in a new section;
+/// the rest is unchanged. `messages` are whole lines in project form.
 std::string insertMessages(std::string_view projectText, std::string_view messages);
 
 } // namespace zb

@@ -7,7 +7,7 @@
 
 namespace zb {
 
-/// When a version was kept, and how much room it takes.
+/// The time and the size of a kept version.
 struct VersionAge {
     std::chrono::system_clock::time_point time;
     std::uintmax_t bytes = 0;

@@ -25,12 +25,12 @@ public:
     /// set from it and the file exists.
     bool parseProjectPath(std::string path);
 
-    /// The file is replaced in one step, or left as it was. False when it could not be written.
+    /// The file is replaced in one step, or stays unchanged. False when it could not be written.
     bool saveProject();
     void saveProjectAs();
 
     /// Keeps the open project, as it is in the windows, in a new file below the state folder, and returns its
-    /// path. The project file is not touched.
+    /// path. The project file is not changed.
     Result<std::string> keepRecoveryCopy();
     /// A command has run out of memory: keeps a copy of the project and shows where.
     void reportOutOfMemory();

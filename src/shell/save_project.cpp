@@ -57,7 +57,7 @@ std::string ProjectLifecycle::projectText() {
 }
 
 void ProjectLifecycle::reportUnkeptVersion(const FileError& error) {
-    // Once: the reason, such as a full disk, seldom goes away by itself.
+    // Once: the cause, such as a full disk, seldom disappears by itself.
     if (std::exchange(unkeptReported_, true))
         return;
     app_.desktop.showBox(

@@ -124,7 +124,7 @@ void ToolbarBinder::showButtons() {
         showTabStop();
 }
 
-// Tab stops once in a pane's bar: at the button that has the keyboard, else at the pressed one.
+// One Tab stop in a pane's bar: the button with the keyboard focus, otherwise the pressed one.
 void ToolbarBinder::showTabStop() {
     QToolButton* stop = nullptr;
     for (QToolButton* button : buttons_) {

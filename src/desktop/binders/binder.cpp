@@ -132,7 +132,7 @@ void Binder::pressKey(const QKeyEvent& event, KeyEvent key, const UserHands::Key
                                            : hands().keyDown(control_, key, effect);
     if (!refusal.empty() || !alive)
         return;
-    // A repeated key is one key, and one that went up elsewhere is down anew.
+    // A repeated key counts as one key, and one that was released elsewhere as pressed again.
     std::erase_if(keysDown_, [&](const KeyDown& held) { return isSameKey(held, event, key.code); });
     keysDown_.push_back({event.nativeScanCode(), key.code});
 }

@@ -24,8 +24,8 @@ void runDrag(Binding& binding, QWidget& source, const DragData& data, const QStr
 /// The same with another picture.
 void runDrag(Binding& binding, QWidget& source, const DragData& data, const QPixmap& picture);
 
-/// The drag over a widget or dropped on it: the program's own, else a picture from another program where the
-/// target has the property "takesPictures", else plain text.
+/// The drag over a widget or dropped on it: the program's own, otherwise a picture from another program if
+/// the target has the property "takesPictures", otherwise plain text.
 DragData dragDataOf(const Binding& binding, const QDropEvent& event, const QWidget* target = nullptr);
 
 /// Accepts a drag of the program, of plain text, or of a picture where the target takes one, and no other;

@@ -91,7 +91,7 @@ void TextFieldBinder::showSelection() {
     }
 }
 
-// What changes the widget by itself, as its clear button does, is a paste.
+// A change by the widget itself, for example by its clear button, is a paste.
 void TextFieldBinder::takeText() {
     if (isShowing() || line_.text() == toQt(field_.text()))
         return;

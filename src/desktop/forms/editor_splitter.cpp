@@ -79,8 +79,8 @@ void EditorSplitter::takeShownWidth() {
     editor_.mouseMove(0, 0, false);
 }
 
-// The place of the mouse in the editor's units, from the middle of a pixel: the gap begins behind its edge.
-// It is held where the panes keep their least width.
+// The position of the mouse in the editor's units, from the middle of a pixel: the gap begins after its edge.
+// It is limited so that the panes keep their minimum width.
 QPoint EditorSplitter::placeOf(const QMouseEvent& mouse) const {
     const QPoint place = splitter_.mapFromGlobal(mouse.globalPosition().toPoint());
     const int panes = std::max(splitter_.widget(kPaneColumn)->minimumSizeHint().width(),

@@ -73,8 +73,8 @@ constexpr std::array kShares{
     Share{"messageSplitter", 45}, Share{"itemSplitter", 50},
 };
 
-// A label whose buddy a field is names it to screen readers, though not lists and trees; buttons have their
-// captions. What has neither is named by its tool tip, which is else a description.
+// A label names the field that is its buddy for screen readers, except for lists and trees; buttons have
+// their captions. A widget with neither is named by its tool tip, which otherwise is a description.
 bool hasCaption(const QWidget& widget, const QList<QLabel*>& labels) {
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
         return !button->text().isEmpty();

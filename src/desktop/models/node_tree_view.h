@@ -31,7 +31,7 @@ public:
     QPoint placeBelowAll() const;
     /// The user expands or collapses a node.
     void toggle(Node& node);
-    /// Whether what lies below a node is shown.
+    /// Whether the children of a node are shown.
     bool isOpen(const Node& node) const;
     int rowsOfPage() const;
     /// The node so many rows below or above another one; the nearest end when there is none.

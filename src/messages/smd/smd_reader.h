@@ -17,8 +17,8 @@ using MessageNameListener = std::function<void(std::string_view name)>;
 /// gets no Key.
 void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageNameListener& onMessage = {});
 
-/// Adds a message after all others. The status is "Key", and nothing is added, when the tree has the name
-/// already; else it is empty.
+/// Adds a message after all others. The status is "Key", and nothing is added, when the tree already has the
+/// name; otherwise it is empty.
 [[nodiscard]] std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record);
 
 } // namespace zb

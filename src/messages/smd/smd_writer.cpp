@@ -17,7 +17,8 @@ bool isBuild(WalkMode mode) {
     return mode == WalkMode::BuildSmd || mode == WalkMode::BuildMdf;
 }
 
-/// A save also keeps what is below an item that is no list: it may have been read so, and must not get lost.
+/// A save also keeps items below an item that is not a list: they may have been read so, and must not be
+/// lost.
 bool isOpen(const Node& item, WalkMode mode) {
     if (item.child() == nullptr)
         return false;

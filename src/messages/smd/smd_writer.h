@@ -27,7 +27,7 @@ struct NodeFault {
 
 /// How a walk ended.
 struct WalkOutcome {
-    /// Empty on success, else the status word of the first fault, which ended the walk.
+    /// Empty on success, otherwise the status of the first fault, which ended the walk.
     std::string status;
     std::optional<NodeFault> fault;
 };

@@ -102,8 +102,8 @@ void Reader::finish(ReadMessage& read) {
     lastWasRead_ = true;
 }
 
-// Most lists have messages of one size: what was read so far tells how many will come. Moving all of them
-// each time that their number doubles would cost as much as reading them.
+// Most lists have messages of one size, so the part that was read predicts the number of messages. Moving all
+// of them each time that their number doubles would cost as much as reading them.
 void Reader::makeRoom(std::size_t offset) {
     constexpr std::size_t kFirst = 16;
     constexpr std::size_t kFastestGrowth = 16;

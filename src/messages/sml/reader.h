@@ -10,7 +10,7 @@
 
 namespace zb::sml {
 
-// A message as it was read. Its name is the one that the file gives it; empty when there is none.
+// A message with the name that its file gives it; empty when there is none.
 struct ReadMessage {
     SmlMessage message;
     std::size_t offset = 0;

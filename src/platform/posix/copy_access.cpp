@@ -17,7 +17,7 @@ bool isUnknownToFileSystem(int number) {
     return number == ENOTSUP || number == ENOSYS;
 }
 
-// Whether a file has more rights than its mode tells.
+// Whether a file has more rights than its mode shows.
 Result<bool> hasList(const std::filesystem::path& path) {
     const int extended = ::acl_extended_file(path.c_str());
     if (extended < 0 && !isUnknownToFileSystem(errno))

@@ -31,8 +31,8 @@ void removeUnused(const fs::path& among, const std::string& prefix) {
          entry.increment(error)) {
         if (!hasNameOf(entry->path(), prefix) || !isOwnFolder(entry->path()))
             continue;
-        // Held until the folder is gone: a process that has just made it and not locked it yet will see that
-        // it lost it.
+        // Held until the folder is removed: a process that has just created it and not locked it yet notices
+        // that it was removed.
         const FolderLock lock(entry->path(), std::chrono::milliseconds(0));
         if (!lock.isBusy())
             removeFolder(entry->path());

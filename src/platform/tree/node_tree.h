@@ -72,9 +72,9 @@ public:
 
     void setListener(NodeTreeListener* listener) { listener_ = listener; }
 
-    /// While one of these lives, the listener is not told of single changes, but of the whole at the end: a
-    /// view of a hundred thousand nodes is then laid out once. They may be nested; the tree must outlive
-    /// them.
+    /// During the lifetime of one of these, the listener receives no single changes, but one for the whole at
+    /// the end: a view of a hundred thousand nodes is then laid out once. They may be nested; the tree must
+    /// outlive them.
     class Filling {
     public:
         explicit Filling(NodeTree& tree);

@@ -23,7 +23,7 @@ inline Node* nextBelow(const Node& node, const Node& root) {
 ///
 ///     for (NodeWalk walk(root); const Node* node = walk.node(); walk.next())
 ///
-/// Nodes may be added elsewhere meanwhile; the node at hand and those above it must stay.
+/// Nodes may be added elsewhere meanwhile; the current node and its ancestors must stay.
 class NodeWalk {
 public:
     explicit NodeWalk(const Node& root) : root_(root), node_(root.child()) {}

@@ -184,7 +184,7 @@ TEST(FrmTRItem, ShowsAddWhereTheFallbackCannotOpenAnew) {
     EXPECT_EQ(desk.screen.boxes[0].text, "Select SECSMessage for 'Tell'");
 }
 
-TEST(FrmTRItem, DoesNothingForAMessageThatHasGoneMeanwhile) {
+TEST(FrmTRItem, ReportsAMessageThatWasDeletedMeanwhile) {
     ItemDesk desk;
     desk.addItem("A");
     desk.dialog.updateTRItem("Tell", "Tell_A");
@@ -196,7 +196,8 @@ TEST(FrmTRItem, DoesNothingForAMessageThatHasGoneMeanwhile) {
     EXPECT_EQ(desk.dialog.txtABSValue.text(), "abs");
     EXPECT_EQ(desk.dialog.builder.lvwSimpleCondition.count(), 1U);
     EXPECT_THAT(desk.views.notes, IsEmpty());
-    EXPECT_THAT(desk.screen.boxes, IsEmpty());
+    ASSERT_EQ(desk.screen.boxes.size(), 1U);
+    EXPECT_EQ(desk.screen.boxes[0].text, "The message 'Tell' is no longer in the model.");
 }
 
 TEST(FrmTRItem, StaysBehindOtherWindowsOnlyWhenKept) {
