@@ -9,8 +9,7 @@ namespace zb {
 
 class Application;
 
-/// The project commands: what New, Open, Save, Save As and Exit do, whichever window they come from. Each
-/// is in a file of its name.
+/// The project commands: what New, Open, Save, Save As and Exit do, whichever window they come from.
 class ProjectLifecycle {
 public:
     explicit ProjectLifecycle(Application& application) : app_(application) {}
