@@ -26,21 +26,18 @@ using ConverterPointer = std::unique_ptr<UConverter, CloseConverter>;
 // kept.
 void U_CALLCONV replaceBytes(const void* context, UConverterToUnicodeArgs* arguments, const char*,
                              std::int32_t length, UConverterCallbackReason reason, UErrorCode* status) {
-    if (reason > UCNV_IRREGULAR) {
+    if (reason > UCNV_IRREGULAR)
         return;
-    }
     *status = U_ZERO_ERROR;
-    for (std::int32_t i = 0; i < length; ++i) {
+    for (std::int32_t i = 0; i < length; ++i)
         ucnv_cbToUWriteUChars(arguments, static_cast<const UChar*>(context), 1, 0, status);
-    }
 }
 
 // ICU's own substitution drops characters that are usually invisible; here every character counts.
 void U_CALLCONV replaceCharacter(const void*, UConverterFromUnicodeArgs* arguments, const UChar*,
                                  std::int32_t, UChar32, UConverterCallbackReason reason, UErrorCode* status) {
-    if (reason > UCNV_IRREGULAR) {
+    if (reason > UCNV_IRREGULAR)
         return;
-    }
     *status = U_ZERO_ERROR;
     ucnv_cbFromUWriteBytes(arguments, "?", 1, 0, status);
 }
@@ -64,9 +61,8 @@ bool keepsAscii(UConverter* converter) {
         std::array<UChar, 4> units{};
         UErrorCode status = U_ZERO_ERROR;
         const std::int32_t count = ucnv_toUChars(converter, units.data(), 4, &letter, 1, &status);
-        if (U_FAILURE(status) || count != 1 || units[0] != static_cast<UChar>(letter)) {
+        if (U_FAILURE(status) || count != 1 || units[0] != static_cast<UChar>(letter))
             return false;
-        }
     }
     return true;
 }
@@ -79,28 +75,23 @@ ConverterPointer open(const std::string& name) {
 }
 
 ConverterPointer openNumber(int number) {
-    if (number <= 0) {
+    if (number <= 0)
         return nullptr;
-    }
-    if (number == 65001) {
+    if (number == 65001)
         return open("UTF-8");
-    }
     constexpr int kIsoBase = 28590;
-    if (number > kIsoBase && number <= kIsoBase + 15) {
+    if (number > kIsoBase && number <= kIsoBase + 15)
         return open("ISO-8859-" + std::to_string(number - kIsoBase));
-    }
     for (const char* prefix : {"windows-", "cp", "ibm-"}) {
-        if (ConverterPointer converter = open(prefix + std::to_string(number))) {
+        if (ConverterPointer converter = open(prefix + std::to_string(number)))
             return converter;
-        }
     }
     return nullptr;
 }
 
 void check(UErrorCode status) {
-    if (U_FAILURE(status)) {
+    if (U_FAILURE(status))
         throw std::runtime_error("code page conversion: " + std::string(u_errorName(status)));
-    }
 }
 
 std::string utf8OfUnits(const std::u16string& units) {
@@ -204,9 +195,8 @@ CodePage::CodePage(int number) {
         return;
     }
     ConverterPointer western = openNumber(kWestern);
-    if (!western) {
+    if (!western)
         throw std::runtime_error("code page 1252 is missing from the installed ICU data");
-    }
     converter_ = std::make_shared<const Converter>(kWestern, false, std::move(western));
 }
 
@@ -227,16 +217,14 @@ std::string CodePage::fromUtf8(std::string_view utf8) const {
 }
 
 std::string CodePage::midAnsi(std::string_view text, long start1, long count) const {
-    if (start1 < 1 || count <= 0) {
+    if (start1 < 1 || count <= 0)
         return {};
-    }
     const bool ascii = isAscii(text);
     const std::string encoded = ascii ? std::string() : converter_->encode(text);
     const std::string_view bytes = ascii ? text : std::string_view(encoded);
     const auto start = static_cast<std::size_t>(start1) - 1;
-    if (start >= bytes.size()) {
+    if (start >= bytes.size())
         return {};
-    }
     const std::string_view cut = bytes.substr(start, static_cast<std::size_t>(count));
     return isAscii(cut) ? std::string(cut) : converter_->decode(cut, u'?');
 }
@@ -246,14 +234,12 @@ std::size_t CodePage::ansiByteLength(std::string_view text) const {
 }
 
 unsigned CodePage::ansiValue(std::string_view oneCharacterUtf8) const {
-    if (oneCharacterUtf8.empty()) {
+    if (oneCharacterUtf8.empty())
         return 0;
-    }
     const DecodedCharacter first = decodeCharacter(oneCharacterUtf8, 0);
     unsigned value = 0;
-    for (const char byte : fromUtf8(oneCharacterUtf8.substr(0, first.length))) {
+    for (const char byte : fromUtf8(oneCharacterUtf8.substr(0, first.length)))
         value = value * 256 + static_cast<unsigned char>(byte);
-    }
     return value;
 }
 
@@ -261,9 +247,8 @@ namespace {
 
 int chineseCodePage(std::string_view localeName) {
     for (const char* mark : {"TW", "HK", "MO", "Hant"}) {
-        if (contains(localeName, mark)) {
+        if (contains(localeName, mark))
             return 950;
-        }
     }
     return 936;
 }
@@ -292,9 +277,8 @@ constexpr std::array<LanguageCodePage, 11> kLanguages{{
 
 int codePageFromLocale(std::string_view localeName) {
     const std::string_view language = localeName.substr(0, localeName.find_first_of("_-.@"));
-    if (language == "zh") {
+    if (language == "zh")
         return chineseCodePage(localeName);
-    }
     const std::string wanted = ' ' + std::string(language) + ' ';
     const auto found =
         std::find_if(kLanguages.begin(), kLanguages.end(),
@@ -306,9 +290,8 @@ CodePage chooseCodePage(std::string_view setting, std::string_view localeName) {
     constexpr long long kLargest = 65535;
     if (const std::optional<double> number = toNumber(setting)) {
         CodePage asked(static_cast<int>(toInteger(*number, 0, kLargest).value_or(0)));
-        if (asked.known()) {
+        if (asked.known())
             return asked;
-        }
     }
     return CodePage(codePageFromLocale(localeName));
 }

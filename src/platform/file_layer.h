@@ -10,11 +10,11 @@
 
 namespace zb {
 
-enum class FileKind { regular, folder, link, other };
+enum class FileKind { Regular, Folder, Link, Other };
 
 // The status of a file.
 struct FileStatus {
-    FileKind kind = FileKind::other;
+    FileKind kind = FileKind::Other;
     unsigned mode = 0; // the permission bits
     unsigned owner = 0;
     unsigned group = 0;

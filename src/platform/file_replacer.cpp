@@ -23,7 +23,7 @@ Result<fs::path> followLinks(FileLayer& layer, fs::path path) {
     constexpr int kMostLinks = 40;
     for (int followed = 0; followed < kMostLinks; ++followed) {
         const Result<FileStatus> status = layer.status(path);
-        if (!status || status->kind != FileKind::link)
+        if (!status || status->kind != FileKind::Link)
             return path;
         const Result<fs::path> target = layer.readLink(path);
         if (!target)
@@ -48,9 +48,9 @@ Result<std::optional<FileStatus>> inspectTarget(FileLayer& layer, const fs::path
             return std::optional<FileStatus>();
         return namingFile("write", target, status.error());
     }
-    if (status->kind == FileKind::folder)
+    if (status->kind == FileKind::Folder)
         return namingFile("write", target, systemError(EISDIR));
-    if (status->kind != FileKind::regular)
+    if (status->kind != FileKind::Regular)
         return namingFile("write", target, FileError{EINVAL, "Not a regular file"});
     if (const Result<void> writable = layer.checkWritable(target); !writable)
         return namingFile("write", target, writable.error());

@@ -22,30 +22,25 @@ constexpr std::size_t kLargestFile = std::size_t{16} << 20U;
 constexpr std::size_t kDeepest = 64;
 
 bool isObjectOfObjects(const Json& value) {
-    if (!value.is_object()) {
+    if (!value.is_object())
         return false;
-    }
     for (const Json& inner : value) {
-        if (!inner.is_object()) {
+        if (!inner.is_object())
             return false;
-        }
     }
     return true;
 }
 
 // Nothing when this is not a settings file.
 std::optional<Json> parse(const std::string& bytes) {
-    if (bytes.size() > kLargestFile) {
+    if (bytes.size() > kLargestFile)
         return std::nullopt;
-    }
     std::optional<Json> json = readOrderedJson(bytes, kDeepest);
-    if (!json || !json->is_object()) {
+    if (!json || !json->is_object())
         return std::nullopt;
-    }
     for (const char* root : {"HKEY_LOCAL_MACHINE", "Zeltobench"}) {
-        if (json->contains(root) && !isObjectOfObjects((*json)[root])) {
+        if (json->contains(root) && !isObjectOfObjects((*json)[root]))
             return std::nullopt;
-        }
     }
     return json;
 }
@@ -57,9 +52,8 @@ bool putAside(const std::filesystem::path& path) {
         std::filesystem::path kept = path;
         kept += ".damaged-" + std::to_string(number);
         std::error_code error;
-        if (std::filesystem::exists(std::filesystem::symlink_status(kept, error))) {
+        if (std::filesystem::exists(std::filesystem::symlink_status(kept, error)))
             continue;
-        }
         std::filesystem::rename(path, kept, error);
         return !error;
     }
@@ -74,15 +68,13 @@ SettingsFile::SettingsFile(std::filesystem::path folder)
 std::optional<std::string> SettingsFile::read(const SettingPlace& place) const {
     const Result<std::string> bytes = readBytes(path_);
     const std::optional<Json> json = bytes ? parse(*bytes) : std::nullopt;
-    if (!json) {
+    if (!json)
         return std::nullopt;
-    }
     const Json* level = &*json;
     for (const std::string* step : {&place.root, &place.key, &place.name}) {
         const auto found = level->find(*step);
-        if (found == level->end()) {
+        if (found == level->end())
             return std::nullopt;
-        }
         level = &*found;
     }
     return level->is_string() ? std::optional(level->get<std::string>()) : std::nullopt;
@@ -94,9 +86,8 @@ Result<void> SettingsFile::write(const SettingPlace& place, const std::string& v
     std::error_code ignored;
     std::filesystem::create_directories(folder_, ignored);
     const FolderLock lock(folder_, kLongestWait);
-    if (lock.isBusy()) {
+    if (lock.isBusy())
         return FileError{EBUSY, "another program keeps " + folder_.string() + " locked"};
-    }
     Json json = Json::object();
     const Result<std::string> bytes = readBytes(path_);
     if (bytes) {

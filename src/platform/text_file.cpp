@@ -16,12 +16,12 @@ constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 } // namespace
 
 std::string decodeText(std::string_view bytes, const CodePage& codePage, DecodeAs decodeAs) {
-    if (decodeAs == DecodeAs::codePage)
+    if (decodeAs == DecodeAs::CodePage)
         return codePage.toUtf8(bytes);
     if (bytes.starts_with(kLittleEndianMark))
-        return decodeUtf16(bytes.substr(kLittleEndianMark.size()), ByteOrder::littleEndian).text;
+        return decodeUtf16(bytes.substr(kLittleEndianMark.size()), ByteOrder::LittleEndian).text;
     if (bytes.starts_with(kBigEndianMark))
-        return decodeUtf16(bytes.substr(kBigEndianMark.size()), ByteOrder::bigEndian).text;
+        return decodeUtf16(bytes.substr(kBigEndianMark.size()), ByteOrder::BigEndian).text;
     if (bytes.starts_with(kUtf8Mark))
         return sanitizeUtf8(bytes.substr(kUtf8Mark.size()));
     return isValidUtf8(bytes) ? std::string(bytes) : codePage.toUtf8(bytes);
@@ -63,8 +63,8 @@ ProjectText projectOfUtf16(std::string_view bytes, ByteOrder order, bool marked)
     DecodedUtf16 decoded = decodeUtf16(bytes, order);
     ProjectText project;
     project.text = std::move(decoded.text);
-    project.encoding = order == ByteOrder::littleEndian ? ProjectEncoding::utf16LittleEndian
-                                                        : ProjectEncoding::utf16BigEndian;
+    project.encoding = order == ByteOrder::LittleEndian ? ProjectEncoding::Utf16LittleEndian
+                                                        : ProjectEncoding::Utf16BigEndian;
     project.marked = marked;
     project.replacements = decoded.replacements;
     if (decoded.endsInCharacter)
@@ -75,7 +75,7 @@ ProjectText projectOfUtf16(std::string_view bytes, ByteOrder order, bool marked)
 }
 
 ProjectText projectOfUtf8(std::string_view bytes, bool marked) {
-    return {sanitizeUtf8(bytes), ProjectEncoding::utf8, marked, 0,
+    return {sanitizeUtf8(bytes), ProjectEncoding::Utf8, marked, 0,
             "the file is UTF-8 text, and a project file is UTF-16 text"};
 }
 
@@ -83,12 +83,12 @@ ProjectText unmarkedProject(std::string_view bytes) {
     const bool hasNul = bytes.find('\0') != std::string_view::npos;
     if (!hasNul && isValidUtf8(bytes))
         return projectOfUtf8(bytes, false);
-    for (const ByteOrder order : {ByteOrder::littleEndian, ByteOrder::bigEndian}) {
+    for (const ByteOrder order : {ByteOrder::LittleEndian, ByteOrder::BigEndian}) {
         if (readsAsUtf16(bytes, order))
             return projectOfUtf16(bytes, order, false);
     }
-    ProjectText project = projectOfUtf16(bytes, ByteOrder::littleEndian, false);
-    project.encoding = ProjectEncoding::unknown;
+    ProjectText project = projectOfUtf16(bytes, ByteOrder::LittleEndian, false);
+    project.encoding = ProjectEncoding::Unknown;
     project.fault = "the file is no UTF-16 text";
     return project;
 }
@@ -97,11 +97,11 @@ ProjectText unmarkedProject(std::string_view bytes) {
 
 ProjectText decodeProject(std::string_view bytes) {
     if (bytes.empty())
-        return {{}, ProjectEncoding::unknown, false, 0, "the file is empty"};
+        return {{}, ProjectEncoding::Unknown, false, 0, "the file is empty"};
     if (bytes.starts_with(kLittleEndianMark))
-        return projectOfUtf16(bytes.substr(kLittleEndianMark.size()), ByteOrder::littleEndian, true);
+        return projectOfUtf16(bytes.substr(kLittleEndianMark.size()), ByteOrder::LittleEndian, true);
     if (bytes.starts_with(kBigEndianMark))
-        return projectOfUtf16(bytes.substr(kBigEndianMark.size()), ByteOrder::bigEndian, true);
+        return projectOfUtf16(bytes.substr(kBigEndianMark.size()), ByteOrder::BigEndian, true);
     if (bytes.starts_with(kUtf8Mark))
         return projectOfUtf8(bytes.substr(kUtf8Mark.size()), true);
     return unmarkedProject(bytes);

@@ -22,26 +22,26 @@ Result<std::string> readBytes(const std::filesystem::path& path);
 
 // How the bytes of a library or definition file are decoded.
 enum class DecodeAs {
-    detected, // UTF-16 or UTF-8 by the mark, otherwise UTF-8 when it is valid, otherwise the code page
-    codePage, // the code page in any case
+    Detected, // UTF-16 or UTF-8 by the mark, otherwise UTF-8 when it is valid, otherwise the code page
+    CodePage, // the code page in any case
 };
 // Damaged sequences become U+FFFD; an odd last byte of UTF-16 is dropped.
 std::string decodeText(std::string_view bytes, const CodePage& codePage,
-                       DecodeAs decodeAs = DecodeAs::detected);
+                       DecodeAs decodeAs = DecodeAs::Detected);
 // The same without a copy of text that is already UTF-8.
 std::string decodeText(std::string&& bytes, const CodePage& codePage);
 
 enum class ProjectEncoding {
-    utf16LittleEndian,
-    utf16BigEndian,
-    utf8,    // not a project in this form, but its text is complete
-    unknown, // empty, or neither UTF-16 nor UTF-8
+    Utf16LittleEndian,
+    Utf16BigEndian,
+    Utf8,    // not a project in this form, but its text is complete
+    Unknown, // empty, or neither UTF-16 nor UTF-8
 };
 
 // The text of a project file, as far as it can be decoded.
 struct ProjectText {
     std::string text;
-    ProjectEncoding encoding = ProjectEncoding::unknown;
+    ProjectEncoding encoding = ProjectEncoding::Unknown;
     bool marked = false;          // it started with a byte order mark
     std::size_t replacements = 0; // characters that were damaged and became U+FFFD
     // Why these bytes are not a project file, for the user who named the file; empty for UTF-16 text.

@@ -28,14 +28,14 @@ bool isTrail(char16_t unit) {
 // The bits that a word of four ASCII units does not have, in memory order.
 std::uint64_t beyondAscii(ByteOrder order) {
     const bool likeMemory =
-        (order == ByteOrder::littleEndian) == (std::endian::native == std::endian::little);
+        (order == ByteOrder::LittleEndian) == (std::endian::native == std::endian::little);
     return likeMemory ? 0xFF80FF80FF80FF80U : 0x80FF80FF80FF80FFU;
 }
 
 // Appends the ASCII that starts at `position`, four units at a time, and returns its end.
 std::size_t appendAscii(std::string& text, std::string_view bytes, std::size_t position, ByteOrder order) {
     const std::uint64_t mask = beyondAscii(order);
-    const std::size_t low = order == ByteOrder::littleEndian ? 0 : 1;
+    const std::size_t low = order == ByteOrder::LittleEndian ? 0 : 1;
     std::array<char, 1024> buffer{};
     std::size_t filled = 0;
     while (position + kWord <= bytes.size()) {
@@ -97,7 +97,7 @@ std::size_t appendAsciiAsUtf16(std::string& bytes, std::string_view utf8, std::s
 char16_t unitAt(std::string_view bytes, std::size_t position, ByteOrder order) {
     const unsigned first = static_cast<unsigned char>(bytes[position]);
     const unsigned second = static_cast<unsigned char>(bytes[position + 1]);
-    return static_cast<char16_t>(order == ByteOrder::littleEndian ? first | (second << 8U)
+    return static_cast<char16_t>(order == ByteOrder::LittleEndian ? first | (second << 8U)
                                                                   : (first << 8U) | second);
 }
 

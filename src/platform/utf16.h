@@ -6,7 +6,7 @@
 
 namespace zb {
 
-enum class ByteOrder { littleEndian, bigEndian };
+enum class ByteOrder { LittleEndian, BigEndian };
 
 // The code unit whose two bytes start at `position`; both must be inside.
 char16_t unitAt(std::string_view bytes, std::size_t position, ByteOrder order);

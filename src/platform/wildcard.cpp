@@ -8,19 +8,19 @@
 namespace zb {
 
 void WildcardPattern::addLiteral(std::u32string_view characters) {
-    if (elements_.empty() || elements_.back().kind != Kind::literal)
-        elements_.push_back({Kind::literal, {}, {}, false});
+    if (elements_.empty() || elements_.back().kind != Kind::Literal)
+        elements_.push_back({Kind::Literal, {}, {}, false});
     elements_.back().literal += fromCodePoints(characters);
 }
 
 void WildcardPattern::addElement(Kind kind) {
-    const bool repeatedRun = kind == Kind::run && !elements_.empty() && elements_.back().kind == Kind::run;
+    const bool repeatedRun = kind == Kind::Run && !elements_.empty() && elements_.back().kind == Kind::Run;
     if (!repeatedRun)
         elements_.push_back({kind, {}, {}, false});
 }
 
 std::optional<WildcardPattern::Element> WildcardPattern::parseSet(std::u32string_view inside) {
-    Element set{Kind::set, {}, {}, false};
+    Element set{Kind::Set, {}, {}, false};
     if (inside.front() == U'!') {
         set.negated = true;
         inside.remove_prefix(1);
@@ -43,13 +43,13 @@ std::optional<WildcardPattern> WildcardPattern::compile(std::string_view pattern
     for (std::size_t i = 0; i < view.size(); ++i) {
         switch (view[i]) {
         case U'*':
-            compiled.addElement(Kind::run);
+            compiled.addElement(Kind::Run);
             break;
         case U'?':
-            compiled.addElement(Kind::anyCharacter);
+            compiled.addElement(Kind::AnyCharacter);
             break;
         case U'#':
-            compiled.addElement(Kind::digit);
+            compiled.addElement(Kind::Digit);
             break;
         case U'[': {
             const std::size_t close = view.find(U']', i + 1);
@@ -78,7 +78,7 @@ std::optional<WildcardPattern> WildcardPattern::compile(std::string_view pattern
 // match.
 std::optional<std::size_t> WildcardPattern::step(const Element& element, std::string_view text,
                                                  std::size_t position) {
-    if (element.kind == Kind::literal) {
+    if (element.kind == Kind::Literal) {
         const bool fits = text.substr(position).starts_with(element.literal);
         return fits ? std::optional(position + element.literal.size()) : std::nullopt;
     }
@@ -87,9 +87,9 @@ std::optional<std::size_t> WildcardPattern::step(const Element& element, std::st
     const DecodedCharacter character = decodeCharacter(text, position);
     const char32_t point = character.codePoint;
     bool fits = true;
-    if (element.kind == Kind::digit) {
+    if (element.kind == Kind::Digit) {
         fits = point >= U'0' && point <= U'9';
-    } else if (element.kind == Kind::set) {
+    } else if (element.kind == Kind::Set) {
         const bool listed =
             std::any_of(element.ranges.begin(), element.ranges.end(),
                         [point](const Range& range) { return range.first <= point && point <= range.last; });
@@ -106,7 +106,7 @@ bool WildcardPattern::matches(std::string_view text) const {
     std::size_t position = 0;
     std::size_t next = 0;
     while (next < elements_.size() || position < text.size()) {
-        if (next < elements_.size() && elements_[next].kind == Kind::run) {
+        if (next < elements_.size() && elements_[next].kind == Kind::Run) {
             if (++next == elements_.size())
                 return true;
             afterRun = next;
@@ -122,7 +122,7 @@ bool WildcardPattern::matches(std::string_view text) const {
                 return false;
             runEnd += decodeCharacter(text, runEnd).length;
         }
-        if (elements_[*afterRun].kind == Kind::literal) {
+        if (elements_[*afterRun].kind == Kind::Literal) {
             runEnd = text.find(elements_[*afterRun].literal, runEnd);
             if (runEnd == std::string_view::npos)
                 return false;

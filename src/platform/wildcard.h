@@ -24,13 +24,13 @@ public:
     bool matches(std::string_view text) const;
 
 private:
-    enum class Kind { run, literal, anyCharacter, digit, set };
+    enum class Kind { Run, Literal, AnyCharacter, Digit, Set };
     struct Range {
         char32_t first;
         char32_t last;
     };
     struct Element {
-        Kind kind = Kind::run;
+        Kind kind = Kind::Run;
         std::string literal;
         std::vector<Range> ranges;
         bool negated = false;

@@ -165,9 +165,8 @@ void SmdTextSplitter::takeBody(SmdMessageText& message) {
     while (!message.ended && atLine()) {
         const std::string_view content = stripped(line_);
         const bool isNext = isHead(line_) || (!line_.empty() && line_.front() == '*');
-        if (isNext) {
+        if (isNext)
             break;
-        }
         message.ended = !content.empty() && endsMessage(content);
         takeLine();
     }

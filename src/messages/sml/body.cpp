@@ -18,11 +18,11 @@ constexpr std::size_t kValueBound = 80;
 bool isNameCharacter(char c, ItemType type) {
     // A point among the values of a number item would be taken for one of its values.
     return isLetter(c) || isDigit(c) || c == '_' ||
-           (c == '.' && (type == ItemType::list || isQuotedType(type)));
+           (c == '.' && (type == ItemType::List || isQuotedType(type)));
 }
 
 bool isAllowedName(std::string_view name, ItemType type) {
-    if (name.empty() || !isLetter(name.front()) || type == ItemType::boolean)
+    if (name.empty() || !isLetter(name.front()) || type == ItemType::Boolean)
         return false; // not at first sight
     for (const char c : name)
         if (!isNameCharacter(c, type))
@@ -43,7 +43,7 @@ std::string allowedName(std::string_view name, ItemType type) {
     if (!own)
         return {};
     if (isNumeric(allowed) ||
-        (type == ItemType::boolean && (isWord(allowed, "TRUE") || isWord(allowed, "FALSE"))))
+        (type == ItemType::Boolean && (isWord(allowed, "TRUE") || isWord(allowed, "FALSE"))))
         allowed.insert(0, 1, '_');
     return allowed;
 }
@@ -71,7 +71,7 @@ std::size_t Body::add(ItemType type, std::size_t offset) {
     item.end = index + 1;
     if (!openLists_.empty())
         ++items_[openLists_.back()].children;
-    if (type == ItemType::list)
+    if (type == ItemType::List)
         openLists_.push_back(index);
     return index;
 }
@@ -147,9 +147,9 @@ Body::Form Body::repeatedForm(std::size_t index, std::size_t bound, FindingColle
 Body::Form Body::listForm(std::size_t index, FindingCollector& findings) const {
     const Item& list = items_[index];
     const std::size_t declared = list.count.number;
-    const bool bounded = list.count.kind == Count::Kind::upTo;
-    if (list.repeats || list.count.kind == Count::Kind::open) {
-        const bool known = list.count.kind == Count::Kind::fixed || bounded;
+    const bool bounded = list.count.kind == Count::Kind::UpTo;
+    if (list.repeats || list.count.kind == Count::Kind::Open) {
+        const bool known = list.count.kind == Count::Kind::Fixed || bounded;
         return repeatedForm(index, known && declared > 0 ? declared : kListBound, findings);
     }
     if (bounded && list.children <= 1)
@@ -158,7 +158,7 @@ Body::Form Body::listForm(std::size_t index, FindingCollector& findings) const {
         findings.warn(list.offset, "a list of a variable count repeats one item, and this one holds " +
                                        times(list.children, "items") +
                                        "; it was read as a list of just these");
-    else if (list.count.kind == Count::Kind::fixed && declared != list.children)
+    else if (list.count.kind == Count::Kind::Fixed && declared != list.children)
         findings.warn(list.offset, "the list is declared to hold " + times(declared, "items") +
                                        " and holds " + std::to_string(list.children));
     return {list.children, false, false};
@@ -174,17 +174,17 @@ Body::Form Body::templateForm(const Item& item) const {
 Body::Form Body::valueForm(const Item& item, FindingCollector& findings) const {
     const std::string_view unit = isQuotedType(item.type) ? "characters" : "values";
     const std::size_t declared = item.count.number;
-    if (item.repeats || item.count.kind == Count::Kind::open)
+    if (item.repeats || item.count.kind == Count::Kind::Open)
         return {std::max(item.values, kValueBound), true, false};
-    if (item.count.kind == Count::Kind::absent) {
-        const bool holdsAnything = item.type == ItemType::any && !item.valued;
+    if (item.count.kind == Count::Kind::Absent) {
+        const bool holdsAnything = item.type == ItemType::Any && !item.valued;
         const bool isTemplate = !item.valued && (item.nameIsGiven || holdsAnything);
         return isTemplate ? templateForm(item) : Form{item.values, false, false};
     }
     if (declared < item.values)
         findings.warn(item.offset, "the item is declared to hold " + times(declared, unit) + " and holds " +
                                        std::to_string(item.values) + "; the count was raised");
-    if (item.count.kind == Count::Kind::upTo)
+    if (item.count.kind == Count::Kind::UpTo)
         return {std::max(declared, item.values), true, false};
     if (declared > item.values && item.valued)
         findings.warn(item.offset, "the item is declared to hold " + times(declared, unit) + " and holds " +
@@ -215,12 +215,12 @@ std::string_view Body::nameFor(std::size_t index, const Form& form, FindingColle
         if (!allowed.empty())
             return uniqueName(item, allowed, findings);
     }
-    if (item.type != ItemType::list || !form.variable)
+    if (item.type != ItemType::List || !form.variable)
         return {};
     // A list with a variable count must have a name: it is named after its repeated item.
     std::string element;
     if (item.children > 0)
-        element = allowedName(name(items_[index + 1]), ItemType::u1);
+        element = allowedName(name(items_[index + 1]), ItemType::U1);
     return uniqueName(item, (element.empty() ? "LIST" : element) + "COUNT", findings);
 }
 
@@ -264,7 +264,7 @@ bool Body::compose(std::string& lines, FindingCollector& findings) {
                           "the item holds more than " + std::to_string(kMostCount) + " values or items");
             return false;
         }
-        Form form = item.type == ItemType::list ? listForm(i, findings) : valueForm(item, findings);
+        Form form = item.type == ItemType::List ? listForm(i, findings) : valueForm(item, findings);
         if (form.count > kMostCount) {
             findings.warn(item.offset, "a count goes up to " + std::to_string(kMostCount) + "; " +
                                            std::to_string(form.count) + " was lowered to that");

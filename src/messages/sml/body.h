@@ -14,17 +14,17 @@ namespace zb::sml {
 // The number of items or characters that an item is declared to hold.
 struct Count {
     enum class Kind {
-        absent,
-        fixed,
-        upTo, // at most `number`
-        open, // any number
+        Absent,
+        Fixed,
+        UpTo, // at most `number`
+        Open, // any number
     };
-    Kind kind = Kind::absent;
+    Kind kind = Kind::Absent;
     std::size_t number = 0;
 };
 
 struct Item {
-    ItemType type = ItemType::list;
+    ItemType type = ItemType::List;
     Count count;
     bool repeats = false; // a list that continues with items of the shown form
     bool valued = false;  // values were written, even an empty text

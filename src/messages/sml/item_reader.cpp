@@ -62,11 +62,11 @@ void ItemReader::clear() {
 
 ItemReader::Outcome ItemReader::read() {
     Step step = openItem();
-    while (step == Step::next && body_.openLists() > 0)
+    while (step == Step::Next && body_.openLists() > 0)
         step = stepInList();
-    if (step == Step::cutShort)
-        return Outcome::cutShort;
-    return step == Step::broken ? Outcome::broken : Outcome::closed;
+    if (step == Step::CutShort)
+        return Outcome::CutShort;
+    return step == Step::Broken ? Outcome::Broken : Outcome::Closed;
 }
 
 void ItemReader::skip() {
@@ -132,7 +132,7 @@ bool ItemReader::headFollows(std::size_t offset) const {
 ItemReader::Step ItemReader::fail(const std::string& expected) {
     findings_.fail(scanner_.offset(),
                    "expected " + expected + ", found " + foundAt(scanner_.text(), scanner_.offset()));
-    return Step::broken;
+    return Step::Broken;
 }
 
 ItemReader::Step ItemReader::cutShort() {
@@ -140,7 +140,7 @@ ItemReader::Step ItemReader::cutShort() {
                                           "; all items that were open are closed here");
     while (body_.openLists() > 0)
         body_.closeList();
-    return Step::cutShort;
+    return Step::CutShort;
 }
 
 ItemReader::Step ItemReader::stepInList() {
@@ -154,15 +154,16 @@ ItemReader::Step ItemReader::stepInList() {
     case '>':
         lastItem_ = body_.closeList();
         scanner_.advance();
-        return Step::next;
+        return Step::Next;
     case '.':
         return stepAtPoint();
     case '=':
-        return passGivenName() ? Step::next : Step::broken;
+        return passGivenName() ? Step::Next : Step::Broken;
     case ',':
-        findings_.warn(scanner_.offset(), "items are separated by white space; the comma was read as white space");
+        findings_.warn(scanner_.offset(),
+                       "items are separated by white space; the comma was read as white space");
         scanner_.advance();
-        return Step::next;
+        return Step::Next;
     default:
         break;
     }
@@ -182,16 +183,16 @@ ItemReader::Step ItemReader::stepAtPoint() {
         findings_.warn(scanner_.offset(), "there is no item before \"...\" to repeat");
     list.repeats = true;
     scanner_.passEllipsis();
-    return Step::next;
+    return Step::Next;
 }
 
 // A name at the position of an item is a value of any type, whatever it means.
 ItemReader::Step ItemReader::addBareVariable() {
     const std::size_t offset = scanner_.offset();
-    lastItem_ = body_.add(ItemType::any, offset);
+    lastItem_ = body_.add(ItemType::Any, offset);
     hasLastItem_ = true;
     giveName(lastItem_, passIndexedName(), offset);
-    return Step::next;
+    return Step::Next;
 }
 
 std::string_view ItemReader::passName() {
@@ -245,7 +246,7 @@ ItemReader::Step ItemReader::openItem() {
         return cutShort();
     if (body_.openLists() >= kDeepestLevel) {
         findings_.fail(offset, "lists lie more than " + std::to_string(kDeepestLevel) + " levels deep");
-        return Step::broken;
+        return Step::Broken;
     }
     scanner_.advance();
     skip();
@@ -260,7 +261,7 @@ ItemReader::Step ItemReader::openItem() {
     lastItem_ = index;
     hasLastItem_ = true;
     const Step step = readBrackets(index);
-    return step != Step::next || *type == ItemType::list ? step : readValues(index);
+    return step != Step::Next || *type == ItemType::List ? step : readValues(index);
 }
 
 ItemReader::Step ItemReader::openUntypedItem(std::size_t offset, std::string_view word) {
@@ -270,34 +271,34 @@ ItemReader::Step ItemReader::openUntypedItem(std::size_t offset, std::string_vie
         if (scanner_.atEnd() || (c != '<' && c != '>' && !scanner_.atEllipsis()))
             return fail("an item type");
         findings_.fail(offset, "expected an item type; the item was read as a list");
-        lastItem_ = body_.add(ItemType::list, offset);
-        return Step::next;
+        lastItem_ = body_.add(ItemType::List, offset);
+        return Step::Next;
     }
     if (isDigit(word[0])) {
         scanner_.moveTo(offset);
         return fail("an item type");
     }
     // "<CPVAL>" is a value of any type.
-    const std::size_t index = lastItem_ = body_.add(ItemType::any, offset);
+    const std::size_t index = lastItem_ = body_.add(ItemType::Any, offset);
     scanner_.moveTo(offset);
     giveName(index, passName(), offset);
-    if (const Step step = readBrackets(index); step != Step::next)
+    if (const Step step = readBrackets(index); step != Step::Next)
         return step;
     if (scanner_.atEnd() || atNextMessage())
         return cutShort();
     if (scanner_.peek() != '>') {
         findings_.fail(offset, "expected an item type, found " + foundAt(scanner_.text(), offset));
-        return Step::broken;
+        return Step::Broken;
     }
     scanner_.advance();
-    return Step::next;
+    return Step::Next;
 }
 
 ItemReader::Step ItemReader::readBrackets(std::size_t index) {
     for (;;) {
         skip();
         if (scanner_.peek() == '[') {
-            if (const Step step = readBracket(index); step != Step::next)
+            if (const Step step = readBracket(index); step != Step::Next)
                 return step;
             continue;
         }
@@ -305,9 +306,9 @@ ItemReader::Step ItemReader::readBrackets(std::size_t index) {
         while (isInlineSpace(scanner_.peek(ahead)) && scanner_.offset() + ahead < scanner_.text().size())
             ++ahead;
         if (scanner_.peek() != ',' || !isDigit(scanner_.peek(ahead)))
-            return Step::next;
+            return Step::Next;
         scanner_.advance(ahead);
-        body_.item(index).count = {Count::Kind::fixed, parseCount(scanner_.valueWord())};
+        body_.item(index).count = {Count::Kind::Fixed, parseCount(scanner_.valueWord())};
     }
 }
 
@@ -325,27 +326,27 @@ ItemReader::Step ItemReader::readBracket(std::size_t index) {
     const std::string_view words = stripped(reach.substr(0, end));
     Item& item = body_.item(index);
     if (isDigits(words))
-        item.count = {Count::Kind::fixed, parseCount(words)};
+        item.count = {Count::Kind::Fixed, parseCount(words)};
     else if (words == "..." || words == "\u2026")
-        item.count = {Count::Kind::open, 0};
+        item.count = {Count::Kind::Open, 0};
     else if (const auto define = defines_.find(words); define != defines_.end())
-        item.count = {Count::Kind::fixed, define->second};
+        item.count = {Count::Kind::Fixed, define->second};
     else if (words.size() > 3 && isWord(words.substr(0, 3), "MAX") && !isWordStart(words[3]))
         applyBound(item, stripped(words.substr(3)));
     else if (!words.empty() && !applyRange(item, words, offset))
         giveName(index, words, offset);
-    return Step::next;
+    return Step::Next;
 }
 
 // "[MAX 32]", "[MAX MAX_LENGTH]"
 bool ItemReader::applyBound(Item& item, std::string_view words) {
     const auto define = defines_.find(words);
     if (isDigits(words)) {
-        item.count = {Count::Kind::upTo, parseCount(words)};
+        item.count = {Count::Kind::UpTo, parseCount(words)};
     } else if (define != defines_.end()) {
-        item.count = {Count::Kind::upTo, define->second};
+        item.count = {Count::Kind::UpTo, define->second};
     } else {
-        item.count = {Count::Kind::open, 0};
+        item.count = {Count::Kind::Open, 0};
         findings_.warn(item.offset, "the count " + std::string(words) + " is defined nowhere");
     }
     return true;
@@ -361,13 +362,13 @@ bool ItemReader::applyRange(Item& item, std::string_view words, std::size_t offs
     if ((!least.empty() && !isDigits(least)) || (!most.empty() && !isDigits(most)))
         return false;
     if (!most.empty() && parseCount(least) == parseCount(most) && !least.empty()) {
-        item.count = {Count::Kind::fixed, parseCount(most)};
+        item.count = {Count::Kind::Fixed, parseCount(most)};
         return true;
     }
     if (most.empty())
-        item.count = {Count::Kind::open, parseCount(least)};
+        item.count = {Count::Kind::Open, parseCount(least)};
     else
-        item.count = {Count::Kind::upTo, parseCount(most)};
+        item.count = {Count::Kind::UpTo, parseCount(most)};
     if (parseCount(least) > 0)
         findings_.note(offset, "a count has an upper bound only; the lower one, " + std::string(least) +
                                    ", is left out");

@@ -17,9 +17,9 @@ using Defines = std::map<std::string, std::size_t, std::less<>>;
 class ItemReader {
 public:
     enum class Outcome {
-        closed,   // up to and with its ">"
-        cutShort, // the message ended before it; an error is reported, and all lists are closed
-        broken,   // cannot be read; an error is reported
+        Closed,   // up to and with its ">"
+        CutShort, // the message ended before it; an error is reported, and all lists are closed
+        Broken,   // cannot be read; an error is reported
     };
 
     ItemReader(Scanner& scanner, FindingCollector& findings, Body& body, const Defines& defines,
@@ -38,7 +38,7 @@ public:
     void reportComments();
 
 private:
-    enum class Step { next, closed, cutShort, broken };
+    enum class Step { Next, Closed, CutShort, Broken };
 
     Step stepInList();
     Step stepAtPoint();

@@ -16,31 +16,31 @@ struct Spelling {
 // The first spelling of a type is that of an item Text. The rarer ones are last, since the search starts at
 // the top.
 constexpr std::array kSpellings = {
-    Spelling{"L", ItemType::list},
-    Spelling{"A", ItemType::ascii},
-    Spelling{"J", ItemType::jis8},
-    Spelling{"X", ItemType::any},
-    Spelling{"B", ItemType::binary},
-    Spelling{"BOOLEAN", ItemType::boolean},
-    Spelling{"I1", ItemType::i1},
-    Spelling{"I2", ItemType::i2},
-    Spelling{"I4", ItemType::i4},
-    Spelling{"I8", ItemType::i8},
-    Spelling{"U1", ItemType::u1},
-    Spelling{"U2", ItemType::u2},
-    Spelling{"U4", ItemType::u4},
-    Spelling{"U8", ItemType::u8},
-    Spelling{"F4", ItemType::f4},
-    Spelling{"F8", ItemType::f8},
-    Spelling{"V", ItemType::any},
-    Spelling{"BOOL", ItemType::boolean},
-    Spelling{"LIST", ItemType::list},
-    Spelling{"ASCII", ItemType::ascii},
-    Spelling{"JIS8", ItemType::jis8},
-    Spelling{"BINARY", ItemType::binary},
-    Spelling{"BIN", ItemType::binary},
+    Spelling{"L", ItemType::List},
+    Spelling{"A", ItemType::Ascii},
+    Spelling{"J", ItemType::Jis8},
+    Spelling{"X", ItemType::Any},
+    Spelling{"B", ItemType::Binary},
+    Spelling{"BOOLEAN", ItemType::Boolean},
+    Spelling{"I1", ItemType::I1},
+    Spelling{"I2", ItemType::I2},
+    Spelling{"I4", ItemType::I4},
+    Spelling{"I8", ItemType::I8},
+    Spelling{"U1", ItemType::U1},
+    Spelling{"U2", ItemType::U2},
+    Spelling{"U4", ItemType::U4},
+    Spelling{"U8", ItemType::U8},
+    Spelling{"F4", ItemType::F4},
+    Spelling{"F8", ItemType::F8},
+    Spelling{"V", ItemType::Any},
+    Spelling{"BOOL", ItemType::Boolean},
+    Spelling{"LIST", ItemType::List},
+    Spelling{"ASCII", ItemType::Ascii},
+    Spelling{"JIS8", ItemType::Jis8},
+    Spelling{"BINARY", ItemType::Binary},
+    Spelling{"BIN", ItemType::Binary},
     // Text with a number for its encoding; a definition has no such type.
-    Spelling{"W", ItemType::any},
+    Spelling{"W", ItemType::Any},
 };
 
 constexpr int codeOf(char letter, char bytes) {
@@ -52,25 +52,25 @@ std::optional<ItemType> numberTypeOf(char letter, char bytes) {
     using enum ItemType;
     switch (codeOf(letter, bytes)) {
     case codeOf('I', '1'):
-        return i1;
+        return I1;
     case codeOf('I', '2'):
-        return i2;
+        return I2;
     case codeOf('I', '4'):
-        return i4;
+        return I4;
     case codeOf('I', '8'):
-        return i8;
+        return I8;
     case codeOf('U', '1'):
-        return u1;
+        return U1;
     case codeOf('U', '2'):
-        return u2;
+        return U2;
     case codeOf('U', '4'):
-        return u4;
+        return U4;
     case codeOf('U', '8'):
-        return u8;
+        return U8;
     case codeOf('F', '4'):
-        return f4;
+        return F4;
     case codeOf('F', '8'):
-        return f8;
+        return F8;
     default:
         return std::nullopt;
     }

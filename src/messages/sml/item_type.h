@@ -5,7 +5,7 @@
 
 namespace zb::sml {
 
-enum class ItemType { list, ascii, jis8, any, binary, boolean, i1, i2, i4, i8, u1, u2, u4, u8, f4, f8 };
+enum class ItemType { List, Ascii, Jis8, Any, Binary, Boolean, I1, I2, I4, I8, U1, U2, U4, U8, F4, F8 };
 
 // The type for a word, including its other spellings ("Boolean", "JIS8", "Binary"), in any case. "V", the
 // value of any type, is `any`.
@@ -15,7 +15,7 @@ std::optional<ItemType> itemTypeOf(std::string_view word);
 std::string_view typeWord(ItemType type);
 
 inline bool isQuotedType(ItemType type) {
-    return type == ItemType::ascii || type == ItemType::jis8 || type == ItemType::any;
+    return type == ItemType::Ascii || type == ItemType::Jis8 || type == ItemType::Any;
 }
 
 } // namespace zb::sml

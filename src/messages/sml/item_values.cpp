@@ -9,15 +9,15 @@ ItemReader::Step ItemReader::readValues(std::size_t index) {
     value_.begin();
     words_.clear();
     valueCount_ = 0;
-    Step step = Step::next;
-    while (step == Step::next) {
+    Step step = Step::Next;
+    while (step == Step::Next) {
         skip();
         step = stepInValues(index);
     }
-    if (step == Step::broken)
+    if (step == Step::Broken)
         return step;
     endValues(index);
-    return step == Step::closed ? Step::next : step;
+    return step == Step::Closed ? Step::Next : step;
 }
 
 ItemReader::Step ItemReader::stepInValues(std::size_t index) {
@@ -26,14 +26,14 @@ ItemReader::Step ItemReader::stepInValues(std::size_t index) {
     const char c = scanner_.peek();
     if (c == '>') {
         scanner_.advance();
-        return Step::closed;
+        return Step::Closed;
     }
     if (isDigit(c) || c == '+' || c == '-' || (c == '.' && isDigit(scanner_.peek(1))))
         return readNumber(index);
     if (scanner_.atEllipsis()) {
         scanner_.passEllipsis();
         body_.item(index).repeats = true;
-        return Step::next;
+        return Step::Next;
     }
     if (isQuote(c))
         return readString(index);
@@ -44,13 +44,14 @@ ItemReader::Step ItemReader::stepInValues(std::size_t index) {
     if (c == '[')
         return readBracket(index);
     if (c == ',' && valueCount_ > 0) {
-        findings_.warn(scanner_.offset(), "values are separated by white space; the comma was read as white space");
+        findings_.warn(scanner_.offset(),
+                       "values are separated by white space; the comma was read as white space");
         scanner_.advance();
-        return Step::next;
+        return Step::Next;
     }
     if (c == '<') {
         fail("\">\"");
-        return Step::closed;
+        return Step::Closed;
     }
     return fail(std::string(expectedValue(body_.item(index).type)) + " or \">\"");
 }
@@ -64,10 +65,10 @@ ItemReader::Step ItemReader::readString(std::size_t index) {
     scanner_.advance();
     if (!passString(quote)) {
         findings_.fail(offset, std::string("expected a closing ") + quote + " for the text that begins here");
-        return Step::broken;
+        return Step::Broken;
     }
     body_.item(index).valued = true;
-    return isText ? Step::next : applyQuotedWords(index, offset);
+    return isText ? Step::Next : applyQuotedWords(index, offset);
 }
 
 // A quote directly before a letter does not end a text: 'Joe's lot'.
@@ -126,11 +127,11 @@ ItemReader::Step ItemReader::applyQuotedWords(std::size_t index, std::size_t off
     while (!(rest = stripped(rest)).empty()) {
         const std::size_t end = std::min(rest.find_first_of(" \t,"), rest.size());
         if (end > 0)
-            if (const Step step = applyValue(index, rest.substr(0, end), offset); step != Step::next)
+            if (const Step step = applyValue(index, rest.substr(0, end), offset); step != Step::Next)
                 return step;
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
-    return Step::next;
+    return Step::Next;
 }
 
 ItemReader::Step ItemReader::applyValue(std::size_t index, std::string_view word, std::size_t offset) {
@@ -139,23 +140,23 @@ ItemReader::Step ItemReader::applyValue(std::size_t index, std::string_view word
         words_ += ' ';
     const std::size_t before = words_.size();
     const ValueFault fault = appendValue(words_, type, word);
-    if (fault != ValueFault::none)
+    if (fault != ValueFault::None)
         reportValue(type, word, fault, words_.substr(before), offset);
-    if (fault == ValueFault::notOfType)
-        return Step::broken;
+    if (fault == ValueFault::NotOfType)
+        return Step::Broken;
     ++valueCount_;
     body_.item(index).valued = true;
-    return Step::next;
+    return Step::Next;
 }
 
 void ItemReader::reportValue(ItemType type, std::string_view word, ValueFault fault, const std::string& read,
                              std::size_t offset) {
     const std::string written(word);
     switch (fault) {
-    case ValueFault::bareHex:
+    case ValueFault::BareHex:
         findings_.warn(offset, written + " was read as a hexadecimal number");
         return;
-    case ValueFault::signedByte:
+    case ValueFault::SignedByte:
         findings_.warn(offset, written + " was read as the byte " + read);
         return;
     default:
@@ -163,7 +164,7 @@ void ItemReader::reportValue(ItemType type, std::string_view word, ValueFault fa
     }
     std::string text =
         "expected " + std::string(expectedValue(type)) + ", found " + foundAt(scanner_.text(), offset);
-    if (fault == ValueFault::outOfRange)
+    if (fault == ValueFault::OutOfRange)
         text += "; it was read as " + read;
     findings_.fail(offset, std::move(text));
 }
@@ -175,12 +176,12 @@ ItemReader::Step ItemReader::readNumber(std::size_t index) {
     if (!isQuotedType(item.type))
         return applyValue(index, word, offset);
     item.valued = true;
-    if (item.type != ItemType::any)
+    if (item.type != ItemType::Any)
         return applyCharacterCode(word, offset);
     if (valueCount_++ > 0)
         value_.appendCharacter(' ');
     value_.appendText(word);
-    return Step::next;
+    return Step::Next;
 }
 
 ItemReader::Step ItemReader::applyCharacterCode(std::string_view word, std::size_t offset) {
@@ -189,20 +190,20 @@ ItemReader::Step ItemReader::applyCharacterCode(std::string_view word, std::size
         const bool isNumber = looksLikeInteger(word);
         findings_.fail(offset, "expected a text or a character code from 0 to 255, found " +
                                    foundAt(scanner_.text(), offset) + (isNumber ? "; it was left out" : ""));
-        return isNumber ? Step::next : Step::broken;
+        return isNumber ? Step::Next : Step::Broken;
     }
     value_.appendCode(static_cast<unsigned char>(code->magnitude));
-    return Step::next;
+    return Step::Next;
 }
 
 ItemReader::Step ItemReader::readWord(std::size_t index) {
     const std::size_t offset = scanner_.offset();
     const std::string_view word = passIndexedName();
     const ItemType type = body_.item(index).type;
-    if (type == ItemType::boolean || (type == ItemType::binary && word.size() <= 2)) {
+    if (type == ItemType::Boolean || (type == ItemType::Binary && word.size() <= 2)) {
         std::string trial;
         const ValueFault fault = appendValue(trial, type, word);
-        if (fault == ValueFault::none || fault == ValueFault::bareHex)
+        if (fault == ValueFault::None || fault == ValueFault::BareHex)
             return applyValue(index, word, offset);
     }
     if (!isQuotedType(type) &&
@@ -213,7 +214,7 @@ ItemReader::Step ItemReader::readWord(std::size_t index) {
     if (body_.item(index).valued && !isQuotedType(type))
         findings_.note(offset, "the name among the values became the name of the item");
     giveName(index, word, offset);
-    return Step::next;
+    return Step::Next;
 }
 
 void ItemReader::endValues(std::size_t index) {
@@ -223,7 +224,7 @@ void ItemReader::endValues(std::size_t index) {
         body_.setValue(item, words_);
         return;
     }
-    const bool counted = item.valued && item.count.kind == Count::Kind::fixed;
+    const bool counted = item.valued && item.count.kind == Count::Kind::Fixed;
     value_.end(counted ? &item.count.number : nullptr);
     item.values = value_.ansiLength();
     body_.setValue(item, value_.text());

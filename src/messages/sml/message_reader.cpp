@@ -70,9 +70,9 @@ void Reader::readMessage(const Head& head) {
     const bool numbersAreRight = checkNumbers(head);
     scanner_.moveTo(head.end);
     Step step = readMarks(read);
-    if (step == Step::body)
-        step = readBody(head.bracketed) ? Step::ended : Step::broken;
-    if (step == Step::broken) {
+    if (step == Step::Body)
+        step = readBody(head.bracketed) ? Step::Ended : Step::Broken;
+    if (step == Step::Broken) {
         title_.clear();
         passBroken();
     } else if (numbersAreRight) {
@@ -120,7 +120,7 @@ void Reader::makeRoom(std::size_t offset) {
 Reader::Step Reader::endWithoutPoint() {
     findings_.warn(scanner_.offset(), "expected \".\" at the end of the message, found " +
                                           foundAt(scanner_.text(), scanner_.offset()));
-    return Step::ended;
+    return Step::Ended;
 }
 
 void Reader::applyHeadComment(ReadMessage& read, const Comment& comment) {
@@ -136,8 +136,8 @@ void Reader::applyHeadComment(ReadMessage& read, const Comment& comment) {
 
 Reader::Step Reader::readMarks(ReadMessage& read) {
     items_.clear();
-    Step step = Step::next;
-    while (step == Step::next) {
+    Step step = Step::Next;
+    while (step == Step::Next) {
         scanner_.skip();
         for (const Comment& comment : scanner_.comments())
             applyHeadComment(read, comment);
@@ -152,12 +152,12 @@ Reader::Step Reader::readMark(ReadMessage& read) {
     const char c = scanner_.peek();
     if (c == '.') {
         scanner_.advance();
-        return Step::ended;
+        return Step::Ended;
     }
     if (scanner_.passedLineEnd() && headFollows())
         return endWithoutPoint();
     if (c == '<')
-        return Step::body;
+        return Step::Body;
     if (c == '[')
         return readBracketedWait(read);
     if (c == '=') {
@@ -171,7 +171,7 @@ Reader::Step Reader::readMark(ReadMessage& read) {
         return endWithoutPoint();
     findings_.fail(scanner_.offset(),
                    "expected W, an item or \".\", found " + foundAt(scanner_.text(), scanner_.offset()));
-    return Step::broken;
+    return Step::Broken;
 }
 
 Reader::Step Reader::readBracketedWait(ReadMessage& read) {
@@ -180,11 +180,11 @@ Reader::Step Reader::readBracketedWait(ReadMessage& read) {
         !isWord(stripped(scanner_.text().substr(scanner_.offset() + 1, end - 1)), "W")) {
         findings_.fail(scanner_.offset(),
                        "expected [W], found " + foundAt(scanner_.text(), scanner_.offset()));
-        return Step::broken;
+        return Step::Broken;
     }
     read.message.wait = true;
     scanner_.advance(end + 1);
-    return Step::next;
+    return Step::Next;
 }
 
 // "H->E" and similar words; their letters alone would be a name.
@@ -207,7 +207,7 @@ bool Reader::passArrow(ReadMessage& read) {
 
 Reader::Step Reader::readMarkWord(ReadMessage& read) {
     if (passArrow(read))
-        return Step::next;
+        return Step::Next;
     const std::size_t offset = scanner_.offset();
     while (!scanner_.atEnd() && isNameMark(scanner_.peek()))
         scanner_.advance();
@@ -226,7 +226,7 @@ Reader::Step Reader::readMarkWord(ReadMessage& read) {
             read.message.name += ' ';
         read.message.name += word;
     }
-    return Step::next;
+    return Step::Next;
 }
 
 // Skips a message that cannot be read: to its end, or to the next line that starts one.
@@ -265,23 +265,23 @@ bool Reader::readBody(bool bracketedHead) {
     // "<S1F1 W>" is closed by an extra ">" after the items.
     bool closerExpected = bracketedHead;
     Step step = readRoot();
-    while (step == Step::next) {
+    while (step == Step::Next) {
         items_.skip();
         step = stepPastRoot(roots, closerExpected);
     }
-    return step == Step::ended;
+    return step == Step::Ended;
 }
 
 Reader::Step Reader::readRoot() {
     switch (items_.read()) {
-    case ItemReader::Outcome::closed:
-        return Step::next;
-    case ItemReader::Outcome::cutShort:
+    case ItemReader::Outcome::Closed:
+        return Step::Next;
+    case ItemReader::Outcome::CutShort:
         if (scanner_.peek() == '.' && !scanner_.atEllipsis())
             scanner_.advance();
-        return Step::ended;
+        return Step::Ended;
     default:
-        return Step::broken;
+        return Step::Broken;
     }
 }
 
@@ -292,20 +292,20 @@ Reader::Step Reader::stepPastRoot(std::size_t& roots, bool& closerExpected) {
         findings_.warn(scanner_.offset(),
                        "a message repeats no items outside of a list; \"...\" is left out");
         scanner_.passEllipsis();
-        return Step::next;
+        return Step::Next;
     }
     switch (scanner_.peek()) {
     case '.':
         scanner_.advance();
-        return Step::ended;
+        return Step::Ended;
     case '=':
-        return items_.passGivenName() ? Step::next : Step::broken;
+        return items_.passGivenName() ? Step::Next : Step::Broken;
     case '>':
         if (!closerExpected)
             findings_.fail(scanner_.offset(), "expected \".\", found one \">\" more than there are items");
         closerExpected = false;
         scanner_.advance();
-        return Step::next;
+        return Step::Next;
     default:
         break;
     }
@@ -319,7 +319,7 @@ Reader::Step Reader::stepPastRoot(std::size_t& roots, bool& closerExpected) {
     if (scanner_.passedLineEnd() && isQuote(scanner_.peek()))
         return endWithoutPoint();
     findings_.fail(scanner_.offset(), "expected \".\", found " + foundAt(scanner_.text(), scanner_.offset()));
-    return Step::broken;
+    return Step::Broken;
 }
 
 } // namespace zb::sml

@@ -41,7 +41,7 @@ private:
     void passToNextHead();
 
     // Within a message.
-    enum class Step { next, body, ended, broken };
+    enum class Step { Next, Body, Ended, Broken };
     void readMessage(const Head& head);
     bool checkNumbers(const Head& head);
     Step readMarks(ReadMessage& read);

@@ -19,19 +19,19 @@ struct IntegerRange {
 
 IntegerRange rangeOf(ItemType type) {
     switch (type) {
-    case ItemType::i1:
+    case ItemType::I1:
         return {0x80, 0x7F};
-    case ItemType::i2:
+    case ItemType::I2:
         return {0x8000, 0x7FFF};
-    case ItemType::i4:
+    case ItemType::I4:
         return {0x80000000, 0x7FFFFFFF};
-    case ItemType::i8:
+    case ItemType::I8:
         return {0x8000000000000000, 0x7FFFFFFFFFFFFFFF};
-    case ItemType::u2:
+    case ItemType::U2:
         return {0, 0xFFFF};
-    case ItemType::u4:
+    case ItemType::U4:
         return {0, 0xFFFFFFFF};
-    case ItemType::u8:
+    case ItemType::U8:
         return {0, std::numeric_limits<std::uint64_t>::max()};
     default: // U1 and binary
         return {0, 0xFF};
@@ -110,33 +110,33 @@ constexpr std::uint64_t kMostNegativeByte = 128;
 ValueFault appendNearest(std::string& words, ItemType type, bool negative) {
     const IntegerRange range = rangeOf(type);
     appendInteger(words, {negative, negative ? range.lowest : range.highest});
-    return ValueFault::outOfRange;
+    return ValueFault::OutOfRange;
 }
 
 ValueFault appendWhole(std::string& words, ItemType type, std::string_view word) {
     if (const std::optional<std::uint64_t> plain = plainNumber(word);
         plain && *plain <= rangeOf(type).highest) {
         words += word;
-        return ValueFault::none;
+        return ValueFault::None;
     }
     const std::optional<Integer> integer = parseInteger(word);
     if (integer && inRange(*integer, type)) {
         appendInteger(words, *integer);
-        return ValueFault::none;
+        return ValueFault::None;
     }
-    if (integer && integer->negative && type == ItemType::binary && integer->magnitude <= kMostNegativeByte) {
+    if (integer && integer->negative && type == ItemType::Binary && integer->magnitude <= kMostNegativeByte) {
         appendInteger(words, {false, 256 - integer->magnitude});
-        return ValueFault::signedByte;
+        return ValueFault::SignedByte;
     }
     if (integer || looksLikeInteger(word))
         return appendNearest(words, type, word[0] == '-');
-    if (type != ItemType::binary || word.size() > 2)
-        return ValueFault::notOfType;
+    if (type != ItemType::Binary || word.size() > 2)
+        return ValueFault::NotOfType;
     const std::optional<std::uint64_t> byte = parseDigits(word, 16);
     if (!byte)
-        return ValueFault::notOfType;
+        return ValueFault::NotOfType;
     appendInteger(words, {false, *byte});
-    return ValueFault::bareHex;
+    return ValueFault::BareHex;
 }
 
 ValueFault appendBoolean(std::string& words, std::string_view word) {
@@ -146,35 +146,35 @@ ValueFault appendBoolean(std::string& words, std::string_view word) {
     else if (isWord(word, "F") || isWord(word, "FALSE") || integer)
         words += "False";
     else
-        return ValueFault::notOfType;
-    return ValueFault::none;
+        return ValueFault::NotOfType;
+    return ValueFault::None;
 }
 
 // The largest number of the type, with few enough digits to be in its range.
 ValueFault appendLargest(std::string& words, ItemType type, bool negative) {
     words += negative ? "-" : "";
-    words += type == ItemType::f4 ? "3.4028234E+38" : "1.7976931348623157E+308";
-    return ValueFault::outOfRange;
+    words += type == ItemType::F4 ? "3.4028234E+38" : "1.7976931348623157E+308";
+    return ValueFault::OutOfRange;
 }
 
 ValueFault appendFloat(std::string& words, ItemType type, std::string_view word) {
     if (isPlainDecimal(word)) {
         words += word;
-        return ValueFault::none;
+        return ValueFault::None;
     }
     if (!isNumeric(word)) {
         const std::optional<Integer> integer = parseInteger(word);
         if (!integer)
-            return ValueFault::notOfType;
+            return ValueFault::NotOfType;
         appendInteger(words, *integer);
-        return ValueFault::none;
+        return ValueFault::None;
     }
     const std::optional<double> number = toNumber(word);
     if (!number ||
-        (type == ItemType::f4 && std::abs(*number) > static_cast<double>(std::numeric_limits<float>::max())))
+        (type == ItemType::F4 && std::abs(*number) > static_cast<double>(std::numeric_limits<float>::max())))
         return appendLargest(words, type, word[0] == '-');
     words += word;
-    return ValueFault::none;
+    return ValueFault::None;
 }
 
 } // namespace
@@ -207,10 +207,10 @@ bool looksLikeInteger(std::string_view word) {
 
 ValueFault appendValue(std::string& words, ItemType type, std::string_view word) {
     switch (type) {
-    case ItemType::boolean:
+    case ItemType::Boolean:
         return appendBoolean(words, word);
-    case ItemType::f4:
-    case ItemType::f8:
+    case ItemType::F4:
+    case ItemType::F8:
         return appendFloat(words, type, word);
     default:
         return appendWhole(words, type, word);
@@ -219,28 +219,28 @@ ValueFault appendValue(std::string& words, ItemType type, std::string_view word)
 
 std::string_view expectedValue(ItemType type) {
     switch (type) {
-    case ItemType::boolean:
+    case ItemType::Boolean:
         return "T, F, TRUE, FALSE, 0 or 1";
-    case ItemType::f4:
+    case ItemType::F4:
         return "a number that four bytes hold";
-    case ItemType::f8:
+    case ItemType::F8:
         return "a number";
-    case ItemType::i1:
+    case ItemType::I1:
         return "a whole number from -128 to 127";
-    case ItemType::i2:
+    case ItemType::I2:
         return "a whole number from -32768 to 32767";
-    case ItemType::i4:
+    case ItemType::I4:
         return "a whole number of four bytes";
-    case ItemType::i8:
+    case ItemType::I8:
         return "a whole number of eight bytes";
-    case ItemType::u2:
+    case ItemType::U2:
         return "a whole number from 0 to 65535";
-    case ItemType::u4:
+    case ItemType::U4:
         return "a whole number of four bytes, not below 0";
-    case ItemType::u8:
+    case ItemType::U8:
         return "a whole number of eight bytes, not below 0";
-    case ItemType::binary:
-    case ItemType::u1:
+    case ItemType::Binary:
+    case ItemType::U1:
         return "a whole number from 0 to 255";
     default:
         return "a text";

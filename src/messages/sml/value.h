@@ -22,11 +22,11 @@ std::optional<Integer> parseInteger(std::string_view word);
 bool looksLikeInteger(std::string_view word);
 
 enum class ValueFault {
-    none,
-    bareHex,    // read as hexadecimal because of a letter in it, without a prefix
-    signedByte, // a negative number in a binary item, read as the byte of the same bits
-    notOfType,  // not a value of the type
-    outOfRange, // the nearest value of the type was read
+    None,
+    BareHex,    // read as hexadecimal because of a letter in it, without a prefix
+    SignedByte, // a negative number in a binary item, read as the byte of the same bits
+    NotOfType,  // not a value of the type
+    OutOfRange, // the nearest value of the type was read
 };
 
 // Appends the value's word for an item of this type, which is no list and no text; nothing is appended for

@@ -22,13 +22,13 @@ Result<void> outcome(int answer) {
 }
 
 FileStatus read(const struct stat& status) {
-    FileKind kind = FileKind::other;
+    FileKind kind = FileKind::Other;
     if (S_ISREG(status.st_mode))
-        kind = FileKind::regular;
+        kind = FileKind::Regular;
     else if (S_ISDIR(status.st_mode))
-        kind = FileKind::folder;
+        kind = FileKind::Folder;
     else if (S_ISLNK(status.st_mode))
-        kind = FileKind::link;
+        kind = FileKind::Link;
     return {kind, status.st_mode & kPermissions, status.st_uid, status.st_gid,
             static_cast<unsigned long>(status.st_nlink)};
 }
@@ -129,9 +129,8 @@ Result<void> SystemFileLayer::syncFolder(const std::filesystem::path& path) {
     const std::filesystem::path folder = path.empty() ? std::filesystem::path(".") : path;
     const int descriptor =
         untilNotInterrupted([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
-    if (descriptor < 0) {
+    if (descriptor < 0)
         return systemError(errno);
-    }
     Result<void> synced = sync(descriptor);
     ::close(descriptor);
     return synced;

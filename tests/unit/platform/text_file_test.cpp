@@ -21,8 +21,8 @@ std::string bytesOf(std::u16string_view units, ByteOrder order) {
     for (const char16_t unit : units) {
         const char low = static_cast<char>(unit & 0xFFU);
         const char high = static_cast<char>(unit >> 8U);
-        bytes += order == ByteOrder::littleEndian ? low : high;
-        bytes += order == ByteOrder::littleEndian ? high : low;
+        bytes += order == ByteOrder::LittleEndian ? low : high;
+        bytes += order == ByteOrder::LittleEndian ? high : low;
     }
     return bytes;
 }
@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return row.param.name; });
 
 TEST(LibraryText, IsReadInTheCodePageWhenAsked) {
-    EXPECT_EQ(decodeText("\xC3\xA9", CodePage(1252), DecodeAs::codePage), "Ã©");
+    EXPECT_EQ(decodeText("\xC3\xA9", CodePage(1252), DecodeAs::CodePage), "Ã©");
 }
 
 struct ProjectRow {
@@ -100,8 +100,8 @@ TEST_P(ProjectBytes, AreJudgedAndDecoded) {
     EXPECT_TRUE(isValidUtf8(project.text));
 }
 
-constexpr auto kLittle = ByteOrder::littleEndian;
-constexpr auto kBig = ByteOrder::bigEndian;
+constexpr auto kLittle = ByteOrder::LittleEndian;
+constexpr auto kBig = ByteOrder::BigEndian;
 const std::string kCut = "the file ends in the middle of a character";
 const std::string kEmpty = "the file is empty";
 const std::string kUtf8Fault = "the file is UTF-8 text, and a project file is UTF-16 text";
@@ -109,35 +109,35 @@ const std::string kNoText = "the file is no UTF-16 text";
 
 INSTANTIATE_TEST_SUITE_P(Good, ProjectBytes,
                          testing::Values(ProjectRow{"littleEndian", bytesOf(u"\uFEFFa한𝄞\r\n", kLittle),
-                                                    "a한𝄞\r\n", ProjectEncoding::utf16LittleEndian, ""},
+                                                    "a한𝄞\r\n", ProjectEncoding::Utf16LittleEndian, ""},
                                          ProjectRow{"bigEndian", bytesOf(u"\uFEFFabcdefgh한𝄞\r\n", kBig),
-                                                    "abcdefgh한𝄞\r\n", ProjectEncoding::utf16BigEndian, ""},
+                                                    "abcdefgh한𝄞\r\n", ProjectEncoding::Utf16BigEndian, ""},
                                          ProjectRow{"unmarkedLittleEndian",
                                                     bytesOf(u"\r\n###[한글]", kLittle), "\r\n###[한글]",
-                                                    ProjectEncoding::utf16LittleEndian, ""},
+                                                    ProjectEncoding::Utf16LittleEndian, ""},
                                          ProjectRow{"unmarkedBigEndian", bytesOf(u"\r\n###[한글]", kBig),
-                                                    "\r\n###[한글]", ProjectEncoding::utf16BigEndian, ""}),
+                                                    "\r\n###[한글]", ProjectEncoding::Utf16BigEndian, ""}),
                          [](const auto& row) { return row.param.name; });
 
 INSTANTIATE_TEST_SUITE_P(Faulty, ProjectBytes,
-                         testing::Values(ProjectRow{"empty", "", "", ProjectEncoding::unknown, kEmpty},
+                         testing::Values(ProjectRow{"empty", "", "", ProjectEncoding::Unknown, kEmpty},
                                          ProjectRow{"markOnly", "\xFF\xFE", "",
-                                                    ProjectEncoding::utf16LittleEndian, kEmpty},
+                                                    ProjectEncoding::Utf16LittleEndian, kEmpty},
                                          ProjectRow{"oddByte", bytesOf(u"\uFEFFab", kLittle) + "c", "ab",
-                                                    ProjectEncoding::utf16LittleEndian, kCut},
+                                                    ProjectEncoding::Utf16LittleEndian, kCut},
                                          ProjectRow{"unmarkedOddByte", bytesOf(u"ab", kLittle) + "c", "ab",
-                                                    ProjectEncoding::utf16LittleEndian, kCut},
+                                                    ProjectEncoding::Utf16LittleEndian, kCut},
                                          ProjectRow{"halfPair", bytesOf(u"\uFEFFa", kLittle) + "\x34\xD8",
-                                                    "a\uFFFD", ProjectEncoding::utf16LittleEndian, kCut},
-                                         ProjectRow{"utf8", "a한", "a한", ProjectEncoding::utf8, kUtf8Fault},
+                                                    "a\uFFFD", ProjectEncoding::Utf16LittleEndian, kCut},
+                                         ProjectRow{"utf8", "a한", "a한", ProjectEncoding::Utf8, kUtf8Fault},
                                          ProjectRow{"utf8Marked",
                                                     "\xEF\xBB\xBF"
                                                     "a한",
-                                                    "a한", ProjectEncoding::utf8, kUtf8Fault},
+                                                    "a한", ProjectEncoding::Utf8, kUtf8Fault},
                                          ProjectRow{"oneByteText", "\xC7\xD1\xB1\xDB", "퇇\uFFFD",
-                                                    ProjectEncoding::unknown, kNoText},
+                                                    ProjectEncoding::Unknown, kNoText},
                                          ProjectRow{"nulBytes", std::string(4, '\0'), std::string(2, '\0'),
-                                                    ProjectEncoding::unknown, kNoText}),
+                                                    ProjectEncoding::Unknown, kNoText}),
                          [](const auto& row) { return row.param.name; });
 
 TEST(ProjectBytesWithLoneSurrogates, AreCountedAndReplaced) {
