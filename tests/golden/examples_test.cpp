@@ -91,7 +91,7 @@ struct FaultyProgram : OpenExample {
 
 // Its items are in canonical form, so that a look at the modeler and a save cause no change in version
 // control.
-TEST_F(EtcherProgram, IsSavedAsItStandsAfterALookAtTheModeler) {
+TEST_F(EtcherProgram, IsSavedUnchangedAfterALookAtTheModeler) {
     program_.application.showModeler();
     EXPECT_TRUE(program_.screen.boxes.empty());
     EXPECT_TRUE(program_.application.projects.saveProject());
@@ -133,7 +133,7 @@ TEST_F(Examples, EtcherShowsEveryTypeAndDirection) {
     EXPECT_EQ(streams, (std::set<int>{1, 2, 5, 6, 7, 9, 10}));
 }
 
-TEST_F(FaultyProgram, TellsEachOfItsFaults) {
+TEST_F(FaultyProgram, ReportsEachOfItsFaults) {
     // A save walk also fills the store with faulty messages.
     program_.application.projects.saveProject();
     auto findings = checkDefinitions(program_.application.frmSECSEditor.liveTree(), CodePage(1252));

@@ -189,7 +189,7 @@ TEST_F(Fields, WordKeysRunTheFilterAndMoveTheCaretOfTheStore) {
     EXPECT_THAT(codes, ::testing::ElementsAre(kKeyLeft, kKeyBackspace));
 }
 
-TEST_F(Fields, EnterPressesTheDefaultButtonBehindTheFilter) {
+TEST_F(Fields, EnterPressesTheDefaultButtonAfterTheFilter) {
     auto& dialog = dynamic_cast<frmAddSequence&>(*program.application.desktop.find("frmAddSequence"));
     QTimer::singleShot(0, &program.form(dialog), [&] {
         auto& name = program.widget<QLineEdit>(dialog, "txtSequence");

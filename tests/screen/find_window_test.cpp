@@ -30,7 +30,7 @@ struct FindWindow : ::testing::Test {
     ProgramOnScreen program{"/"};
 };
 
-TEST_F(FindWindow, StandsBesideTheTreeThatItSearches) {
+TEST_F(FindWindow, IsBesideTheTreeThatItSearches) {
     program.screen.mainWindow()->setGeometry(-300, 0, 780, 560);
     program.settle();
     find().showFind();

@@ -176,7 +176,7 @@ TEST_F(ArrayDialog, KeysFillOneCellAfterTheOther) {
     EXPECT_TRUE(line().isHidden());
 }
 
-TEST_F(ModelerWindows, APressSoonBehindAClickBeginsADrag) {
+TEST_F(ModelerWindows, APressSoonAfterAClickBeginsADrag) {
     frmTRItem& dialog = program.application.frmTRItem;
     dialog.builder.lvwSimpleCondition.add("S1", "S1");
     dialog.show();

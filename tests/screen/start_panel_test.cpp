@@ -104,7 +104,7 @@ TEST_F(Start, ACopyThatIsThereAlreadyStays) {
     EXPECT_EQ(readFile(folder / "Etcher" / "Etcher.zbp"), "mine");
 }
 
-TEST_F(Start, AFolderThatTakesNoCopyIsToldAndThePanelStays) {
+TEST_F(Start, AFolderThatTakesNoCopyIsReportedAndThePanelStays) {
     writeFile(folder / "file", "");
     start("");
     QString told;

@@ -20,7 +20,7 @@ TEST_F(Cli, FindsNothingInASoundProject) {
     EXPECT_EQ(run.out + run.err, "");
 }
 
-TEST_F(Cli, TellsEveryFaultOnALine) {
+TEST_F(Cli, ReportsEveryFaultOnALine) {
     const std::string file = faulty();
     const std::string before = *readBytes(file);
     expectFault({"check", file}, 1,
@@ -29,7 +29,7 @@ TEST_F(Cli, TellsEveryFaultOnALine) {
     EXPECT_EQ(*readBytes(file), before);
 }
 
-TEST_F(Cli, TellsFaultsAsJson) {
+TEST_F(Cli, ReportsFaultsAsJson) {
     const Outcome run = runZbc({"check", faulty(), "--json"});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err, "");
@@ -39,7 +39,7 @@ TEST_F(Cli, TellsFaultsAsJson) {
         << run.out;
 }
 
-TEST_F(Cli, TellsWarningsWhenAskedFor) {
+TEST_F(Cli, ReportsWarningsWhenAskedFor) {
     const std::string file =
         write("Odd.zbp", encodeUtf16("## [EDIT SMD]\r\n* a\r\nOdd: S1 F1\r\n    L 1V 5.\r\n"));
     const std::string faults = file + ": Odd: 1: Insert item name\n";
@@ -49,7 +49,7 @@ TEST_F(Cli, TellsWarningsWhenAskedFor) {
                     ": Odd: 1: warning: A list has no value\n");
 }
 
-TEST_F(Cli, TellsADamagedNameOnItsLine) {
+TEST_F(Cli, ReportsADamagedNameOnItsLine) {
     const std::string file =
         write("Odd.zbp", encodeUtf16("## [EDIT SMD]  \r\n* a\r\nO\rd\x1B: S129 F1 H->E.\r\n"));
     expectFault({"check", file}, 1,
@@ -114,7 +114,7 @@ TEST_F(Cli, BuildsBesideTheProject) {
     EXPECT_FALSE(fs::exists(path("ZeltoInfo/Demo.mdf")));
 }
 
-TEST_F(Cli, TellsPathsAsTheProjectWasNamed) {
+TEST_F(Cli, PrintsPathsAsTheProjectWasNamed) {
     const fs::path before = fs::current_path();
     fs::current_path(folder_.path());
     const Outcome here = runZbc({"build", "Demo.zbp"});
@@ -142,7 +142,7 @@ TEST_F(Cli, BuildsTheSameBytesEachTime) {
     EXPECT_EQ(*readBytes(path("ZeltoInfo/Demo.smd")), first);
 }
 
-TEST_F(Cli, TellsAllFaultsOfABuildThatStops) {
+TEST_F(Cli, ReportsAllFaultsOfABuildThatStops) {
     const std::string file = faulty();
     const Outcome run = runZbc({"build", file});
     EXPECT_EQ(run.status, 1);
@@ -150,12 +150,12 @@ TEST_F(Cli, TellsAllFaultsOfABuildThatStops) {
     EXPECT_EQ(run.err, runZbc({"check", file}).err);
 }
 
-TEST_F(Cli, TellsOfFoldersThatCannotBeMade) {
+TEST_F(Cli, ReportsFoldersThatCannotBeMade) {
     const std::string file = write("file", "");
     expectFault({"build", project_, "--out", file + "/x"}, 3, file + "/x: cannot be made: Not a directory\n");
 }
 
-TEST_F(Cli, TellsOfATargetThatCannotBeWritten) {
+TEST_F(Cli, ReportsATargetThatCannotBeWritten) {
     fs::create_directories(path("ZeltoInfo/Demo.smd"));
     const Outcome run = runZbc({"build", project_});
     EXPECT_EQ(run.status, 3);
@@ -163,7 +163,7 @@ TEST_F(Cli, TellsOfATargetThatCannotBeWritten) {
     EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1);
 }
 
-TEST_F(Cli, TellsOfFilesThatAreNoProjects) {
+TEST_F(Cli, ReportsFilesThatAreNoProjects) {
     const std::string whole = *readBytes(project_);
     const std::vector<std::pair<std::string, std::string>> broken{
         {std::string("\x80\x81\xFE\x00\x00\xC3", 6), "the file is no UTF-16 text"},
@@ -178,7 +178,7 @@ TEST_F(Cli, TellsOfFilesThatAreNoProjects) {
     }
 }
 
-TEST_F(Cli, TellsOfFilesThatCannotBeRead) {
+TEST_F(Cli, ReportsFilesThatCannotBeRead) {
     for (const char* verb : {"list", "check", "build", "script"}) {
         expectFault({verb, path("none")}, 3, path("none") + ": cannot be read: No such file or directory\n");
         expectFault({verb, path(".")}, 3, path(".") + ": cannot be read: Is a directory\n");
@@ -188,7 +188,7 @@ TEST_F(Cli, TellsOfFilesThatCannotBeRead) {
                 path("loop") + ": cannot be read: Too many levels of symbolic links\n");
 }
 
-TEST_F(Cli, TellsOfFilesThatTheUserMayNotRead) {
+TEST_F(Cli, ReportsFilesThatTheUserMayNotRead) {
     fs::permissions(project_, fs::perms(0));
     const test::OrdinaryUser user(folder_.path());
     for (const char* verb : {"list", "check", "build", "script"})

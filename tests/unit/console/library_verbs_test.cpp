@@ -79,7 +79,7 @@ TEST_F(LibraryVerbs, FindingsOfBinaryFilesLeaveTheTerminalAlone) {
     EXPECT_NE(outcome.err.find("expected a message, found \""), std::string::npos) << outcome.err;
 }
 
-TEST_F(LibraryVerbs, TellsItemsThatAProjectTakesForHeads) {
+TEST_F(LibraryVerbs, ReportsItemsThatAProjectTakesForHeads) {
     write("colon.sml", "S2F2 <L <A 'PJ:1'> <U1 1>>.\n");
     const std::string told =
         ": S2F2: a project reads an item with \":\" as the head of a message: A 4 'PJ:1'\n";
@@ -103,7 +103,7 @@ TEST_F(LibraryVerbs, ListsLibraryFiles) {
     expect({"list", path("demo.mdf")}, 0, listed, "");
 }
 
-TEST_F(LibraryVerbs, TellsWhatIsWrongWithALibrary) {
+TEST_F(LibraryVerbs, ReportsWhatIsWrongWithALibrary) {
     const std::string file = path("faulty.sml");
     expect({"list", file}, 1, "S1F1   S1F1   W  H<->E  0\nS6F12  S6F12  W  H<->E  1\n",
            file + ":2:10: expected a whole number from 0 to 255, found \"2.5\"\n" + file +
@@ -143,7 +143,7 @@ TEST_F(LibraryVerbs, ConvertsASelection) {
     EXPECT_FALSE(fs::exists(path("b.smd")));
 }
 
-TEST_F(LibraryVerbs, ConvertWritesWhatCouldBeReadAndTellsTheRest) {
+TEST_F(LibraryVerbs, ConvertWritesWhatCouldBeReadAndReportsTheRest) {
     const std::string file = path("faulty.sml");
     expect({"convert", file, path("a.smd")}, 1, path("a.smd") + ": 2 messages\n",
            file + ":2:10: expected a whole number from 0 to 255, found \"2.5\"\n" + file +
@@ -168,7 +168,7 @@ TEST_F(LibraryVerbs, AddPutsMessagesWithTheirRepliesIntoAProject) {
         "        A 2 SOFTREV 'V1'.\r\n## [EDIT MDL]\r\nkept as it is\r\n");
 }
 
-TEST_F(LibraryVerbs, AddTellsADuplicateOnlyOfWhatWasNamed) {
+TEST_F(LibraryVerbs, AddReportsADuplicateOnlyOfWhatWasNamed) {
     expect({"add", path("P.zbp"), "semi", "S1F1"}, 0, "AreYouThere\nOnLineData\n", "");
     expect({"add", path("P.zbp"), "semi", "areyouthere", "S1F3"}, 1, "S1F3\nS1F4\n",
            path("P.zbp") + ": AreYouThere already exists.\n");

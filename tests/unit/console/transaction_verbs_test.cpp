@@ -126,7 +126,7 @@ TEST_F(TransactionVerbs, BuildTakesAFileOfAnotherName) {
            path("Copy.bak") + ": not a project file: its name does not end in .zbp\n");
 }
 
-TEST_F(TransactionVerbs, BuildOfAFaultyModelTellsAllFaults) {
+TEST_F(TransactionVerbs, BuildOfAFaultyModelReportsAllFaults) {
     writeChanged("  SECSMessage AreYouThere\r\n", "  SECSMessage Gone\r\n");
     expect({"build", project_}, 1, smdLine(),
            project_ + ": GoOnline: Select a valid SECSMessage! There is no \"Gone\"\n");
@@ -136,7 +136,7 @@ TEST_F(TransactionVerbs, BuildOfAFaultyModelTellsAllFaults) {
     expect({"build", project_}, 1, smdLine(), project_ + ": Startup: Not defined SequenceItem!\n");
 }
 
-TEST_F(TransactionVerbs, BuildTellsOfATmdFileThatCannotBeWritten) {
+TEST_F(TransactionVerbs, BuildReportsATmdFileThatCannotBeWritten) {
     fs::create_directories(path("ZeltoInfo/Line.tmd"));
     expect({"build", project_}, 3, smdLine(),
            path("ZeltoInfo/Line.tmd") + ": cannot be written: Is a directory(21)\n");
@@ -161,7 +161,7 @@ TEST_F(TransactionVerbs, PlugInGoesTheWholeRoad) {
            path("ZeltoInfo/Line.mdf") + ": 2 messages\n" + tmdLine() + "fine\n", "");
 }
 
-TEST_F(TransactionVerbs, PlugInTellsThatThereIsNoGenerator) {
+TEST_F(TransactionVerbs, PlugInReportsThatThereIsNoGenerator) {
     useGenerator("");
     fs::remove(path("generator"));
     expect({"build", project_, "--plugin"}, 3,
@@ -184,7 +184,7 @@ TEST_F(TransactionVerbs, PlugInHasNoOtherFolder) {
            "zbc: --plugin excludes --out (see zbc --help)\n");
 }
 
-TEST_F(TransactionVerbs, CheckTellsFaultsOfMessagesAndModel) {
+TEST_F(TransactionVerbs, CheckReportsFaultsOfMessagesAndModel) {
     expect({"check", project_}, 0, "", "");
     std::string text = std::string(kMessages) + "* d\r\nBad: S200 F1 H->E.\r\n" + kModel + kSequences;
     text += "SeqItem\u00FF3\u00FFToHost\u00FFDeleted\r\nSeqItem\u00FF4\u00FFToHost\u00FFGoOnline\r\n";

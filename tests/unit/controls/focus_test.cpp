@@ -212,7 +212,7 @@ TEST_F(Focus, ThePressInTheToolBarOfAFrameLeavesFocusAndSelection) {
     EXPECT_TRUE(one_.first.focused());
 }
 
-TEST_F(Focus, APopupStandsWhileItsCommandShowsADialog) {
+TEST_F(Focus, APopupStaysOpenWhileItsCommandShowsADialog) {
     PopupMenu popup(one_, "mnuPopup");
     MenuEntry entry(one_, "mnuEntry", "Entry", &popup);
     bool stood = false;

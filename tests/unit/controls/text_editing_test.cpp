@@ -65,7 +65,7 @@ TEST_F(TextEditing, UndoTakesWordsBackAndRedoBringsThemAgain) {
     EXPECT_FALSE(field.canRedo());
 }
 
-TEST_F(TextEditing, UndoBringsTheSelectionBackAndTellsOfTheChange) {
+TEST_F(TextEditing, UndoBringsTheSelectionBackAndReportsTheChange) {
     field.insert("abcd");
     field.select(1, 3);
     field.insert("");
@@ -75,7 +75,7 @@ TEST_F(TextEditing, UndoBringsTheSelectionBackAndTellsOfTheChange) {
     EXPECT_EQ(field.selectedText(), "bc");
 }
 
-TEST_F(TextEditing, UndoDoesNotReachBehindATextOfTheProgram) {
+TEST_F(TextEditing, UndoDoesNotReachAfterATextOfTheProgram) {
     type("typed");
     field.setText("set");
     field.undo();
@@ -106,7 +106,7 @@ TEST_F(TextEditing, AFieldOfOneLineTakesTheFirstLineOfAnInsertion) {
     EXPECT_EQ(field.text(), "one");
 }
 
-TEST_F(TextEditing, ADroppedTextIsPastedBehindTheOther) {
+TEST_F(TextEditing, ADroppedTextIsPastedAfterTheOther) {
     field.setText("ab");
     EXPECT_EQ(hands.drop({"cd", nullptr}, Target::whole(field)), "");
     EXPECT_EQ(field.text(), "abcd");

@@ -82,7 +82,7 @@ TEST_F(FindWindow, MovesOnByOneNodeAtEnterInTheEmptyField) {
     EXPECT_EQ(selected(), 8);
 }
 
-TEST_F(FindWindow, TellsTheEndInABoxOfTheProgram) {
+TEST_F(FindWindow, ReportsTheEndInABoxOfTheProgram) {
     select(5);
     type("nowhere");
     enter();

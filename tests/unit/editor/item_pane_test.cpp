@@ -146,7 +146,7 @@ TEST_F(ItemPaneTest, FixedCountIsMarkedInTheText) {
     EXPECT_EQ(item.text(), "U1 2 rate 1 2 [K]");
 }
 
-TEST_F(ItemPaneTest, TypeThatNoButtonStandsForIsKept) {
+TEST_F(ItemPaneTest, TypeWithoutAButtonIsKept) {
     const Node& item = opened("Q 1 old 5");
     paste(window.txtItemName, "new");
     key(window.txtItemName, {kKeyEnd, 0});

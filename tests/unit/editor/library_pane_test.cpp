@@ -254,7 +254,7 @@ TEST_F(LibraryList, ASelectedPairComesOnce) {
     EXPECT_EQ(boxes(), Lines{});
 }
 
-TEST_F(LibraryList, ADuplicateIsToldForWhatWasDraggedOnly) {
+TEST_F(LibraryList, ADuplicateIsReportedForWhatWasDraggedOnly) {
     drag({"S1F3"});
     EXPECT_EQ(drag({"S1F3"}), (Lines{"S1F3", "S1F4"}));
     EXPECT_EQ(boxes(), Lines{"S1F3 already exists."});

@@ -63,7 +63,7 @@ TEST_F(MessagePaneTest, AddOfAnEvenFunctionMakesNoReply) {
     EXPECT_EQ(treeOutline(), (Lines{"", "", "S1F2: S1 F2 H->E"}));
 }
 
-TEST_F(MessagePaneTest, AddLeavesAReplyThatStandsAlone) {
+TEST_F(MessagePaneTest, AddLeavesAReplyWithoutAPrimary) {
     addMessage("S1F2: S1 F2 <NL> H<->E");
     fill("", "1", "1");
     click(window.cmdMsgAdd);

@@ -216,7 +216,7 @@ TEST_F(TreeCommandsTest, PasteOfAnItemStandsWhereItWasAskedFor) {
     EXPECT_TRUE(message.child()->expanded());
 }
 
-TEST_F(TreeCommandsTest, PasteOfAMessageStandsBeforeOrBehindTheWholeOther) {
+TEST_F(TreeCommandsTest, PasteOfAMessageStandsBeforeOrAfterTheWholeOther) {
     Node& message = addMessage("A: S1 F1 H->E", {"U2 1 x 0"}, "a");
     addMessage("B: S1 F3 H->E", {}, "b");
     copyToClipboard(message);

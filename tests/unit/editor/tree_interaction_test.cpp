@@ -172,7 +172,7 @@ TEST_F(TreeInteractionTest, AnItemInAVariableListCannotBeTheKey) {
     EXPECT_FALSE(window.chkIsItemKey.checked());
 }
 
-TEST_F(TreeInteractionTest, AFixedListHealsItsCountBehindAFixedItem) {
+TEST_F(TreeInteractionTest, AFixedListHealsItsCountAfterAFixedItem) {
     Node& message =
         addMessage("A: S1 F3 H->E", {"L 2", "  U2 1 a 0", "  U2 1 b 0", "  U2 1 c 0", "U2 1 fixed 0"});
     clickNode(message.lastChild());

@@ -155,7 +155,7 @@ TEST(LibraryTexts, MessageAgreesWithItsLayout) {
     }
 }
 
-TEST(LibraryTexts, NameTellsStreamAndFunction) {
+TEST(LibraryTexts, NameContainsStreamAndFunction) {
     for (const auto& message : semiMessages()) {
         SCOPED_TRACE(message.name);
         if (const auto named = namedForms().find(message.name); named != namedForms().end()) {

@@ -27,7 +27,7 @@ TEST(PublishedLayouts, HoldEachMessageOnceInOrder) {
     }));
 }
 
-TEST(PublishedLayouts, TellWhatIsPublishedOfAMessage) {
+TEST(PublishedLayouts, ContainWhatIsPublishedOfAMessage) {
     const auto layouts = publishedLayouts();
     const PublishedLayout& data = layoutOf(layouts, 1, 2);
     EXPECT_EQ(data.title, "On Line Data");

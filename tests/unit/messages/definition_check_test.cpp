@@ -26,7 +26,7 @@ TEST(DefinitionCheck, FindsNothingInGoodMessages) {
     EXPECT_EQ(test::outline(bench.tree), before);
 }
 
-TEST(DefinitionCheck, TellsEveryFaultWithItsPlace) {
+TEST(DefinitionCheck, ReportsEveryFaultWithItsPlace) {
     test::Workbench bench;
     bench.read({"* a", "A: S129 F256 H->E", "    Z 1 5", "    L 2", "        U1 1 ID -1", "        U1 1 id 1",
                 "        L 3V", "    B 3 N 300 x 400.", "* b", "B: S1 F1 H->E", "    A 1 ID 'x'",
@@ -54,7 +54,7 @@ TEST(DefinitionCheck, WarnsOfWhatABuildLetsPass) {
                                                     "warning: a: 2: Only a list can have sub items"));
 }
 
-TEST(DefinitionCheck, TellsTheNodeAndLeavesTheTreeAlone) {
+TEST(DefinitionCheck, ReportsTheNodeAndLeavesTheTreeAlone) {
     test::Workbench bench;
     bench.read({"* a", "A: S1 F1 H->E", "    U1 3 1", "    U1 1 -1."});
     const Findings findings = checkDefinitions(bench.tree, CodePage(1252));

@@ -89,7 +89,7 @@ void PrintTo(const Broken& tested, std::ostream* out) {
 
 class BrokenItems : public testing::TestWithParam<Broken> {};
 
-TEST_P(BrokenItems, AreToldAndTakenAsFarAsTheyGo) {
+TEST_P(BrokenItems, AreReportedAndTakenAsFarAsTheyGo) {
     SECSItemRecord record;
     EXPECT_NE(record.parseText(GetParam().text), "");
     EXPECT_EQ(partsOf(GetParam().text), GetParam().parts);

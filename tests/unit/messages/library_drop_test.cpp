@@ -49,7 +49,7 @@ TEST(SmdText, IsTheTextOfABuild) {
     EXPECT_EQ(composeSmd(store.getMessages(), SmdForm::Build), expected);
 }
 
-TEST(SmdText, InProjectFormIndentationTellsTheDepth) {
+TEST(SmdText, InProjectFormIndentationDefinesTheDepth) {
     SECSLibraryStore store{CodePage(1252)};
     const std::string text =
         "* T\r\nA: S1 F1 W H->E\r\n    L 2\r\n        L 1\r\n            U1 1 0\r\n        L 0\r\n"

@@ -113,7 +113,7 @@ TEST_F(LibraryStore, FilesAreUnicodeOrInTheCodePage) {
     }
 }
 
-TEST_F(LibraryStore, BrokenMessagesAreToldAndTheOthersRead) {
+TEST_F(LibraryStore, BrokenMessagesAreReportedAndTheOthersRead) {
     const std::string path =
         write("a.smd", crlf({"A: S1 F1 H->E.", "B: Sx F1 H->E.", "C: S1 F3 H->E", "    <L 1", "."}));
     EXPECT_EQ(store.load(path, kFormatSmd), "");

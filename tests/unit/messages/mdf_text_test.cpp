@@ -51,7 +51,7 @@ TEST(MdfText, AnyTextStaysOnItsLine) {
     EXPECT_EQ(again[0].getBodyText(), "1 A 5 ' .  '\r\n");
 }
 
-TEST(MdfText, TellsWhatBreaksTheGrammarAndGoesOn) {
+TEST(MdfText, ReportsWhatBreaksTheGrammarAndGoesOn) {
     Findings findings;
     const std::vector<SECSMessageRecord> records =
         parseMdf("HEAD S1 F1 H->E\n"

@@ -101,7 +101,7 @@ TEST(MessageRecord, ColonsInValuesAndDescriptionsArePartOfThem) {
 
 class NoMessages : public testing::TestWithParam<std::string> {};
 
-TEST_P(NoMessages, AreTold) {
+TEST_P(NoMessages, AreReported) {
     SECSMessageRecord record;
     for (const int format : {kFormatGem, kFormatSemi, kFormatSmd, kFormatMdf})
         EXPECT_NE(record.parseSmd(GetParam(), format), "") << GetParam();
@@ -117,7 +117,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "M: S1 F1 H->E.\r\nN: S1 F1 H->E.\r\n", "<L 0>.\r\n",
                     "MESSAGE M\r\nHEAD S1 F1\r\nEND\r\n"));
 
-TEST(MessageRecord, OtherFormatsAreTold) {
+TEST(MessageRecord, OtherFormatsAreReported) {
     SECSMessageRecord record;
     EXPECT_NE(record.parseSmd("M: S1 F1 H->E.\r\n", kFormatSml), "");
     EXPECT_NE(record.parseSmd("M: S1 F1 H->E.\r\n", 0), "");

@@ -95,7 +95,7 @@ TEST(SmdReader, LinesMayEndInALineFeedAlone) {
     EXPECT_EQ(outline(bench.tree), "\n\xED\x95\x9C\xEA\xB8\x80\nM: S1 F1 H->E #M\n");
 }
 
-TEST(SmdReader, ARecordIsAddedBehindAllOthers) {
+TEST(SmdReader, ARecordIsAddedAfterAllOthers) {
     test::Workbench bench;
     bench.read({"* a", "A: S1 F1 H->E."});
     SECSMessageRecord record;

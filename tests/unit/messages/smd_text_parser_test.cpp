@@ -33,7 +33,7 @@ TEST(SmdTextSplitter, CutsATextIntoItsMessages) {
     EXPECT_THAT(findings, IsEmpty());
 }
 
-TEST(SmdTextSplitter, TellsLinesThatBelongNowhereAndEndsThatLack) {
+TEST(SmdTextSplitter, ReportsLinesThatBelongNowhereAndEndsThatLack) {
     const std::string text = "noise\nA: S1 F1 H->E\n    <L 0>\n* b\nB: S1 F1 H->E.\n    <L 0>.\n";
     Findings findings;
     SmdTextSplitter splitter(text, &findings);
@@ -55,14 +55,14 @@ std::string read(const std::string& body, Findings& findings) {
     return text;
 }
 
-TEST(SmdBodyReader, BracketsTellTheLevels) {
+TEST(SmdBodyReader, BracketsDefineTheLevels) {
     Findings findings;
     EXPECT_EQ(read("<L 2\n<L 1 X\n<A 1 '>'>>\n\n<U1 1 5> >.", findings),
               "10: 1 L 2\n11: 2 L 1 X\n12: 3 A 1 '>'\n14: 2 U1 1 5\n");
     EXPECT_EQ(describe(findings), "");
 }
 
-TEST(SmdBodyReader, FaultsAreToldWithTheirLines) {
+TEST(SmdBodyReader, FaultsAreReportedWithTheirLines) {
     Findings findings;
     EXPECT_EQ(read("<L 2\n<U1 1 5\n> x\n>\n>\n<L 1\n<L 1", findings),
               "10: 1 L 2\n11: 2 U1 1 5\n15: 1 L 1\n16: 2 L 1\n");
@@ -72,7 +72,7 @@ TEST(SmdBodyReader, FaultsAreToldWithTheirLines) {
                                   "error 16: A list is not closed: \">\" is missing\n");
 }
 
-TEST(SmdBodyReader, IndentationTellsTheLevelsOfBareItems) {
+TEST(SmdBodyReader, IndentationDefinesTheLevelsOfBareItems) {
     Findings findings;
     EXPECT_EQ(
         read("    L 1\r\n            U1 1 5\r\n    A 2 '.'\r\n    F4 1 1.\r\n    U1 1 7.\r\n", findings),

@@ -131,7 +131,7 @@ TEST(SmdWriter, ADescriptionWithAColonIsTakenForAMessage) {
     EXPECT_EQ(bench.walk(WalkMode::BuildSmd).fault->nodeIndex, 2);
 }
 
-TEST(SmdWriter, ASaveKeepsWhatStandsBelowAnItemThatIsNoList) {
+TEST(SmdWriter, ASaveKeepsWhatIsBelowAnItemThatIsNoList) {
     test::Workbench bench;
     const std::string project =
         crlf({"* ", "M: S1 F1 H->E", "    A 1 'x'", "        U1 1 5", "    l 1", "        U1 1 6."});

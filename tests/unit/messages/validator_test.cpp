@@ -115,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(Counts, Lists,
                                          ListCase{"L 2", 3, kWrong}, ListCase{" L 2 ", 2, ""},
                                          ListCase{"L  2", 2, kWrong}));
 
-TEST(ValueRules, BooleanWordsBehindTheThirdAreNumbersOrNames) {
+TEST(ValueRules, BooleanWordsAfterTheThirdAreNumbersOrNames) {
     EXPECT_FALSE(valueFault("BOOLEAN 2 1 tRuE", 0).has_value());
     EXPECT_FALSE(valueFault("BOOLEAN 2 N 0 FALSE", 0).has_value());
     EXPECT_EQ(valueFault("BOOLEAN 1 2", 0)->text, "Insert boolean(0, 1, False, True) for initial value.");
@@ -128,7 +128,7 @@ TEST(NameRules, LettersDigitsUnderscoreAndPointMakeAName) {
     EXPECT_FALSE(nameCharsFault("A_z.09").has_value());
 }
 
-TEST(NameRules, ANameStandsOnceInAMessage) {
+TEST(NameRules, ANameOccursOnceInAMessage) {
     test::Workbench bench;
     for (const char* text : {"A 1 one 'x'", "L 0 ONE", "U1 1 two 5", "U1 1 5"})
         bench.tree.add(nullptr, Relation::Last, text);
@@ -163,7 +163,7 @@ TEST(Normalizer, TextsAreMeasuredInAnsiBytes) {
     EXPECT_EQ(korean.ansiByteLength(*normalizedItemText(item, korean)), std::string("A 3 N '123'").size());
 }
 
-TEST(Normalizer, StatusTellsAValueThatIsNotNumeric) {
+TEST(Normalizer, StatusReportsAValueThatIsNotNumeric) {
     std::string value = "1 x";
     EXPECT_EQ(normalizeFixedValues("U1", 3, value), kValueNotNumeric);
     EXPECT_EQ(normalizeVariableValues("U1", 3, value), kValueNotNumeric);

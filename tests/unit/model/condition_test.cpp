@@ -52,7 +52,7 @@ TEST(Condition, HoldsOneComparison) {
     EXPECT_EQ(comparison.plainValue(), "HLVFAB");
 }
 
-TEST(Condition, TellsTextsFromNumbersByTheirApostrophes) {
+TEST(Condition, DistinguishesTextsFromNumbersByTheirApostrophes) {
     const Condition number = Condition::parse("({A} != 7)");
     EXPECT_EQ(comparisonAt(number, 0), (Comparison{DataItemAddress("A"), false, "7"}));
     EXPECT_FALSE(comparisonAt(number, 0).hasTextValue());

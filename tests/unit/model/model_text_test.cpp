@@ -245,7 +245,7 @@ TEST(DamagedModelText, ALineOfAnotherSectionWithinAMessageChangesNothing) {
     }
 }
 
-TEST(DamagedModelText, ALineThatStandsTwiceChangesNothing) {
+TEST(DamagedModelText, ALineThatOccursTwiceChangesNothing) {
     const Gallery gallery;
     for (std::size_t line = 0; line < gallery.lines.size(); ++line) {
         const std::string& text = gallery.lines[line];

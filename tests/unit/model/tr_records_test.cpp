@@ -189,7 +189,7 @@ TEST(TRMessageRecord, HasNoDataBlockUntilOneIsSet) {
     EXPECT_EQ(record.DataBlockNode()->name(), "DataBlock");
 }
 
-TEST(TRItemRecord, TellsNoConditionFromAnEmptyOne) {
+TEST(TRItemRecord, DistinguishesNoConditionFromAnEmptyOne) {
     TRItemRecord record;
     EXPECT_FALSE(record.ConditionNode());
     record.setConditionNode(createElement("Condition"));

@@ -96,7 +96,7 @@ TEST_F(ConditionHomes, TakeTheTypesFromTheMessageThatWasChosen) {
     EXPECT_EQ(screen.boxes.front().text, "Insert Numeric Type Value!");
 }
 
-TEST_F(ConditionHomes, SetThePicturesBehindADuplicateOrLeaveThem) {
+TEST_F(ConditionHomes, SetThePicturesAfterADuplicateOrLeaveThem) {
     const auto duplicate = [this](ConditionControls& builder) {
         press(builder.tlbOperator1, "!=");
         add(builder, "7");

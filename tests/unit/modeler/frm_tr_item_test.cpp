@@ -79,7 +79,7 @@ TEST(FrmTRItem, KnowsNoMessageThatIsNotThere) {
     EXPECT_THAT(desk.screen.boxes, IsEmpty());
 }
 
-TEST(FrmTRItem, TakesTheMessageNameOutOfTheKeyWhereverItStands) {
+TEST(FrmTRItem, TakesTheMessageNameOutOfTheKeyWhereverItIs) {
     ItemDesk desk;
     desk.addItem("B");
     desk.addItem("Tell_B");
@@ -109,7 +109,7 @@ TEST(FrmTRItem, AddsARecordAndOpensForTheNext) {
     EXPECT_EQ(desk.dialog.txtABSValue.text(), "");
 }
 
-TEST(FrmTRItem, HidesBehindItsCommand) {
+TEST(FrmTRItem, HidesAfterItsCommand) {
     ItemDesk desk;
     desk.dialog.addTRItem("Tell");
     desk.hands.paste(desk.dialog.txtTRItemName, "STATE");
@@ -241,7 +241,7 @@ TEST(FrmTRItem, StaysWhileItsOwnDialogsAsk) {
     EXPECT_EQ(desk.dialog.cmbItemValue.text(), "");
 }
 
-TEST(FrmTRItem, PutsTheIndexBehindTheSource) {
+TEST(FrmTRItem, PutsTheIndexAfterTheSource) {
     ItemDesk desk;
     desk.dialog.addTRItem("Tell");
     desk.screen.modal = [](Window& window) {

@@ -178,7 +178,7 @@ TEST_F(ItemStatements, LeaveANodeWithoutAValueWhenNoneWasGiven) {
     EXPECT_EQ(text(), "if\r\nelse:");
 }
 
-TEST_F(ItemStatements, ReplaceAValueBehindItsSiblings) {
+TEST_F(ItemStatements, ReplaceAValueAfterItsSiblings) {
     drop(dialog.picELSE, node(1));
     answerValue("UP");
     chooseFromPopup(dialog.mnuSetValue, node(3));

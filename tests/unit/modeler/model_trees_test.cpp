@@ -64,7 +64,7 @@ TEST_F(ModelTrees, ShowAMessageNamedLikeTheKeyOfAnItem) {
     EXPECT_EQ(recordNames(), (Texts{"A"}));
 }
 
-TEST_F(ModelTrees, GoToTheNodeAtThePositionOfTheNextSiblingBehindADeletedMessage) {
+TEST_F(ModelTrees, GoToTheNodeAtThePositionOfTheNextSiblingAfterADeletedMessage) {
     for (const char* name : {"A", "B", "C", "D"})
         addRecord(name, kToHost);
     window.displayModel();
@@ -109,7 +109,7 @@ TEST_F(ModelTrees, LoseTheViewOfAnItemThatWasAddedToAnEarlierMessage) {
     EXPECT_EQ(flat(rcv), (Texts{kRoot, "A", "late"}));
 }
 
-TEST_F(ModelTrees, GoToTheNodeAtTheSamePositionBehindADeletedItem) {
+TEST_F(ModelTrees, GoToTheNodeAtTheSamePositionAfterADeletedItem) {
     addRecord("A", kToHost, {"x", "y", "z"});
     window.displayModel();
     hands.click(onReceived("A_x"));
@@ -274,7 +274,7 @@ TEST_F(ModelTrees, OfNoProjectHoldTheirRoots) {
     EXPECT_EQ(window.current().tree, nullptr);
 }
 
-TEST_F(ModelTrees, TellTheDirectionOfAMessageInWords) {
+TEST_F(ModelTrees, ReportTheDirectionOfAMessageInWords) {
     addRecord("A", kToHost);
     addRecord("B", kToEquip);
     addRecord("C", 0);

@@ -22,7 +22,7 @@ std::ostream& operator<<(std::ostream& out, const StatementRow& row) {
 
 class StatementElement : public testing::TestWithParam<StatementRow> {};
 
-TEST_P(StatementElement, TellsTypeAndCondition) {
+TEST_P(StatementElement, ReportsTypeAndCondition) {
     const XmlElement element = statementElement(GetParam().text);
     EXPECT_EQ(element.name(), "Statement");
     EXPECT_EQ(element.attributes(), GetParam().attributes);

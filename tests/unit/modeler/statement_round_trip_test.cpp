@@ -131,7 +131,7 @@ TEST_P(StatementRoundTrip, KeepsEveryTreeWhoseLinesLoseNothing) {
     EXPECT_GT(whole, 10);
 }
 
-TEST_P(StatementRoundTrip, TextAndElementTellTheSame) {
+TEST_P(StatementRoundTrip, TextAndElementReportTheSame) {
     for (unsigned tree = 0; tree < kTreesPerSeed; ++tree) {
         StatementDesk desk;
         Grower(GetParam() * kTreesPerSeed + tree).grow(desk);

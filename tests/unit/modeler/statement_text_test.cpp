@@ -24,7 +24,7 @@ TEST(StatementText, HasALineForEachNodeWithItsDepthInBlanks) {
               "if ({A} == 1):\r\n COUNT=3\r\nelse:\r\n if ({B} != 'x'):\r\n  COUNT=4\r\n elif");
 }
 
-TEST(StatementText, WritesNothingBesidesAValueThatStandsFirst) {
+TEST(StatementText, WritesNothingExceptAValueThatIsFirst) {
     StatementDesk desk;
     Node& statement = desk.add(desk.root(), "if", "({A} == 1)");
     Node& value = desk.statements.addValueNode(statement, "COUNT=3");
@@ -33,7 +33,7 @@ TEST(StatementText, WritesNothingBesidesAValueThatStandsFirst) {
     EXPECT_EQ(statementTextOf(desk.root()), "if ({A} == 1):\r\n COUNT=3");
 }
 
-TEST(StatementText, WritesAValueBehindAStatementLikeAStatement) {
+TEST(StatementText, WritesAValueAfterAStatementLikeAStatement) {
     StatementDesk desk;
     Node& statement = desk.add(desk.root(), "else");
     desk.statements.addValueNode(statement, "COUNT=4");
@@ -59,7 +59,7 @@ struct LineRow {
 
 class StatementLine : public testing::TestWithParam<LineRow> {};
 
-TEST_P(StatementLine, TellsDepthAndPicture) {
+TEST_P(StatementLine, ReportsDepthAndPicture) {
     EXPECT_EQ(lineDepth(GetParam().line), GetParam().depth);
     EXPECT_EQ(lineImage(GetParam().line), GetParam().image);
 }

@@ -54,7 +54,7 @@ TEST(StatementTree, TakesOneIfAndOneElse) {
     EXPECT_EQ(desk.shape(), shape);
 }
 
-TEST(StatementTree, AddsNothingBesidesAValue) {
+TEST(StatementTree, AddsNothingExceptAValue) {
     StatementDesk desk;
     Node& statement = desk.add(desk.root(), "if", "({A} == 1)");
     desk.statements.addValueNode(statement, "A=1");

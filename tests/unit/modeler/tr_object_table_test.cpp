@@ -70,7 +70,7 @@ TEST_F(TRObjectTable, HidesTheItemsBesideTheSentMessages) {
     EXPECT_FALSE(window.mnuAddTRObjTRItem.enabled());
 }
 
-TEST_F(TRObjectTable, TakesTheMessageOfItsRowWhileThePopupStands) {
+TEST_F(TRObjectTable, TakesTheMessageOfItsRowWhileThePopupIsOpen) {
     hands.rightClick(onRow(table, 2));
     EXPECT_EQ(window.current().message, "B");
     hands.dismiss();

@@ -111,7 +111,7 @@ TEST_P(TmdChecksTest, MarkEachMessageOfAnUnknownSECSMessage) {
     EXPECT_EQ(marked(), (Names{"Lost", "Blank", "Empty"}));
 }
 
-TEST_P(TmdChecksTest, TellAMessageOfNoDirectionWithoutAMark) {
+TEST_P(TmdChecksTest, ReportAMessageOfNoDirectionWithoutAMark) {
     desk_.add("Nowhere", 0, "Gone");
     EXPECT_FALSE(check());
     expectBox(kMissing);
@@ -141,7 +141,7 @@ TEST_P(TmdChecksTest, MarkTheFirstTwoDefaultsOfASECSMessage) {
     EXPECT_EQ(marked(), (Names{"First", "Second"}));
 }
 
-TEST_P(TmdChecksTest, MarkTheDuplicatesBehindTheBox) {
+TEST_P(TmdChecksTest, MarkTheDuplicatesAfterTheBox) {
     desk_.add("First", received(), "Hello");
     desk_.add("Second", received(), "Hello");
     Names marksAtBox{"not asked"};
@@ -176,7 +176,7 @@ TEST_P(TmdChecksTest, LetSentMessagesShareASECSMessage) {
     EXPECT_TRUE(check());
 }
 
-TEST_P(TmdChecksTest, EndWithoutAWordAtASecondDefaultBehindOneWithoutAName) {
+TEST_P(TmdChecksTest, EndWithoutAWordAtASecondDefaultAfterOneWithoutAName) {
     desk_.add(" ", received(), "Hello");
     desk_.add("B", received(), "Hello");
     EXPECT_FALSE(check());
@@ -276,7 +276,7 @@ TEST_F(BuildTmd, SaysNothingOfAFileThatCannotBeDeleted) {
     EXPECT_EQ(test::readFile(path_), "");
 }
 
-TEST_F(BuildTmd, TellsWhenTheFileCannotBeWritten) {
+TEST_F(BuildTmd, ReportsWhenTheFileCannotBeWritten) {
     fs::remove(path_);
     fs::create_directories(path_);
     desk_.add("A", kToEquip, "Gone");

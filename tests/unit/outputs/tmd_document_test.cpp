@@ -112,12 +112,12 @@ TEST(TmdDispatch, LeavesADefaultInFrontThatCameFirst) {
 }
 
 // Messages to neither side may add further defaults, since the checks of a build ignore them.
-TEST(TmdDispatch, OfSeveralDefaultsOneStandsLast) {
+TEST(TmdDispatch, OfSeveralDefaultsOneIsLast) {
     EXPECT_EQ(chain({"(a)", "", "", "(b)", ""}),
               "if (a) T0; else NONE T1; elif (b) T3; else NONE T2; else NONE T4; ");
 }
 
-TEST(TmdDispatch, BehindTheLastDefaultTheSchemaTakesNoCondition) {
+TEST(TmdDispatch, AfterTheLastDefaultTheSchemaTakesNoCondition) {
     ModelDesk desk;
     desk.add("A", kToEquip, "Hello", "(a)");
     desk.add("B", kToEquip, "Hello", "(b)");
@@ -132,7 +132,7 @@ TEST(TmdDispatch, KeepsBlanksOfConditions) {
     EXPECT_EQ(chain({" (a) ", " NONE"}), "if  (a)  T0; elif  NONE T1; ");
 }
 
-TEST(TmdDispatch, TellsNamesApartByCase) {
+TEST(TmdDispatch, DistinguishesNamesByCase) {
     ModelDesk desk;
     desk.add("A", kToEquip, "Hello");
     desk.add("B", kToEquip, "hello");

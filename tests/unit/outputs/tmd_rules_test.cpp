@@ -37,7 +37,7 @@ TEST_F(DefaultTRMessagesTest, LeaveOutSentMessagesAndThoseWithACondition) {
     EXPECT_FALSE(defaults.isDefaultRegistered("World"));
 }
 
-TEST_F(DefaultTRMessagesTest, CannotTellADefaultWithoutANameFromNone) {
+TEST_F(DefaultTRMessagesTest, CannotDistinguishADefaultWithoutANameFromNone) {
     EXPECT_EQ(add("", "Hello"), std::nullopt);
     EXPECT_FALSE(defaults.isDefaultRegistered("Hello"));
     EXPECT_EQ(add("B", "Hello"), "");

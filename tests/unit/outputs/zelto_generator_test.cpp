@@ -99,14 +99,14 @@ TEST_F(GeneratorRun, FindsTheProgramOnThePath) {
     ::setenv("PATH", path.c_str(), 1);
 }
 
-TEST_F(GeneratorRun, TellsThatThereIsNone) {
+TEST_F(GeneratorRun, ReportsThatThereIsNone) {
     EXPECT_EQ(generate(),
               "There is no generator of driver plug-ins: the setting GeneratorCommand names none, "
               "and no program ZeltoGenerator is on the path.");
     EXPECT_EQ(generator_.success(), Success::NotStarted);
 }
 
-TEST_F(GeneratorRun, TellsWhyItCannotBeStarted) {
+TEST_F(GeneratorRun, ReportsWhyItCannotBeStarted) {
     const std::string missing = (folder_ / "none").string();
     set("GeneratorCommand", missing);
     EXPECT_EQ(generate(), "The generator " + missing + " cannot be started: No such file or directory");
@@ -119,19 +119,19 @@ TEST_F(GeneratorRun, TellsWhyItCannotBeStarted) {
     EXPECT_EQ(generator_.success(), Success::NotStarted);
 }
 
-TEST_F(GeneratorRun, TellsItsExitStatus) {
+TEST_F(GeneratorRun, ReportsItsExitStatus) {
     EXPECT_EQ(run("echo no licence; exit 7"), "no licence\r\nThe generator failed with exit status 7.");
     EXPECT_EQ(generator_.success(), Success::Failed);
     EXPECT_EQ(run("exit 3"), "The generator failed with exit status 3.");
 }
 
-TEST_F(GeneratorRun, TellsTheSignalThatEndedIt) {
+TEST_F(GeneratorRun, ReportsTheSignalThatEndedIt) {
     EXPECT_EQ(run("echo oops; kill -SEGV $$"),
               "oops\r\nThe generator was ended by signal 11 (Segmentation fault).");
     EXPECT_EQ(generator_.success(), Success::Failed);
 }
 
-TEST_F(GeneratorRun, TellsThatItSaidNothing) {
+TEST_F(GeneratorRun, ReportsThatItSaidNothing) {
     EXPECT_EQ(run("exit 0"), "The generator has ended well and said nothing.");
     EXPECT_EQ(generator_.success(), Success::Yes);
 }

@@ -46,7 +46,7 @@ TEST(Text, ReplacesFromTheLeft) {
     EXPECT_EQ(replaceAll("aa", "a", "aa"), "aaaa");
 }
 
-TEST(Text, TakesWhatStandsBeforeAMark) {
+TEST(Text, TakesWhatIsBeforeAMark) {
     EXPECT_EQ(before("S1F1: S1 F1", ":"), "S1F1");
     EXPECT_EQ(before("S1F1", ":"), "S1F1");
     EXPECT_EQ(before(":x", ":"), "");

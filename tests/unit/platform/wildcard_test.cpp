@@ -79,7 +79,7 @@ TEST(WildcardCost, StaysInProportionToPatternAndText) {
     EXPECT_TRUE(WildcardPattern::compile(std::string(100'000, '*'))->matches(text));
 }
 
-TEST(Colon, TellsMessages) {
+TEST(Colon, RecognisesMessages) {
     EXPECT_TRUE(hasColon("S1F1: S1 F1"));
     EXPECT_FALSE(hasColon("A 1 'x'"));
 }

@@ -124,7 +124,7 @@ TEST_F(History, KeepsNoEmptyFile) {
     EXPECT_TRUE(contents().empty());
 }
 
-TEST_F(History, TellsProjectsOfOneNameApart) {
+TEST_F(History, DistinguishesProjectsWithOneName) {
     std::filesystem::create_directories(folder / "other");
     test::writeFile(folder / "other/Line.zbp", "elsewhere");
     ASSERT_TRUE(history.keep(folder / "other/Line.zbp").ok());

@@ -50,7 +50,7 @@ TEST(Acting, SelectsNodesAndRows) {
         "expect frmTest.lvwRows selected 2\nclick frmTest.lvwRows\nexpect frmTest.lvwRows selected 0\n");
 }
 
-TEST(Acting, DoubleClicksBehindAClick) {
+TEST(Acting, DoubleClicksAfterAClick) {
     expectPasses("start\ndoubleclick frmTest.tvwTree[S1F4]\n"
                  "expect frmTest.lblLog text \"mouse1 up1 node:S1F4 double:S1F4\"\n");
     expectPasses(

@@ -3,7 +3,7 @@
 namespace zb {
 namespace {
 
-TEST(Answering, AnswersBoxesInTheOrderSaidAndTellsThem) {
+TEST(Answering, AnswersBoxesInTheOrderSaidAndReportsThem) {
     const ScriptOutcome outcome =
         runScript("start\nanswer Yes\nanswer Cancel\nclick frmTest.cmdAsk\nclick frmTest.cmdAsk\n"
                   "expect frmTest.lblLog text \"yes cancel\"\nclick frmTest.cmdTell\n");

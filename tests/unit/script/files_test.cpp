@@ -26,7 +26,7 @@ TEST(ScriptFiles, ReadsFilesLineByLine) {
                 "3: expected \"b\" in line 1, found the end in nothing at all");
 }
 
-TEST(ScriptFiles, TellsWhatFilesHoldInstead) {
+TEST(ScriptFiles, ReportsWhatFilesHoldInstead) {
     const auto fails = [](const std::string& script) {
         const ScriptOutcome outcome = runScript("writefile ${WORK}/b.txt\n  a\nend\n" + script);
         EXPECT_FALSE(outcome.passed);

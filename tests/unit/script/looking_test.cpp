@@ -67,7 +67,7 @@ TEST(Looking, ReadsTreesAndNodes) {
                  "expecttree frmTest.tvwTree[S1F4]\nend\nexpecttree frmTest.tvwEmpty\nend\n");
 }
 
-TEST(Looking, TellsWhatWasFoundInstead) {
+TEST(Looking, ReportsWhatWasFoundInstead) {
     expectFails("start\nexpect frmTest caption \"A window\"\n",
                 "2: expected frmTest caption \"A window\", found \"Test window\"");
     expectFails("start\nexpect frmTest nosuch 1\n",
@@ -84,7 +84,7 @@ TEST(Looking, TellsWhatWasFoundInstead) {
                 "2: expected a list, a combo or a toolbar, found frmTest.tvwTree");
 }
 
-TEST(Looking, TellsWhichNamesThereAre) {
+TEST(Looking, ReportsWhichNamesThereAre) {
     expectFails("start\nexpect frmNone visible true\n",
                 "2: expected a window of frmNone, found frmDialog, frmTest");
     expectFails("start\nexpect frmDialog.cmdNone visible true\n",
@@ -106,8 +106,7 @@ TEST(Looking, TellsWhichNamesThereAre) {
                 "2: expected a member [columns 3] of frmTest.lvwRows, found 2 columns");
     expectFails("start\nclick frmTest.cmdAsk[1]\n",
                 "2: expected a member [1] of frmTest.cmdAsk, found a control without members");
-    expectFails("start\nclick frmTest.cmdAsk[1\n",
-                "2: expected a member in brackets after cmdAsk, found [1");
+    expectFails("start\nclick frmTest.cmdAsk[1\n", "2: expected a member in brackets after cmdAsk, found [1");
     expectFails("start\nclick app\n", "2: expected a control to act on, found app");
 }
 

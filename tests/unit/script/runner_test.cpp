@@ -42,14 +42,14 @@ TEST(ScriptRunner, PrintsNoControlCharacters) {
     EXPECT_EQ(runScript("\xFF\xFE\n").err, "test.zbs:1: expected text in UTF-8, found other bytes\n");
 }
 
-TEST(ScriptRunner, CarriesOutWhatStandsAboveABrokenLine) {
+TEST(ScriptRunner, CarriesOutWhatIsAboveABrokenLine) {
     const ScriptOutcome outcome = runScript("start\nclick frmTest.cmdTell\ntype \"\n");
     EXPECT_FALSE(outcome.passed);
     EXPECT_NE(outcome.out.find("Told you"), std::string::npos);
     EXPECT_EQ(outcome.err, "test.zbs:3: expected a JSON string, found \"\n");
 }
 
-TEST(ScriptRunner, TellsOfFilesThatCannotBeRead) {
+TEST(ScriptRunner, ReportsFilesThatCannotBeRead) {
     std::ostringstream out;
     std::ostringstream err;
     ScriptRunner runner({}, out, err);

@@ -43,7 +43,7 @@ TEST(ScriptText, ReadsQuotedWordsAsJsonStrings) {
               (Lines{"type", "A", "a b", "", "x\r\ny\xC3\xA9\"", "c\"d", "#no"}));
 }
 
-TEST(ScriptText, TellsOfBrokenStringsWhenTheLineIsReached) {
+TEST(ScriptText, ReportsBrokenStringsWhenTheLineIsReached) {
     const auto script = parse("start\ntype \"open\nend");
     ASSERT_EQ(script.size(), 3U);
     EXPECT_EQ(script[0].fault, "");
@@ -62,7 +62,7 @@ TEST(ScriptText, TakesBlocksRawWithoutTheirCommonIndentation) {
     EXPECT_EQ(blockOf("  a\n     \n"), (Lines{"a", "   "}));
 }
 
-TEST(ScriptText, TellsOfBlocksWithoutEnd) {
+TEST(ScriptText, ReportsBlocksWithoutEnd) {
     EXPECT_EQ(parse("block\n a\n").at(0).fault,
               "expected a line \"end\" after block, found the end of the script");
     EXPECT_EQ(parse("during A\n a\n").at(0).fault,

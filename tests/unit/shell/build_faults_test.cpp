@@ -28,7 +28,7 @@ protected:
     fs::path target = folder / "Line/ZeltoInfo/Line.smd";
 };
 
-TEST_P(BuildFault, IsToldAndLeavesNoHalfFile) {
+TEST_P(BuildFault, IsReportedAndLeavesNoHalfFile) {
     test::FaultyFileLayer files(GetParam(), ENOSPC);
     test::Program program(files);
     program.application.start(project.string());

@@ -224,7 +224,7 @@ void saveForEver(const fs::path& project) {
     }
 }
 
-TEST_F(SaveFaults, AtAnyKillLeaveAWholeFileAndNoLitterBehindTheNextSave) {
+TEST_F(SaveFaults, AtAnyKillLeaveAWholeFileAndNoLitterAfterTheNextSave) {
     const std::string tail = "S1F1: S1 F1 W H<->E.\r\n\r\n\r\n\r\n###[SEQUENCE TABLE]\r\n";
     for (int kill = 0; kill < 40; ++kill) {
         const pid_t child = fork();
