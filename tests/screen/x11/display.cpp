@@ -134,6 +134,13 @@ void Display::clickTitle(QWidget& window) {
     click({&window, {window.width() / 3, title}}, Button::Left, 0);
 }
 
+void Display::releaseButtons() {
+    std::vector<DisplaySteps::Step> steps;
+    for (const int button : server_.heldButtons())
+        steps.push_back([this, button] { server_.setButton(button, false); });
+    steps_.run(std::move(steps));
+}
+
 bool Display::strike(xcb_keysym_t symbol, bool shift, bool control) {
     const auto key = server_.strokeOf(symbol);
     if (!key)

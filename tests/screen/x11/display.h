@@ -38,6 +38,9 @@ public:
     /// The pointer on the title bar of a window's frame.
     void clickTitle(QWidget& window);
 
+    /// Lets go of what is held, as a hand does before it answers a box that a press has opened.
+    void releaseButtons();
+
     /// A key that enters this symbol, down and up; false when the keyboard has none.
     bool strike(xcb_keysym_t symbol, bool shift = false, bool control = false);
 

@@ -12,7 +12,7 @@
 namespace zb::test {
 
 void DisplayForetold::pressAnswer(Answer answer) {
-    display_.steps().rest();
+    display_.releaseButtons();
     auto* shown = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (shown == nullptr)
         throw ScriptFailure("a box on the display", "none");
@@ -45,6 +45,7 @@ void DisplayForetold::runModal(Window& window) {
     const DisplaySteps::Held held(display_.steps());
     QTimer::singleShot(0, &display_.steps(), [&] {
         keep(0, [&] {
+            display_.releaseButtons();
             prepared().runModal(window);
             return 0;
         });

@@ -46,7 +46,7 @@ private:
     const MenuEntry& counterpart(const MenuEntry& entry) const;
     Refusal giveFocus(Control& control);
     bool hasKeyboard(Control& control) const;
-    Refusal pressKey(xcb_keysym_t symbol, bool shift);
+    Refusal whyNoEnter(Control& control);
     Refusal chooseInFieldMenu(Control& field, const char* entry);
     Refusal chooseRow(Control& control, int row);
     Refusal chooseFolder(Control& control, std::string_view path);

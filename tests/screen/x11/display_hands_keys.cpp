@@ -1,7 +1,10 @@
 // The part of the hands that works with keys, the clipboard and menus.
 #include "controls/combo.h"
 #include "controls/desktop.h"
+#include "controls/key.h"
 #include "controls/menu.h"
+#include "controls/simple_controls.h"
+#include "controls/text_field.h"
 #include "controls/window.h"
 #include "desktop/binders/combo_binder.h"
 #include "desktop/qt_text.h"
@@ -41,6 +44,15 @@ QAction* actionNamed(const QMenu& menu, const char* caption) {
     return nullptr;
 }
 
+// The entry of the menu bar, or the pop-up, under which an entry is found.
+const Control& topOf(const MenuEntry& entry) {
+    const Control* top = &entry;
+    for (const auto* above = &entry; above != nullptr && above->menu() != nullptr;
+         above = dynamic_cast<const MenuEntry*>(top))
+        top = above->menu();
+    return *top;
+}
+
 } // namespace
 
 Hands::Refusal DisplayHands::type(Control& control, std::string_view text) {
@@ -63,10 +75,25 @@ Hands::Refusal DisplayHands::type(Control& control, std::string_view text) {
     return {};
 }
 
+// Over the stores the key is the field's alone; on a screen it presses the button as well.
+Hands::Refusal DisplayHands::whyNoEnter(Control& control) {
+    Button* button = control.window().defaultButton();
+    if (button == nullptr || control.kind() != Kind::TextField ||
+        static_cast<TextField&>(control).answersEnter())
+        return {};
+    return hands().whyNot(Target::whole(*button)).empty()
+               ? "Enter presses the default button " + button->name()
+               : Refusal();
+}
+
 Hands::Refusal DisplayHands::key(Control& control, KeyEvent key) {
     const auto symbol = symbolOf(key);
     if (!control.takesFocus())
         return hands().key(control, key);
+    if (Refusal refusal =
+            key.code == kKeyEnter && (key.shift & kAltKey) == 0 ? whyNoEnter(control) : Refusal();
+        !refusal.empty())
+        return refusal;
     if (!symbol)
         return "no keyboard has a key with the code " + std::to_string(key.code);
     if (Refusal refusal = hasKeyboard(control) ? Refusal() : focus(control); !refusal.empty())
@@ -167,10 +194,8 @@ Hands::Refusal DisplayHands::clickInMenu(QMenu& menu, QAction& action) {
 const MenuEntry& DisplayHands::counterpart(const MenuEntry& entry) const {
     const QList<QAction*> shown = screen_.mainWindow()->menuBar()->actions();
     const auto isInBar = [&](const MenuEntry& other) {
-        const Control* top = &other;
-        while (static_cast<const MenuEntry*>(top)->menu() != nullptr)
-            top = static_cast<const MenuEntry*>(top)->menu();
-        return shown.contains(screen_.binderOf(top->window())->menus().actionOf(*top));
+        const Control& top = topOf(other);
+        return shown.contains(screen_.binderOf(top.window())->menus().actionOf(top));
     };
     if (entry.popup() != nullptr || isInBar(entry))
         return entry;
@@ -207,7 +232,7 @@ Hands::Refusal DisplayHands::openMenuOf(const MenuEntry& entry) {
         return entry.menu()->name() + " is not open";
     if (!action->isEnabled()) {
         display_.strike(kEscapeSymbol);
-        return entry.name() + " is disabled";
+        return entry.window().name() + "." + entry.name() + " is disabled";
     }
     return clickInMenu(*menu, *action);
 }
@@ -217,9 +242,10 @@ Hands::Refusal DisplayHands::clickEntry(const Target& target) {
     if (entry == nullptr)
         return hands().click(target);
     const MenuEntry& shown = counterpart(*entry);
-    // What the program has said about the other entry meanwhile does not count.
+    // What the program has said about the other entry meanwhile does not count. To open the menu activates
+    // the window, and may enable the entry.
     Target way = target;
-    way.control = shown.window().find(shown.name());
+    way.control = shown.window().find(entry->popup() == nullptr ? topOf(shown).name() : shown.name());
     return act(way, [&]() -> Refusal {
         if (Refusal refusal = openMenuOf(shown); !refusal.empty())
             return refusal;

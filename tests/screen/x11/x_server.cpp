@@ -70,7 +70,12 @@ void XServer::movePointer(const QPoint& place) {
     fakeInput(XCB_MOTION_NOTIFY, 0, place);
 }
 
+// A button that is released already stays as it is.
 void XServer::setButton(int button, bool down) {
+    if (down)
+        heldButtons_.insert(button);
+    else if (heldButtons_.erase(button) == 0)
+        return;
     fakeInput(down ? XCB_BUTTON_PRESS : XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button));
 }
 

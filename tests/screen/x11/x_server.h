@@ -7,6 +7,7 @@
 #include <chrono>
 #include <memory>
 #include <optional>
+#include <set>
 
 namespace zb::test {
 
@@ -29,6 +30,8 @@ public:
     /// The pointer in pixels of the screen.
     void movePointer(const QPoint& place);
     void setButton(int button, bool down);
+    /// The buttons that are held down.
+    const std::set<int>& heldButtons() const { return heldButtons_; }
     void setKey(xcb_keycode_t code, bool down);
     /// The key with this symbol in the keyboard layout of now; none when it has no such key.
     std::optional<Stroke> strokeOf(xcb_keysym_t symbol);
@@ -51,6 +54,7 @@ private:
 
     std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection_;
     xcb_screen_t* screen_ = nullptr;
+    std::set<int> heldButtons_;
     xcb_window_t window_ = 0; // never shown: what the window manager answers about
     xcb_atom_t marker_ = 0;
     xcb_atom_t frameExtents_ = 0;
