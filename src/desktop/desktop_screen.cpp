@@ -4,7 +4,7 @@
 #include "controls/menu.h"
 #include "controls/window.h"
 #include "desktop/accessibility/accessible_tree.h"
-#include "desktop/corner_beside.h"
+#include "desktop/dialog_places.h"
 #include "desktop/forms/forms.h"
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
@@ -21,7 +21,6 @@
 #include <QMenuBar>
 #include <QProcess>
 #include <QScopeGuard>
-#include <QScreen>
 #include <QShortcut>
 #include <QStandardPaths>
 #include <QWindow>
@@ -160,8 +159,10 @@ void DesktopScreen::showFrame(const Window& window, Frame& frame) {
     } else {
         const bool modal = binding_->desktop.modalWindow() == &window;
         form.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
-        if (kindOf(window) == FrameKind::Dialog)
-            placeDialog(window, form);
+        if (kindOf(window) == FrameKind::Main)
+            fitOnScreen(form);
+        else if (QWidget* owner = ownerOf(form); owner != nullptr)
+            placeDialog(window, form, *owner, *main_);
         form.show();
         if (kindOf(window) == FrameKind::Main)
             waitUntilSeen();
@@ -172,34 +173,13 @@ void DesktopScreen::showFrame(const Window& window, Frame& frame) {
     }
 }
 
-// A dialog is first shown over the middle of its owner; those that work with the modeler's trees leave the
-// trees visible. Later it appears where the user has moved it.
-void DesktopScreen::placeDialog(const Window& window, QWidget& form) const {
-    const QWidget* active = QApplication::activeWindow();
+// The window in which the user works when a dialog opens.
+QWidget* DesktopScreen::ownerOf(const QWidget& dialog) const {
+    QWidget* active = QApplication::activeWindow();
     const bool ours = std::any_of(frames_.begin(), frames_.end(), [&](const auto& entry) {
         return entry.second.binder && &entry.second.binder->form() == active;
     });
-    const QWidget* owner = ours && active != &form ? active : main_.data();
-    if (owner == nullptr)
-        return;
-    form.winId(); // creates the window, which must exist before its owner is set
-    owner->winId();
-    form.windowHandle()->setTransientParent(owner->windowHandle());
-    if (form.property(kRemembered).toBool())
-        return;
-    form.setProperty(kRemembered, true);
-    const bool aside = window.name() == "frmTRMessage" || window.name() == "frmTRItem";
-    const QWidget* place = aside ? main_.data() : owner;
-    const QRect around = place->geometry();
-    QPoint corner = around.center() - form.rect().center();
-    if (aside)
-        corner = around.bottomRight() - QPoint(form.width() + 24, form.height() + 48);
-    const QRect screen = place->screen()->availableGeometry();
-    const auto* tree = main_->findChild<QWidget*>(QStringLiteral("tvwEdit"));
-    if (window.name() == "frmFind" && tree->isVisible()) // what the search selects stays in view
-        corner = cornerBeside(QRect(tree->mapToGlobal(QPoint()), tree->size()), form.frameSize(), screen);
-    form.move(qBound(screen.left(), corner.x(), qMax(screen.left(), screen.right() - form.width())),
-              qBound(screen.top(), corner.y(), qMax(screen.top(), screen.bottom() - form.height())));
+    return ours && active != &dialog ? active : main_.data();
 }
 
 // The next step may read a large project; the window is painted before it.
@@ -283,7 +263,17 @@ void DesktopScreen::bringToFront(Window& window) {
     QWidget* shown = topLevelOf(window);
     if (window.visible() && shown != nullptr && shown->isVisible())
         activation_.bringToFront(*shown);
+    raiseTopmost(window);
     showMenus();
+}
+
+void DesktopScreen::raiseTopmost(const Window& front) {
+    if (binding_->desktop.modalWindow() != nullptr)
+        return;
+    for (const auto& [window, frame] : frames_) {
+        if (window != &front && frame.shown && frame.binder && isTopmost(*window))
+            frame.binder->form().raise();
+    }
 }
 
 QWidget* DesktopScreen::topLevelOf(const Window& window) const {

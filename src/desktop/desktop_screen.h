@@ -74,7 +74,8 @@ private:
     void showPointer();
     void showMenus();
     void addSearchKey(Window& window, QWidget& form);
-    void placeDialog(const Window& window, QWidget& form) const;
+    QWidget* ownerOf(const QWidget& dialog) const;
+    void raiseTopmost(const Window& front);
     void userTurnedTo(const QWidget& form);
     void returnToActive();
     QWidget* topLevelOf(const Window& window) const;

@@ -14,6 +14,7 @@
 #include <QMouseEvent>
 #include <QSplitter>
 #include <QTest>
+#include <QTimer>
 #include <QTreeView>
 
 #include <algorithm>
@@ -61,7 +62,7 @@ TEST_F(ModelerWindows, SplittersKeepTheirSharesUntilTheUserMovesThem) {
     EXPECT_EQ(shareOf("tableSplitter"), 50);
 }
 
-TEST_F(ModelerWindows, ColumnsComeBackAsWideAsTheUserMadeThem) {
+TEST_F(ModelerWindows, ColumnsThatAreMadeAnewHaveTheirOriginalWidths) {
     List& table = modeler().lvwTRObject;
     auto& view = program.widget<QTreeView>(modeler(), "lvwTRObject");
     const auto showColumns = [&](const char* first, const char* second, int width) {
@@ -74,8 +75,13 @@ TEST_F(ModelerWindows, ColumnsComeBackAsWideAsTheUserMadeThem) {
     };
     EXPECT_EQ(showColumns("TRMessage", "Condition", 1800), 200);
     view.header()->resizeSection(0, 111);
+    table.add("a row");
+    program.settle();
+    EXPECT_EQ(view.header()->sectionSize(0), 111);
+    EXPECT_EQ(showColumns("TRMessage", "Condition", 1800), 200);
+    view.header()->resizeSection(0, 111);
     EXPECT_EQ(showColumns("TRItem", "Value", 1350), 150);
-    EXPECT_EQ(showColumns("TRMessage", "Condition", 1800), 111);
+    EXPECT_EQ(showColumns("TRMessage", "Condition", 1800), 200);
 }
 
 TEST_F(ModelerWindows, ADialogIsLeftWhenTheUserTurnsToTheMainWindow) {
@@ -95,6 +101,47 @@ TEST_F(ModelerWindows, WhatTheProgramBringsToTheFrontIsNoTurnOfTheUser) {
     // The display still reports the window that was active before.
     turnTo(*program.screen.mainWindow());
     EXPECT_EQ(program.application.desktop.activeWindow(), &dialog);
+}
+
+/// Counts how often a window is raised.
+struct Raises : QObject {
+    explicit Raises(QWidget& form) { form.installEventFilter(this); }
+    bool eventFilter(QObject* /*form*/, QEvent* event) override {
+        count += event->type() == QEvent::ZOrderChange ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
+TEST_F(ModelerWindows, AKeptDialogStaysAboveTheWindowsThatAreBroughtToTheFront) {
+    frmTRMessage& dialog = program.application.frmTRMessage;
+    dialog.show();
+    program.screen.binding().hands.click(Target::whole(dialog.chkKeepVisible));
+    program.settle();
+    const Raises raises(program.form(dialog));
+    turnTo(*program.screen.mainWindow());
+    ASSERT_TRUE(dialog.visible());
+    EXPECT_EQ(raises.count, 1);
+    program.application.frmFind.show();
+    EXPECT_GT(raises.count, 1);
+}
+
+TEST_F(ModelerWindows, AModalDialogIsNotCoveredByAKeptOne) {
+    frmTRMessage& dialog = program.application.frmTRMessage;
+    dialog.show();
+    program.screen.binding().hands.click(Target::whole(dialog.chkKeepVisible));
+    program.settle();
+    const Raises raises(program.form(dialog));
+    frmOption& modal = program.application.frmOption;
+    int raisedBehind = -1;
+    const int before = raises.count;
+    QTimer::singleShot(0, [&] {
+        if (modal.visible() && dialog.visible())
+            raisedBehind = raises.count - before;
+        modal.hide();
+    });
+    modal.showModal();
+    EXPECT_EQ(raisedBehind, 0);
 }
 
 TEST_F(ModelerWindows, KeysDragFromTheLibraryToTheTree) {

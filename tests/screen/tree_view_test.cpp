@@ -41,6 +41,23 @@ struct TreeView : ::testing::Test {
     NodeTreeView view;
 };
 
+TEST_F(TreeView, ANodeThatIsAddedIsBroughtIntoView) {
+    view.show();
+    for (int i = 0; i < 100; ++i)
+        add(nullptr, "message");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0) << "many nodes leave the view as it is";
+    const Node& pasted = add(nullptr, "pasted");
+    add(store.nodes().at(101), "below it");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(view.viewport()->rect().contains(rectOf(pasted)));
+    view.verticalScrollBar()->setValue(0);
+    store.nodes().at(101)->setExpanded(false);
+    const Node& item = add(store.nodes().at(101), "pasted item");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(view.viewport()->rect().intersects(rectOf(item)));
+}
+
 TEST_F(TreeView, ModelStaysTrueThroughAnyOrderOfChanges) {
     QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     std::mt19937 random(7);

@@ -4,7 +4,9 @@
 
 #include <gmock/gmock.h>
 
+#include <QAbstractItemView>
 #include <QClipboard>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -12,6 +14,8 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QScreen>
+#include <QSplitter>
 
 namespace zb::test {
 namespace {
@@ -126,6 +130,47 @@ TEST_F(Windows, TheLayoutIsRememberedFromRunToRun) {
     };
     runOnce({777, 555});
     EXPECT_EQ(runOnce({}), QSize(777, 555));
+}
+
+TEST_F(Windows, TheFirstStartFitsOnTheScreen) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QSize size = program.screen.mainWindow()->frameSize();
+    EXPECT_LE(size.width(), screen.width());
+    EXPECT_LE(size.height(), screen.height());
+    EXPECT_GT(size.width(), 3 * screen.width() / 4);
+}
+
+TEST_F(Windows, ANarrowWindowCutsNoCaptionOfTheEditor) {
+    program.screen.mainWindow()->resize(800, 600);
+    program.settle();
+    ASSERT_EQ(program.screen.mainWindow()->width(), 800);
+    // The panes are as narrow as the user can make them.
+    auto& splitter = program.widget<QSplitter>(editor(), "editorSplitter");
+    splitter.setSizes({1, splitter.width(), 1});
+    program.settle();
+    for (const char* name :
+         {"chkWait", "chkReply", "chkNoLogging", "chkFix", "chkIsItemKey", "optHost", "optEqp", "optBoth",
+          "cmdMsgAdd", "cmdMsgChange", "lblTreeWidth", "txtTreeWidth"}) {
+        const auto& part = program.widget<QWidget>(editor(), name);
+        EXPECT_GE(part.width(), part.minimumSizeHint().width()) << name;
+        EXPECT_TRUE(part.parentWidget()->rect().contains(part.geometry())) << name;
+        const QRect place(part.mapTo(program.screen.mainWindow(), QPoint()), part.size());
+        EXPECT_TRUE(program.screen.mainWindow()->rect().contains(place)) << name;
+    }
+}
+
+TEST_F(Windows, TheListAboveTheTreeOpensTwentyRowsAtMost) {
+    for (int i = 0; i < 60; ++i)
+        editor().cboSECSMessage.add("S1F" + std::to_string(i));
+    program.settle();
+    auto& box = program.widget<QComboBox>(editor(), "cboSECSMessage");
+    ASSERT_EQ(box.count(), 60);
+    box.showPopup();
+    program.settle();
+    const int row = box.view()->sizeHintForRow(0);
+    EXPECT_LE(box.view()->viewport()->height(), 20 * row + row / 2);
+    EXPECT_GE(box.view()->viewport()->height(), 10 * row);
+    box.hidePopup();
 }
 
 } // namespace

@@ -4,14 +4,30 @@
 #include "desktop/models/combo_model.h"
 #include "desktop/qt_text.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QListView>
+#include <QProxyStyle>
 #include <QStylePainter>
 #include <QWheelEvent>
 
 #include <algorithm>
 
 namespace zb {
+
+namespace {
+
+/// Opens a list that scrolls; some styles open one as high as the screen.
+class ScrollingPopup final : public QProxyStyle {
+public:
+    ScrollingPopup() : QProxyStyle(QApplication::style()->name()) {}
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* result) const override {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
+    }
+};
+
+} // namespace
 
 void StoreComboBox::setShownText(const QString& text) {
     shownText_ = text;
@@ -36,6 +52,11 @@ void StoreComboBox::wheelEvent(QWheelEvent* event) {
 ComboBinder::ComboBinder(Combo& combo, StoreComboBox& box, Binding& binding)
     : Binder(combo, box, binding), combo_(combo), box_(box), model_(new ComboModel(combo, this)) {
     box_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    constexpr int kMostRows = 20;
+    box_.setMaxVisibleItems(kMostRows);
+    auto* style = new ScrollingPopup;
+    style->setParent(&box_); // a widget does not own its style
+    box_.setStyle(style);
     auto* list = new QListView(&box_);
     list->setUniformItemSizes(true);
     box_.setView(list);

@@ -68,6 +68,8 @@ ListBinder::ListBinder(List& list, QTreeView& view, Binding& binding)
 }
 
 void ListBinder::show(Change change) {
+    if (change == Change::Rows && list_.columns().empty() && !shownColumns_.isEmpty())
+        forgetWidths();
     if (change == Change::Rows && !rowsAreOld_) {
         // A library is added row by row; the view reads the rows once after all of them.
         rowsAreOld_ = true;
@@ -99,7 +101,7 @@ void ListBinder::showColumns() {
     for (const ListColumn& column : list_.columns())
         columns << toQt(column.text);
     view_.setHeaderHidden(columns.isEmpty());
-    // The user controls the width of an existing column.
+    // The user controls the width of a column as long as it exists.
     if (std::exchange(shownColumns_, columns) != columns)
         showWidths();
     view_.header()->setSortIndicatorShown(list_.sorted());
@@ -107,13 +109,19 @@ void ListBinder::showColumns() {
         view_.header()->setSortIndicator(list_.sortKey(), Qt::AscendingOrder);
 }
 
-// A list may show several sets of columns in turn; each column gets the width that the user gave it.
+// Columns that the program makes anew have the widths that it gives them, even when their texts are the same.
+void ListBinder::forgetWidths() {
+    view_.setProperty(kColumnWidths, QVariant());
+    shownColumns_.clear();
+}
+
+// The first columns have the widths that the user gave them in an earlier run.
 void ListBinder::showWidths() {
     const QVariantMap widths = view_.property(kColumnWidths).toMap();
     const auto& columns = list_.columns();
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        const int told = toPixels(columns[i].width);
-        const int width = widths.value(toQt(columns[i].text), told).toInt();
+        const int original = toPixels(columns[i].width);
+        const int width = widths.value(toQt(columns[i].text), original).toInt();
         if (width > 0)
             view_.header()->resizeSection(static_cast<int>(i), width);
     }

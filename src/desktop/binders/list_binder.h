@@ -34,6 +34,7 @@ private:
     void rereadRows();
     void showColumns();
     void showWidths();
+    void forgetWidths();
     void fitLastColumn();
     void rememberWidth(int section, int width);
     void showSelection();

@@ -12,6 +12,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <utility>
 
 namespace zb {
 
@@ -81,6 +82,8 @@ void NodeTreeView::reset() {
     QAbstractItemView::reset();
     heights_.assign(nodes_ == nullptr ? 0 : nodes_->roots().size(), 0);
     openedToShow_.clear();
+    added_ = nullptr;
+    addedLast_ = nullptr;
     widest_ = 0;
     layOutLater();
 }
@@ -158,12 +161,41 @@ void NodeTreeView::rowsInserted(const QModelIndex& parent, int start, int end) {
         forgetRowsOf(*NodeTreeModel::nodeOf(parent));
     else
         heights_.insert(heights_.begin() + start, static_cast<std::size_t>(end - start + 1), 0);
+    takeAdded(*NodeTreeModel::nodeOf(nodes_->index(start, 0, parent)));
     layOutLater();
+}
+
+void NodeTreeView::takeAdded(Node& node) {
+    if (severalAdded_)
+        return;
+    // Nodes come in order, so that no walk up a deep tree is needed for most.
+    const Node* before = std::exchange(addedLast_, &node);
+    if (before != nullptr &&
+        (node.parent() == before || (before != added_ && node.parent() == before->parent())))
+        return;
+    for (const Node* above = node.parent(); above != nullptr; above = above->parent()) {
+        if (above == added_)
+            return;
+    }
+    severalAdded_ = added_ != nullptr;
+    added_ = &node;
+}
+
+// What the user adds or pastes is one node with those below it; when a project is opened, the view stays.
+void NodeTreeView::doItemsLayout() {
+    QAbstractItemView::doItemsLayout();
+    Node* added = std::exchange(added_, nullptr);
+    const bool several = std::exchange(severalAdded_, false);
+    addedLast_ = nullptr;
+    if (added != nullptr && !several)
+        reveal(*added);
 }
 
 void NodeTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
     QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
     // Their addresses may be reused for other nodes.
+    added_ = nullptr;
+    addedLast_ = nullptr;
     if (!openedToShow_.empty()) {
         openedToShow_.clear();
         heights_.assign(heights_.size(), 0);

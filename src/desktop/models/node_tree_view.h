@@ -39,6 +39,7 @@ public:
 
     QRect visualRect(const QModelIndex& index) const override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    void doItemsLayout() override;
     QModelIndex indexAt(const QPoint& place) const override;
     void reset() override;
 
@@ -71,6 +72,7 @@ private:
     Node* nextShown(const Node& node, const Node& root) const;
     int shownRows(const Node& root) const;
     void forgetRowsOf(const Node& node);
+    void takeAdded(Node& node);
     void layOut() const;
     void layOutLater();
     int rowCount() const;
@@ -91,6 +93,9 @@ private:
     mutable std::vector<int> starts_;  // row of each root node, and the total number of rows after them
     mutable bool laidOut_ = false;
     std::unordered_set<const Node*> openedToShow_;
+    Node* added_ = nullptr; // since the last layout, without the nodes below it
+    const Node* addedLast_ = nullptr;
+    bool severalAdded_ = false;
     int widest_ = 0;
     bool withoutLines_ = false; // set by the form's property with that name
 };
