@@ -52,7 +52,7 @@ TEST(Answering, FailsOnWhatWasSaidAndNotUsed) {
 
 TEST(Answering, WantsTheDialogHiddenAtTheEndOfItsBlock) {
     expectFails("start\nduring frmDialog\n  type frmDialog.txtValue 1\nend\nclick frmTest.cmdDialog\n",
-                "4: expected frmDialog to be hidden at the end of its block, found it stands");
+                "4: expected frmDialog to be hidden at the end of its block, found it is visible");
     expectFails(
         "start\nduring frmDialog\n  click frmDialog.cmdOK\n  expectnobox\nend\nclick frmTest.cmdDialog\n",
         "4: expected no command after the hiding of frmDialog, found expectnobox");
