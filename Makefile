@@ -26,6 +26,9 @@ all: ## build both programs, all tests and the benchmarks
 test: all ## build and run every test
 	ctest --preset release -j $(JOBS) --timeout 600
 
+display: all ## run every scenario by mouse, keyboard and clipboard on a display of its own
+	ctest --preset release -C display -R '^display\.' --timeout 600
+
 bench: all ## measure open, walks, edits on generated projects
 	@scripts/bench $(BUILD)
 
@@ -50,4 +53,4 @@ asan: setup ## tests under the sanitizers, then a minute of each fuzzer
 clean: ## remove everything that was built
 	rm -rf out
 
-.PHONY: help setup build run all test bench attack screenshots package lint asan clean
+.PHONY: help setup build run all test display bench attack screenshots package lint asan clean
