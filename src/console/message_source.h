@@ -44,7 +44,7 @@ private:
     std::unique_ptr<SECSLibraryStore> library_;
     std::vector<SECSMessageRecord> ofProject_;
     SECSLibraryStore::Records messages_;
-    // Made when they are asked for: names upper-cased, and both forms of the numbers.
+    /// Made when they are asked for: names upper-cased, and both forms of the numbers.
     mutable ByName byName_;
     mutable ByName byNumbers_;
 };

@@ -79,12 +79,12 @@ public:
         Record* record = find(name);
         if (record == nullptr)
             return;
-        // The name may be stored in the record itself.
+        /// The name may be stored in the record itself.
         if (const auto indexed = byName_.find(name); indexed != byName_.end())
             byName_.erase(indexed);
         records_.erase(std::find_if(records_.begin(), records_.end(),
                                     [&](const auto& owned) { return owned.get() == record; }));
-        // A record with the same name may follow it.
+        /// A record with the same name may follow it.
         namesChanged_ = namesChanged_ || records_.size() != byName_.size();
     }
 

@@ -7,7 +7,7 @@
 
 namespace zb {
 
-// Why a file could not be used: the error number of the system (errno), and a sentence about it.
+/// Why a file could not be used: the error number of the system (errno), and a sentence about it.
 struct FileError {
     int number = 0;
     std::string description;
@@ -15,12 +15,12 @@ struct FileError {
     bool operator==(const FileError&) const = default;
 };
 
-// The system's text for an error number.
+/// The system's text for an error number.
 std::string describeSystemError(int number);
-// The error with this number, described by the system's text.
+/// The error with this number, described by the system's text.
 FileError systemError(int number);
 
-// A value, or the reason why there is none. Reading a missing value throws.
+/// A value, or the reason why there is none. Reading a missing value throws.
 template<typename T, typename E = FileError>
 class [[nodiscard]] Result {
 public:
@@ -43,7 +43,7 @@ private:
     std::variant<T, E> content_;
 };
 
-// Success, or the reason for a failure.
+/// Success, or the reason for a failure.
 template<typename E>
 class [[nodiscard]] Result<void, E> {
 public:

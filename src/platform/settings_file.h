@@ -9,7 +9,7 @@
 
 namespace zb {
 
-// The location of a setting in the file: root, then key, then name.
+/// The location of a setting in the file: root, then key, then name.
 struct SettingPlace {
     std::string root;
     std::string key;
@@ -18,16 +18,16 @@ struct SettingPlace {
     auto operator<=>(const SettingPlace&) const = default;
 };
 
-// The JSON file settings.json of one folder. It is read at every call; contents other than the settings are
-// kept.
+/// The JSON file settings.json of one folder. It is read at every call; contents other than the settings are
+/// kept.
 class SettingsFile {
 public:
     explicit SettingsFile(std::filesystem::path folder);
 
-    // The text at this location; nothing when there is none, or no valid file.
+    /// The text at this location; nothing when there is none, or no valid file.
     std::optional<std::string> read(const SettingPlace& place) const;
-    // Sets the text at this place, valid UTF-8 all. A damaged file is kept under another name first. Another
-    // program that writes is waited for. When anything fails, nothing is changed.
+    /// Sets the text at this place, valid UTF-8 all. A damaged file is kept under another name first. Another
+    /// program that writes is waited for. When anything fails, nothing is changed.
     Result<void> write(const SettingPlace& place, const std::string& value) const;
 
 private:

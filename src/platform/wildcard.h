@@ -7,20 +7,20 @@
 
 namespace zb {
 
-// A pattern for a whole text:
-//   *       any run of characters, line ends included, also none
-//   ?       one character
-//   #       one digit, 0 to 9
-//   [A-F]   one character of the set; [!0] one character outside of it
-// Inside brackets "-" as the first or last character, "!" except as the first, and the other special
-// characters are literal; "[!]" is a "!", and "[]" matches only the empty text. Outside of brackets "]" is
-// literal. Comparison is exact.
+/// A pattern for a whole text:
+///   *       any run of characters, line ends included, also none
+///   ?       one character
+///   #       one digit, 0 to 9
+///   [A-F]   one character of the set; [!0] one character outside of it
+/// Inside brackets "-" as the first or last character, "!" except as the first, and the other special
+/// characters are literal; "[!]" is a "!", and "[]" matches only the empty text. Outside of brackets "]" is
+/// literal. Comparison is exact.
 class WildcardPattern {
 public:
-    // Nothing for an invalid pattern: a bracket that is not closed, or a descending range.
+    /// Nothing for an invalid pattern: a bracket that is not closed, or a descending range.
     static std::optional<WildcardPattern> compile(std::string_view pattern);
 
-    // The time is at worst proportional to pattern times text.
+    /// The time is at worst proportional to pattern times text.
     bool matches(std::string_view text) const;
 
 private:
@@ -45,7 +45,7 @@ private:
     std::vector<Element> elements_;
 };
 
-// The match with "*:*", which distinguishes a message node from its description.
+/// The match with "*:*", which distinguishes a message node from its description.
 inline bool hasColon(std::string_view text) {
     return text.find(':') != std::string_view::npos;
 }

@@ -11,7 +11,7 @@
 
 namespace zb::sml {
 
-// The number of items or characters that an item is declared to hold.
+/// The number of items or characters that an item is declared to hold.
 struct Count {
     enum class Kind {
         Absent,
@@ -40,18 +40,18 @@ struct Item {
     std::size_t valueBegin = 0, valueLength = 0;
 };
 
-// The items of one message in the order of the text, and their conversion to item Texts.
+/// The items of one message in the order of the text, and their conversion to item Texts.
 class Body {
 public:
     void clear();
     bool empty() const { return items_.empty(); }
 
-    // Appends an item below the open lists and returns its index. A list stays open until it is closed.
+    /// Appends an item below the open lists and returns its index. A list stays open until it is closed.
     std::size_t add(ItemType type, std::size_t offset);
-    // Closes the innermost open list and returns its index.
+    /// Closes the innermost open list and returns its index.
     std::size_t closeList();
     std::size_t openLists() const { return openLists_.size(); }
-    // There must be one.
+    /// There must be one.
     Item& innermostList() { return items_[openLists_.back()]; }
 
     Item& item(std::size_t index) { return items_[index]; }
@@ -60,8 +60,8 @@ public:
     std::string_view name(const Item& item) const;
     std::string_view value(const Item& item) const;
 
-    // One line per item: level, blank, item Text, CR LF. All lists are closed. Returns nothing, with an error
-    // among the findings, when an item contains more than a count can express.
+    /// One line per item: level, blank, item Text, CR LF. All lists are closed. Returns nothing, with an
+    /// error among the findings, when an item contains more than a count can express.
     bool compose(std::string& lines, FindingCollector& findings);
 
 private:
@@ -77,7 +77,7 @@ private:
     Form repeatedForm(std::size_t index, std::size_t bound, FindingCollector& findings) const;
     Form valueForm(const Item& item, FindingCollector& findings) const;
     Form templateForm(const Item& item) const;
-    // The view is valid until the next name is requested; the same holds for `nameFor`.
+    /// The view is valid until the next name is requested; the same holds for `nameFor`.
     std::string_view uniqueName(const Item& item, std::string_view wanted, FindingCollector& findings);
     std::string_view nameFor(std::size_t index, const Form& form, FindingCollector& findings);
     void appendLine(const Item& item, const Form& form, std::string_view name);

@@ -11,7 +11,7 @@ constexpr bool isDigit(char c) {
 constexpr bool isLetter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
-// Characters of other scripts count as letters, since they occur in names.
+/// Characters of other scripts count as letters, since they occur in names.
 constexpr bool isWordStart(char c) {
     return isLetter(c) || c == '_' || c == '$' || (c & 0x80) != 0;
 }
@@ -34,7 +34,7 @@ inline char upperLetter(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
-// `capitals` is in upper case.
+/// `capitals` is in upper case.
 inline bool isWord(std::string_view word, std::string_view capitals) {
     if (word.size() != capitals.size())
         return false;
@@ -44,7 +44,7 @@ inline bool isWord(std::string_view word, std::string_view capitals) {
     return true;
 }
 
-// Without white space at its ends.
+/// Without white space at its ends.
 inline std::string_view stripped(std::string_view text) {
     while (!text.empty() && isSpace(text.front()))
         text.remove_prefix(1);

@@ -8,7 +8,7 @@
 
 namespace zb::sml {
 
-// Collects findings by their offset in the text, and counts lines only once, at the end.
+/// Collects findings by their offset in the text, and counts lines only once, at the end.
 class FindingCollector {
 public:
     explicit FindingCollector(std::string_view text) : text_(text) {}
@@ -17,7 +17,7 @@ public:
     void warn(std::size_t offset, std::string text) { add(Severity::Warning, offset, std::move(text)); }
     void fail(std::size_t offset, std::string text) { add(Severity::Error, offset, std::move(text)); }
 
-    // The findings in the order of the text, with line and column.
+    /// The findings in the order of the text, with line and column.
     Findings take();
 
 private:
@@ -33,7 +33,7 @@ private:
     std::size_t leftOut_ = 0;
 };
 
-// The text at the offset, for "found ...": a word, a character in quotes, or the end of the file.
+/// The text at the offset, for "found ...": a word, a character in quotes, or the end of the file.
 std::string foundAt(std::string_view text, std::size_t offset);
 
 } // namespace zb::sml

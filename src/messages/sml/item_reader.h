@@ -10,10 +10,10 @@
 
 namespace zb::sml {
 
-// The numbers of "#define" directives.
+/// The numbers of "#define" directives.
 using Defines = std::map<std::string, std::size_t, std::less<>>;
 
-// Reads one root item with its subtree.
+/// Reads one root item with its subtree.
 class ItemReader {
 public:
     enum class Outcome {
@@ -26,15 +26,15 @@ public:
                const CodePage& codePage)
         : scanner_(scanner), findings_(findings), body_(body), defines_(defines), value_(codePage) {}
 
-    // Starts a message.
+    /// Starts a message.
     void clear();
-    // The scanner is at the "<".
+    /// The scanner is at the "<".
     Outcome read();
-    // Skips "= Name" after the item that was closed last; false with an error when no name follows.
+    /// Skips "= Name" after the item that was closed last; false with an error when no name follows.
     bool passGivenName();
-    // Skips white space and comments; a comment after an item on its line belongs to it.
+    /// Skips white space and comments; a comment after an item on its line belongs to it.
     void skip();
-    // One finding for all comments that cannot be used.
+    /// One finding for all comments that cannot be used.
     void reportComments();
 
 private:

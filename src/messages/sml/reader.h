@@ -10,13 +10,13 @@
 
 namespace zb::sml {
 
-// A message with the name that its file gives it; empty when there is none.
+/// A message with the name that its file gives it; empty when there is none.
 struct ReadMessage {
     SmlMessage message;
     std::size_t offset = 0;
 };
 
-// Reads a whole text, message by message.
+/// Reads a whole text, message by message.
 class Reader {
 public:
     Reader(std::string_view text, const CodePage& codePage)
@@ -26,7 +26,7 @@ public:
     SmlLibrary read();
 
 private:
-    // Between the messages.
+    /// Between the messages.
     void skipBetween();
     void applyTrailingComment(const Comment& comment);
     void gatherComment(const Comment& comment);
@@ -40,7 +40,7 @@ private:
     void passUnknown();
     void passToNextHead();
 
-    // Within a message.
+    /// Within a message.
     enum class Step { Next, Body, Ended, Broken };
     void readMessage(const Head& head);
     bool checkNumbers(const Head& head);
@@ -71,12 +71,12 @@ private:
     bool lastWasRead_ = false; // the last message, which owns a comment on its last line
 };
 
-// Takes the direction and the marks that SML lacks, "<R>" and "<NL>", from the words of a comment; false, and
-// nothing taken, when it contains anything else.
+/// Takes the direction and the marks that SML lacks, "<R>" and "<NL>", from the words of a comment; false,
+/// and nothing taken, when it contains anything else.
 bool applyMarks(SmlMessage& message, std::string_view words);
 
-// Gives every message a name that no other has: first those that have one in the file, then the rest by
-// stream and function. What a name or a description cannot hold is replaced.
+/// Gives every message a name that no other has: first those that have one in the file, then the rest by
+/// stream and function. What a name or a description cannot hold is replaced.
 void nameMessages(std::vector<SmlMessage>& messages, const std::vector<std::size_t>& offsets,
                   FindingCollector& findings);
 

@@ -17,7 +17,7 @@ struct Comment {
     bool afterBlankLine = false;
 };
 
-// A position in the text. All reading of SML goes through this class, and only forward.
+/// A position in the text. All reading of SML goes through this class, and only forward.
 class Scanner {
 public:
     Scanner(std::string_view text, FindingCollector& findings) : text_(text), findings_(findings) {}
@@ -27,7 +27,7 @@ public:
     void moveTo(std::size_t offset) { offset_ = offset; }
     void advance(std::size_t count = 1) { offset_ += count; }
     bool atEnd() const { return offset_ >= text_.size(); }
-    // A NUL, which is white space, at the end.
+    /// A NUL, which is white space, at the end.
     char peek(std::size_t ahead = 0) const {
         return offset_ + ahead < text_.size() ? text_[offset_ + ahead] : '\0';
     }
@@ -38,7 +38,8 @@ public:
             offset_ += 3;
     }
 
-    // Skips white space and comments. Its findings are in `comments` and `passedLineEnd` until the next call.
+    /// Skips white space and comments. Its findings are in `comments` and `passedLineEnd` until the next
+    /// call.
     void skip() {
         comments_.clear();
         passedLineEnd_ = false;
@@ -49,14 +50,14 @@ public:
     const std::vector<Comment>& comments() const { return comments_; }
     bool passedLineEnd() const { return passedLineEnd_; }
 
-    // The run of word characters here; may be empty.
+    /// The run of word characters here; may be empty.
     std::string_view word();
-    // The text up to white space or a character that ends a value: the form of a number, valid or not.
+    /// The text up to white space or a character that ends a value: the form of a number, valid or not.
     std::string_view valueWord();
     void passLine();
 
 private:
-    // White space, and the starts of comments, are below the digits, with one exception.
+    /// White space, and the starts of comments, are below the digits, with one exception.
     static bool mayBeSkipped(char c) { return c <= '/' || c == '\\'; }
     void skipAll();
     std::size_t pastSpace(std::size_t offset);
@@ -71,12 +72,12 @@ private:
     std::vector<Comment> comments_;
     bool passedLineEnd_ = false;
     std::size_t lineEnds_ = 0;
-    // From here on this closer does not occur: known after one search without a result.
+    /// From here on this closer does not occur: known after one search without a result.
     std::size_t noSlashCloserFrom_ = std::string_view::npos;
     std::size_t noBackslashCloserFrom_ = std::string_view::npos;
 };
 
-// The words of a comment as one line, without the stars around it; empty for a banner.
+/// The words of a comment as one line, without the stars around it; empty for a banner.
 std::string commentWords(std::string_view comment);
 
 } // namespace zb::sml

@@ -12,7 +12,7 @@ namespace zb {
 
 class CodePage;
 
-// A message in the grammar of the message tree.
+/// A message in the grammar of the message tree.
 struct SmlMessage {
     std::string name; // unique among the messages read, without case
     std::string description;
@@ -22,7 +22,7 @@ struct SmlMessage {
     bool autoReply = false;
     bool noLogging = false;
     std::string direction = "H<->E"; // or "H->E", "H<-E"
-    // One line per item, ended by CR LF: its level, which is 1 for a direct item, a blank, its item Text.
+    /// One line per item, ended by CR LF: its level, which is 1 for a direct item, a blank, its item Text.
     std::string body;
 
     bool operator==(const SmlMessage&) const = default;
@@ -33,8 +33,8 @@ struct SmlLibrary {
     Findings findings;                // in the order of the file, with line and column
 };
 
-// Reads every message that can be read. `text` is UTF-8 without a mark; the code page measures texts and
-// decodes character codes above 127. The time is proportional to the text, whatever it contains.
+/// Reads every message that can be read. `text` is UTF-8 without a mark; the code page measures texts and
+/// decodes character codes above 127. The time is proportional to the text, whatever it contains.
 SmlLibrary readSml(std::string_view text, const CodePage& codePage);
 
 } // namespace zb

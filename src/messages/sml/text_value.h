@@ -8,8 +8,8 @@
 
 namespace zb::sml {
 
-// Collects the value of a text item from its strings and character codes, in the form that an item Text can
-// hold: one line, without an apostrophe, since there is no escape for it.
+/// Collects the value of a text item from its strings and character codes, in the form that an item Text can
+/// hold: one line, without an apostrophe, since there is no escape for it.
 class TextValue {
 public:
     explicit TextValue(const CodePage& codePage) : codePage_(codePage) {}
@@ -17,12 +17,12 @@ public:
     void begin();
     void appendText(std::string_view text);
     void appendCharacter(char c) { appendText({&c, 1}); }
-    // A character code from 0 to 255.
+    /// A character code from 0 to 255.
     void appendCode(unsigned char code);
-    // A backslash was read that may be the first half of an escape.
+    /// A backslash was read that may be the first half of an escape.
     void sawBackslash() { backslash_ = true; }
-    // Ends the value. When the declared count fits only the value with its escapes resolved, they are
-    // resolved; in all other cases a backslash is an ordinary character.
+    /// Ends the value. When the declared count fits only the value with its escapes resolved, they are
+    /// resolved; in all other cases a backslash is an ordinary character.
     void end(const std::size_t* declaredCount);
 
     const std::string& text() const { return text_; }

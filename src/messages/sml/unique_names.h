@@ -8,17 +8,17 @@
 
 namespace zb::sml {
 
-// The names that are taken within a message or a library, whatever the case of their (ASCII) letters. Most
-// items have a name, so the set keeps its memory from message to message instead of asking for some at each
-// name.
+/// The names that are taken within a message or a library, whatever the case of their (ASCII) letters. Most
+/// items have a name, so the set keeps its memory from message to message instead of asking for some at each
+/// name.
 class UniqueNames {
 public:
-    // `separator` is put between a taken name and its number.
+    /// `separator` is put between a taken name and its number.
     explicit UniqueNames(std::string_view separator = {}) : separator_(separator) {}
 
     void clear();
-    // The name, or, when it is used already, the name followed by the next free number. Valid until the next
-    // call.
+    /// The name, or, when it is used already, the name followed by the next free number. Valid until the next
+    /// call.
     std::string_view take(std::string_view wanted);
 
 private:
@@ -31,7 +31,7 @@ private:
     std::string_view textOf(const Entry& entry) const {
         return std::string_view(texts_).substr(entry.begin, entry.length);
     }
-    // The slot with the name, or the free slot for it.
+    /// The slot with the name, or the free slot for it.
     std::size_t slotOf(std::string_view name, std::uint32_t hash) const;
     std::string_view add(std::string_view name, std::uint32_t hash, std::size_t slot);
     void grow();
