@@ -130,9 +130,9 @@ void Reader::passDefine() {
         value = value * 10 + static_cast<std::size_t>(c - '0');
     if (isCount && !name.empty())
         defines_.insert_or_assign(std::string(name), value);
-    findings_.warn(
-        offset, isCount ? "the directive #define is not kept; its number is used in counts that name it"
-                        : "the directive #define is not taken over");
+    findings_.warn(offset,
+                   isCount ? "the directive #define is not kept; its number is used in counts that name it"
+                           : "the directive #define is not taken over");
     scanner_.passLine();
 }
 
