@@ -155,7 +155,7 @@ def demand_whole(place, operation, before, after):
         allowed = [before[name], after[name]] + ([b""] if operation.may_be_empty else [])
         demand(now in allowed, f"{operation.name}: {name} is neither the old nor the new one: "
                                f"{None if now is None else len(now)} bytes")
-    project = (place.root / "filled/work/P.zbp").read_bytes()
+    project = (place.root / "filled" / "work" / "P.zbp").read_bytes()
     older = {path.read_bytes() for path in (place.root / "filled/state").glob("history/*/*.zbp")}
     for version in place.versions():
         demand(version == project or version in older, f"{operation.name}: a version is not whole")

@@ -24,7 +24,7 @@ def after_a_kill(place, operation, before, after):
 def at_each_call(programs, operation):
     with Place(programs) as place:
         before, after = fill(place, operation)
-        (place.root / "filled/work/nothing.zbs").write_text("# nothing\n")
+        (place.root / "filled" / "work" / "nothing.zbs").write_text("# nothing\n")
         fresh(place, operation)
         count = len(calls_of(place, operation))
         for number in range(1, count + 1):
@@ -40,7 +40,7 @@ def at_random(programs, operation, rounds):
     random = dice("kill " + operation.name)
     with Place(programs) as place:
         before, after = fill(place, operation)
-        (place.root / "filled/work/nothing.zbs").write_text("# nothing\n")
+        (place.root / "filled" / "work" / "nothing.zbs").write_text("# nothing\n")
         longest = duration_of(place, operation.command(place))
         hits = 0
         for _ in range(rounds):

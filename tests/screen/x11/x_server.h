@@ -41,7 +41,7 @@ public:
     void awaitWindowManager();
     /// Asks the window manager to close a window, as the button of its frame does.
     void askToClose(xcb_window_t window);
-    /// An event of ours in the queue of another client, behind all that the server has sent it.
+    /// An event of ours in the queue of another client, after everything that the server has sent it.
     void sendMarker(xcb_window_t window, std::uint32_t number);
     xcb_atom_t markerType() const { return marker_; }
 

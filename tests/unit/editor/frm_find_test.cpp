@@ -115,7 +115,7 @@ TEST_F(FindWindow, RepeatsItsLastSearchAfterItWasClosed) {
     find.findAgain();
     EXPECT_EQ(selected(), 3);
     EXPECT_FALSE(find.visible());
-    // While it stands, it says what to look for.
+    // While it is visible, it shows what to search for.
     find.showFind();
     type("data");
     find.findAgain();
