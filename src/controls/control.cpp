@@ -47,7 +47,16 @@ void Control::setCaption(std::string caption) {
     ring(Change::State);
 }
 
+void Control::setToolTip(std::string text) {
+    if (toolTip_ == text)
+        return;
+    toolTip_ = std::move(text);
+    ring(Change::State);
+}
+
 bool Control::takesFocus() const {
+    if (leavesFocus_)
+        return false;
     switch (kind_) {
     case Kind::TextField:
     case Kind::CheckBox:

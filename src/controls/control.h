@@ -68,10 +68,13 @@ public:
     const std::string& caption() const { return caption_; }
     void setCaption(std::string caption);
     const std::string& toolTip() const { return toolTip_; }
-    void setToolTip(std::string text) { toolTip_ = std::move(text); }
+    void setToolTip(std::string text);
 
     /// Whether clicks and Tab bring the focus here.
     bool takesFocus() const;
+    /// A press on the control leaves the active window, and the focus in it, as they are.
+    bool leavesFocus() const { return leavesFocus_; }
+    void setLeavesFocus() { leavesFocus_ = true; }
     bool focused() const;
     /// Moves the focus here; no effect on a control that cannot be used.
     void setFocus();
@@ -96,6 +99,7 @@ private:
     Kind kind_;
     bool enabled_ = true;
     bool visible_ = true;
+    bool leavesFocus_ = false;
     Window& window_;
     Control* pane_;
     std::string name_;

@@ -82,6 +82,16 @@ void Desktop::hide(Window& window) {
         enter(*next);
 }
 
+void Desktop::showPart(Window& window) {
+    if (window.visible_)
+        return;
+    // Below all others: when one of them closes, the user returns to another one and not to a part.
+    std::erase(windows_, &window);
+    windows_.insert(windows_.begin(), &window);
+    window.visible_ = true;
+    window.ring(Change::State);
+}
+
 void Desktop::showModal(Window& window) {
     modal_.push_back({&window, active_});
     const ModalGuard guard(modal_);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/notices.h"
 #include "controls/screen.h"
 
 #include <string>
@@ -39,11 +40,20 @@ public:
     void activate(Window& window);
     void show(Window& window);
     void hide(Window& window);
+    /// Shows a window that is part of another one: it becomes active only when the user turns to a control
+    /// in it that takes the focus.
+    void showPart(Window& window);
     /// The active window keeps its focus while the dialog is open.
     void showModal(Window& window);
 
     /// The document in front in the window; null when it has none.
     Window* frontDocument(const Window& frame) const;
+
+    /// How many actions of the user have begun: without a new one, nothing that the user made has changed.
+    /// @{
+    int actions() const { return actions_; }
+    void countAction() { ++actions_; }
+    /// @}
 
     bool hasFocus(const Control& control) const;
     void focus(Control& control);
@@ -56,6 +66,19 @@ public:
         return showBox(Box{std::move(text), {}, icon, BoxButtons::OK});
     }
     std::string pickFile(const FileDialog& dialog) { return screen_.pickFile(dialog); }
+
+    /// Tells the user something that needs no answer; without a place for notices nothing is shown.
+    void post(Notice notice) {
+        if (notices_ != nullptr)
+            notices_->post(std::move(notice));
+    }
+    /// Takes the notice of that topic back; nothing happens when there is none.
+    void withdraw(std::string_view topic) {
+        if (notices_ != nullptr)
+            notices_->withdraw(topic);
+    }
+    /// Where notices go from now on; null for nowhere.
+    void showNoticesIn(Notices* place) { notices_ = place; }
 
     PopupMenu* openPopup() const { return popup_; }
     void popup(PopupMenu& menu);
@@ -124,6 +147,8 @@ private:
     Window* active_ = nullptr;
     const Window* leaving_ = nullptr;
     PopupMenu* popup_ = nullptr;
+    Notices* notices_ = nullptr;
+    int actions_ = 0;
     bool focusHeld_ = false;
 };
 

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <string>
-#include <vector>
 
 namespace zb {
 
@@ -44,6 +45,11 @@ public:
     virtual void forget(Window& /*window*/) {}
     /// Starts the system information tool of the platform; false when there is none.
     virtual bool showSystemInformation() { return false; }
+    /// Runs the function once, after this time, between two actions of the user. A screen without a clock
+    /// never does.
+    virtual void callLater(std::chrono::milliseconds /*delay*/, std::function<void()> /*function*/) {}
+    /// The local time, as "19:46".
+    virtual std::string timeOfDay();
 };
 
 } // namespace zb

@@ -73,6 +73,8 @@ UserHands::Refusal UserHands::approach(const Target& target) {
     Window& window = target.control->window();
     if (Refusal refusal = whyOutOfReach(window); !refusal.empty())
         return refusal;
+    if (target.control->leavesFocus())
+        return whyNot(target);
     const int index = indexOf(target);
     // The tool bar of a frame is there for the document in front, and leaves the focus in it.
     Window* document = target.control->kind() == Kind::Toolbar && desktop_.activeWindow() != &window
@@ -86,6 +88,7 @@ UserHands::Refusal UserHands::approach(const Target& target) {
 
 UserHands::Refusal UserHands::begin(const Target& target) {
     ++begun_;
+    desktop_.countAction();
     Refusal refusal = beginUncounted(target);
     lastRefusal_ = refusal;
     return refusal;

@@ -30,6 +30,13 @@ void Window::setCaption(std::string caption) {
     ring(Change::State);
 }
 
+void Window::setTitleNote(std::string note) {
+    if (titleNote_ == note)
+        return;
+    titleNote_ = std::move(note);
+    ring(Change::State);
+}
+
 void Window::setPointer(Pointer pointer) {
     if (pointer_ == pointer)
         return;

@@ -30,6 +30,9 @@ public:
 
     const std::string& caption() const { return caption_; }
     void setCaption(std::string caption);
+    /// Shown before the caption in the title bar, such as the name of a document; empty for none.
+    const std::string& titleNote() const { return titleNote_; }
+    void setTitleNote(std::string note);
     bool visible() const { return visible_; }
     Pointer pointer() const { return pointer_; }
     void setPointer(Pointer pointer);
@@ -83,6 +86,7 @@ private:
     Desktop& desktop_;
     std::string name_;
     std::string caption_;
+    std::string titleNote_;
     bool visible_ = false;
     Pointer pointer_ = Pointer::Default;
     Control* focusControl_ = nullptr;

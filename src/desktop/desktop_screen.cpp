@@ -6,10 +6,13 @@
 #include "desktop/accessibility/accessible_tree.h"
 #include "desktop/dialog_places.h"
 #include "desktop/forms/forms.h"
+#include "desktop/frame_kind.h"
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
+#include "desktop/search_key.h"
 #include "desktop/start/start_page.h"
-#include "editor/frm_find.h"
+#include "desktop/system_information.h"
+#include "desktop/workbench_place.h"
 #include "shell/frm_main.h"
 
 #include <QApplication>
@@ -19,28 +22,13 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QProcess>
 #include <QScopeGuard>
-#include <QShortcut>
-#include <QStandardPaths>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
 
 namespace zb {
-
-namespace {
-
-enum class FrameKind { Main, Document, Dialog };
-
-FrameKind kindOf(const Window& window) {
-    if (window.name() == "frmMain")
-        return FrameKind::Main;
-    return window.name() == "frmSECSEditor" || window.name() == "frmTRModeler" ? FrameKind::Document
-                                                                               : FrameKind::Dialog;
-}
-
-} // namespace
 
 DesktopScreen::DesktopScreen() = default;
 
@@ -50,6 +38,7 @@ DesktopScreen::~DesktopScreen() {
 
 void DesktopScreen::attach(Desktop& desktop, const std::string& layoutFile) {
     binding_ = std::make_unique<Binding>(desktop, pictures_);
+    timers_ = std::make_unique<QObject>();
     layout_.open(layoutFile);
     AccessibleTree::install();
     // The main window is first: the others are inside it or in front of it.
@@ -71,7 +60,9 @@ void DesktopScreen::detach() {
             layout_.remember(frame.binder->form());
         frame.binder.reset();
     }
+    timers_.reset();
     startPage_.reset();
+    workbench_.reset();
     // Windows inside the main window are destroyed with it.
     frames_.clear();
     main_ = nullptr;
@@ -94,11 +85,13 @@ WindowBinder& DesktopScreen::bind(Window& window) {
     std::unique_ptr<QWidget> form = makeForm(window.name());
     QWidget& shown = *form;
     place(window, frame, std::move(form));
-    layout_.restore(shown);
+    if (kindOf(window) != FrameKind::Part)
+        layout_.restore(shown);
     frame.binder = std::make_unique<WindowBinder>(window, shown, *binding_);
     finishForm(window, shown);
-    addSearchKey(window, shown);
-    if (frame.document == nullptr)
+    if (main_ != nullptr)
+        addSearchKey(window, shown, *main_, *binding_);
+    if (frame.document == nullptr && kindOf(window) != FrameKind::Part)
         activation_.watch(shown);
     frame.binder->onChange = [this, &window] { follow(window); };
     follow(window);
@@ -118,6 +111,11 @@ void DesktopScreen::place(Window& window, Frame& frame, std::unique_ptr<QWidget>
         frame.document->setAttribute(Qt::WA_DeleteOnClose, false);
         frame.document->hide();
         return;
+    case FrameKind::Part:
+        if (main_ != nullptr)
+            workbench_ = std::make_unique<WorkbenchPlace>(window, *form, *main_, *binding_, layout_,
+                                                          [this] { returnFocus(); });
+        break;
     case FrameKind::Dialog:
         // A window owned by the main window stays in front of it.
         form->setParent(main_, Qt::Dialog);
@@ -156,6 +154,8 @@ void DesktopScreen::showFrame(const Window& window, Frame& frame) {
     if (frame.document != nullptr) {
         frame.document->setWindowTitle(form.windowTitle());
         frame.document->showMaximized();
+    } else if (kindOf(window) == FrameKind::Part) {
+        form.show();
     } else {
         const bool modal = binding_->desktop.modalWindow() == &window;
         form.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
@@ -236,19 +236,6 @@ void DesktopScreen::showMenus() {
         main_->menuBar()->addAction(action);
 }
 
-// F3 continues the search from either window; without one it opens the Find window.
-void DesktopScreen::addSearchKey(Window& window, QWidget& form) {
-    auto* find = dynamic_cast<frmFind*>(&window);
-    if (find == nullptr || main_ == nullptr)
-        return;
-    const auto search = [this, find] {
-        return binding_->desktop.modalWindow() == nullptr ? find->findAgain() : void();
-    };
-    binding_->searchAgain = search;
-    for (QWidget* place : {static_cast<QWidget*>(main_.data()), &form})
-        connect(new QShortcut(Qt::Key_F3, place), &QShortcut::activated, &form, search);
-}
-
 void DesktopScreen::bringToFront(Window& window) {
     bind(window);
     const Showing showing(*binding_);
@@ -280,7 +267,8 @@ QWidget* DesktopScreen::topLevelOf(const Window& window) const {
     const auto found = frames_.find(&window);
     if (found == frames_.end())
         return nullptr;
-    return found->second.document != nullptr ? main_.data() : &found->second.binder->form();
+    const bool inside = found->second.document != nullptr || kindOf(window) == FrameKind::Part;
+    return inside ? main_.data() : &found->second.binder->form();
 }
 
 // The main window represents the document inside it.
@@ -306,6 +294,18 @@ void DesktopScreen::returnToActive() {
     QWidget* form = active == nullptr ? nullptr : topLevelOf(*active);
     if (form != nullptr && form->isVisible())
         activation_.bringToFront(*form);
+}
+
+void DesktopScreen::returnFocus() {
+    const Window* active = binding_->desktop.activeWindow();
+    const WindowBinder* binder = active == nullptr ? nullptr : binderOf(*active);
+    Binder* focused = binder == nullptr || active->focusControl() == nullptr
+                          ? nullptr
+                          : binder->binderOf(*active->focusControl());
+    if (focused != nullptr)
+        focused->followFocus();
+    else if (documents_ != nullptr)
+        documents_->setFocus();
 }
 
 QWidget* DesktopScreen::parentForBoxes() const {
@@ -362,6 +362,8 @@ void DesktopScreen::forget(Window& window) {
         return;
     if (kindOf(window) == FrameKind::Main)
         startPage_.reset();
+    if (kindOf(window) == FrameKind::Part)
+        workbench_.reset();
     found->second.binder->abandon();
     found->second.binder.reset();
     if (found->second.document != nullptr)
@@ -379,12 +381,12 @@ void DesktopScreen::flush() {
 }
 
 bool DesktopScreen::showSystemInformation() {
-    for (const char* tool : {"kinfocenter", "hardinfo", "gnome-control-center", "msinfo32"}) {
-        const QString program = QStandardPaths::findExecutable(QLatin1String(tool));
-        if (!program.isEmpty())
-            return QProcess::startDetached(program, {});
-    }
-    return false;
+    return startSystemInformation();
+}
+
+void DesktopScreen::callLater(std::chrono::milliseconds delay, std::function<void()> function) {
+    if (timers_ != nullptr)
+        QTimer::singleShot(delay, timers_.get(), std::move(function));
 }
 
 } // namespace zb

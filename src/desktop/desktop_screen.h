@@ -23,6 +23,7 @@ class QMdiArea;
 namespace zb {
 
 class StartPage;
+class WorkbenchPlace;
 
 /// The Qt windows of one program. Dialogs are in front of the main window, document windows inside it; the
 /// menu bar shows the menus of the document in front.
@@ -55,6 +56,7 @@ public:
     void openPopup(PopupMenu& menu) override;
     void forget(Window& window) override;
     bool showSystemInformation() override;
+    void callLater(std::chrono::milliseconds delay, std::function<void()> function) override;
 
 private:
     struct Frame {
@@ -73,11 +75,11 @@ private:
     void waitUntilSeen() const;
     void showPointer();
     void showMenus();
-    void addSearchKey(Window& window, QWidget& form);
     QWidget* ownerOf(const QWidget& dialog) const;
     void raiseTopmost(const Window& front);
     void userTurnedTo(const QWidget& form);
     void returnToActive();
+    void returnFocus();
     QWidget* topLevelOf(const Window& window) const;
     QWidget* parentForBoxes() const;
 
@@ -91,6 +93,8 @@ private:
     QPointer<QMainWindow> main_;
     QMdiArea* documents_ = nullptr;
     std::unique_ptr<StartPage> startPage_;
+    std::unique_ptr<WorkbenchPlace> workbench_;
+    std::unique_ptr<QObject> timers_; // those of callLater
     const Window* menusOf_ = nullptr;
     const Window* front_ = nullptr; // brought to the front last
     bool busyPointer_ = false;

@@ -45,4 +45,13 @@ void LayoutMemory::remember(QWidget& form) {
         settings_->setValue(keyOf(form, list->objectName()), list->property(kColumnWidths));
 }
 
+int LayoutMemory::height(const QString& part) const {
+    return settings_ == nullptr ? 0 : settings_->value(part + QStringLiteral("/height")).toInt();
+}
+
+void LayoutMemory::rememberHeight(const QString& part, int height) {
+    if (settings_ != nullptr)
+        settings_->setValue(part + QStringLiteral("/height"), height);
+}
+
 } // namespace zb

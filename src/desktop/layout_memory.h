@@ -24,6 +24,11 @@ public:
     void open(const std::string& file);
     void restore(QWidget& form) const;
     void remember(QWidget& form);
+    /// The height that the user gave a part, in pixels; 0 when there is none.
+    /// @{
+    int height(const QString& part) const;
+    void rememberHeight(const QString& part, int height);
+    /// @}
 
 private:
     std::unique_ptr<QSettings> settings_;

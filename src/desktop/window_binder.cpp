@@ -122,7 +122,8 @@ void WindowBinder::flush() {
 }
 
 void WindowBinder::showState() {
-    form_.setWindowTitle(toQt(window_.caption()));
+    const std::string& note = window_.titleNote();
+    form_.setWindowTitle(toQt(note.empty() ? window_.caption() : note + " - " + window_.caption()));
     if (onChange)
         onChange();
 }

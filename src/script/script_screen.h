@@ -20,6 +20,8 @@ public:
     void runModal(Window& window) override { onModal(window); }
     void bringToFront(Window& /*window*/) override {}
     void openPopup(PopupMenu& /*menu*/) override {}
+    /// Scripts run alike at every time of the day.
+    std::string timeOfDay() override { return "12:00"; }
 
 private:
     PreparedAnswers& prepared_;

@@ -14,7 +14,8 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
       frmFind(desktop, [this]() -> NodeTree& { return frmSECSEditor.liveTree(); }),
       frmTRModeler(desktop, *this, *this), frmTRMessage(desktop, *this, frmTRModeler),
       frmTRItem(desktop, *this, frmTRModeler), frmNewProject(desktop, *this, folders.application),
-      frmOption(desktop, settingsOfProgram), frmResult(desktop), frmAbout(desktop), projects(*this),
+      frmOption(desktop, settingsOfProgram), frmResult(desktop), frmAbout(desktop),
+      frmWorkbench(desktop, {*this, frmMain, frmSECSEditor, frmTRModeler}), projects(*this),
       builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); }}), generator_(generator),
       folders_(std::move(folders)) {
     frmSECSEditor.setFrame(frmMain);
@@ -36,6 +37,7 @@ void Application::loadCodePage() {
 void Application::start(const std::string& commandLine) {
     ProjectType = 1;
     loadOptionDefaults(settings);
+    frmWorkbench.showStrip();
     frmMain.show();
     if (projects.parseProjectPath(trim(commandLine)) || projects.parseProjectPath(getRecentProject(settings)))
         openStartedProject();

@@ -16,6 +16,7 @@
 #include "shell/frm_option.h"
 #include "shell/frm_result.h"
 #include "shell/project_lifecycle.h"
+#include "workbench/frm_workbench.h"
 
 #include <string>
 
@@ -65,6 +66,7 @@ public:
     zb::frmOption frmOption;
     zb::frmResult frmResult;
     zb::frmAbout frmAbout;
+    zb::frmWorkbench frmWorkbench;
 
     ProjectLifecycle projects;
     BuildCommands builds;

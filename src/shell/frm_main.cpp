@@ -97,6 +97,7 @@ void frmMain::showModelerState() {
 }
 
 void frmMain::updateProjectPanels() {
+    setTitleNote(state_.ProjectName);
     stbMain.setText("ProjectName", state_.ProjectName);
     stbMain.setText("Status", state_.ProjectPath);
     stbMain.setText("ProjectType", state_.ProjectType == 1 ? "Host" : "Equipment");

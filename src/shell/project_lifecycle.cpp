@@ -155,6 +155,8 @@ bool ProjectLifecycle::saveProject() {
     if (!save.kept)
         reportUnkeptVersion(save.kept.error());
     writeSetting(app_.settings, kRecentProject, path);
+    app_.desktop.post(
+        {"Saved " + fs::path(path).filename().string() + ", " + app_.desktop.screen().timeOfDay()});
     return true;
 }
 

@@ -18,6 +18,12 @@ public:
     std::deque<std::string> picks;
     std::function<void(Window&)> modal;
     std::function<void()> onBox;
+    // What is to be called later; the test calls it.
+    struct Later {
+        std::chrono::milliseconds delay;
+        std::function<void()> run;
+    };
+    std::vector<Later> later;
 
     Answer showBox(const Box& box) override {
         boxes.push_back(box);
@@ -44,6 +50,10 @@ public:
     }
     void bringToFront(Window& /*window*/) override {}
     void openPopup(PopupMenu& /*menu*/) override {}
+    void callLater(std::chrono::milliseconds delay, std::function<void()> function) override {
+        later.push_back({delay, std::move(function)});
+    }
+    std::string timeOfDay() override { return "12:00"; }
 };
 
 } // namespace zb::test

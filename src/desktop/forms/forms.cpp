@@ -19,13 +19,17 @@
 #include "ui_frmTRItem.h"
 #include "ui_frmTRMessage.h"
 #include "ui_frmTRModeler.h"
+#include "ui_frmWorkbench.h"
+#include "ui_pnlLog.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLayout>
 #include <QMainWindow>
 #include <QSplitter>
+#include <QToolButton>
 
 #include <algorithm>
 #include <array>
@@ -60,6 +64,12 @@ constexpr std::array kForms{
     Form{"frmOption", &make<Ui::frmOption>},
     Form{"frmResult", &make<Ui::frmResult>},
     Form{"frmAbout", &make<Ui::frmAbout>},
+    Form{"frmWorkbench", &make<Ui::frmWorkbench>},
+};
+
+// The panes of the workbench, in the order of their buttons.
+constexpr std::array kPanes{
+    Form{"pnlLog", &make<Ui::pnlLog>},
 };
 
 struct Share {
@@ -100,12 +110,31 @@ void nameForReaders(QWidget& form) {
     }
 }
 
+// Each pane has a button in the strip: `chkLog` opens `pnlLog`.
+void addPanes(QWidget& workbench) {
+    auto* column = workbench.findChild<QWidget*>(QStringLiteral("paneColumn"));
+    auto* buttons = workbench.findChild<QLayout*>(QStringLiteral("paneButtons"));
+    for (const Form& pane : kPanes) {
+        column->layout()->addWidget(pane.make().release());
+        auto* button = new QToolButton(&workbench); // the layout's widget owns it
+        button->setObjectName(QStringLiteral("chk") + QLatin1String(pane.window).mid(3));
+        button->setCheckable(true);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::TabFocus);
+        buttons->addWidget(button);
+    }
+}
+
 } // namespace
 
 std::unique_ptr<QWidget> makeForm(const std::string& window) {
     for (const Form& form : kForms) {
-        if (form.window == window)
-            return form.make();
+        if (form.window != window)
+            continue;
+        std::unique_ptr<QWidget> made = form.make();
+        if (window == "frmWorkbench")
+            addPanes(*made);
+        return made;
     }
     return std::make_unique<QWidget>();
 }

@@ -23,6 +23,7 @@ public:
     void bringToFront(Window& window) override { shown_.bringToFront(window); }
     void openPopup(PopupMenu& menu) override { shown_.openPopup(menu); }
     void forget(Window& window) override { shown_.forget(window); }
+    std::string timeOfDay() override { return prepared_.timeOfDay(); }
 
 protected:
     /// Keeps what is thrown meanwhile, and then goes on with the other result.

@@ -77,6 +77,13 @@ std::string joinedRow(const QAbstractItemModel& model, int row, std::size_t cell
     return joined;
 }
 
+// The title of the main window also contains that of its document, and what is open in it.
+QString captionIn(const QString& title, const std::string& note) {
+    const QString front = note.empty() ? QString() : toQt(note) + QStringLiteral(" - ");
+    const QString own = title.section(QStringLiteral(" - ["), 0, 0);
+    return own.startsWith(front) ? own.mid(front.size()) : own;
+}
+
 } // namespace
 
 void ScreenEyes::settle() {
@@ -140,9 +147,8 @@ Value ScreenEyes::shownByWindow(const Place& place, std::string_view name) {
     const WindowBinder* window = screen_.binderOf(*place.window);
     if (window == nullptr)
         return std::nullopt;
-    // The title of the main window also contains that of its document.
     if (name == "caption")
-        return text(window->form().windowTitle().section(QStringLiteral(" - ["), 0, 0));
+        return text(captionIn(window->form().windowTitle(), window->window().titleNote()));
     const QWidget* frame = &window->form();
     if (const auto* document = qobject_cast<const QMdiSubWindow*>(frame->parentWidget()))
         frame = document;

@@ -1,0 +1,79 @@
+#include "workbench/frm_workbench.h"
+
+#include "controls/desktop.h"
+
+#include <algorithm>
+
+namespace zb {
+
+frmWorkbench::frmWorkbench(Desktop& desktop, WorkbenchServices services)
+    : Window(desktop, "frmWorkbench"), services_(services) {
+    setCaption("Workbench");
+    for (Button* button : {&cmdUndo, &cmdRedo, &cmdClosePane})
+        button->setLeavesFocus();
+    showUndo({});
+    showRedo({});
+    cmdClosePane.setToolTip("Close the pane (Esc)");
+    cmdClosePane.setVisible(false);
+    cmdClosePane.onClick = [this] { closePane(); };
+    setCancelButton(cmdClosePane);
+    notices.onPosted = [this](const std::string& time, const std::string& text) { log.add(time, text); };
+    desktop.showNoticesIn(&notices);
+}
+
+frmWorkbench::~frmWorkbench() {
+    desktop().showNoticesIn(nullptr);
+}
+
+void frmWorkbench::showStrip() {
+    desktop().showPart(*this);
+}
+
+std::size_t frmWorkbench::add(WorkbenchPane& pane) {
+    panes_.push_back(&pane);
+    return panes_.size();
+}
+
+WorkbenchPane* frmWorkbench::openPane() const {
+    const auto found =
+        std::find_if(panes_.begin(), panes_.end(), [](const WorkbenchPane* pane) { return pane->isOpen(); });
+    return found == panes_.end() ? nullptr : *found;
+}
+
+void frmWorkbench::closePane() {
+    if (WorkbenchPane* pane = openPane(); pane != nullptr)
+        pane->close();
+}
+
+void frmWorkbench::makeRoomFor(const WorkbenchPane& opening) {
+    for (WorkbenchPane* pane : panes_) {
+        if (pane == &opening || !pane->isOpen())
+            continue;
+        pane->pane.setVisible(false);
+        pane->button.setChecked(false);
+    }
+    lblPane.setText(opening.title());
+    cmdClosePane.setVisible(true);
+}
+
+// The keyboard goes back to where the user worked before.
+void frmWorkbench::closed() {
+    cmdClosePane.setVisible(false);
+    lblPane.setText({});
+    if (desktop().activeWindow() != this)
+        return;
+    Window* document = desktop().frontDocument(services_.mainWindow);
+    desktop().activate(document != nullptr ? *document : services_.mainWindow);
+}
+
+void frmWorkbench::showUndo(const std::string& step) {
+    cmdUndo.setToolTip(step.empty() ? "Nothing to undo" : "Undo: " + step);
+    cmdUndo.setEnabled(!step.empty());
+}
+
+void frmWorkbench::showRedo(const std::string& step) {
+    cmdRedo.setToolTip(step.empty() ? "Nothing to redo" : "Redo: " + step);
+    cmdRedo.setEnabled(!step.empty());
+}
+
+} // namespace zb

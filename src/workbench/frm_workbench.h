@@ -1,0 +1,72 @@
+#pragma once
+
+#include "controls/simple_controls.h"
+#include "controls/window.h"
+#include "workbench/log_pane.h"
+#include "workbench/notice_bar.h"
+
+#include <vector>
+
+namespace zb {
+
+class frmSECSEditor;
+class frmTRModeler;
+struct ModuleState;
+
+/// What the panes work on.
+struct WorkbenchServices {
+    ModuleState& state;
+    Window& mainWindow;
+    frmSECSEditor& editor;
+    frmTRModeler& modeler;
+};
+
+/// The workbench: a strip at the lower edge of the main window, and panes above it of which at most one is
+/// open. The strip has a button for each pane, the notices, Undo and Redo. A click in the strip leaves the
+/// active window and its focus as they are.
+class frmWorkbench final : public Window {
+public:
+    frmWorkbench(Desktop& desktop, WorkbenchServices services);
+    ~frmWorkbench() override;
+
+    /// Shows the strip; the main window is shown with it.
+    void showStrip();
+    const WorkbenchServices& services() const { return services_; }
+
+    /// In the order of their buttons.
+    const std::vector<WorkbenchPane*>& panes() const { return panes_; }
+    /// Null while all are closed.
+    WorkbenchPane* openPane() const;
+    void closePane();
+    void closeByFrame() override { closePane(); }
+
+    /// Undo or redo is possible, as the name of the step says ("Delete S5F2"); empty disables the button.
+    /// @{
+    void showUndo(const std::string& step);
+    void showRedo(const std::string& step);
+    /// @}
+
+private:
+    WorkbenchServices services_;
+    std::vector<WorkbenchPane*> panes_;
+
+public:
+    Label lblPane{*this, "lblPane"};
+    Button cmdClosePane{*this, "cmdClosePane", {}};
+
+    // One line for each pane.
+    LogPane log{*this};
+
+    NoticeBar notices{*this};
+    Button cmdUndo{*this, "cmdUndo", "Undo"};
+    Button cmdRedo{*this, "cmdRedo", "Redo"};
+
+private:
+    friend class WorkbenchPane;
+    /// The number of the pane, from 1.
+    std::size_t add(WorkbenchPane& pane);
+    void makeRoomFor(const WorkbenchPane& opening);
+    void closed();
+};
+
+} // namespace zb

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "controls/notices.h"
+#include "controls/simple_controls.h"
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zb {
+
+class Desktop;
+class Window;
+
+/// The notices in the strip of the workbench. The latest one is shown, with its buttons; when it goes, the
+/// one before it is shown again, until its time is over too.
+class NoticeBar final : public Notices {
+public:
+    /// The stores become part of the window.
+    explicit NoticeBar(Window& window);
+
+    void post(Notice notice) override;
+    void withdraw(std::string_view topic) override;
+
+    /// Called for each notice, with the local time ("19:46") and the text as it is shown.
+    std::function<void(const std::string& time, const std::string& text)> onPosted;
+
+    Label lblNotice;
+    std::array<Button, 3> cmdNotice; ///< `cmdNotice[1]` to `cmdNotice[3]`
+    Button cmdCloseNotice;
+
+private:
+    struct Shown {
+        int number;
+        Notice notice;
+    };
+
+    void remove(int number);
+    void runAction(std::size_t position);
+    void show();
+
+    Desktop& desktop_;
+    std::vector<Shown> notices_; // the latest is at the end
+    int posted_ = 0;
+};
+
+} // namespace zb
