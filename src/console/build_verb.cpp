@@ -217,7 +217,9 @@ int BuildVerb::buildTransactions(ConsoleStreams streams) {
         return reportFileFault(target, written.error().description, streams);
     streams.out << printable(target) << ": " << counted(written->messages, "transaction message") << ", "
                 << counted(written->sequences, "sequence") << '\n';
-    return kExitDone;
+    for (const std::string& part : written->leftOut)
+        streams.err << printable(target) << ": incomplete: holds " << printable(part) << '\n';
+    return written->leftOut.empty() ? kExitDone : kExitFault;
 }
 
 std::unique_ptr<Verb> makeBuildVerb() {

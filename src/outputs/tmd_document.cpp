@@ -1,5 +1,6 @@
 #include "outputs/tmd_document.h"
 
+#include "outputs/tmd_omissions.h"
 #include "platform/file_access.h"
 #include "platform/file_replacer.h"
 #include "platform/text.h"
@@ -182,7 +183,7 @@ Result<TmdContent> writeTMD(const ProjectView& project, FileLayer& files, const 
         return written.error();
     const auto& sections = root.children();
     return TmdContent{sections[1].children().size() + sections[2].children().size(),
-                      sections[3].children().size()};
+                      sections[3].children().size(), omissionsOf(root, project)};
 }
 
 } // namespace zb

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace zb {
 
@@ -23,6 +24,9 @@ XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequence
 struct TmdContent {
     std::size_t messages = 0;
     std::size_t sequences = 0;
+    /// What the document could not hold, by kind: "15 of 17 received messages". Empty when it holds the whole
+    /// model.
+    std::vector<std::string> leftOut = {};
 };
 
 /// Replaces the TMD file at `path`; the project has a model. After an error there is no file.

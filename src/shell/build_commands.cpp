@@ -13,8 +13,21 @@
 #include "shell/file_error_box.h"
 
 #include <cerrno>
+#include <filesystem>
 
 namespace zb {
+
+namespace {
+
+std::string counted(std::size_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+std::string fileNameOf(const std::string& path) {
+    return std::filesystem::path(path).filename().string();
+}
+
+} // namespace
 
 bool BuildCommands::buildSmd() {
     const bool mdf = trim(state_.settings.getOption(kMessageFormat)) == "mdf";
@@ -36,14 +49,32 @@ bool BuildCommands::buildSmdTo(const std::string& target, DefinitionForm form) {
 bool BuildCommands::writeDefinitions(const std::string& target, DefinitionForm form) {
     const Result<void> written =
         replaceFile(state_.files, target, composeDefinitions(*state_.SECSMessageStore, form));
-    if (written)
+    if (written) {
+        postBuilt(target, counted(state_.SECSMessageStore->getMessages().size(), "message"));
         return true;
+    }
     const FileError& error = written.error();
     if (error.number == ENOENT || error.number == ENOTDIR)
         windows_.desktop.showBox("You cannot save this file because the file path is not found.");
     else
         showFileError(windows_.desktop, target, error);
     return false;
+}
+
+void BuildCommands::postBuilt(const std::string& target, const std::string& content) {
+    windows_.desktop.post(
+        {"Built " + fileNameOf(target) + ", " + content + ", " + windows_.desktop.screen().timeOfDay()});
+}
+
+void BuildCommands::reportTmd(const std::string& target, const TmdContent& content) {
+    postBuilt(target, counted(content.messages, "transaction message") + ", " +
+                          counted(content.sequences, "sequence"));
+    if (content.leftOut.empty())
+        return;
+    std::string text = fileNameOf(target) + " holds only ";
+    for (std::size_t i = 0; i < content.leftOut.size(); ++i)
+        text += (i == 0 ? "" : ", ") + content.leftOut[i];
+    windows_.desktop.post({text, {}, "left out", Notice::Stays::UntilClosed});
 }
 
 bool BuildCommands::buildTmd() {
@@ -57,7 +88,9 @@ bool BuildCommands::buildTmd() {
     TmdChecks checks(state_, windows_.modeler, windows_.showModeler);
     if (!checks.checkTRMessages() || !checks.checkSequences())
         return false;
-    static_cast<void>(writeTMD(state_.view(), state_.files, target));
+    const Result<TmdContent> written = writeTMD(state_.view(), state_.files, target);
+    if (written)
+        reportTmd(target, *written);
     return true;
 }
 

@@ -11,6 +11,7 @@ class Desktop;
 class ModelerControls;
 class frmSECSEditor;
 struct ModuleState;
+struct TmdContent;
 
 /// What the builds need of the windows.
 struct BuildWindows {
@@ -36,6 +37,8 @@ public:
 private:
     bool buildSmdTo(const std::string& target, DefinitionForm form);
     bool writeDefinitions(const std::string& target, DefinitionForm form);
+    void postBuilt(const std::string& target, const std::string& content);
+    void reportTmd(const std::string& target, const TmdContent& content);
 
     ModuleState& state_;
     BuildWindows windows_;
