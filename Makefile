@@ -27,7 +27,7 @@ test: all ## build and run every test
 	ctest --preset release -j $(JOBS) --timeout 600
 
 display: all ## run every scenario by mouse, keyboard and clipboard on a display of its own
-	ctest --preset release -C display -R '^display\.' --timeout 600
+	ctest --preset release -R '^display\.' -j $(JOBS) --timeout 600
 
 bench: all ## measure open, walks, edits on generated projects
 	@scripts/bench $(BUILD)

@@ -1,9 +1,7 @@
 #include "screen/x11/display.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QScreen>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -14,11 +12,24 @@ namespace {
 constexpr xcb_keysym_t kShift = 0xffe1;
 constexpr xcb_keysym_t kControl = 0xffe3;
 constexpr xcb_keysym_t kAltGr = 0xfe03;
-constexpr int kFarEnoughToDrag = 24;
+constexpr int kFarEnoughToLeave = 16;
+constexpr int kFarEnoughToDrag = 32; // also along the row on which it begins
 
 QPoint onScreen(const Spot& spot) {
     return spot.widget->mapToGlobal(spot.place);
 }
+
+/// While it lives the time of a double click is longer than a slow machine takes for its presses.
+class LongDoubleClick {
+public:
+    LongDoubleClick() { QApplication::setDoubleClickInterval(5000); }
+    ~LongDoubleClick() { QApplication::setDoubleClickInterval(before_); }
+    LongDoubleClick(const LongDoubleClick&) = delete;
+    LongDoubleClick& operator=(const LongDoubleClick&) = delete;
+
+private:
+    int before_ = QApplication::doubleClickInterval();
+};
 
 } // namespace
 
@@ -66,27 +77,29 @@ void Display::click(const Spot& spot, Button button, int mostJitter, const Displ
     steps_.run(std::move(steps));
 }
 
-void Display::openList(const Spot& combo) {
-    constexpr int kListInterval = 60; // ms
+// A list takes no notice of the button for the time of a double click, or until the pointer has left the
+// place of the click. Only then does a release choose a row, even one that appears under the pointer.
+void Display::chooseInList(const Spot& combo, const std::function<std::optional<Spot>()>& row) {
     pointAt(combo);
-    const int interval = QApplication::doubleClickInterval();
-    QApplication::setDoubleClickInterval(kListInterval);
-    QEventLoop opened;
-    steps_.run({[this] {
-        server_.setButton(static_cast<int>(Button::Left), true);
-        server_.setButton(static_cast<int>(Button::Left), false);
-    }});
-    QTimer::singleShot(kListInterval, &opened, &QEventLoop::quit);
-    opened.exec();
-    QApplication::setDoubleClickInterval(interval);
+    {
+        const LongDoubleClick untilPointerLeaves;
+        steps_.run({[this] {
+            server_.setButton(static_cast<int>(Button::Left), true);
+            server_.setButton(static_cast<int>(Button::Left), false);
+        }});
+        const auto spot = row();
+        if (!spot)
+            return;
+        const QPoint aside(kFarEnoughToLeave, 0);
+        steps_.run({[&] { server_.movePointer(onScreen(*spot) - aside); },
+                    [&] { server_.movePointer(onScreen(*spot) + aside); }});
+    }
+    click(*row(), Button::Left);
 }
 
 void Display::clickAgain() {
-    constexpr int kLongInterval = 5000; // ms: the machine may be slow
-    const int interval = QApplication::doubleClickInterval();
-    QApplication::setDoubleClickInterval(kLongInterval);
+    const LongDoubleClick secondClickCounts;
     steps_.run({setButton(Button::Left, true), setButton(Button::Left, false)});
-    QApplication::setDoubleClickInterval(interval);
 }
 
 void Display::clickWith(xcb_keysym_t held, const Spot& spot, int mostJitter) {
@@ -122,7 +135,14 @@ void Display::dragFromNeighbour(std::string_view text, const Spot& to) {
                     neighbour_.awaitDrag();
                     server_.movePointer(end + QPoint(1, 0));
                 },
-                [this, end] { server_.movePointer(end); }, setButton(Button::Left, false)});
+                [this, end] {
+                    neighbour_.awaitAnswer();
+                    server_.movePointer(end);
+                },
+                [this] {
+                    neighbour_.awaitAnswer();
+                    server_.setButton(static_cast<int>(Button::Left), false);
+                }});
     neighbour_.awaitDrop();
     steps_.rest();
 }

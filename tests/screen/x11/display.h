@@ -5,6 +5,8 @@
 #include "screen/x11/neighbour.h"
 #include "screen/x11/x_server.h"
 
+#include <functional>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -26,8 +28,8 @@ public:
     /// while a menu that the click has opened is still there.
     void click(const Spot& spot, Button button = Button::Left, int mostJitter = kAnyJitter,
                const DisplaySteps::Step& then = {});
-    /// A click on a combo, and the time for which its list takes no notice of the button.
-    void openList(const Spot& combo);
+    /// A click on a combo, and one on the row of its list; no row when the list has not opened.
+    void chooseInList(const Spot& combo, const std::function<std::optional<Spot>()>& row);
     /// The second press and release of a double click.
     void clickAgain();
     /// Holds a key of this symbol while something is clicked.

@@ -12,6 +12,9 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStyleHints>
+
+#include <algorithm>
 
 namespace zb::test {
 
@@ -90,10 +93,10 @@ Hands::Refusal DisplayHands::click(const Target& target) {
     const Kind kind = target.control->kind();
     if (kind == Kind::MenuEntry || kind == Kind::PopupMenu)
         return clickEntry(target);
-    return act(target, [&] { return clickTarget(target); });
+    return act(target, [&] { return clickTarget(target, mostJitterOn(target)); });
 }
 
-Hands::Refusal DisplayHands::clickTarget(const Target& target) {
+Hands::Refusal DisplayHands::clickTarget(const Target& target, int mostJitter) {
     Control& control = *target.control;
     switch (control.kind()) {
     case Kind::Combo:
@@ -108,7 +111,7 @@ Hands::Refusal DisplayHands::clickTarget(const Target& target) {
     const Spot spot = spotInSight(target);
     if (!isShown(spot))
         return control.name() + " does not show the place to click";
-    display_.click(spot, Display::Button::Left, mostJitterOn(target));
+    display_.click(spot, Display::Button::Left, mostJitter);
     return {};
 }
 
@@ -132,8 +135,11 @@ Hands::Refusal DisplayHands::rightClick(const Target& target) {
 }
 
 Hands::Refusal DisplayHands::doubleClick(const Target& target) {
+    // Presses that are farther apart are two clicks to every program.
+    const int mostJitter =
+        std::min(mostJitterOn(target), QGuiApplication::styleHints()->mouseDoubleClickDistance());
     return act(target, [&]() -> Refusal {
-        if (Refusal refusal = clickTarget(target); !refusal.empty())
+        if (Refusal refusal = clickTarget(target, mostJitter); !refusal.empty())
             return refusal;
         display_.clickAgain();
         return {};

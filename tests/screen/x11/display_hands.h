@@ -39,7 +39,7 @@ private:
     Refusal act(const Target& target, const std::function<Refusal()>& act);
     void closePopupBefore(const Target& target);
     Spot spotInSight(const Target& target);
-    Refusal clickTarget(const Target& target);
+    Refusal clickTarget(const Target& target, int mostJitter);
     Refusal clickEntry(const Target& target);
     Refusal clickInMenu(QMenu& menu, QAction& action);
     Refusal openMenuOf(const MenuEntry& entry);

@@ -153,14 +153,17 @@ Hands::Refusal DisplayHands::choose(Control& control, std::string_view text) {
 
 Hands::Refusal DisplayHands::chooseRow(Control& control, int row) {
     auto& box = dynamic_cast<StoreComboBox&>(binderOf(screen_, control).widget());
-    display_.openList({&box, box.rect().center()});
     QAbstractItemView* list = box.view();
-    if (!list->isVisible())
-        return control.name() + " did not open its list";
-    const QModelIndex index = box.model()->index(row, box.modelColumn());
-    list->scrollTo(index);
-    display_.click({list->viewport(), list->visualRect(index).center()});
-    return {};
+    bool opened = false;
+    display_.chooseInList({&box, box.rect().center()}, [&]() -> std::optional<Spot> {
+        opened = list->isVisible();
+        if (!opened)
+            return std::nullopt;
+        const QModelIndex index = box.model()->index(row, box.modelColumn());
+        list->scrollTo(index);
+        return Spot{list->viewport(), list->visualRect(index).center()};
+    });
+    return opened ? Refusal() : control.name() + " did not open its list";
 }
 
 Hands::Refusal DisplayHands::chooseFolder(Control& control, std::string_view path) {

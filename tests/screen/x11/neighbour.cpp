@@ -52,12 +52,23 @@ QPoint Neighbour::offer(std::string_view text) {
     return {place.value(0).toInt(), place.value(1).toInt()};
 }
 
+void Neighbour::await(const char* report) {
+    const QByteArray line = readLine();
+    if (line != report)
+        throw std::runtime_error("the program beside the windows reports " + line.toStdString() + ", not " +
+                                 report);
+}
+
 void Neighbour::awaitDrag() {
-    readLine();
+    await("drag");
+}
+
+void Neighbour::awaitAnswer() {
+    await("answered");
 }
 
 void Neighbour::awaitDrop() {
-    readLine();
+    await("over");
 }
 
 } // namespace zb::test

@@ -17,12 +17,14 @@ public:
     void copy(std::string_view text);
     /// The place to drag this text from.
     QPoint offer(std::string_view text);
-    /// Its drag has begun, or is over.
+    /// Its drag has begun; was accepted or refused at the place to which the pointer has moved; is over.
     void awaitDrag();
+    void awaitAnswer();
     void awaitDrop();
 
 private:
     QByteArray ask(const char* command, std::string_view text);
+    void await(const char* report);
     QByteArray readLine();
 
     QProcess process_;

@@ -1,6 +1,10 @@
-// Another program on the display: zeltobench-screen-neighbour. It reads a command a line and answers a line.
-//   copy HEX    owns the clipboard with the text
-//   offer HEX   shows a place to drag the text from, and tells it; then when the drag begins and when it ends
+// Another program on the display: zeltobench-screen-neighbour. It reads a command a line and answers in
+// lines.
+//   copy HEX    owns the clipboard with the text: "copied"
+//   offer HEX   shows a place to drag the text from: its coordinates; then "drag" when the drag begins,
+//   "answered"
+//               each time the program under the pointer has accepted or refused it, and "over" when it ends
+#include <QAbstractNativeEventFilter>
 #include <QApplication>
 #include <QClipboard>
 #include <QDrag>
@@ -10,8 +14,13 @@
 #include <QSocketNotifier>
 #include <QWidget>
 
+#include <xcb/xcb.h>
+
+#include <cstdlib>
 #include <iostream>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 
 namespace {
@@ -20,10 +29,35 @@ void answer(const std::string& line) {
     std::cout << line << std::endl;
 }
 
+/// Reports the answers of other programs to a drag of this one. A button that is released after the report
+/// comes to the drag after the answer.
+class DragAnswers final : public QAbstractNativeEventFilter {
+public:
+    explicit DragAnswers(xcb_connection_t* connection) {
+        constexpr std::string_view kName = "XdndStatus";
+        const auto asked = xcb_intern_atom(connection, 0, kName.size(), kName.data());
+        const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
+            xcb_intern_atom_reply(connection, asked, nullptr), &std::free);
+        if (reply != nullptr)
+            status_ = reply->atom;
+    }
+
+private:
+    bool nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) override {
+        const auto& event = *static_cast<const xcb_client_message_event_t*>(message);
+        if ((event.response_type & 0x7f) == XCB_CLIENT_MESSAGE && event.type == status_)
+            answer("answered");
+        return false;
+    }
+
+    xcb_atom_t status_ = XCB_ATOM_NONE;
+};
+
+/// It is so large that a drag begins within it, where no other program answers.
 class Handle final : public QWidget {
 public:
     Handle() : QWidget(nullptr, Qt::Window | Qt::BypassWindowManagerHint) {
-        constexpr int kSide = 40;
+        constexpr int kSide = 80;
         const QPoint corner = screen()->geometry().bottomRight();
         setGeometry(corner.x() - kSide, corner.y() - kSide, kSide, kSide);
     }
@@ -71,6 +105,8 @@ int main(int argc, char* argv[]) {
     QApplication qt(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     Handle handle;
+    DragAnswers answers(qt.nativeInterface<QNativeInterface::QX11Application>()->connection());
+    qt.installNativeEventFilter(&answers);
     std::string pending;
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, &qt, [&] {
