@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QProcess>
+#include <QThread>
 
 namespace zb::test {
 namespace {
@@ -63,6 +64,16 @@ TEST_P(Keyboard, EntersWhatItsKeysBear) {
     EXPECT_EQ(line().text().toStdString(), entered);
 }
 INSTANTIATE_TEST_SUITE_P(Layouts, Keyboard, ::testing::Values("us", "de"));
+
+TEST_F(Keyboard, AKeyThatIsHeldForLongIsNotRepeated) {
+    constexpr int kLongerThanTheFirstRepeat = 1000; // ms
+    clickField();
+    const auto key = display.server().strokeOf(symbolOf('a'));
+    display.steps().run({[&] { display.server().setKey(key->code, true); }});
+    QThread::msleep(kLongerThanTheFirstRepeat);
+    display.steps().run({[&] { display.server().setKey(key->code, false); }});
+    EXPECT_EQ(description().text(), "a");
+}
 
 TEST_F(Keyboard, AKeyThatNoUsKeyboardHasEntersItsLetter) {
     useLayout("de");

@@ -49,6 +49,7 @@ XServer::XServer() : connection_(xcb_connect(nullptr, nullptr), &xcb_disconnect)
     frameExtents_ = atom("_NET_FRAME_EXTENTS");
     requestFrameExtents_ = atom("_NET_REQUEST_FRAME_EXTENTS");
     closeWindow_ = atom("_NET_CLOSE_WINDOW");
+    stopKeyRepeat();
     setNumLock(true);
 }
 
@@ -102,6 +103,13 @@ std::optional<XServer::Stroke> XServer::strokeOf(xcb_keysym_t symbol) {
         }
     }
     return std::nullopt;
+}
+
+// A key stays down until the program has dealt with it. On a slow machine that takes longer than it takes the
+// server to repeat the key.
+void XServer::stopKeyRepeat() {
+    const std::uint32_t off = XCB_AUTO_REPEAT_MODE_OFF;
+    xcb_change_keyboard_control(connection_.get(), XCB_KB_AUTO_REPEAT_MODE, &off);
 }
 
 bool XServer::numLockIsOn() {

@@ -50,6 +50,7 @@ private:
     void fakeInput(std::uint8_t type, std::uint8_t detail, const QPoint& place = {});
     void sendToRoot(xcb_window_t window, xcb_atom_t type, std::uint32_t first);
     bool answers(std::chrono::steady_clock::time_point deadline);
+    void stopKeyRepeat();
     bool numLockIsOn();
 
     std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection_;
