@@ -1,4 +1,5 @@
 #include "controls/window.h"
+#include "desktop/models/node_tree_view.h"
 #include "desktop/start/start_page.h"
 #include "desktop/start/start_panel.h"
 #include "screen/support/program_on_screen.h"
@@ -9,6 +10,8 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -84,6 +87,25 @@ TEST_F(Start, AProjectOfTheCommandLineOpensWithoutAFlash) {
     EXPECT_EQ(program.application.ProjectName, "Etcher");
     EXPECT_FALSE(panel().isVisible());
     EXPECT_EQ(counter.shows, 0);
+}
+
+TEST_F(Start, TheDescriptionOfTheFirstMessageIsInView) {
+    std::filesystem::copy(kExample, folder / "Etcher.zbp");
+    start((folder / "Etcher.zbp").string());
+    frmSECSEditor& editor = program.application.frmSECSEditor;
+    NodeTree& nodes = editor.tvwEdit.nodes();
+    ASSERT_EQ(nodes.selected(), nodes.at(3));
+    EXPECT_EQ(program.widget<NodeTreeView>(editor, "tvwEdit").nodeAt({0, 0}), nodes.at(1));
+}
+
+TEST_F(Start, ASmallWindowShowsTheNameOfTheLibraryWhole) {
+    start("");
+    program.screen.mainWindow()->resize(800, 560);
+    program.settle();
+    const auto& panel = *program.screen.mainWindow()->findChild<QLabel*>("stbMain_SECSLibrary");
+    ASSERT_FALSE(panel.text().isEmpty());
+    EXPECT_GE(panel.width(), panel.sizeHint().width());
+    EXPECT_LE(program.screen.mainWindow()->width(), 800);
 }
 
 TEST_F(Start, TheExampleIsCopiedToTheChosenFolderAndOpened) {

@@ -41,6 +41,25 @@ struct TreeView : ::testing::Test {
     NodeTreeView view;
 };
 
+TEST_F(TreeView, TheFirstRowsStayInViewWhenTheSelectionFitsBelowThem) {
+    view.resize(300, 30);
+    view.show();
+    for (int i = 0; i < 100; ++i)
+        add(nullptr, "message");
+    store.nodes().select(store.nodes().at(4));
+    EXPECT_GT(view.verticalScrollBar()->value(), 0);
+    view.resize(300, 200);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+    view.resize(300, 30);
+    view.grab();
+    store.nodes().select(store.nodes().at(50));
+    view.grab();
+    const int seen = view.verticalScrollBar()->value();
+    view.resize(300, 200);
+    EXPECT_EQ(view.verticalScrollBar()->value(), seen) << "what the user has seen does not move";
+}
+
 TEST_F(TreeView, ANodeThatIsAddedIsBroughtIntoView) {
     view.show();
     for (int i = 0; i < 100; ++i)

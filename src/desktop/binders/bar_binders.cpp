@@ -20,6 +20,8 @@ namespace {
 
 constexpr int kMainPictureSize = 24;
 constexpr int kPanePictureSize = 22;
+constexpr int kLeastPanel = 80; // of the status bar
+constexpr int kWidestName = 210;
 constexpr std::string_view kPressedPicture =
     "_Pressed"; // how the name of the picture of a pressed button ends
 
@@ -192,7 +194,7 @@ StatusBarBinder::StatusBarBinder(StatusBar& store, QStatusBar& bar, Binding& bin
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
         label->setMargin(3);
         label->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
-        label->setMinimumWidth(80);
+        label->setMinimumWidth(kLeastPanel);
         // A long path must not make the window wide.
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         bar_.addWidget(label, panel.key == "Status" ? 4 : panel.key == "ProjectType" ? 1 : 2);
@@ -213,6 +215,9 @@ void StatusBarBinder::show(Change /*change*/) {
     for (std::size_t i = 0; i < panels_.size(); ++i) {
         panels_[i]->setText(toQt(store_.panels()[i].text));
         panels_[i]->setToolTip(toolTipOf(store_.panels()[i].text));
+        // A name is shown whole where the window is narrow; of a path the tool tip shows the rest.
+        if (store_.panels()[i].key != "Status")
+            panels_[i]->setMinimumWidth(std::clamp(panels_[i]->sizeHint().width(), kLeastPanel, kWidestName));
     }
 }
 

@@ -44,6 +44,7 @@ bool NodeTreeView::isOnBox(const Node& node, const QPoint& place) const {
 void NodeTreeView::paintEvent(QPaintEvent* event) {
     if (nodes_ == nullptr)
         return;
+    unseenFrom_.reset();
     QPainter painter(viewport());
     const int height = rowHeight();
     const int top = verticalScrollBar()->value();

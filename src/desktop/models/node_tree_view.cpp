@@ -242,7 +242,10 @@ void NodeTreeView::reveal(Node& node) {
         }
         forgetRowsOf(node);
     }
+    const int before = verticalScrollBar()->value();
     scrollTo(nodes_->indexOf(&node));
+    if (!unseenFrom_ && verticalScrollBar()->value() != before)
+        unseenFrom_ = before;
 }
 
 QPoint NodeTreeView::placeBelowAll() const {
@@ -317,6 +320,11 @@ int NodeTreeView::verticalOffset() const {
 void NodeTreeView::resizeEvent(QResizeEvent* event) {
     QAbstractItemView::resizeEvent(event);
     updateGeometries();
+    // A view that has its final size only now may show the same with less of a move.
+    if (!unseenFrom_)
+        return;
+    verticalScrollBar()->setValue(*unseenFrom_);
+    showSelected();
 }
 
 void NodeTreeView::scrollContentsBy(int /*dx*/, int /*dy*/) {

@@ -96,6 +96,7 @@ private:
     Node* added_ = nullptr; // since the last layout, without the nodes below it
     const Node* addedLast_ = nullptr;
     bool severalAdded_ = false;
+    std::optional<int> unseenFrom_; // the scroll position before the moves since the last painting
     int widest_ = 0;
     bool withoutLines_ = false; // set by the form's property with that name
 };
