@@ -6,6 +6,9 @@
 #include "platform/tree/node.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
 
 namespace zb {
 
@@ -60,6 +63,55 @@ std::string normalizedText(const SECSItemRecord& record, const CodePage& codePag
     return text;
 }
 
+bool takePart(std::string_view& text, std::string_view part) {
+    if (!text.starts_with(part))
+        return false;
+    text.remove_prefix(part.size());
+    return true;
+}
+
+/// Takes what composeItemText writes before the value.
+bool takeStart(std::string_view& text, const SECSItemRecord& record) {
+    std::array<char, std::numeric_limits<int>::digits10 + 3> count{};
+    const char* end = std::to_chars(count.data(), count.data() + count.size(), record.getCount()).ptr;
+    if (!takePart(text, record.getType()) || !takePart(text, " ") ||
+        !takePart(text, {count.data(), static_cast<std::size_t>(end - count.data())}))
+        return false;
+    if (!record.isFixed() && !takePart(text, "V"))
+        return false;
+    return record.getName().empty() || (takePart(text, " ") && takePart(text, record.getName()));
+}
+
+/// Whether there are as many as the count requires.
+bool isFull(const SECSItemRecord& record, std::size_t number) {
+    const auto count = static_cast<std::size_t>(std::max(record.getCount(), 0));
+    return record.isFixed() ? number == count : number <= count;
+}
+
+bool hasNormalWords(const SECSItemRecord& record) {
+    const bool isBoolean = record.getType() == "BOOLEAN";
+    std::size_t number = 0;
+    for (std::string_view rest = record.getValue(); !rest.empty(); ++number) {
+        const std::string_view word = takeWord(rest);
+        if (isBoolean ? word != "True" && word != "False" : !isNumeric(word))
+            return false;
+    }
+    return isFull(record, number);
+}
+
+/// Says of most canonical Texts that they are, without composing them.
+bool isPlainlyNormal(std::string_view text, const SECSItemRecord& record, ItemKind kind) {
+    const std::string& value = record.getValue();
+    if (record.isKey() || !takeStart(text, record))
+        return false;
+    if (kind == ItemKind::Quoted)
+        return text.size() == value.size() + 3 && takePart(text, " '") && takePart(text, value) &&
+               text == "'" && isAscii(value) && isFull(record, value.size());
+    if (value.empty())
+        return text.empty() && isFull(record, 0);
+    return takePart(text, " ") && text == value && hasNormalWords(record);
+}
+
 } // namespace
 
 int normalizeFixedValues(std::string_view type, int count, std::string& value) {
@@ -90,6 +142,9 @@ std::optional<std::string> normalizedItemText(SECSItemRecord record, const CodeP
 }
 
 void normalizeItem(Node& node, const SECSItemRecord& record, const CodePage& codePage) {
+    const ItemKind kind = itemKind(record.getType());
+    if (kind == ItemKind::List || isPlainlyNormal(node.text(), record, kind))
+        return;
     if (std::optional<std::string> text = normalizedItemText(record, codePage))
         node.setText(*std::move(text));
 }

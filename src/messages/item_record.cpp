@@ -29,18 +29,27 @@ bool takeKeyMark(std::string_view& rest) {
 } // namespace
 
 std::string SECSItemRecord::parseText(std::string_view text) {
-    *this = SECSItemRecord();
+    // Records are used for one item after the other, and keep the memory of their texts.
+    name_.clear();
+    value_.clear();
+    level_ = 0;
+    fixed_ = true;
+    key_ = false;
     std::string_view rest = trimmed(text);
     // Most types are upper-cased already.
     const std::string_view typeWord = takeWord(rest);
-    type_ = itemKind(typeWord) == ItemKind::Unknown ? upper(typeWord) : std::string(typeWord);
+    ItemKind kind = itemKind(typeWord);
+    type_ = typeWord;
+    if (kind == ItemKind::Unknown) {
+        type_ = upper(typeWord);
+        kind = itemKind(type_);
+    }
     std::string_view count = takeWord(rest);
     if (!count.empty() && count.back() == 'V') {
         fixed_ = false;
         count.remove_suffix(1);
     }
     count_ = countOf(count);
-    const ItemKind kind = itemKind(type_);
     std::string status;
     if (kind == ItemKind::Unknown)
         status = "\"" + type_ + "\" is no item type";
@@ -95,7 +104,10 @@ void SECSItemRecord::takeWords(std::string_view rest) {
 }
 
 std::string composeItemText(const SECSItemRecord& record) {
-    std::string text = record.getType();
+    constexpr std::size_t kRest = 24; // blanks, count and marks
+    std::string text;
+    text.reserve(record.getType().size() + record.getName().size() + record.getValue().size() + kRest);
+    text += record.getType();
     text += ' ';
     text += std::to_string(record.getCount());
     if (!record.isFixed())
