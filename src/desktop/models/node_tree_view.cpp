@@ -160,7 +160,7 @@ void NodeTreeView::rowsInserted(const QModelIndex& parent, int start, int end) {
     if (parent.isValid())
         forgetRowsOf(*NodeTreeModel::nodeOf(parent));
     else
-        heights_.insert(heights_.begin() + start, static_cast<std::size_t>(end - start + 1), 0);
+        heights_.insert(heights_.begin() + start, static_cast<std::size_t>(end - start) + 1, 0);
     takeAdded(*NodeTreeModel::nodeOf(nodes_->index(start, 0, parent)));
     layOutLater();
 }
