@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/progress.h"
+
 #include <chrono>
 #include <functional>
 #include <string>
@@ -38,6 +40,12 @@ public:
     virtual std::string pickFile(const FileDialog& dialog) = 0;
     /// Returns when the window, which is already visible, has been hidden.
     virtual void runModal(Window& window) = 0;
+    /// Does a work that touches no window and may take long. A screen may do it on another thread, show how
+    /// far it is and let the user cancel it; `what` says what is being done. False when it was cancelled.
+    virtual bool doLongWork(const std::string& /*what*/, const std::function<void(const Progress&)>& work) {
+        work(Progress());
+        return true;
+    }
     /// The window was shown or made active.
     virtual void bringToFront(Window& window) = 0;
     virtual void openPopup(PopupMenu& menu) = 0;

@@ -2,8 +2,7 @@
 
 namespace zb {
 
-void Tree::replaceNodes() {
-    auto fresh = std::make_unique<NodeTree>();
+void Tree::replaceNodes(std::unique_ptr<NodeTree> fresh) {
     nodes_->setListener(nullptr);
     std::swap(nodes_, fresh);
     // The old nodes are destroyed only after all views have released them.

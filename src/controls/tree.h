@@ -18,8 +18,9 @@ public:
 
     NodeTree& nodes() { return *nodes_; }
     const NodeTree& nodes() const { return *nodes_; }
-    /// Removes all nodes at once and starts with an empty tree; the listener moves to it.
-    void replaceNodes();
+    /// Removes all nodes at once, and shows those of another tree, by default an empty one. The listener
+    /// moves to it.
+    void replaceNodes(std::unique_ptr<NodeTree> fresh = std::make_unique<NodeTree>());
 
     void setBackColor(OptionalColor color) {
         backColor_ = color;

@@ -12,6 +12,7 @@
 #include "desktop/search_key.h"
 #include "desktop/start/start_page.h"
 #include "desktop/system_information.h"
+#include "desktop/watched_work.h"
 #include "desktop/workbench_place.h"
 #include "shell/frm_main.h"
 
@@ -314,7 +315,8 @@ QWidget* DesktopScreen::parentForBoxes() const {
     return form != nullptr && form->isVisible() ? form : main_.data();
 }
 
-Answer DesktopScreen::showBox(const Box& box) {
+template<typename Ask>
+auto DesktopScreen::waitForUser(Ask ask) {
     ++waiting_;
     const auto over = qScopeGuard([this] {
         --waiting_;
@@ -322,20 +324,25 @@ Answer DesktopScreen::showBox(const Box& box) {
         returnToActive();
     });
     showPointer();
-    return askBox(box, parentForBoxes());
+    return ask(parentForBoxes());
+}
+
+Answer DesktopScreen::showBox(const Box& box) {
+    return waitForUser([&](QWidget* parent) { return askBox(box, parent); });
+}
+
+bool DesktopScreen::doLongWork(const std::string& what, const std::function<void(const Progress&)>& work) {
+    WatchedWork watched(work);
+    return watched.endsSoon() ? watched.take() : waitForUser([&](QWidget* parent) {
+        watched.show(what, parent);
+        return watched.take();
+    });
 }
 
 std::string DesktopScreen::pickFile(const FileDialog& dialog) {
     if (std::string file = startPage_ ? startPage_->takeFile() : std::string(); !file.empty())
         return file;
-    ++waiting_;
-    const auto over = qScopeGuard([this] {
-        --waiting_;
-        showPointer();
-        returnToActive();
-    });
-    showPointer();
-    return askFile(dialog, parentForBoxes());
+    return waitForUser([&](QWidget* parent) { return askFile(dialog, parent); });
 }
 
 void DesktopScreen::runModal(Window& window) {

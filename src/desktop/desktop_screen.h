@@ -52,6 +52,7 @@ public:
     Answer showBox(const Box& box) override;
     std::string pickFile(const FileDialog& dialog) override;
     void runModal(Window& window) override;
+    bool doLongWork(const std::string& what, const std::function<void(const Progress&)>& work) override;
     void bringToFront(Window& window) override;
     void openPopup(PopupMenu& menu) override;
     void forget(Window& window) override;
@@ -67,6 +68,8 @@ private:
     };
 
     WindowBinder& bind(Window& window);
+    template<typename Ask>
+    auto waitForUser(Ask ask);
     void place(Window& window, Frame& frame, std::unique_ptr<QWidget> form);
     void follow(Window& window);
     void followStart();

@@ -5,6 +5,8 @@
 #include "project/module_state.h"
 #include "project/project_messages.h"
 
+#include <utility>
+
 namespace zb {
 
 frmSECSEditor::frmSECSEditor(Desktop& desktop, ModuleState& state, ProjectCommands& commands)
@@ -23,13 +25,15 @@ void frmSECSEditor::newEditorProject() {
     state_.SECSMessageStore = std::make_unique<SECSMessageStore>();
 }
 
-void frmSECSEditor::openEditorProject(const ProjectMessages& messages) {
+void frmSECSEditor::openEditorProject(MessageTree messages) {
     cboSECSMessage.clear();
     state_.SECSMessageStore = std::make_unique<SECSMessageStore>();
     replaceTree();
     InitItem();
     InitMsg();
-    messages.fill(liveTree(), [this](std::string_view name) { InsertCbo(name); });
+    tvwEdit.replaceNodes(std::move(messages.nodes));
+    for (const std::string& name : messages.names)
+        InsertCbo(name);
     TreeView_ForeColor();
     cboFirstSelect();
 }

@@ -15,7 +15,7 @@
 
 namespace zb {
 
-class ProjectMessages;
+struct MessageTree;
 struct ModuleState;
 class ProjectCommands;
 
@@ -34,7 +34,7 @@ public:
     /// Empties the editor for a new project.
     void newEditorProject();
     /// Shows the messages of another project.
-    void openEditorProject(const ProjectMessages& messages);
+    void openEditorProject(MessageTree messages);
     /// The walk over the live tree that writes the messages and refills the store of messages. The status is
     /// empty on success, otherwise the text of the first fault, whose node is selected and marked after a box
     /// has shown it.

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <charconv>
 #include <memory>
+#include <numeric>
 #include <optional>
 #include <string>
 #include <utility>
@@ -213,12 +214,18 @@ private:
 
 } // namespace
 
-void readModel(const std::vector<std::string_view>& parts, TRModelStore& model) {
+void readModel(const std::vector<std::string_view>& parts, TRModelStore& model, const Progress& progress) {
     ModelReader reader(model);
+    const std::size_t all = std::accumulate(parts.begin(), parts.end(), std::size_t{0},
+                                            [](std::size_t sum, auto part) { return sum + part.size(); });
+    std::size_t done = 0;
     for (const std::string_view part : parts) {
         LineReader lines(part);
-        while (const auto line = lines.next())
+        while (const auto line = lines.next()) {
             reader.line(*line);
+            done += line->size();
+            progress.at(done, all);
+        }
         reader.closeMessage();
     }
     reader.finish();

@@ -39,18 +39,32 @@ std::string withoutLastFour(std::string_view name) {
 
 } // namespace
 
-Result<ProjectFile> readProjectFile(const std::string& path) {
+Result<ProjectFile> readProjectFile(const std::string& path, const Progress& progress) {
+    constexpr double kRead = 0.2;
+    constexpr double kDecoded = 0.5;
     SystemFileLayer files;
     finishGuardedWrite(files, path);
     const Result<std::string> bytes = readBytes(path);
     if (!bytes)
         return bytes.error();
+    progress.part(0, kRead).at(1, 1);
     ProjectText decoded = decodeProject(*bytes);
-    ProjectFile file{parseProject(decoded.text), {}, std::move(decoded.fault)};
+    progress.part(kRead, kDecoded).at(1, 1);
+    ProjectFile file{parseProject(decoded.text, progress.part(kDecoded, 1)), {}, std::move(decoded.fault)};
     if (file.fault.empty() && !hasProjectLine(decoded.text))
         file.fault = "it has neither a project header nor a section of messages";
     file.text = std::move(decoded.text);
     return file;
+}
+
+Result<LoadedProject> loadProjectFile(const std::string& path, const Progress& progress) {
+    constexpr double kFileRead = 0.3; // the share of the time that the reading of the file takes
+    Result<ProjectFile> file = readProjectFile(path, progress.part(0, kFileRead));
+    if (!file)
+        return file.error();
+    LoadedProject loaded{std::move(file).value().project, {}};
+    loaded.tree = loaded.project.messages.tree(progress.part(kFileRead, 1));
+    return loaded;
 }
 
 Result<void> checkProjectFile(FileLayer& files, const std::string& path) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/progress.h"
 #include "platform/result.h"
 #include "project/project.h"
 
@@ -19,7 +20,15 @@ struct ProjectFile {
 };
 
 /// Reads a project file. The error is the system's when the file cannot be read.
-Result<ProjectFile> readProjectFile(const std::string& path);
+Result<ProjectFile> readProjectFile(const std::string& path, const Progress& progress = {});
+
+/// All of a project that windows show, made without them.
+struct LoadedProject {
+    Project project;
+    MessageTree tree;
+};
+/// Reads a project file as far as that can be done on any thread.
+Result<LoadedProject> loadProjectFile(const std::string& path, const Progress& progress);
 
 /// Whether a project file can be replaced, or why not. What cannot be read opened as an empty project, and
 /// could not be kept as a version either.

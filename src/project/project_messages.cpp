@@ -19,6 +19,13 @@ std::string bodyOf(const Node& message) {
 
 ProjectMessages::ProjectMessages(std::string text) : text_(std::move(text)), hasSection_(true) {}
 
+MessageTree ProjectMessages::tree(const Progress& progress) const {
+    MessageTree tree;
+    readSmdSection(
+        *tree.nodes, text_, [&tree](std::string_view name) { tree.names.emplace_back(name); }, progress);
+    return tree;
+}
+
 std::vector<SECSMessageRecord> ProjectMessages::records() const {
     NodeTree tree;
     fill(tree);

@@ -3,10 +3,17 @@
 #include "messages/message_record.h"
 #include "messages/smd/smd_reader.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace zb {
+
+/// The nodes of messages, and the names of the messages in tree order.
+struct MessageTree {
+    std::unique_ptr<NodeTree> nodes = std::make_unique<NodeTree>(); ///< never null
+    std::vector<std::string> names;
+};
 
 /// The messages of a project, as the text of their section. The text is kept unchanged, including lines that
 /// violate the grammar; trees and records are made from it on request.
@@ -25,6 +32,7 @@ public:
     void fill(NodeTree& tree, const MessageNameListener& onMessage = {}) const {
         readSmdSection(tree, text_, onMessage);
     }
+    MessageTree tree(const Progress& progress = {}) const;
     /// One record for each node of the tree that is the head of a message, in tree order.
     std::vector<SECSMessageRecord> records() const;
 

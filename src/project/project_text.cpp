@@ -65,13 +65,16 @@ bool hasProjectLine(std::string_view text) {
     return false;
 }
 
-Project parseProject(std::string_view text) {
+Project parseProject(std::string_view text, const Progress& progress) {
+    constexpr double kSplit = 0.4;
+    constexpr double kModelRead = 0.9;
     const ProjectSections sections = splitProject(text);
+    progress.part(0, kSplit).at(1, 1);
     Project project;
     project.side = readSide(text);
     project.messages = messagesOf(sections);
     project.model->setProjectType(projectTypeOf(project.side));
-    readModel(sections.model, *project.model);
+    readModel(sections.model, *project.model, progress.part(kSplit, kModelRead));
     project.sequences = readSequences(sections.sequences);
     project.foreign = ForeignSections::parse(sections.foreign);
     return project;

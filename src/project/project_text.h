@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/progress.h"
 #include "project/project.h"
 
 #include <string>
@@ -15,7 +16,7 @@ bool hasProjectLine(std::string_view text);
 
 /// Any text gives a project: missing sections are empty, and of a damaged one everything recognisable is
 /// read.
-Project parseProject(std::string_view text);
+Project parseProject(std::string_view text, const Progress& progress = {});
 
 /// The side that the header names. A file that ends after its header counts as a host's.
 Side readSide(std::string_view projectText);

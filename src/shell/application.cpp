@@ -46,7 +46,12 @@ void Application::start(const std::string& commandLine) {
 }
 
 void Application::openStartedProject() {
-    projects.openProject(projectFilePath());
+    if (!projects.openProject(projectFilePath())) {
+        ProjectName.clear();
+        ProjectPath.clear();
+        frmMain.disableProjectButtons();
+        return;
+    }
     frmMain.enableProjectButtons();
     showEditor();
 }

@@ -4,7 +4,6 @@
 #include "platform/file_replacer.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
-#include "project/project_files.h"
 #include "project/project_text.h"
 #include "shell/application.h"
 #include "shell/file_error_box.h"
@@ -12,6 +11,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <tuple>
 #include <utility>
 
 namespace zb {
@@ -66,20 +66,36 @@ bool ProjectLifecycle::newProject() {
 }
 
 bool ProjectLifecycle::openProject(const std::string& path) {
+    const std::pair before(app_.ProjectName, app_.ProjectPath);
     if (isBlank(path) && !askWhatToOpen())
         return false;
     makeFolders();
-    Result<ProjectFile> file = readProjectFile(app_.projectFilePath());
+    const std::pair opened(app_.ProjectName, app_.ProjectPath);
+    // As long as it is read, the project in the windows is the one from before.
+    std::tie(app_.ProjectName, app_.ProjectPath) = before;
+    std::optional<Result<LoadedProject>> file = load({opened.second, opened.first});
+    if (!file)
+        return false;
+    std::tie(app_.ProjectName, app_.ProjectPath) = opened;
     // A file that cannot be read opens as an empty project, which must not take its place.
     unread_.reset();
-    if (!file && file.error().number != ENOENT)
-        unread_ = {app_.projectFilePath(), file.error()};
-    Project project = file ? std::move(file).value().project : Project();
-    app_.ProjectType = projectTypeOf(project.side);
+    if (!*file && file->error().number != ENOENT)
+        unread_ = {app_.projectFilePath(), file->error()};
+    LoadedProject loaded = *file ? std::move(*file).value() : LoadedProject();
+    app_.ProjectType = projectTypeOf(loaded.project.side);
     app_.frmMain.updateProjectPanels();
-    app_.frmSECSEditor.openEditorProject(project.messages);
-    app_.frmTRModeler.openModelerProject(std::move(project));
+    app_.frmSECSEditor.openEditorProject(std::move(loaded.tree));
+    app_.frmTRModeler.openModelerProject(std::move(loaded.project));
     return true;
+}
+
+std::optional<Result<LoadedProject>> ProjectLifecycle::load(const ProjectPlace& place) {
+    const std::string path = place.folder.empty() ? std::string() : place.projectFile();
+    std::optional<Result<LoadedProject>> loaded;
+    const auto work = [&](const Progress& progress) { loaded = loadProjectFile(path, progress); };
+    if (!app_.desktop.screen().doLongWork("Opening " + place.name, work))
+        loaded.reset();
+    return loaded;
 }
 
 bool ProjectLifecycle::makeFolders() {

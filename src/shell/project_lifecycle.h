@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/result.h"
+#include "project/project_files.h"
 
 #include <optional>
 #include <string>
@@ -18,7 +19,8 @@ public:
     /// stay.
     bool newProject();
 
-    /// With a blank path it asks for one. True when a project was opened.
+    /// With a blank path it asks for one. True when a project was opened. When the user cancels the reading
+    /// of a large one, the project that was open before stays open.
     bool openProject(const std::string& path = {});
     /// Takes a path from a command line or from the settings. True when `ProjectName` and `ProjectPath` were
     /// set from it and the file exists.
@@ -42,6 +44,8 @@ private:
     /// "Do you want to save current project"; Yes saves, and after a failed save the command continues.
     Goes askToSave();
     bool askWhatToOpen();
+    /// Nothing when the user has cancelled.
+    std::optional<Result<LoadedProject>> load(const ProjectPlace& place);
     /// Makes the folders of the open project. Shows why when it cannot, and returns false.
     bool makeFolders();
 

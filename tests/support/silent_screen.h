@@ -24,6 +24,8 @@ public:
         std::function<void()> run;
     };
     std::vector<Later> later;
+    /// Does long works in place of the screen; false when it cancelled one.
+    std::function<bool(const std::function<void(const Progress&)>& work)> longWork;
 
     Answer showBox(const Box& box) override {
         boxes.push_back(box);
@@ -47,6 +49,9 @@ public:
     void runModal(Window& window) override {
         if (modal)
             modal(window);
+    }
+    bool doLongWork(const std::string& what, const std::function<void(const Progress&)>& work) override {
+        return longWork ? longWork(work) : Screen::doLongWork(what, work);
     }
     void bringToFront(Window& /*window*/) override {}
     void openPopup(PopupMenu& /*menu*/) override {}

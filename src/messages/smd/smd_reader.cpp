@@ -115,12 +115,15 @@ private:
 
 } // namespace
 
-void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageNameListener& onMessage) {
+void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageNameListener& onMessage,
+                    const Progress& progress) {
     const NodeTree::Filling filling(tree);
     SectionReader reader(tree, onMessage);
     LineReader lines(sectionText);
-    while (const std::optional<std::string_view> line = lines.next())
+    while (const std::optional<std::string_view> line = lines.next()) {
         reader.line(*line);
+        progress.at(static_cast<std::size_t>(line->data() - sectionText.data()), sectionText.size());
+    }
 }
 
 std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record) {

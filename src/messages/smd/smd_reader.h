@@ -1,6 +1,7 @@
 #pragma once
 
 #include "messages/message_record.h"
+#include "platform/progress.h"
 #include "platform/tree/node_tree.h"
 
 #include <functional>
@@ -15,7 +16,8 @@ using MessageNameListener = std::function<void(std::string_view name)>;
 /// Reads the lines of a project's section of messages into an empty tree. Lines that break the grammar become
 /// nodes as they are; a line that begins with "##" only ends a description. A second message of the same name
 /// gets no Key.
-void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageNameListener& onMessage = {});
+void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageNameListener& onMessage = {},
+                    const Progress& progress = {});
 
 /// Adds a message after all others. The status is "Key", and nothing is added, when the tree already has the
 /// name; otherwise it is empty.

@@ -74,7 +74,9 @@ TEST_F(EditorWindow, FindAsksForTheFindWindow) {
 
 class ProjectFile : public EditorDesk {
 public:
-    void open(const std::string& sectionText) { window.openEditorProject(ProjectMessages(sectionText)); }
+    void open(const std::string& sectionText) {
+        window.openEditorProject(ProjectMessages(sectionText).tree());
+    }
 };
 
 TEST_F(ProjectFile, OpenFillsTreeAndCombo) {
