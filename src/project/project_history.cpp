@@ -89,19 +89,23 @@ Result<void> ProjectHistory::keep(const fs::path& projectFile) {
     if (stateFolder_.empty())
         return {};
     const Result<std::string> now = readBytes(projectFile);
-    if (!now || now->empty())
+    return now ? keepWork(projectFile, *now) : Result<void>();
+}
+
+Result<void> ProjectHistory::keepWork(const fs::path& projectFile, std::string_view bytes) {
+    if (stateFolder_.empty() || bytes.empty())
         return {};
     const std::vector<Version> kept = versions(projectFile);
     if (!kept.empty()) {
         const Result<std::string> newest = readBytes(kept.back().path);
-        if (newest && *newest == *now)
+        if (newest && *newest == bytes)
             return {};
     }
     const Result<fs::path> folder = ownFolder(projectFile);
     if (!folder)
         return folder.error();
     const int number = kept.empty() ? 1 : kept.back().number + 1;
-    if (const auto written = replacePrivateFile(files_, *folder / versionName(number), *now); !written)
+    if (const auto written = replacePrivateFile(files_, *folder / versionName(number), bytes); !written)
         return written.error();
     const std::vector<Version> all = versions(projectFile);
     std::vector<VersionAge> ages;

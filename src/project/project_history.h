@@ -30,6 +30,8 @@ public:
 
     /// Keeps what is in the project file now, unless it is empty or the newest version already.
     Result<void> keep(const std::filesystem::path& projectFile);
+    /// Keeps work on the project that is in no file, as the bytes of a project file; the same otherwise.
+    Result<void> keepWork(const std::filesystem::path& projectFile, std::string_view bytes);
     /// Remembers what was saved, so that the project is known again at another place.
     void noteSaved(const std::filesystem::path& projectFile, std::string_view bytes);
     /// Oldest first.

@@ -47,21 +47,37 @@ WalkOutcome SmdWriter::writeMessage(const Node& node, WalkMode mode, NodeTree& t
         if (fault)
             return {std::string(fault->text), NodeFault{*fault, node.index()}};
     }
-    buffer_.clear();
-    writeComment(node, isBuild(mode) ? Form::Build : Form::Project);
-    buffer_ += node.text();
-    if (node.child() == nullptr) {
-        buffer_.append(".").append(kLineEnd);
-    } else {
-        buffer_ += kLineEnd;
-        if (const auto fault = writeItems(node, mode, tree))
-            return {"occur an Error", fault};
-    }
+    if (const auto fault = composeMessage(node, mode, tree))
+        return {"occur an Error", fault};
     store.addMessageText(buffer_);
     const SECSMessageRecord* record = node.key().empty() ? nullptr : store.getByName(node.key());
     if (record != nullptr && onRecord_)
         onRecord_(*record);
     return {};
+}
+
+std::string SmdWriter::composeForSave(NodeTree& tree) {
+    std::string text;
+    for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next()) {
+        if (!hasColon(node->text()))
+            continue;
+        composeMessage(*node, WalkMode::SaveProject, tree);
+        text += buffer_;
+    }
+    buffer_.clear();
+    return text;
+}
+
+std::optional<NodeFault> SmdWriter::composeMessage(const Node& node, WalkMode mode, NodeTree& tree) {
+    buffer_.clear();
+    writeComment(node, isBuild(mode) ? Form::Build : Form::Project);
+    buffer_ += node.text();
+    if (node.child() == nullptr) {
+        buffer_.append(".").append(kLineEnd);
+        return std::nullopt;
+    }
+    buffer_ += kLineEnd;
+    return writeItems(node, mode, tree);
 }
 
 void SmdWriter::writeComment(const Node& messageNode, Form form) {

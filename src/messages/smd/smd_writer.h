@@ -46,6 +46,10 @@ public:
     /// normalizes the items up to the first fault.
     WalkOutcome buildMessageText(WalkMode mode, NodeTree& tree, SECSMessageStore& store);
 
+    /// The text that a save writes of the whole tree, in one piece: the same as that of a walk for
+    /// `SaveProject`, in a fraction of its time, since no records are made.
+    std::string composeForSave(NodeTree& tree);
+
     /// The first message of the tree; nothing when there is none. The error is the sentence for the user when
     /// the message is not correct.
     Result<std::optional<SECSMessageRecord>, std::string> composeSingleMessage(NodeTree& tree);
@@ -54,6 +58,8 @@ private:
     enum class Form { Project, Build };
 
     WalkOutcome writeMessage(const Node& node, WalkMode mode, NodeTree& tree, SECSMessageStore& store);
+    /// Puts the text of a message into the buffer; a fault ends it.
+    std::optional<NodeFault> composeMessage(const Node& node, WalkMode mode, NodeTree& tree);
     /// Appends the items below a node to the current message; a fault ends it.
     std::optional<NodeFault> writeItems(const Node& node, WalkMode mode, NodeTree& tree);
     std::optional<NodeFault> checkItem(int index, NodeTree& tree);
