@@ -4,6 +4,7 @@
 #include "desktop/program_folders.h"
 #include "desktop/qt_text.h"
 #include "outputs/zelto_generator.h"
+#include "platform/end_requests.h"
 #include "platform/file_layer.h"
 #include "platform/process_signals.h"
 #include "platform/settings.h"
@@ -11,6 +12,8 @@
 #include "shell/application.h"
 
 #include <QApplication>
+#include <QProcess>
+#include <QSocketNotifier>
 #include <QTimer>
 
 namespace {
@@ -39,6 +42,24 @@ int main(int argc, char* argv[]) {
     qt.onOutOfMemory = [&application] { application.projects.reportOutOfMemory(); };
     screen.onEnd = [] { QApplication::quit(); };
     screen.attach(application.desktop, (zb::settingsFolder() / "windows.ini").string());
+
+    zb::EndRequests requests;
+    const QSocketNotifier requested(requests.descriptor(), QSocketNotifier::Read);
+    QObject::connect(&requested, &QSocketNotifier::activated, &qt, [&] {
+        application.work.keepNow();
+        requests.obey();
+    });
+    QObject::connect(
+        &qt, &QGuiApplication::commitDataRequest, &qt, [&application] { application.work.keepNow(); },
+        Qt::DirectConnection);
+
+    QObject::connect(&qt, &QGuiApplication::applicationStateChanged, &qt, [&](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive && QApplication::activeModalWidget() == nullptr)
+            application.versions.userReturned();
+    });
+    application.versions.onOpenBeside = [](const std::string& path) {
+        return QProcess::startDetached(QCoreApplication::applicationFilePath(), {zb::toQt(path)});
+    };
 
     // Boxes at the start need the event loop.
     QTimer::singleShot(0, &qt, [&] {

@@ -15,9 +15,9 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
       frmTRModeler(desktop, *this, *this), frmTRMessage(desktop, *this, frmTRModeler),
       frmTRItem(desktop, *this, frmTRModeler), frmNewProject(desktop, *this, folders.application),
       frmOption(desktop, settingsOfProgram), frmResult(desktop), frmAbout(desktop),
-      frmWorkbench(desktop, {*this, frmMain, frmSECSEditor, frmTRModeler}), projects(*this),
-      builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); }}), generator_(generator),
-      folders_(std::move(folders)) {
+      frmWorkbench(desktop, {*this, frmMain, frmSECSEditor, frmTRModeler, versions}), projects(*this),
+      builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); }}), work(*this, folders),
+      generator_(generator), folders_(std::move(folders)) {
     frmSECSEditor.setFrame(frmMain);
     frmTRModeler.setFrame(frmMain);
     frmTRModeler.useDialogs(frmTRMessage, frmTRItem);
@@ -43,6 +43,7 @@ void Application::start(const std::string& commandLine) {
         openStartedProject();
     else
         frmMain.disableProjectButtons();
+    work.start();
 }
 
 void Application::openStartedProject() {
@@ -79,6 +80,7 @@ void Application::exit() {
     if (projects.confirmExit() == ProjectLifecycle::Exit::Stay)
         return;
     ended_ = true;
+    work.projectClosed();
     const auto windows = desktop.windows();
     for (Window* window : windows) {
         if (window != &frmMain)

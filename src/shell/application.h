@@ -16,6 +16,8 @@
 #include "shell/frm_option.h"
 #include "shell/frm_result.h"
 #include "shell/project_lifecycle.h"
+#include "shell/project_versions.h"
+#include "shell/work_keeper.h"
 #include "workbench/frm_workbench.h"
 
 #include <string>
@@ -70,6 +72,8 @@ public:
 
     ProjectLifecycle projects;
     BuildCommands builds;
+    WorkKeeper work;
+    ProjectVersions versions{*this};
 
 private:
     void openStartedProject();

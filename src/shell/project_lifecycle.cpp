@@ -20,14 +20,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Where the versions of a project are kept; empty for one that goes with its folder.
-std::string historyFolderFor(const ApplicationFolders& folders, const std::string& path) {
-    if (folders.scratch.empty())
-        return folders.state;
-    const fs::path inner = fs::path(path).lexically_relative(folders.scratch);
-    return inner.empty() || *inner.begin() == ".." ? folders.state : std::string();
-}
-
 // A name that nothing has yet: an earlier copy may be all that is left of another day.
 fs::path freePath(const fs::path& folder, const std::string& name) {
     std::error_code ignored;
@@ -56,12 +48,14 @@ bool ProjectLifecycle::newProject() {
             continue;
         app_.frmSECSEditor.newEditorProject();
         app_.frmTRModeler.newModelerProject();
+        noteOpened();
         return true;
     }
     app_.ProjectName.clear();
     app_.ProjectPath.clear();
     app_.takeProjectType(1);
     app_.frmMain.updateProjectPanels();
+    app_.work.projectClosed();
     return false;
 }
 
@@ -81,12 +75,38 @@ bool ProjectLifecycle::openProject(const std::string& path) {
     unread_.reset();
     if (!*file && file->error().number != ENOENT)
         unread_ = {app_.projectFilePath(), file->error()};
-    LoadedProject loaded = *file ? std::move(*file).value() : LoadedProject();
+    showProject(*file ? std::move(*file).value() : LoadedProject());
+    noteOpened();
+    return true;
+}
+
+void ProjectLifecycle::openRecovered(const std::string& path, Project project) {
+    auto [folder, name] = splitProjectPath(path);
+    app_.ProjectName = std::move(name);
+    app_.ProjectPath = std::move(folder);
+    makeFolders();
+    unread_.reset();
+    showInPlace(std::move(project));
+    app_.frmMain.enableProjectButtons();
+    noteOpened();
+}
+
+void ProjectLifecycle::noteOpened() {
+    app_.work.projectOpened();
+    app_.versions.projectOpened();
+}
+
+void ProjectLifecycle::showInPlace(Project project) {
+    MessageTree tree = project.messages.tree();
+    showProject({std::move(project), std::move(tree)});
+    app_.showEditor();
+}
+
+void ProjectLifecycle::showProject(LoadedProject loaded) {
     app_.ProjectType = projectTypeOf(loaded.project.side);
     app_.frmMain.updateProjectPanels();
     app_.frmSECSEditor.openEditorProject(std::move(loaded.tree));
     app_.frmTRModeler.openModelerProject(std::move(loaded.project));
-    return true;
 }
 
 std::optional<Result<LoadedProject>> ProjectLifecycle::load(const ProjectPlace& place) {
@@ -162,8 +182,8 @@ bool ProjectLifecycle::saveProject() {
     // The text is whole before the file is replaced in one step: a fault, or a stop of the machine, leaves
     // the whole old file.
     const std::string text = projectText();
-    const ProjectSave save =
-        replaceProjectFile(app_.files, historyFolderFor(app_.folders(), path), path, text);
+    const bool replaces = app_.versions.isChangedOnDisk(path);
+    const ProjectSave save = replaceProjectFile(app_.files, historyFolder(), path, text);
     if (!save.written) {
         showFileError(app_.desktop, path, save.written.error());
         return false;
@@ -171,6 +191,8 @@ bool ProjectLifecycle::saveProject() {
     if (!save.kept)
         reportUnkeptVersion(save.kept.error());
     writeSetting(app_.settings, kRecentProject, path);
+    app_.work.projectSaved(text);
+    app_.versions.saved(path, text, replaces && save.kept);
     app_.desktop.post(
         {"Saved " + fs::path(path).filename().string() + ", " + app_.desktop.screen().timeOfDay()});
     return true;
@@ -213,6 +235,14 @@ void ProjectLifecycle::saveProjectAs() {
     saveProject();
 }
 
+std::string ProjectLifecycle::historyFolder() const {
+    const ApplicationFolders& folders = app_.folders();
+    if (folders.scratch.empty())
+        return folders.state;
+    const fs::path inner = fs::path(app_.projectFilePath()).lexically_relative(folders.scratch);
+    return inner.empty() || *inner.begin() == ".." ? folders.state : std::string();
+}
+
 ProjectLifecycle::Goes ProjectLifecycle::askToSave() {
     if (isBlank(app_.ProjectName))
         return Goes::On;
@@ -223,6 +253,10 @@ ProjectLifecycle::Goes ProjectLifecycle::askToSave() {
     if (answer == Answer::Yes)
         saveProject();
     return Goes::On;
+}
+
+bool ProjectLifecycle::mayGoOn() {
+    return askToSave() == Goes::On;
 }
 
 ProjectLifecycle::Exit ProjectLifecycle::confirmExit() {

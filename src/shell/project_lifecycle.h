@@ -22,6 +22,12 @@ public:
     /// With a blank path it asks for one. True when a project was opened. When the user cancels the reading
     /// of a large one, the project that was open before stays open.
     bool openProject(const std::string& path = {});
+    /// Shows unsaved work on the project file at this path, in place of the open project.
+    void openRecovered(const std::string& path, Project project);
+    /// Shows another state of the open project, as unsaved work.
+    void showInPlace(Project project);
+    /// Where the versions of the open project are kept; empty for one that goes with its folder.
+    std::string historyFolder() const;
     /// Takes a path from a command line or from the settings. True when `ProjectName` and `ProjectPath` were
     /// set from it and the file exists.
     bool parseProjectPath(std::string path);
@@ -36,6 +42,8 @@ public:
     /// A command has run out of memory: keeps a copy of the project and shows where.
     void reportOutOfMemory();
 
+    /// Asks what becomes of the open project, as before another one is opened. False when the user cancels.
+    bool mayGoOn();
     enum class Exit { Leave, Stay };
     Exit confirmExit();
 
@@ -46,6 +54,8 @@ private:
     bool askWhatToOpen();
     /// Nothing when the user has cancelled.
     std::optional<Result<LoadedProject>> load(const ProjectPlace& place);
+    void showProject(LoadedProject loaded);
+    void noteOpened();
     /// Makes the folders of the open project. Shows why when it cannot, and returns false.
     bool makeFolders();
 

@@ -2,6 +2,7 @@
 
 #include "controls/simple_controls.h"
 #include "controls/window.h"
+#include "workbench/history_pane.h"
 #include "workbench/log_pane.h"
 #include "workbench/notice_bar.h"
 
@@ -11,6 +12,7 @@ namespace zb {
 
 class frmSECSEditor;
 class frmTRModeler;
+class ProjectDoor;
 struct ModuleState;
 
 /// What the panes work on.
@@ -19,6 +21,7 @@ struct WorkbenchServices {
     Window& mainWindow;
     frmSECSEditor& editor;
     frmTRModeler& modeler;
+    ProjectDoor& project;
 };
 
 /// The workbench: a strip at the lower edge of the main window, and panes above it of which at most one is
@@ -55,6 +58,7 @@ public:
     Button cmdClosePane{*this, "cmdClosePane", {}};
 
     // One line for each pane.
+    HistoryPane history{*this};
     LogPane log{*this};
 
     NoticeBar notices{*this};

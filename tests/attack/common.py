@@ -27,6 +27,7 @@ class Programs:
         self.zbc = str(Path(build, "bin/zbc").resolve())
         self.shim = str(Path(build, "tests/attack/libattack_shim.so").resolve())
         self.settings_writer = str(Path(build, "tests/attack/settings_writer").resolve())
+        self.work_writer = str(Path(build, "tests/attack/work_writer").resolve())
 
 
 class Place:

@@ -71,9 +71,43 @@ def of_settings(programs, rounds):
         return rounds
 
 
+def of_unsaved_work(programs, rounds):
+    """What was kept of unsaved work is there after the kill, also when the recovery is killed itself."""
+    random = dice("kill unsaved work")
+    with Place(programs) as place:
+        demand(place.zbc("convert", "semi", "P.zbp", "--messages", "S1F1,S1F3").returncode == 0, "no project")
+        saved = (place.work / "P.zbp").read_bytes()
+        command = [programs.work_writer, str(place.work / "P.zbp"), str(place.root / "state")]
+        place.remember()
+        for _ in range(rounds):
+            place.reset()
+            writer = place.start([*command, "write"])
+            kept = int(writer.stdout.readline())
+            time.sleep(random.uniform(0, 0.3))
+            writer.kill()
+            out, _ = writer.communicate()
+            demand(writer.returncode == -signal.SIGKILL, "the program was not killed")
+            # The last line may be cut off.
+            kept = max([kept, *map(int, out.decode().split("\n")[:-1])])
+            if random.random() < 0.5:
+                recovery = place.start([*command, "recover"])
+                time.sleep(random.uniform(0, 0.1))
+                recovery.kill()
+                recovery.communicate()
+            done = place.run([*command, "recover"])
+            demand(done.returncode == 0, f"the recovery fails or asks: {done.stderr!r}")
+            found = int(done.stdout)
+            demand(found >= kept, f"{kept} messages were kept, {found} are recovered")
+            demand((place.work / "P.zbp").read_bytes() == saved, "the project file has changed without a save")
+            traces = list((place.root / "state/sessions").iterdir())
+            demand(len(traces) <= 2, f"{len(traces)} traces are left")
+        return rounds
+
+
 def attack(programs, is_long):
     for operation in OPERATIONS:
         yield operation.name + ", at each call", at_each_call(programs, operation), "kills"
         if is_long:
             yield operation.name + ", at random", at_random(programs, operation, 150), "kills"
+    yield "unsaved work, at random", of_unsaved_work(programs, 200 if is_long else 10), "kills"
     yield "settings, at random", of_settings(programs, 150 if is_long else 10), "kills"

@@ -45,6 +45,13 @@ void Click(benchmark::State& state) {
     }
 }
 
+// What the keeping of unsaved work takes of the event loop.
+void ComposeWork(benchmark::State& state) {
+    const Edited edited(state.range(0));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(edited.program.application.work.composeWork());
+}
+
 void Add(benchmark::State& state) {
     Edited edited(state.range(0));
     edited.click(edited.middle);
@@ -90,6 +97,7 @@ void FindOverTheWholeTree(benchmark::State& state) {
         window.findNext();
 }
 
+BENCHMARK(ComposeWork)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Click)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Add)->Arg(1000)->Arg(10000)->Iterations(200)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Change)->Arg(1000)->Arg(10000)->Iterations(200)->Unit(benchmark::kMicrosecond);

@@ -55,6 +55,21 @@ void photographNewProject(ProgramOnScreen& program, Photographer& camera) {
     dialog.hide();
 }
 
+// At a time that is the same on every day.
+void photographWorkbench(ProgramOnScreen& program, Photographer& camera) {
+    zb::frmWorkbench& workbench = program.application.frmWorkbench;
+    for (const char* text : {"Saved Etcher.zbp, 19:45", "Built Etcher.smd, 55 messages, 19:46"}) {
+        program.application.desktop.post({text});
+        workbench.log.lvwLog.rows().back()->setCell(0,
+                                                    std::string(text).substr(std::string(text).size() - 5));
+    }
+    workbench.log.open();
+    camera.take(*program.screen.mainWindow(), QStringLiteral("workbench"));
+    workbench.log.close();
+    zb::UserHands(program.application.desktop).click(zb::Target::whole(workbench.notices.cmdCloseNotice));
+    zb::UserHands(program.application.desktop).click(zb::Target::whole(workbench.notices.cmdCloseNotice));
+}
+
 void photograph(ProgramOnScreen& program, Photographer& camera) {
     zb::Application& application = program.application;
     QMainWindow& main = *program.screen.mainWindow();
@@ -64,6 +79,7 @@ void photograph(ProgramOnScreen& program, Photographer& camera) {
     program.settle();
     selectSomething(application);
     camera.take(main, QStringLiteral("editor"));
+    photographWorkbench(program, camera);
     application.frmFind.showFind();
     application.frmFind.txtFindWhat.setText("S6F11");
     camera.take(program.form(application.frmFind), QStringLiteral("find"));

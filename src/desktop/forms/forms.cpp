@@ -20,6 +20,7 @@
 #include "ui_frmTRMessage.h"
 #include "ui_frmTRModeler.h"
 #include "ui_frmWorkbench.h"
+#include "ui_pnlHistory.h"
 #include "ui_pnlLog.h"
 
 #include <QAbstractButton>
@@ -69,6 +70,7 @@ constexpr std::array kForms{
 
 // The panes of the workbench, in the order of their buttons.
 constexpr std::array kPanes{
+    Form{"pnlHistory", &make<Ui::pnlHistory>},
     Form{"pnlLog", &make<Ui::pnlLog>},
 };
 

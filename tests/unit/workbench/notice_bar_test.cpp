@@ -9,7 +9,10 @@ namespace zb::test {
 namespace {
 
 struct NoticeTest : ::testing::Test {
-    NoticeTest() { application.start({}); }
+    NoticeTest() {
+        application.start({});
+        program.screen.later.clear(); // what the start has asked for
+    }
 
     void click(Button& button) { EXPECT_EQ(UserHands(application.desktop).click(Target::whole(button)), ""); }
     const std::string& shown() const { return notices.lblNotice.text(); }

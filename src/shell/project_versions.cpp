@@ -1,0 +1,157 @@
+#include "shell/project_versions.h"
+
+#include "controls/desktop.h"
+#include "platform/file_replacer.h"
+#include "platform/text.h"
+#include "platform/text_file.h"
+#include "project/project_files.h"
+#include "shell/application.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace zb {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kDisk = "disk";
+
+std::string nameOf(const std::string& path) {
+    return fs::path(path).filename().string();
+}
+
+} // namespace
+
+ProjectHistory ProjectVersions::history() const {
+    return {app_.files, app_.projects.historyFolder()};
+}
+
+std::vector<ProjectHistory::Version> ProjectVersions::versions() {
+    return isBlank(app_.ProjectName) ? std::vector<ProjectHistory::Version>()
+                                     : history().versions(app_.projectFilePath());
+}
+
+void ProjectVersions::projectOpened() {
+    watched_ = app_.projectFilePath();
+    watch_.take(watched_);
+    app_.desktop.withdraw(kDisk);
+    app_.frmWorkbench.history.refresh();
+}
+
+bool ProjectVersions::isChangedOnDisk(const std::string& path) const {
+    return path == watched_ && watch_.lookInside() == DiskWatch::State::Changed;
+}
+
+void ProjectVersions::userReturned() {
+    if (isBlank(app_.ProjectName) || watched_ != app_.projectFilePath())
+        return;
+    const DiskWatch::State state = watch_.look();
+    if (state == DiskWatch::State::Same)
+        return;
+    const bool isGone = state == DiskWatch::State::Gone;
+    // Each change is told once.
+    watch_.take(watched_);
+    Notice notice{nameOf(watched_) +
+                      (isGone ? " was removed by another program" : " was changed by another program"),
+                  {},
+                  kDisk,
+                  Notice::Stays::UntilClosed};
+    if (!isGone)
+        notice.actions.push_back({"Reload", [this] { reload(); }});
+    notice.actions.push_back({"Keep mine", [] {}});
+    app_.desktop.post(std::move(notice));
+}
+
+void ProjectVersions::saved(const std::string& path, std::string_view text, bool replaced) {
+    watched_ = path;
+    watch_.takeWritten(path, encodeUtf16(text));
+    app_.desktop.withdraw(kDisk);
+    app_.frmWorkbench.history.refresh();
+    if (!replaced)
+        return;
+    const auto kept = versions();
+    Notice notice{"The save replaced a change of another program in " + nameOf(path),
+                  {},
+                  kDisk,
+                  Notice::Stays::UntilClosed};
+    if (!kept.empty()) {
+        notice.text += "; it is kept as version " + std::to_string(kept.back().number);
+        notice.actions.push_back(
+            {"Bring it back", [this, number = kept.back().number] { bringBack(number); }});
+    }
+    app_.desktop.post(std::move(notice));
+}
+
+// What is open may be unsaved, and so in no file. Returns the number of its version, 0 when none is kept.
+int ProjectVersions::keepOpenWork() {
+    const std::string path = app_.projectFilePath();
+    if (const auto kept = history().keepWork(path, encodeUtf16(app_.work.composeWork())); !kept) {
+        app_.desktop.post({"What was open cannot be kept as a version: " + kept.error().description});
+        return 0;
+    }
+    const auto all = versions();
+    return all.empty() ? 0 : all.back().number;
+}
+
+void ProjectVersions::show(const std::string& path, const std::string& what) {
+    Result<ProjectFile> file = readProjectFile(path);
+    if (!file || !file->fault.empty()) {
+        app_.desktop.post(
+            {nameOf(path) + " cannot be shown: " + (file ? file->fault : file.error().description)});
+        return;
+    }
+    const int number = keepOpenWork();
+    app_.projects.showInPlace(std::move(file).value().project);
+    Notice notice{what};
+    if (number != 0)
+        notice.actions.push_back({"Bring back what was open", [this, number] { bringBack(number); }});
+    app_.desktop.post(std::move(notice));
+    app_.frmWorkbench.history.refresh();
+}
+
+void ProjectVersions::reload() {
+    show(watched_, "Reloaded " + nameOf(watched_));
+    watch_.take(watched_);
+    app_.work.takeAsSaved();
+}
+
+void ProjectVersions::restoreVersion(const ProjectHistory::Version& version) {
+    show(version.path.string(),
+         "Version " + std::to_string(version.number) + " is shown; it is not saved yet");
+}
+
+void ProjectVersions::bringBack(int number) {
+    const auto all = versions();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const auto& version) { return version.number == number; });
+    if (found != all.end())
+        restoreVersion(*found);
+    else
+        app_.desktop.post({"Version " + std::to_string(number) + " is no longer kept"});
+}
+
+// The copy is in a folder of its own, since a project makes folders beside its file.
+void ProjectVersions::openBeside(const ProjectHistory::Version& version) {
+    constexpr auto kReadOnly = fs::perms::owner_read;
+    const std::string name = app_.ProjectName + "_version" + std::to_string(version.number);
+    const fs::path folder = fs::path(app_.folders().state) / "beside" / name;
+    const fs::path copy = folder / (name + ".zbp");
+    std::error_code error;
+    fs::create_directories(folder, error);
+    fs::permissions(folder, fs::perms::owner_all, error);
+    fs::remove(copy, error);
+    const Result<std::string> bytes = readBytes(version.path);
+    const Result<void> written = bytes ? replacePrivateFile(app_.files, copy, *bytes) : bytes.error();
+    if (!written) {
+        app_.desktop.post({"Version " + std::to_string(version.number) +
+                           " cannot be copied: " + written.error().description});
+        return;
+    }
+    fs::permissions(copy, kReadOnly, error);
+    if (!onOpenBeside || !onOpenBeside(copy.string()))
+        app_.desktop.post({"The copy of version " + std::to_string(version.number) + " is " + copy.string()});
+}
+
+} // namespace zb

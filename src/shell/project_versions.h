@@ -1,0 +1,47 @@
+#pragma once
+
+#include "project/project.h"
+#include "shell/disk_watch.h"
+#include "workbench/project_door.h"
+
+#include <functional>
+#include <string>
+
+namespace zb {
+
+class Application;
+
+/// The versions of the open project: the kept ones, and the one on disk when another program has changed it.
+class ProjectVersions final : public ProjectDoor {
+public:
+    explicit ProjectVersions(Application& application) : app_(application) {}
+
+    std::vector<ProjectHistory::Version> versions() override;
+    void restoreVersion(const ProjectHistory::Version& version) override;
+    void openBeside(const ProjectHistory::Version& version) override;
+    /// Opens a project in another window of the program; false when that cannot be done here.
+    std::function<bool(const std::string& path)> onOpenBeside;
+
+    /// A project was created or opened.
+    void projectOpened();
+    /// The user has come back to the main window from another program.
+    void userReturned();
+    /// Whether another program has changed the project file at this path since it was opened or saved. Asked
+    /// before a save, which replaces the change.
+    bool isChangedOnDisk(const std::string& path) const;
+    /// The project was saved; `replaced` tells that a change of another program was replaced.
+    void saved(const std::string& path, std::string_view text, bool replaced);
+
+private:
+    ProjectHistory history() const;
+    void reload();
+    void bringBack(int number);
+    int keepOpenWork();
+    void show(const std::string& path, const std::string& what);
+
+    Application& app_;
+    DiskWatch watch_;
+    std::string watched_;
+};
+
+} // namespace zb
