@@ -73,8 +73,6 @@ private:
         const OptionalFault name = nameFault(item, itemNames_);
         if (name)
             tell(Severity::Error, node, name->text);
-        else if (!item.getName().empty())
-            itemNames_.add(item.getName());
         // The rules for values ignore quoted ones, so these need no canonical Text.
         const ItemKind kind = itemKind(item.getType());
         std::optional<std::string> normalized;
@@ -105,7 +103,7 @@ private:
     std::string message_;
     std::vector<int> path_;
     std::unordered_set<std::string> names_; // upper-cased
-    ItemNames itemNames_;
+    NameSet itemNames_;
 };
 
 } // namespace

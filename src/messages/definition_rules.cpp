@@ -113,14 +113,6 @@ void visitValueFaults(std::string_view itemText, int children, Tell tell) {
 
 } // namespace
 
-bool ItemNames::contains(std::string_view name) const {
-    return names_.count(upper(name)) > 0;
-}
-
-void ItemNames::add(std::string_view name) {
-    names_.insert(upper(name));
-}
-
 OptionalFault streamFault(std::string_view nodeText) {
     return faultUnless(isNumberUpTo(wordAt(nodeText, 1), 128), kStream);
 }
@@ -137,7 +129,7 @@ OptionalFault nameCharsFault(std::string_view name) {
     return faultUnless(right, kNameChars);
 }
 
-OptionalFault nameFault(const SECSItemRecord& item, const ItemNames& namesBefore) {
+OptionalFault nameFault(const SECSItemRecord& item, NameSet& names) {
     const bool isList = itemKind(item.getType()) == ItemKind::List;
     const std::string& name = item.getName();
     if (isBlank(name))
@@ -146,7 +138,7 @@ OptionalFault nameFault(const SECSItemRecord& item, const ItemNames& namesBefore
         return kNumericName;
     if (const OptionalFault fault = nameCharsFault(name))
         return fault;
-    return faultUnless(!namesBefore.contains(name), kNameTwice);
+    return faultUnless(names.add(name), kNameTwice);
 }
 
 OptionalFault valueFault(std::string_view itemText, int children) {

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "messages/item_record.h"
+#include "messages/name_set.h"
 
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace zb {
@@ -22,24 +22,15 @@ struct DefinitionFault {
 };
 using OptionalFault = std::optional<DefinitionFault>;
 
-/// The item names of a message so far, compared upper-cased.
-class ItemNames {
-public:
-    bool contains(std::string_view name) const;
-    void add(std::string_view name);
-    void clear() { names_.clear(); }
-
-private:
-    std::unordered_set<std::string> names_;
-};
-
 /// Of a message node's Text: the second word is the stream, the third the function.
 OptionalFault streamFault(std::string_view nodeText);
 OptionalFault functionFault(std::string_view nodeText);
 
 /// A name contains only letters, digits, "_" and ".".
 OptionalFault nameCharsFault(std::string_view name);
-OptionalFault nameFault(const SECSItemRecord& item, const ItemNames& namesBefore);
+/// Of an item of a message; `names` has the names of the items before it, and takes its name when that is
+/// good.
+OptionalFault nameFault(const SECSItemRecord& item, NameSet& names);
 
 /// The first fault of the count and the values of an item Text; `children` is the number of its sub items.
 OptionalFault valueFault(std::string_view itemText, int children);

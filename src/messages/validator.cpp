@@ -8,13 +8,10 @@ OptionalFault Validator::checkItemName(int index, NodeTree& tree) {
     Node* node = tree.at(index);
     if (node == nullptr)
         return std::nullopt;
-    SECSItemRecord item;
-    item.parseText(node->text());
-    if (OptionalFault fault = nameFault(item, itemNames_))
+    item_.parseText(node->text());
+    if (OptionalFault fault = nameFault(item_, itemNames_))
         return fault;
-    if (!item.getName().empty())
-        itemNames_.add(item.getName());
-    normalizeItem(*node, item, codePage_);
+    normalizeItem(*node, item_, codePage_);
     return std::nullopt;
 }
 

@@ -22,7 +22,8 @@ public:
 
 private:
     const CodePage& codePage_;
-    ItemNames itemNames_;
+    NameSet itemNames_;
+    SECSItemRecord item_; ///< the last one; it keeps its memory
 };
 
 } // namespace zb
