@@ -44,8 +44,8 @@ Verb* chosenVerb(const CLI::App& app, const Verbs& verbs) {
 
 Verbs makeVerbs() {
     Verbs verbs;
-    for (const auto make :
-         {makeBuildVerb, makeCheckVerb, makeListVerb, makeConvertVerb, makeAddVerb, makeHistoryVerb})
+    for (const auto make : {makeBuildVerb, makeCheckVerb, makeListVerb, makeConvertVerb, makeAddVerb,
+                            makeHistoryVerb, makeRehearseVerb, makeDecodeVerb, makeLearnVerb})
         verbs.push_back(make());
     return verbs;
 }

@@ -1,14 +1,11 @@
 #include "console/verbs.h"
 
+#include "console/library_bytes.h"
 #include "console/message_source.h"
 #include "console/printable.h"
-#include "messages/mdf_text.h"
-#include "messages/smd/smd_text.h"
-#include "messages/sml_text.h"
 #include "platform/file_replacer.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
-#include "project/project_text.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -22,22 +19,6 @@ namespace {
 
 bool isBuiltIn(SourceKind kind) {
     return kind == SourceKind::Gem || kind == SourceKind::Semi;
-}
-
-std::string bytesOf(const SECSLibraryStore::Records& records, SourceKind kind) {
-    switch (kind) {
-    case SourceKind::Project:
-        // Nothing says which side a new project describes, so it is a host's.
-        return encodeUtf16(composeStart(
-            Side::Host,
-            records.empty() ? ProjectMessages() : ProjectMessages(composeSmd(records, SmdForm::Project))));
-    case SourceKind::Mdf:
-        return composeMdf(records);
-    case SourceKind::Sml:
-        return composeSml(records);
-    default:
-        return composeSmd(records, SmdForm::Build);
-    }
 }
 
 /// The named messages, in the order of the source and each once. Names without a message are reported.
@@ -118,7 +99,7 @@ int ConvertVerb::run(ConsoleStreams streams) {
 }
 
 int ConvertVerb::write(const SECSLibraryStore::Records& records, ConsoleStreams streams) const {
-    if (const Result<void> written = replaceFile(out_, bytesOf(records, sourceKind(out_))); !written) {
+    if (const Result<void> written = replaceFile(out_, libraryBytes(records, sourceKind(out_))); !written) {
         streams.err << printable(out_) << ": cannot be written: " << printable(written.error().description)
                     << '\n';
         return kExitFileFault;

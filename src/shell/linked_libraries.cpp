@@ -15,6 +15,8 @@ constexpr std::array kLinkedLibraries{
     LinkedLibrary{"CLI11", "BSD-3-Clause", "libcli11-dev"},
     LinkedLibrary{"libacl", "LGPL-2.1-or-later", "libacl1-dev"},
     LinkedLibrary{"libattr", "LGPL-2.1-or-later", "libattr1-dev"},
+    LinkedLibrary{"libtins", "BSD-2-Clause", "libtins-dev"},
+    LinkedLibrary{"libpcap", "BSD-3-Clause", "libpcap-dev"},
     LinkedLibrary{"GNU C++ Library", "GPL-3.0-or-later WITH GCC-exception-3.1", "g++"},
 };
 

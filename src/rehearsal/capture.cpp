@@ -1,0 +1,99 @@
+#include "rehearsal/capture.h"
+
+#include "rehearsal/packet_reader.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <pcap/pcap.h>
+
+namespace zb::rehearsal {
+
+namespace {
+
+struct CloseCapture {
+    void operator()(pcap_t* capture) const { pcap_close(capture); }
+};
+using CapturePointer = std::unique_ptr<pcap_t, CloseCapture>;
+
+class Capture final : public Recording {
+public:
+    Capture(CapturePointer capture, const RecordingOptions& options)
+        : capture_(std::move(capture)), linkType_(pcap_datalink(capture_.get())), packets_(options) {}
+
+    bool next(RecordedMessage& message) override {
+        while (!packets_.take(message)) {
+            if (ended_)
+                return false;
+            readPacket();
+        }
+        return true;
+    }
+
+    std::vector<RecordingFault> takeFaults() override {
+        std::vector<RecordingFault> faults = packets_.takeFaults();
+        if (fault_)
+            faults.push_back(*std::exchange(fault_, std::nullopt));
+        return faults;
+    }
+
+private:
+    void readPacket() {
+        pcap_pkthdr* header = nullptr;
+        const unsigned char* data = nullptr;
+        const int result = pcap_next_ex(capture_.get(), &header, &data);
+        if (result == 1) {
+            RecordedTime time;
+            time.isUtc = true;
+            // The capture was opened for nanoseconds, which take the place of the microseconds.
+            time.nanoseconds = std::int64_t{header->ts.tv_sec} * 1'000'000'000 + header->ts.tv_usec;
+            packets_.add(linkType_, {reinterpret_cast<const char*>(data), header->caplen}, time, ++number_);
+            return;
+        }
+        ended_ = true;
+        packets_.finish();
+        if (result == PCAP_ERROR)
+            fault_ = {"offset " + std::to_string(std::ftell(pcap_file(capture_.get()))),
+                      "after packet " + std::to_string(number_) + ": " + pcap_geterr(capture_.get())};
+    }
+
+    CapturePointer capture_;
+    int linkType_;
+    PacketReader packets_;
+    std::size_t number_ = 0;
+    bool ended_ = false;
+    std::optional<RecordingFault> fault_;
+};
+
+} // namespace
+
+bool isCapture(std::string_view firstBytes) {
+    for (const std::string_view magic :
+         {"\xD4\xC3\xB2\xA1", "\xA1\xB2\xC3\xD4", "\x4D\x3C\xB2\xA1", "\xA1\xB2\x3C\x4D", "\x0A\x0D\x0D\x0A"})
+        if (firstBytes.starts_with(magic))
+            return true;
+    return false;
+}
+
+Result<std::unique_ptr<Recording>> openCapture(const std::filesystem::path& path,
+                                               const RecordingOptions& options) {
+    std::FILE* const file = std::fopen(path.c_str(), "rb");
+    if (file == nullptr)
+        return systemError(errno);
+    std::array<char, PCAP_ERRBUF_SIZE> fault{};
+    CapturePointer capture(
+        pcap_fopen_offline_with_tstamp_precision(file, PCAP_TSTAMP_PRECISION_NANO, fault.data()));
+    if (!capture) {
+        std::fclose(file);
+        return FileError{0, std::string("the capture cannot be read: ") + fault.data()};
+    }
+    if (const int type = pcap_datalink(capture.get()); !PacketReader::knows(type)) {
+        const char* const name = pcap_datalink_val_to_name(type);
+        return FileError{0, "the capture is of the link type " +
+                                (name != nullptr ? std::string(name) : std::to_string(type)) +
+                                ", which is not supported"};
+    }
+    return std::unique_ptr<Recording>(std::make_unique<Capture>(std::move(capture), options));
+}
+
+} // namespace zb::rehearsal

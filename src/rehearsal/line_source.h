@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/result.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zb::rehearsal {
+
+/// A longer line is given in pieces of this length.
+inline constexpr std::size_t kLongestLine = std::size_t{64} << 20U;
+
+/// The lines of a file, however large it is. UTF-16 with a mark is converted; any other text is taken as it
+/// is.
+class LineSource {
+public:
+    /// The error is the system's when the file cannot be opened.
+    static Result<LineSource> open(const std::filesystem::path& path);
+    /// The lines of a text.
+    static LineSource ofText(std::string text);
+
+    /// The next line, without its line end; valid until the next call.
+    std::optional<std::string_view> next();
+    /// Of the line that `next` returned last, from 1.
+    std::size_t lineNumber() const { return lineNumber_; }
+
+private:
+    bool fill();
+
+    std::ifstream file_;
+    std::string buffer_;
+    std::size_t begin_ = 0;
+    std::size_t searched_ = 0;
+    std::size_t lineNumber_ = 0;
+};
+
+} // namespace zb::rehearsal

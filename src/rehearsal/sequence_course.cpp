@@ -1,0 +1,88 @@
+#include "rehearsal/sequence_course.h"
+
+#include <algorithm>
+
+namespace zb::rehearsal {
+
+SequenceCourse::SequenceCourse(const Sequences& sequences) {
+    for (const SequenceRow& row : sequences.rows()) {
+        if (row.isHead())
+            sequences_.push_back({row.text, {}});
+        else if (!sequences_.empty())
+            sequences_.back().steps.push_back(row.transactionName);
+    }
+    for (std::size_t i = 0; i < sequences_.size(); ++i)
+        for (const std::string& step : sequences_[i].steps)
+            if (std::vector<std::size_t>& users = using_[step]; users.empty() || users.back() != i)
+                users.push_back(i);
+}
+
+SequencePlace SequenceCourse::placeOf(std::size_t sequence, std::size_t step) const {
+    return {sequences_[sequence].name, step, sequences_[sequence].steps.size()};
+}
+
+std::optional<SequencePlace> SequenceCourse::add(std::size_t link, const std::string& transaction,
+                                                 std::vector<RehearsalFinding>& findings) {
+    if (!using_.contains(transaction))
+        return std::nullopt;
+    ++turn_;
+    Progresses& open = links_[link];
+    std::optional<SequencePlace> place = advance(open, transaction);
+    if (!place)
+        place = start(open, transaction, findings);
+    if (!place)
+        findings.push_back(
+            {"sequence", transaction + " comes out of order: no sequence that has begun expects it"});
+    return place;
+}
+
+/// All sequences that expect the TR message go on; the one that was last active is reported.
+std::optional<SequencePlace> SequenceCourse::advance(Progresses& open, const std::string& transaction) {
+    std::optional<SequencePlace> place;
+    std::size_t latest = 0;
+    for (const std::size_t index : using_[transaction]) {
+        const auto found = open.find(index);
+        if (found == open.end() || sequences_[index].steps[found->second.done] != transaction)
+            continue;
+        Progress& progress = found->second;
+        ++progress.done;
+        if (!place || progress.lastTurn > latest) {
+            latest = progress.lastTurn;
+            place = placeOf(index, progress.done);
+        }
+        progress.lastTurn = turn_;
+        if (progress.done == sequences_[index].steps.size())
+            open.erase(found);
+    }
+    return place;
+}
+
+std::optional<SequencePlace> SequenceCourse::start(Progresses& open, const std::string& transaction,
+                                                   std::vector<RehearsalFinding>& findings) {
+    std::optional<SequencePlace> place;
+    for (const std::size_t index : using_[transaction]) {
+        const Sequence& sequence = sequences_[index];
+        if (sequence.steps.front() != transaction)
+            continue;
+        if (const auto found = open.find(index); found != open.end())
+            findings.push_back({"sequence", sequence.name + " begins again after step " +
+                                                std::to_string(found->second.done) + " of " +
+                                                std::to_string(sequence.steps.size())});
+        open[index] = {1, turn_};
+        if (!place)
+            place = placeOf(index, 1);
+        if (sequence.steps.size() == 1)
+            open.erase(index);
+    }
+    return place;
+}
+
+std::vector<SequencePlace> SequenceCourse::unfinished() const {
+    std::vector<SequencePlace> places;
+    for (const auto& [link, open] : links_)
+        for (const auto& [index, progress] : open)
+            places.push_back(placeOf(index, progress.done));
+    return places;
+}
+
+} // namespace zb::rehearsal
