@@ -1,6 +1,7 @@
 #include "controls/combo.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zb {
 
@@ -12,7 +13,13 @@ void Combo::setText(std::string_view text) {
 }
 
 void Combo::add(std::string entry) {
-    entries_.push_back(std::move(entry));
+    insertAt(entries_.size(), std::move(entry));
+}
+
+void Combo::insertAt(std::size_t position, std::string entry) {
+    entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(position), std::move(entry));
+    if (recorder_ != nullptr)
+        recorder_->afterInsert(position);
     ring(Change::Rows);
 }
 
@@ -21,11 +28,22 @@ void Combo::removeAt(std::size_t position) {
         return;
     if (entries_[position] == text_)
         text_.clear();
-    entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(position));
+    eraseAt(position);
+}
+
+std::string Combo::eraseAt(std::size_t position) {
+    const auto place = entries_.begin() + static_cast<std::ptrdiff_t>(position);
+    std::string entry = std::move(*place);
+    entries_.erase(place);
+    if (recorder_ != nullptr)
+        recorder_->afterErase(position, entry);
     ring(Change::Rows);
+    return entry;
 }
 
 void Combo::clear() {
+    while (recorder_ != nullptr && !entries_.empty())
+        eraseAt(entries_.size() - 1);
     entries_.clear();
     text_.clear();
     ring(Change::Rows);

@@ -8,6 +8,14 @@
 
 namespace zb {
 
+/// Receives each change of the entries of a combo.
+class ComboRecorder {
+public:
+    virtual ~ComboRecorder() = default;
+    virtual void afterInsert(std::size_t position) = 0;
+    virtual void afterErase(std::size_t position, std::string entry) = 0;
+};
+
 /// A combo: a text and a list of entries to choose it from, in order of insertion.
 class Combo : public Control {
 public:
@@ -27,6 +35,14 @@ public:
     void clear();
     bool contains(std::string_view entry) const;
 
+    /// Receives what changes; null for nobody.
+    void setRecorder(ComboRecorder* recorder) { recorder_ = recorder; }
+    /// Inserts an entry, or removes one without an effect on the shown text.
+    /// @{
+    void insertAt(std::size_t position, std::string entry);
+    std::string eraseAt(std::size_t position);
+    /// @}
+
     /// Whether the arrow keys choose the next entry. Otherwise the combo can only be chosen from.
     enum class Keys { Choose, Ignored };
     void setKeys(Keys keys) { keys_ = keys; }
@@ -41,6 +57,7 @@ private:
     std::string text_;
     std::vector<std::string> entries_;
     Keys keys_ = Keys::Choose;
+    ComboRecorder* recorder_ = nullptr;
 };
 
 /// The field of a folder browser: contains the path of a folder.

@@ -177,6 +177,7 @@ void Desktop::leave(Window& window) {
     Control* focused = window.focusControl_;
     if (focused != nullptr)
         fire(focused->onLostFocus);
+    steps_.endTyping();
     fire(window.onDeactivate);
 }
 
@@ -184,6 +185,7 @@ void Desktop::enter(Window& window) {
     active_ = &window;
     std::erase(windows_, &window);
     windows_.push_back(&window);
+    fire(onActivated);
     fire(window.onActivate);
     if (active_ != &window)
         return;
@@ -206,6 +208,7 @@ void Desktop::moveFocus(Window& window, Control* control) {
         return;
     if (before != nullptr) {
         fire(before->onLostFocus);
+        steps_.endTyping();
         before->ring(Change::State);
     }
     // The handler may have moved the focus elsewhere.

@@ -2,7 +2,9 @@
 
 #include "controls/notices.h"
 #include "controls/screen.h"
+#include "controls/user_steps.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +27,8 @@ public:
     Desktop& operator=(const Desktop&) = delete;
 
     Screen& screen() const { return screen_; }
+    /// The undoable steps of what the user does.
+    UserSteps& steps() { return steps_; }
 
     /// The window with that name; of several, the one shown last. Null when there is none.
     Window* find(std::string_view name) const;
@@ -45,6 +49,9 @@ public:
     void showPart(Window& window);
     /// The active window keeps its focus while the dialog is open.
     void showModal(Window& window);
+
+    /// Another window has become active.
+    std::function<void()> onActivated;
 
     /// The document in front in the window; null when it has none.
     Window* frontDocument(const Window& frame) const;
@@ -142,6 +149,7 @@ private:
     Window* topVisible(const Window* except) const;
 
     Screen& screen_;
+    UserSteps steps_;
     std::vector<Window*> windows_; // the one shown last is at the end
     std::vector<ModalEntry> modal_;
     Window* active_ = nullptr;

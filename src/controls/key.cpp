@@ -82,4 +82,16 @@ std::optional<KeyEvent> keyOfCharacter(char character) {
     return std::nullopt;
 }
 
+UndoKey undoKeyOf(KeyEvent key) {
+    constexpr int kLetterY = 'Y';
+    constexpr int kLetterZ = 'Z';
+    if (key.code == kLetterY && key.shift == kControlKey)
+        return UndoKey::Redo;
+    if (key.code != kLetterZ)
+        return UndoKey::None;
+    if (key.shift == (kControlKey | kShiftKey))
+        return UndoKey::Redo;
+    return key.shift == kControlKey ? UndoKey::Undo : UndoKey::None;
+}
+
 } // namespace zb

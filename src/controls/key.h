@@ -47,4 +47,9 @@ std::optional<KeyEvent> keyOfCharacter(char character);
 /// The key that a menu entry uses as its shortcut: "Del", or "Ctrl+" and a letter; none for other texts.
 std::optional<KeyEvent> keyOfShortcut(std::string_view shortcut);
 
+/// What a key asks of a history.
+enum class UndoKey { None, Undo, Redo };
+/// Ctrl+Z undoes, Ctrl+Shift+Z and Ctrl+Y redo.
+UndoKey undoKeyOf(KeyEvent key);
+
 } // namespace zb

@@ -30,6 +30,8 @@ void ListRow::setBold(bool bold) {
 }
 
 void ListRow::setForeColor(OptionalColor color) {
+    if (list_->beforeForeColor && foreColor_ != color)
+        list_->beforeForeColor(*this);
     foreColor_ = color;
     list_->ring(Change::Rows);
 }

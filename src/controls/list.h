@@ -99,6 +99,9 @@ public:
     /// that the next range also starts there. In a list with single selection only `to` is selected.
     void selectRange(ListRow& from, ListRow& to);
 
+    /// The text colour of the row is about to change.
+    std::function<void(const ListRow& row)> beforeForeColor;
+
     std::function<void(int button, ListRow* row)> onMouseDown;
     std::function<void(int button, ListRow* row)> onMouseUp;
     std::function<void(ListRow& row)> onRowClick;

@@ -69,6 +69,10 @@ void TextField::enterKey(KeyEvent key) {
     }
     if (locked_ || readOnly_)
         return;
+    if (const UndoKey wish = undoKeyOf(key); wish != UndoKey::None) {
+        wish == UndoKey::Undo ? undo() : redo();
+        return;
+    }
     if (key.code == kKeyBackspace || key.code == kKeyDelete) {
         if (anchor_ == caret_) {
             if (key.code == kKeyBackspace)

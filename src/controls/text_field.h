@@ -32,6 +32,10 @@ public:
         ring(Change::State);
     }
     Lines lines() const { return lines_; }
+    /// Each change of the text changes the document at once, so that it is the document's history that takes
+    /// it back.
+    void setWritesThrough() { writesThrough_ = true; }
+    bool writesThrough() const { return writesThrough_; }
     /// The field's own handling acts on Enter, so that the window's default button does not.
     void setAnswersEnter() { answersEnter_ = true; }
     bool answersEnter() const { return answersEnter_; }
@@ -85,6 +89,7 @@ private:
     bool locked_ = false;
     bool readOnly_ = false;
     bool answersEnter_ = false;
+    bool writesThrough_ = false;
 };
 
 } // namespace zb

@@ -8,6 +8,8 @@ void Tree::replaceNodes(std::unique_ptr<NodeTree> fresh) {
     // The old nodes are destroyed only after all views have released them.
     fire(onReplaced);
     nodes_->setListener(listener_);
+    if (NodeTreeRecorder* recorder = fresh->recorder(); recorder != nullptr)
+        recorder->afterReplace();
     ring(Change::Rows);
 }
 

@@ -30,6 +30,8 @@ public:
 
     /// The screen's listener, for the current tree and its replacements.
     void setListener(NodeTreeListener* listener);
+    /// The recorder of the current tree. A replacement has none until this is called again.
+    void setRecorder(NodeTreeRecorder* recorder) { nodes_->setRecorder(recorder); }
     /// The whole tree was replaced.
     std::function<void()> onReplaced;
 

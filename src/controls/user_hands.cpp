@@ -109,7 +109,16 @@ UserHands::Refusal UserHands::beginUncounted(const Target& target) {
     return isThere(target, index) ? Refusal() : describe(control) + " has lost the target meanwhile";
 }
 
+UserHands::Refusal UserHands::click(const Target& target) {
+    return press(target, {});
+}
+
+UserHands::Refusal UserHands::controlClick(const Target& target) {
+    return press(target, {0, kControlKey});
+}
+
 UserHands::Refusal UserHands::press(const Target& target, KeyEvent modifiers) {
+    const UserSteps::Action action(desktop_.steps(), target.control);
     const bool hadFocus = target.control->focused();
     if (Refusal refusal = begin(target); !refusal.empty())
         return refusal;
@@ -170,6 +179,7 @@ UserHands::Refusal UserHands::runMenuEntry(Control& control) {
 }
 
 UserHands::Refusal UserHands::rightClick(const Target& target) {
+    const UserSteps::Action action(desktop_.steps(), target.control);
     if (Refusal refusal = mouseDown(target, MouseButton::Right); !refusal.empty())
         return refusal;
     mouseUp(target, MouseButton::Right);
@@ -177,6 +187,7 @@ UserHands::Refusal UserHands::rightClick(const Target& target) {
 }
 
 UserHands::Refusal UserHands::mouseDown(const Target& target, MouseButton button, KeyEvent modifiers) {
+    const UserSteps::Action action(desktop_.steps(), target.control);
     if (Refusal refusal = begin(target); !refusal.empty())
         return refusal;
     pressPart(target, button, modifiers);
@@ -212,6 +223,7 @@ bool UserHands::stillThere(const Target& target) const {
 }
 
 void UserHands::mouseUp(const Target& target, MouseButton button, KeyEvent modifiers) {
+    const UserSteps::Action action(desktop_.steps(), target.control);
     if (!stillThere(target))
         return;
     Control& control = *target.control;
@@ -234,6 +246,7 @@ void UserHands::mouseUp(const Target& target, MouseButton button, KeyEvent modif
 }
 
 UserHands::Refusal UserHands::doubleClick(const Target& target) {
+    const UserSteps::Action action(desktop_.steps(), target.control);
     if (Refusal refusal = click(target); !refusal.empty())
         return refusal;
     doublePress(target);
@@ -241,6 +254,7 @@ UserHands::Refusal UserHands::doubleClick(const Target& target) {
 }
 
 void UserHands::doublePress(const Target& target) {
+    const UserSteps::Action action(desktop_.steps(), target.control);
     if (!stillThere(target) || !whyNot(*target.control).empty())
         return;
     if (target.node != nullptr)
@@ -256,10 +270,12 @@ void UserHands::dismiss() {
 UserHands::Refusal UserHands::focus(Control& control) {
     if (!control.takesFocus())
         return describe(control) + " takes no focus";
+    const UserSteps::Action action(desktop_.steps(), &control);
     return begin(Target::whole(control));
 }
 
 UserHands::Refusal UserHands::activate(Window& window) {
+    const UserSteps::Action action(desktop_.steps(), nullptr);
     ++begun_;
     lastRefusal_.clear();
     desktop_.closePopup();
@@ -272,6 +288,7 @@ UserHands::Refusal UserHands::activate(Window& window) {
 }
 
 UserHands::Refusal UserHands::close(Window& window) {
+    const UserSteps::Action action(desktop_.steps(), nullptr);
     if (Refusal refusal = activate(window); !refusal.empty())
         return refusal;
     window.closeByFrame();
@@ -279,6 +296,7 @@ UserHands::Refusal UserHands::close(Window& window) {
 }
 
 UserHands::Refusal UserHands::choose(Combo& combo, std::size_t position) {
+    const UserSteps::Action action(desktop_.steps(), &combo);
     if (Refusal refusal = begin(Target::whole(combo)); !refusal.empty())
         return refusal;
     combo.choose(position);
@@ -286,6 +304,7 @@ UserHands::Refusal UserHands::choose(Combo& combo, std::size_t position) {
 }
 
 UserHands::Refusal UserHands::extendTo(List& list, ListRow& row) {
+    const UserSteps::Action action(desktop_.steps(), &list);
     if (list.selection() == List::Selection::One || list.selected() == nullptr) {
         Target target = Target::whole(list);
         target.row = &row;
@@ -299,6 +318,7 @@ UserHands::Refusal UserHands::extendTo(List& list, ListRow& row) {
 }
 
 UserHands::Refusal UserHands::choose(Control& control, std::string_view text) {
+    const UserSteps::Action action(desktop_.steps(), &control);
     if (control.kind() != Kind::Combo && control.kind() != Kind::FolderField)
         return describe(control) + " has nothing to choose from";
     if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
@@ -327,6 +347,7 @@ UserHands::Refusal UserHands::choose(Control& control, std::string_view text) {
 }
 
 UserHands::Refusal UserHands::reach(Tree& tree, Node& node) {
+    const UserSteps::Action action(desktop_.steps(), &tree);
     if (Refusal refusal = begin(Target::whole(tree)); !refusal.empty())
         return refusal;
     if (tree.nodes().selected() != &node)
@@ -335,6 +356,7 @@ UserHands::Refusal UserHands::reach(Tree& tree, Node& node) {
 }
 
 UserHands::Refusal UserHands::reach(List& list, ListRow& row) {
+    const UserSteps::Action action(desktop_.steps(), &list);
     if (Refusal refusal = begin(Target::whole(list)); !refusal.empty())
         return refusal;
     reachRow(list, row);

@@ -47,9 +47,9 @@ public:
     using Refusal = std::string;
     enum class MouseButton { Left = 1, Right = 2 };
 
-    Refusal click(const Target& target) { return press(target, {}); }
+    Refusal click(const Target& target);
     /// The same with Ctrl: adds a row to the selection or removes it.
-    Refusal controlClick(const Target& target) { return press(target, {0, kControlKey}); }
+    Refusal controlClick(const Target& target);
     Refusal rightClick(const Target& target);
     Refusal doubleClick(const Target& target);
     /// Closes an open pop-up without a choice.
@@ -95,8 +95,8 @@ public:
     std::optional<DragData> beginDrag(const Target& from);
     void dragOver(const DragData& data, const Target& to);
 
-    /// The default effect of a key; empty for the effect that the stores know. Keys that paste, cut or undo
-    /// have an effect that only a screen can provide.
+    /// The default effect of a key; empty for the effect that the stores know. Keys that paste or cut have an
+    /// effect that only a screen can provide.
     using KeyAction = std::function<void()>;
     Refusal keyDown(Control& control, KeyEvent key, const KeyAction& effect = {});
     /// The same, wherever the focus is.
@@ -119,6 +119,15 @@ public:
     Refusal reach(List& list, ListRow& row);
     /// @}
 
+    /// Undo and redo where the control is, as its keys do: the user's changes of a text field, or the steps
+    /// of the document for a field whose text is written through, and for any other control.
+    /// @{
+    void undo(Control& control);
+    void redo(Control& control);
+    bool canUndo(const Control& control) const;
+    bool canRedo(const Control& control) const;
+    /// @}
+
 private:
     Refusal whyNot(const Control& control) const;
     Refusal begin(const Target& target);
@@ -131,12 +140,14 @@ private:
     void pressPart(const Target& target, MouseButton button, KeyEvent modifiers);
     void pressRow(List& list, ListRow* row, MouseButton button, KeyEvent modifiers);
     bool stillThere(const Target& target) const;
+    bool takesUndoKey(Control& control, KeyEvent key);
     Refusal runMenuEntry(Control& control);
 
     Desktop& desktop_;
     int begun_ = 0;
     Refusal lastRefusal_;
     int pressedIndex_ = 0; // of the node under the button that was pressed last
+    int heldUndoKey_ = 0;  // the code of a key that went to the history; its key up goes nowhere
 };
 
 } // namespace zb

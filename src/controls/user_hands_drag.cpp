@@ -31,6 +31,7 @@ std::optional<DragData> UserHands::beginDrag(const Target& from) {
 }
 
 UserHands::Refusal UserHands::drag(const Target& from, const Target& to) {
+    const UserSteps::Action action(desktop_.steps(), to.control);
     // The press on the source may remove the target.
     const int index = indexOf(to);
     if (Refusal refusal = begin(from); !refusal.empty())
@@ -45,6 +46,7 @@ UserHands::Refusal UserHands::drag(const Target& from, const Target& to) {
 }
 
 void UserHands::dragOver(const DragData& data, const Target& to) {
+    const UserSteps::Action action(desktop_.steps(), to.control);
     Control& control = *to.control;
     if (!whyNot(control).empty())
         return;
@@ -55,6 +57,7 @@ void UserHands::dragOver(const DragData& data, const Target& to) {
 }
 
 UserHands::Refusal UserHands::drop(const DragData& data, const Target& to) {
+    const UserSteps::Action action(desktop_.steps(), to.control);
     desktop_.closePopup();
     Control& control = *to.control;
     if (Refusal refusal = whyNot(control); !refusal.empty())

@@ -1,9 +1,12 @@
 #include "controls/user_hands.h"
 
+#include "controls/desktop.h"
 #include "controls/key_effects.h"
 #include "controls/menu.h"
 #include "controls/text_field.h"
 #include "controls/user_hands_parts.h"
+
+#include <utility>
 
 namespace zb {
 
@@ -11,6 +14,7 @@ using namespace hands;
 using Kind = Control::Kind;
 
 UserHands::Refusal UserHands::keyDown(Control& control, KeyEvent key, const KeyAction& effect) {
+    const UserSteps::Action action(desktop_.steps(), &control);
     if (!control.takesFocus())
         return describe(control) + " takes no keys";
     if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
@@ -19,6 +23,7 @@ UserHands::Refusal UserHands::keyDown(Control& control, KeyEvent key, const KeyA
 }
 
 UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key, const KeyAction& effect) {
+    const UserSteps::Action action(desktop_.steps(), &control);
     ++begun_;
     lastRefusal_ = whyNot(control);
     if (!lastRefusal_.empty())
@@ -26,6 +31,8 @@ UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key, const 
     fire(control.onKeyDown, key);
     if (Refusal refusal = whyNot(control); !refusal.empty())
         return refusal;
+    if (takesUndoKey(control, key))
+        return {};
     if (effect)
         effect();
     else
@@ -34,11 +41,64 @@ UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key, const 
 }
 
 void UserHands::keyUp(Control& control, KeyEvent key) {
+    const UserSteps::Action action(desktop_.steps(), &control);
+    if (key.code == std::exchange(heldUndoKey_, 0))
+        return;
     if (control.window().visible())
         fire(control.onKeyUp, key);
 }
 
+namespace {
+
+/// The text of a field that is written through is part of the document.
+bool hasOwnHistory(const Control& control) {
+    return control.kind() == Kind::TextField && !static_cast<const TextField&>(control).writesThrough();
+}
+
+} // namespace
+
+// The key of a command never reaches the control again, as with the shortcuts of a menu.
+bool UserHands::takesUndoKey(Control& control, KeyEvent key) {
+    heldUndoKey_ = 0;
+    const UndoKey wish = undoKeyOf(key);
+    if (wish == UndoKey::None || hasOwnHistory(control) || !desktop_.steps().move(control.window(), wish))
+        return false;
+    heldUndoKey_ = key.code;
+    return true;
+}
+
+void UserHands::undo(Control& control) {
+    const UserSteps::Action action(desktop_.steps(), &control);
+    if (hasOwnHistory(control))
+        as<TextField>(control).undo();
+    else
+        desktop_.steps().move(control.window(), UndoKey::Undo);
+}
+
+void UserHands::redo(Control& control) {
+    const UserSteps::Action action(desktop_.steps(), &control);
+    if (hasOwnHistory(control))
+        as<TextField>(control).redo();
+    else
+        desktop_.steps().move(control.window(), UndoKey::Redo);
+}
+
+bool UserHands::canUndo(const Control& control) const {
+    if (hasOwnHistory(control))
+        return static_cast<const TextField&>(control).canUndo();
+    const UndoHistory* history = desktop_.steps().find(control.window());
+    return history != nullptr && history->canUndo();
+}
+
+bool UserHands::canRedo(const Control& control) const {
+    if (hasOwnHistory(control))
+        return static_cast<const TextField&>(control).canRedo();
+    const UndoHistory* history = desktop_.steps().find(control.window());
+    return history != nullptr && history->canRedo();
+}
+
 UserHands::Refusal UserHands::key(Control& control, KeyEvent key) {
+    const UserSteps::Action action(desktop_.steps(), &control);
     if (!control.takesFocus())
         return describe(control) + " takes no keys";
     if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
@@ -47,6 +107,7 @@ UserHands::Refusal UserHands::key(Control& control, KeyEvent key) {
 }
 
 UserHands::Refusal UserHands::type(Control& control, std::string_view text) {
+    const UserSteps::Action action(desktop_.steps(), &control);
     if (!control.takesFocus())
         return describe(control) + " takes no keys";
     for (const char character : text) {
@@ -77,6 +138,7 @@ UserHands::Refusal UserHands::strike(Control& control, KeyEvent key) {
 }
 
 UserHands::Refusal UserHands::enterText(TextField& field, std::string_view text) {
+    const UserSteps::Action action(desktop_.steps(), &field);
     const KeyEvent key{kKeyForeignText, 0};
     if (Refusal refusal = keyDown(field, key, [&] { field.insert(text); }); !refusal.empty())
         return refusal;
@@ -85,6 +147,7 @@ UserHands::Refusal UserHands::enterText(TextField& field, std::string_view text)
 }
 
 UserHands::Refusal UserHands::insert(Control& control, std::string_view text) {
+    const UserSteps::Action action(desktop_.steps(), &control);
     if (control.kind() != Kind::TextField)
         return describe(control) + " is no text field";
     if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())
@@ -94,6 +157,7 @@ UserHands::Refusal UserHands::insert(Control& control, std::string_view text) {
 }
 
 UserHands::Refusal UserHands::insertAt(TextField& field, std::size_t place, std::string_view text) {
+    const UserSteps::Action action(desktop_.steps(), &field);
     if (Refusal refusal = begin(Target::whole(field)); !refusal.empty())
         return refusal;
     field.select(place, place);
@@ -102,6 +166,7 @@ UserHands::Refusal UserHands::insertAt(TextField& field, std::size_t place, std:
 }
 
 UserHands::Refusal UserHands::paste(Control& control, std::string_view text) {
+    const UserSteps::Action action(desktop_.steps(), &control);
     if (control.kind() != Kind::TextField)
         return describe(control) + " is no text field";
     if (Refusal refusal = begin(Target::whole(control)); !refusal.empty())

@@ -3,6 +3,7 @@
 #include "controls/desktop.h"
 #include "editor/editor_controls.h"
 #include "editor/item_key_filter.h"
+#include "editor/step_names.h"
 #include "messages/item_key.h"
 #include "messages/item_normalizer.h"
 #include "messages/item_record.h"
@@ -68,6 +69,8 @@ void ItemPane::wireFields() {
     TextField& name = window_.txtItemName;
     TextField& count = window_.txtItemCount;
     TextField& value = window_.txtInit;
+    for (TextField* field : {&name, &count, &value})
+        field->setWritesThrough();
     name.onKeyDown = [this, &name](KeyEvent key) {
         if (selectedItem() != nullptr)
             applyKeyEffect(name, filterItemNameKey(key, name.text()));
@@ -90,10 +93,27 @@ void ItemPane::wireFields() {
 
 void ItemPane::wireChecks() {
     window_.chkFix.onRelease = [this] {
-        if (Node* node = selectedItem())
+        if (Node* node = selectedItem()) {
+            window_.desktop().steps().name("Change Fixed Count of " + nameForSteps(*node));
             updateItemNodeText(*node);
+        }
     };
     window_.chkIsItemKey.onRelease = [this] { keyReleased(); };
+}
+
+namespace {
+
+std::string typingIn(const Label& label, Node& node) {
+    return "Type in " + label.text() + " of " + nameForSteps(node);
+}
+
+} // namespace
+
+void ItemPane::nameStep(const TextField& field, Node& node) {
+    const Label& label = &field == &window_.txtItemName    ? window_.lblItemName
+                         : &field == &window_.txtItemCount ? window_.lblItemCount
+                                                           : window_.lblInit;
+    window_.desktop().steps().name(typingIn(label, node), {&field, &node});
 }
 
 Node* ItemPane::selectedNode() const {
@@ -141,6 +161,7 @@ void ItemPane::nameTyped() {
     Node* node = selectedItem();
     if (node == nullptr)
         return;
+    nameStep(window_.txtItemName, *node);
     if (!isNumeric(window_.txtItemName.text())) {
         updateItemNodeText(*node);
         return;
@@ -153,6 +174,7 @@ void ItemPane::countTyped() {
     Node* node = selectedItem();
     if (node == nullptr)
         return;
+    nameStep(window_.txtItemCount, *node);
     const std::string& text = window_.txtItemCount.text();
     const double value = valueOf(text);
     if (!isNumeric(text) || (value >= 0 && value <= kMostCount)) {
@@ -177,6 +199,7 @@ void ItemPane::keyReleased() {
         window_.chkIsItemKey.setChecked(false);
         return;
     }
+    window_.desktop().steps().name("Change ItemKey of " + nameForSteps(*node));
     clearKeysInMessage(*node);
     updateItemNodeText(*node);
 }
@@ -185,8 +208,9 @@ void ItemPane::keyReleased() {
 
 void ItemPane::valueChanged() {
     Node* node = selectedItem();
-    if (storingValue_ || node == nullptr)
+    if (storingValue_ || onlyShows_ || node == nullptr)
         return;
+    nameStep(window_.txtInit, *node);
     const std::string type = getSelectedItemType();
     const ValueForm form = valueFormOf(type);
     if (form == ValueForm::None || form == ValueForm::Unknown)
@@ -214,8 +238,10 @@ void ItemPane::storeValueQuietly(std::string_view text) {
 
 void ItemPane::valueLeft() {
     Node* node = selectedItem();
-    if (node == nullptr)
+    if (node == nullptr || onlyShows_)
         return;
+    const UserSteps::Part part(window_.desktop().steps(), typingIn(window_.lblInit, *node),
+                               {&window_.txtInit, node});
     SECSItemRecord record = recordOf(*node);
     normalizeItem(*node, record, codePage_);
 }
@@ -269,6 +295,7 @@ void ItemPane::typeClicked(ToolbarButton& button) {
                                   BoxIcon::Information);
         return;
     }
+    window_.desktop().steps().name("Change type of " + nameForSteps(*node));
     fitValueToType(newType, *node);
     pressOnly(button);
     updateItemNodeText(*node);

@@ -34,7 +34,22 @@ public:
     void selectTypeButton(std::string_view token);
     void resetTypeButtons();
 
+    /// During the lifetime of one, what is set in the fields is only shown: no change of a field, and no end
+    /// of typing, changes the tree.
+    class OnlyShows {
+    public:
+        explicit OnlyShows(ItemPane& pane) : shows_(pane.onlyShows_) { shows_ = true; }
+        ~OnlyShows() { shows_ = false; }
+        OnlyShows(const OnlyShows&) = delete;
+        OnlyShows& operator=(const OnlyShows&) = delete;
+
+    private:
+        bool& shows_;
+    };
+
 private:
+    /// Names the step of a change that one of the fields makes; keys in one field are one step.
+    void nameStep(const TextField& field, Node& node);
     void wireFields();
     void wireChecks();
     Node* selectedNode() const;
@@ -60,6 +75,7 @@ private:
     const CodePage& codePage_;
     /// The pane itself sets txtInit: the text needs no check.
     bool storingValue_ = false;
+    bool onlyShows_ = false;
 };
 
 } // namespace zb

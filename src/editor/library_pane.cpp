@@ -81,6 +81,10 @@ bool holdsText(const RowTexts& texts, std::string_view loweredFilter) {
     });
 }
 
+std::string messagesText(std::size_t count) {
+    return count == 1 ? "a message" : std::to_string(count) + " messages";
+}
+
 ListRow& addRow(const RowTexts& texts, List& list) {
     ListRow& row = list.add(texts.cells[0], texts.key);
     row.setCell(1, texts.cells[1]);
@@ -242,6 +246,7 @@ void LibraryPane::dropRows() {
     std::vector<std::string> entries;
     for (const auto& row : window_.List1.rows())
         entries.push_back(row->text());
+    window_.desktop().steps().name("Drag " + messagesText(entries.size()) + " from the library");
     for (const DropStep& step : planDrop(entries)) {
         addMessages(step);
         window_.TreeView_ForeColor();

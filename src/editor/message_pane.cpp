@@ -3,6 +3,7 @@
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
 #include "editor/message_key_filter.h"
+#include "editor/step_names.h"
 #include "messages/message_nodes.h"
 #include "messages/message_record.h"
 #include "platform/number.h"
@@ -142,6 +143,7 @@ void MessagePane::add() {
         window_.txtMsgName.setFocus();
         return;
     }
+    window_.desktop().steps().name("Add " + name);
     needDirection();
     append(name, nodeText(), window_.txtDescription.text());
     if (!isEven(window_.txtFunction.text()))
@@ -172,6 +174,7 @@ void MessagePane::change() {
         window_.desktop().showBox("No selected message.");
         return;
     }
+    window_.desktop().steps().name("Change " + nameForSteps(*selected));
     if (const Node* message = messageOf(*selected).message; message != nullptr)
         applyMessageChange(message->index());
 }

@@ -2,6 +2,7 @@
 
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
+#include "editor/step_names.h"
 #include "messages/item_names.h"
 #include "messages/message_nodes.h"
 #include "messages/subtree_copy.h"
@@ -47,12 +48,18 @@ TreeCommands::TreeCommands(frmSECSEditor& window) : window_(window) {
 }
 
 void TreeCommands::wire(StructureEntries& entries) {
-    entries.cut.onClick = [this] { cut(); };
+    entries.cut.onClick = [this] {
+        nameStep("Cut ");
+        cut();
+    };
     entries.copy.onClick = [this] { copy(); };
     entries.pastePrevious.onClick = [this] { pasteFromTemp(PastePosition::Previous); };
     entries.pasteNext.onClick = [this] { pasteFromTemp(PastePosition::Next); };
     entries.pasteChild.onClick = [this] { pasteFromTemp(PastePosition::Child); };
-    entries.remove.onClick = [this] { cut(); };
+    entries.remove.onClick = [this] {
+        nameStep("Delete ");
+        cut();
+    };
     entries.duplicate.onClick = [this] { duplicate(); };
     entries.item.onClick = [this] { insertItem(); };
     entries.child.onClick = [this] { addSubItem(); };
@@ -70,7 +77,13 @@ void TreeCommands::copy() {
         copyNodeToTemp(*selected);
 }
 
+void TreeCommands::nameStep(std::string_view command) {
+    if (Node* selected = window_.liveTree().selected(); selected != nullptr)
+        window_.desktop().steps().name(std::string(command) + nameForSteps(*selected));
+}
+
 void TreeCommands::duplicate() {
+    nameStep("Duplicate ");
     copy();
     pasteFromTemp(PastePosition::Next);
 }
@@ -149,6 +162,9 @@ void TreeCommands::updateListCount(Node& list) {
 void TreeCommands::pasteFromTemp(PastePosition position) {
     if (window_.clipboard().empty())
         return;
+    Node& copied = *window_.clipboard().firstRoot();
+    window_.desktop().steps().name(
+        "Paste " + (holdsMessage(window_.clipboard()) ? nameForSteps(copied) : nameOfItem(copied)));
     Node* selected = window_.liveTree().selected();
     if (selected == nullptr)
         refusePaste();
@@ -270,6 +286,7 @@ void TreeCommands::insertItem() {
         return;
     }
     const Relation relation = parent == nullptr ? Relation::Child : Relation::Next;
+    nameStep(parent == nullptr ? "Insert item in " : "Insert item after ");
     window_.liveTree().add(selected, relation, newItemText(*selected)).setExpanded(true);
     if (parent != nullptr && !directItem)
         updateListCount(*parent);
@@ -292,6 +309,7 @@ void TreeCommands::addSubItem() {
         window_.desktop().showBox("You cannot insert item");
         return;
     }
+    nameStep("Add sub item to ");
     window_.liveTree().add(selected, Relation::Child, newItemText(*selected)).setExpanded(true);
     if (fixedList) {
         window_.txtItemCount.setText(std::to_string(selected->children()));

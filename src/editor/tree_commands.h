@@ -36,6 +36,8 @@ public:
 
 private:
     void wire(StructureEntries& entries);
+    /// Names the step of a command on the selected node.
+    void nameStep(std::string_view command);
     void refusePaste();
     void pasteMessage(Node& selected, PastePosition position);
     void pasteItem(Node& selected, PastePosition position);

@@ -2,6 +2,7 @@
 
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
+#include "editor/step_names.h"
 #include "messages/item_key.h"
 #include "messages/item_normalizer.h"
 #include "messages/item_record.h"
@@ -21,6 +22,10 @@ constexpr int kRightButton = 2;
 
 /// Replaces a stream or function that is not a number, so that the message can be saved and corrected.
 constexpr const char* kStandIn = "90";
+
+/// Fields with larger numbers answer with a box.
+constexpr int kMostStream = 128;
+constexpr int kMostFunction = 255;
 
 bool isBadNumber(const std::string& text) {
     return !isNumeric(text) || valueOf(text) < 0;
@@ -50,6 +55,7 @@ void TreeInteraction::nodeClick() {
     Node* node = window_.liveTree().selected();
     if (node == nullptr)
         return;
+    window_.desktop().steps().name("Normalize " + nameForSteps(*node));
     node->setBackColor(std::nullopt);
     updateEditMenuState();
     if (node->parent() == nullptr)
@@ -72,6 +78,55 @@ void TreeInteraction::rootClick(Node& node) {
     window_.chkWait.setEnabled(primary);
     window_.chkReply.setEnabled(primary);
     window_.display_DefSECSMsg(record);
+}
+
+void TreeInteraction::showAgain(Node* node) {
+    const ItemPane::OnlyShows onlyShows(window_.itemPane);
+    const Desktop::FocusStays stays(window_.desktop());
+    // A node that is selected already comes into view as well.
+    window_.liveTree().select(nullptr);
+    window_.liveTree().select(node);
+    updateEditMenuState();
+    if (node == nullptr) {
+        window_.InitItem();
+        window_.picItem.setEnabled(false);
+    } else if (node->parent() == nullptr) {
+        showRootAgain(*node);
+    } else {
+        showItemAgain(*node);
+    }
+}
+
+void TreeInteraction::showRootAgain(Node& node) {
+    window_.picItem.setEnabled(false);
+    window_.cmdMsgChange.setEnabled(true);
+    const SECSMessageRecord record = recordOf(messageOf(node));
+    const auto good = [](const std::string& number, int most) {
+        return isBadNumber(number) || valueOf(number) > most ? std::string() : number;
+    };
+    window_.txtStream.setText(good(record.getStreamText(), kMostStream));
+    window_.txtFunction.setText(good(record.getFunctionText(), kMostFunction));
+    window_.txtDescription.setText(record.getDescription());
+    window_.txtMsgName.setText(record.getName());
+    window_.chkNoLogging.setChecked(record.getNoLogging());
+    const bool primary = std::fmod(roundHalfEven(valueOf(window_.txtFunction.text())), 2) != 0;
+    window_.chkWait.setEnabled(primary);
+    window_.chkReply.setEnabled(primary);
+    window_.display_DefSECSMsg(record);
+}
+
+void TreeInteraction::showItemAgain(Node& node) {
+    showMessageOfItem(node);
+    window_.cmdMsgChange.setEnabled(false);
+    window_.picItem.setEnabled(true);
+    window_.picItem.setVisible(true);
+    SECSItemRecord record;
+    record.parseText(node.text());
+    window_.txtItemName.setText(record.getName());
+    window_.itemPane.selectTypeButton(record.getType());
+    window_.txtItemCount.setText(std::to_string(record.getCount()));
+    window_.chkFix.setChecked(record.isFixed());
+    showKeyAndValue(node, record);
 }
 
 void TreeInteraction::showNumber(TextField& field, const std::string& number, const std::string& what,

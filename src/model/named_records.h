@@ -76,16 +76,32 @@ public:
     }
 
     void remove(std::string_view name) {
-        Record* record = find(name);
-        if (record == nullptr)
-            return;
-        /// The name may be stored in the record itself.
-        if (const auto indexed = byName_.find(name); indexed != byName_.end())
+        if (Record* record = find(name); record != nullptr)
+            static_cast<void>(takeAt(positionOf(*record)));
+    }
+
+    /// From 0; the record must be in the collection.
+    std::size_t positionOf(const Record& record) const {
+        const auto found = std::find_if(records_.begin(), records_.end(),
+                                        [&](const auto& owned) { return owned.get() == &record; });
+        return static_cast<std::size_t>(found - records_.begin());
+    }
+    std::unique_ptr<Record> takeAt(std::size_t position) {
+        const auto place = records_.begin() + static_cast<std::ptrdiff_t>(position);
+        std::unique_ptr<Record> record = std::move(*place);
+        if (const auto indexed = byName_.find(record->Name()); indexed != byName_.end())
             byName_.erase(indexed);
-        records_.erase(std::find_if(records_.begin(), records_.end(),
-                                    [&](const auto& owned) { return owned.get() == record; }));
-        /// A record with the same name may follow it.
+        records_.erase(place);
+        // A record with the same name may follow it.
         namesChanged_ = namesChanged_ || records_.size() != byName_.size();
+        record->namesChanged_ = nullptr;
+        return record;
+    }
+    /// Puts a record back; its name is not checked.
+    void insertAt(std::size_t position, std::unique_ptr<Record> record) {
+        record->namesChanged_ = &namesChanged_;
+        records_.insert(records_.begin() + static_cast<std::ptrdiff_t>(position), std::move(record));
+        namesChanged_ = true;
     }
 
     void clear() {

@@ -1,6 +1,7 @@
 #include "model/sequences.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zb {
@@ -29,6 +30,12 @@ std::size_t Sequences::remove(std::size_t at) {
         if (const auto head = headOf(at - 1))
             renumber(*head + 1);
     return end - at;
+}
+
+void Sequences::replace(std::size_t at, std::size_t count, std::vector<SequenceRow> rows) {
+    const auto place = rows_.begin() + static_cast<std::ptrdiff_t>(at);
+    const auto next = rows_.erase(place, place + static_cast<std::ptrdiff_t>(count));
+    rows_.insert(next, std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
 }
 
 std::optional<std::size_t> Sequences::headOf(std::size_t at) const {

@@ -41,6 +41,8 @@ public:
     /// Removes the item at `at` and closes the gap in the ordinals, or the head at `at` with all its items.
     /// Returns the number of rows removed.
     std::size_t remove(std::size_t at);
+    /// Puts other rows in the place of `count` rows from `at` on, without a check of ordinals.
+    void replace(std::size_t at, std::size_t count, std::vector<SequenceRow> rows);
 
     /// The nearest head at or before `at`; nothing when there is none, as in a damaged file.
     std::optional<std::size_t> headOf(std::size_t at) const;

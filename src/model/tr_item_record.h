@@ -3,6 +3,7 @@
 #include "model/named_records.h"
 #include "platform/xml_element.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -26,6 +27,8 @@ public:
     /// The same statements as an element "Condition"; none for an item whose dialog was never accepted.
     const std::optional<XmlElement>& ConditionNode() const { return conditionNode_; }
     void setConditionNode(std::optional<XmlElement> node) { conditionNode_ = std::move(node); }
+
+    std::unique_ptr<TRItemRecord> copy() const;
 
 private:
     std::string value_;

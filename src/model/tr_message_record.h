@@ -3,6 +3,7 @@
 #include "messages/message_record.h"
 #include "model/tr_item_record.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
@@ -44,6 +45,11 @@ public:
     void newDataBlock() { dataBlock_.reset(); }
     /// The data block as an element "DataBlock"; none when there is no data block.
     std::optional<XmlElement> DataBlockNode() const;
+
+    /// The record with all its items.
+    std::unique_ptr<TRMessageRecord> copy() const;
+    /// The memory that it takes, roughly.
+    std::size_t bytes() const;
 
 private:
     std::string secsMessage_;

@@ -2,6 +2,7 @@
 
 #include "model/tr_message_record.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -12,6 +13,16 @@ namespace zb {
 /// The values of `Direction`.
 inline constexpr int kToHost = 1;
 inline constexpr int kToEquip = 2;
+
+/// Receives every change of a model together with what was there before. Positions start at 0.
+class TRModelRecorder {
+public:
+    virtual ~TRModelRecorder() = default;
+    /// The message is about to change.
+    virtual void beforeChange(std::size_t position, const TRMessageRecord& message) = 0;
+    virtual void afterAdd(std::size_t position) = 0;
+    virtual void afterRemove(std::size_t position, std::unique_ptr<TRMessageRecord> message) = 0;
+};
 
 /// The transaction model of a project: all TR messages, received and sent, in the order of adding. The
 /// records are the model: changes to a fetched record change it.
@@ -29,16 +40,45 @@ public:
 
     /// Appends the record. The caller has checked that the name is free; a second record with the same name
     /// is not added.
-    void addTRMessage(std::unique_ptr<TRMessageRecord> record) { messages_.add(std::move(record)); }
+    void addTRMessage(std::unique_ptr<TRMessageRecord> record) {
+        if (messages_.add(std::move(record)) && recorder_ != nullptr)
+            recorder_->afterAdd(TRMessages().size() - 1);
+    }
     /// Null when there is none; the name is compared exactly.
     TRMessageRecord* getTRMessage(std::string_view name) const { return messages_.find(name); }
+    /// The same for a user who is going to change the message or its items.
+    TRMessageRecord* changeTRMessage(std::string_view name) {
+        TRMessageRecord* message = messages_.find(name);
+        if (message != nullptr && recorder_ != nullptr)
+            recorder_->beforeChange(messages_.positionOf(*message), *message);
+        return message;
+    }
     /// No effect for an unknown name.
-    void deleteTRMessage(std::string_view name) { messages_.remove(name); }
+    void deleteTRMessage(std::string_view name) {
+        const TRMessageRecord* message = messages_.find(name);
+        if (message == nullptr)
+            return;
+        const std::size_t position = messages_.positionOf(*message);
+        std::unique_ptr<TRMessageRecord> removed = messages_.takeAt(position);
+        if (recorder_ != nullptr)
+            recorder_->afterRemove(position, std::move(removed));
+    }
     void clearTRMessages() { messages_.clear(); }
+
+    /// Receives what the user changes; null for nobody.
+    void setRecorder(TRModelRecorder* recorder) { recorder_ = recorder; }
+    /// Takes a record out, or puts one back. No recorder is told.
+    /// @{
+    std::unique_ptr<TRMessageRecord> takeAt(std::size_t position) { return messages_.takeAt(position); }
+    void insertAt(std::size_t position, std::unique_ptr<TRMessageRecord> record) {
+        messages_.insertAt(position, std::move(record));
+    }
+    /// @}
 
 private:
     int projectType_ = 1;
     NamedRecords<TRMessageRecord> messages_;
+    TRModelRecorder* recorder_ = nullptr;
 };
 
 } // namespace zb

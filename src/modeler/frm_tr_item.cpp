@@ -55,7 +55,7 @@ const SECSMessageRecord* frmTRItem::selectedMessage() const {
     return selectedMessage_ ? &*selectedMessage_ : nullptr;
 }
 
-TRMessageRecord* frmTRItem::trMessage() const {
+const TRMessageRecord* frmTRItem::trMessage() const {
     return state_.TRModelStore ? state_.TRModelStore->getTRMessage(messageName_) : nullptr;
 }
 
@@ -142,7 +142,8 @@ void frmTRItem::update() {
         desktop().showBox("Insert TRItem Name!", BoxIcon::Critical);
         return;
     }
-    TRMessageRecord* message = trMessage();
+    TRMessageRecord* message =
+        state_.TRModelStore ? state_.TRModelStore->changeTRMessage(messageName_) : nullptr;
     if (cmdUpdate.caption() == kUpdateCaption) {
         TRItemRecord* item = message != nullptr ? message->getTRItem(txtTRItemName.text()) : nullptr;
         if (item == nullptr) {
@@ -150,6 +151,7 @@ void frmTRItem::update() {
             update();
             return;
         }
+        desktop().steps().name("Change TR item " + name);
         fillRecord(*item);
         views_.displayUpdatedTRItem(messageName_, item->Name());
     } else if (message == nullptr) {
@@ -163,6 +165,7 @@ void frmTRItem::update() {
 }
 
 bool frmTRItem::addItem(TRMessageRecord& message, const std::string& name) {
+    desktop().steps().name("Add TR item " + name);
     auto item = std::make_unique<TRItemRecord>();
     item->setName(name);
     fillRecord(*item);

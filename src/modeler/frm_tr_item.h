@@ -82,7 +82,7 @@ private:
     ConditionHome conditionHome();
     const SECSMessageRecord* selectedMessage() const;
     /// The message that owns the item; null when it was deleted meanwhile.
-    TRMessageRecord* trMessage() const;
+    const TRMessageRecord* trMessage() const;
 
     ModuleState& state_;
     ModelViews& views_;

@@ -130,6 +130,7 @@ void frmTRMessage::selectListWithoutCount(const SECSItemRecord& list) {
 bool frmTRMessage::addTRMessageFromDialog(const std::string& name) {
     if (!checkTRMessageName() || (!isReceivedMode() && !checkDataBlock()))
         return false;
+    desktop().steps().name("Add TR message " + name);
     auto record = std::make_unique<TRMessageRecord>();
     record->setName(name);
     record->setSECSMessage(trim(cmbSECSMessage.text()));
@@ -145,13 +146,14 @@ bool frmTRMessage::addTRMessageFromDialog(const std::string& name) {
 bool frmTRMessage::updateTRMessageFromDialog(const std::string& name) {
     if (!isReceivedMode() && !checkDataBlock())
         return false;
-    TRMessageRecord* record = state_.TRModelStore->getTRMessage(name);
+    TRMessageRecord* record = state_.TRModelStore->changeTRMessage(name);
     if (record == nullptr) {
         // The message was deleted meanwhile: the contents of the dialog become a new one.
         cmdUpdate.setCaption("&Add");
         command();
         return false;
     }
+    desktop().steps().name("Change TR message " + name);
     const std::string message = trim(cmbSECSMessage.text());
     if (message != record->SECSMessage())
         clearTRItemSources(*record);

@@ -54,6 +54,8 @@ public:
     void displayModel();
     /// Shows the contents of a node with that text in the table.
     void showTRObjects(std::string_view name);
+    /// Shows a node as a press on it does, but leaves its mark: after an undo. Null shows the root.
+    void showAgain(Tree& tree, Node* node) { treeCommands_.showAgain(tree, node); }
     /// Makes the tree the current one, with the message and item of the node; a null node does not change
     /// these two.
     void selectTreeNode(Tree& tree, const Node* node);

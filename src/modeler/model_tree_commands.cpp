@@ -1,5 +1,6 @@
 #include "modeler/model_tree_commands.h"
 
+#include "controls/desktop.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/frm_tr_modeler.h"
@@ -104,6 +105,18 @@ void ModelTreeCommands::press(Tree& tree, Node* node) {
     follow(tree, node);
 }
 
+void ModelTreeCommands::showAgain(Tree& tree, Node* node) {
+    const Desktop::FocusStays stays(window_.desktop());
+    if (node == nullptr)
+        node = tree.nodes().firstRoot();
+    // A node that is selected already comes into view as well.
+    tree.nodes().select(nullptr);
+    tree.nodes().select(node);
+    follow(tree, node);
+    if (node != nullptr && levelOf(*node) == ModelLevel::Item)
+        window_.showTRObjects(node->parent()->text());
+}
+
 void ModelTreeCommands::follow(Tree& tree, const Node* node) {
     window_.selectTreeNode(tree, node);
     if (&tree == &window_.tvwSndTRMsg)
@@ -158,6 +171,7 @@ void ModelTreeCommands::deleteNode(Tree& tree, Node& node) {
 void ModelTreeCommands::deleteTRMessageNode(Tree& tree, Node& node) {
     const int position = node.next() == nullptr ? 1 : node.next()->index();
     const std::string name = node.text();
+    window_.desktop().steps().name("Delete TR message " + name);
     removeChildNodes(tree, node);
     tree.nodes().remove(node);
     if (TRModelStore* model = window_.store(); model != nullptr)
@@ -168,9 +182,11 @@ void ModelTreeCommands::deleteTRMessageNode(Tree& tree, Node& node) {
 
 void ModelTreeCommands::deleteTRItemNode(Tree& tree, Node& node) {
     const std::string message = node.parent()->text();
-    TRMessageRecord* record = window_.store() == nullptr ? nullptr : window_.store()->getTRMessage(message);
+    TRMessageRecord* record =
+        window_.store() == nullptr ? nullptr : window_.store()->changeTRMessage(message);
     if (record == nullptr)
         return;
+    window_.desktop().steps().name("Delete TR item " + node.text());
     const int position = node.next() != nullptr ? node.index() : node.parent()->index();
     record->deleteTRItem(std::string(node.text()));
     tree.nodes().remove(node);
@@ -189,6 +205,7 @@ void ModelTreeCommands::selectPosition(Tree& tree, int position, std::string_vie
 }
 
 void ModelTreeCommands::removeErrorNodes(Tree& tree) {
+    window_.desktop().steps().name("Remove errors of " + std::string(window_.rootOf(tree)));
     for (int position = static_cast<int>(tree.nodes().count()); position > 0; --position) {
         Node* node = tree.nodes().at(position);
         if (node == nullptr || levelOf(*node) != ModelLevel::Message || !isErrorMark(node->foreColor()) ||
@@ -202,6 +219,7 @@ void ModelTreeCommands::removeErrorNodes(Tree& tree) {
 }
 
 void ModelTreeCommands::clearTree(Tree& tree) {
+    window_.desktop().steps().name("Clear " + std::string(window_.rootOf(tree)));
     const Node* root = tree.nodes().firstRoot();
     if (TRModelStore* model = window_.store(); model != nullptr && root != nullptr) {
         for (const Node* node = root->child(); node != nullptr; node = node->next())

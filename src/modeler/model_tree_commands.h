@@ -26,6 +26,10 @@ public:
     void clearTree(Tree& tree);
     /// @}
 
+    /// Selects the node, or the root for null, and shows it as a press does, but leaves its mark: the trees
+    /// are as an undo left them.
+    void showAgain(Tree& tree, Node* node);
+
 private:
     void wireReceived();
     void wireSent();

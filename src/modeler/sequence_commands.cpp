@@ -1,5 +1,6 @@
 #include "modeler/sequence_commands.h"
 
+#include "controls/desktop.h"
 #include "modeler/frm_add_sequence.h"
 #include "modeler/frm_tr_modeler.h"
 #include "modeler/model_nodes.h"
@@ -23,11 +24,11 @@ SequenceCommands::SequenceCommands(frmTRModeler& window, frmAddSequence& addDial
     list.onDragOver = [this](const DragData&, ListRow* row) { dragOver(row); };
     list.onDrop = [this](const DragData& data, ListRow* row) { drop(data, row); };
     window_.mnuSeqAddSequence.onClick = [this] { addSequence(); };
-    window_.mnuSeqDelete.onClick = [this] {
-        if (const ListRow* row = window_.lvwSequence.selected())
-            window_.sequenceView().remove(*row);
+    window_.mnuSeqDelete.onClick = [this] { deleteRow(); };
+    window_.mnuSeqClearAll.onClick = [this] {
+        window_.desktop().steps().name("Clear all sequences");
+        window_.sequenceView().clear();
     };
-    window_.mnuSeqClearAll.onClick = [this] { window_.sequenceView().clear(); };
 }
 
 void SequenceCommands::press(ListRow* row) {
@@ -47,10 +48,22 @@ void SequenceCommands::openPopup() {
     window_.mnuSeqPopup.open();
 }
 
+void SequenceCommands::deleteRow() {
+    const ListRow* row = window_.lvwSequence.selected();
+    if (row == nullptr)
+        return;
+    const bool head = row->image() == kSequenceHead;
+    window_.desktop().steps().name("Delete " +
+                                   (head ? "sequence " + row->text() : "sequence row " + row->cell(2)));
+    window_.sequenceView().remove(*row);
+}
+
 void SequenceCommands::addSequence() {
     addDialog_.requestSequenceName(window_.sequenceView().sequences());
-    if (!addDialog_.SequenceName.empty())
-        window_.sequenceView().addSequence(addDialog_.SequenceName);
+    if (addDialog_.SequenceName.empty())
+        return;
+    window_.desktop().steps().name("Add sequence " + addDialog_.SequenceName);
+    window_.sequenceView().addSequence(addDialog_.SequenceName);
 }
 
 void SequenceCommands::dragOver(ListRow* row) {
@@ -61,6 +74,7 @@ void SequenceCommands::dragOver(ListRow* row) {
 void SequenceCommands::drop(const DragData& data, ListRow* row) {
     if (row == nullptr || data.form != DragData::Form::Text || !window_.TRMessageExists(data.text))
         return;
+    window_.desktop().steps().name("Add sequence row " + data.text);
     row->setForeColor(kUnmarkedColor);
     window_.sequenceView().insertItem(*row, window_.getDirectionText(data.text), data.text);
 }

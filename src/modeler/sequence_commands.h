@@ -19,6 +19,7 @@ private:
     void press(ListRow* row);
     void openPopup();
     void addSequence();
+    void deleteRow();
     void dragOver(ListRow* row);
     void drop(const DragData& data, ListRow* row);
 

@@ -2,9 +2,60 @@
 
 #include "controls/list.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace zb {
+
+void SequenceView::change(const std::function<void()>& command) {
+    if (recorder_ == nullptr) {
+        command();
+        return;
+    }
+    const SequenceRows before = rows(0, list_.count());
+    command();
+    const SequenceRows after = rows(0, list_.count());
+    const std::size_t shorter = std::min(before.size(), after.size());
+    std::size_t head = 0;
+    while (head < shorter && before[head] == after[head])
+        ++head;
+    std::size_t tail = 0;
+    while (tail < shorter - head && before[before.size() - 1 - tail] == after[after.size() - 1 - tail])
+        ++tail;
+    const auto place = [&](std::size_t at) { return before.begin() + static_cast<std::ptrdiff_t>(at); };
+    SequenceRows old(place(head), place(before.size() - tail));
+    if (!old.empty() || after.size() > head + tail)
+        recorder_->afterChange(head, after.size() - head - tail, std::move(old));
+}
+
+void SequenceView::setRecorder(SequenceRecorder* recorder) {
+    recorder_ = recorder;
+    list_.beforeForeColor = nullptr;
+    if (recorder_ != nullptr)
+        list_.beforeForeColor = [this](const ListRow& row) { recorder_->beforeMark(indexOf(row)); };
+}
+
+SequenceRows SequenceView::rows(std::size_t at, std::size_t count) const {
+    SequenceRows marked;
+    marked.reserve(count);
+    for (std::size_t row = at; row < at + count; ++row)
+        marked.push_back({sequences_.rows()[row], list_.rows()[row]->foreColor()});
+    return marked;
+}
+
+SequenceRows SequenceView::replace(std::size_t at, std::size_t count, SequenceRows rows) {
+    SequenceRows old = this->rows(at, count);
+    for (std::size_t removed = 0; removed < count; ++removed)
+        list_.remove(*list_.rows()[at]);
+    std::vector<SequenceRow> plain;
+    for (const MarkedRow& marked : rows)
+        plain.push_back(marked.row);
+    sequences_.replace(at, count, std::move(plain));
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        insertRow(at + row).setForeColor(rows[row].color);
+    return old;
+}
 
 void SequenceView::show(Sequences sequences) {
     list_.clear();
@@ -14,22 +65,29 @@ void SequenceView::show(Sequences sequences) {
 }
 
 void SequenceView::clear() {
-    sequences_.clear();
-    list_.clear();
+    change([this] {
+        sequences_.clear();
+        list_.clear();
+    });
 }
 
 void SequenceView::addSequence(std::string name) {
-    list_.select(&insertRow(sequences_.addSequence(std::move(name))));
+    change([&] { list_.select(&insertRow(sequences_.addSequence(std::move(name)))); });
 }
 
 void SequenceView::insertItem(const ListRow& row, std::string direction, std::string message) {
-    const std::size_t at = sequences_.insertItem(indexOf(row), std::move(direction), std::move(message));
-    list_.select(&insertRow(at));
-    showOrdinals(at);
+    change([&] {
+        const std::size_t at = sequences_.insertItem(indexOf(row), std::move(direction), std::move(message));
+        list_.select(&insertRow(at));
+        showOrdinals(at);
+    });
 }
 
 void SequenceView::remove(const ListRow& row) {
-    const std::size_t at = indexOf(row);
+    change([&] { removeFrom(indexOf(row)); });
+}
+
+void SequenceView::removeFrom(std::size_t at) {
     // The head goes last, so that a selected head stays so until then.
     for (std::size_t removed = sequences_.remove(at); removed > 0; --removed)
         list_.remove(*list_.rows()[at + (removed > 1 ? 1 : 0)]);

@@ -1,13 +1,35 @@
 #pragma once
 
 #include "model/sequences.h"
+#include "platform/tree/color.h"
 
+#include <functional>
 #include <string>
+#include <vector>
 
 namespace zb {
 
 class List;
 class ListRow;
+
+/// A row of the sequences with the colour that marks it in the list.
+struct MarkedRow {
+    SequenceRow row;
+    OptionalColor color;
+
+    bool operator==(const MarkedRow&) const = default;
+};
+using SequenceRows = std::vector<MarkedRow>;
+
+/// Receives every change of the sequences with the rows that were there before.
+class SequenceRecorder {
+public:
+    virtual ~SequenceRecorder() = default;
+    /// From the row `at` on, `count` rows have taken the place of the old ones.
+    virtual void afterChange(std::size_t at, std::size_t count, SequenceRows old) = 0;
+    /// The row is about to get another colour.
+    virtual void beforeMark(std::size_t at) = 0;
+};
 
 /// Shows the sequences of the open project in a list, and changes both together: the list always has the rows
 /// of the sequences, in their order.
@@ -29,7 +51,17 @@ public:
     /// Removes an item and renumbers its sequence, or removes a head with all its items.
     void remove(const ListRow& row);
 
+    SequenceRows rows(std::size_t at, std::size_t count) const;
+    /// Puts other rows in the place of `count` rows from `at` on, and returns these. No recorder is told.
+    SequenceRows replace(std::size_t at, std::size_t count, SequenceRows rows);
+
+    /// Receives what the user changes; null for nobody.
+    void setRecorder(SequenceRecorder* recorder);
+
 private:
+    /// Runs the command and reports the rows that it changed.
+    void change(const std::function<void()>& command);
+    void removeFrom(std::size_t at);
     std::size_t indexOf(const ListRow& row) const;
     ListRow& insertRow(std::size_t at);
     /// Shows the ordinals of the sequence at `at` as they are now.
@@ -37,6 +69,7 @@ private:
 
     List& list_;
     Sequences& sequences_;
+    SequenceRecorder* recorder_ = nullptr;
 };
 
 } // namespace zb

@@ -1,5 +1,6 @@
 #include "modeler/tr_object_commands.h"
 
+#include "controls/desktop.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/frm_tr_modeler.h"
@@ -131,6 +132,7 @@ void TRObjectCommands::deleteMessage() {
     const ModelSelection current = window_.current();
     if (current.tree == nullptr)
         return;
+    window_.desktop().steps().name("Delete TR message " + current.message);
     if (Node* node = findMessageNode(*current.tree, current.message); node != nullptr) {
         removeChildNodes(*current.tree, *node);
         current.tree->nodes().remove(*node);
@@ -147,11 +149,12 @@ void TRObjectCommands::deleteItem() {
     List& table = window_.lvwTRObject;
     if (current.tree == nullptr || table.selected() == nullptr)
         return;
+    window_.desktop().steps().name("Delete TR item " + current.item);
     if (Node* node = findItemNode(*current.tree, current.message, current.item); node != nullptr)
         current.tree->nodes().remove(*node);
     table.remove(*table.selected());
     if (TRModelStore* model = window_.store(); model != nullptr) {
-        if (TRMessageRecord* record = model->getTRMessage(current.message); record != nullptr)
+        if (TRMessageRecord* record = model->changeTRMessage(current.message); record != nullptr)
             record->deleteTRItem(current.item);
     }
 }

@@ -7,6 +7,30 @@
 
 namespace zb {
 
+namespace {
+
+/// Empty for a command that is named by what the user chose.
+std::string stepNameOf(ProjectCommand command) {
+    switch (command) {
+    case ProjectCommand::Save:
+        return "Save";
+    case ProjectCommand::SaveAs:
+        return "Save as";
+    case ProjectCommand::BuildSmd:
+        return "Build message definitions";
+    case ProjectCommand::BuildTmd:
+        return "Build transaction definitions";
+    case ProjectCommand::BuildPlugIn:
+        return "Build plug-in";
+    case ProjectCommand::Modeler:
+        return "Change to the modeler";
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
 Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileLayer& filesOfProgram,
                          Generator& generator, ApplicationFolders folders)
     : DesktopOfProgram(screen), ModuleState(settingsOfProgram, filesOfProgram),
@@ -26,7 +50,51 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
     frmSECSEditor.libraryPane.setApplicationFolder(folders_.application);
     frmSECSEditor.libraryPane.setPanel(
         [this](std::string_view library) { frmMain.setLibraryPanel(library); });
+    wireHistories();
     loadCodePage();
+}
+
+void Application::wireHistories() {
+    for (UndoHistory* history : {&editorHistory.steps, &modelerHistory.steps}) {
+        desktop.steps().add(*history);
+        history->addListener([this] { showSteps(); });
+    }
+    // Another project is being taken over; its steps begin when it is there.
+    editorHistory.onReplaced = [this] { modelerHistory.steps.stop(); };
+    desktop.steps().historyOf = [this](const Window& window) { return historyOf(window); };
+    desktop.onActivated = [this] { showSteps(); };
+    frmWorkbench.cmdUndo.onClick = [this] { desktop.steps().move(frmMain, UndoKey::Undo); };
+    frmWorkbench.cmdRedo.onClick = [this] { desktop.steps().move(frmMain, UndoKey::Redo); };
+}
+
+UndoHistory* Application::historyOf(const Window& window) {
+    const bool holdsDocuments = &window == &frmMain || &window == &frmWorkbench;
+    const Window* document = holdsDocuments ? desktop.frontDocument(frmMain) : &window;
+    if (document == &frmTRModeler)
+        return &modelerHistory.steps;
+    return document == &frmSECSEditor ? &editorHistory.steps : nullptr;
+}
+
+void Application::showSteps() {
+    const UndoHistory* history = historyOf(frmMain);
+    frmWorkbench.showUndo(history == nullptr ? std::string() : history->undoName());
+    frmWorkbench.showRedo(history == nullptr ? std::string() : history->redoName());
+    frmMain.showSaved(editorHistory.steps.isSaved() && modelerHistory.steps.isSaved());
+}
+
+void Application::restartHistories() {
+    editorHistory.steps.clear();
+    modelerHistory.steps.clear();
+}
+
+void Application::markSaved() {
+    desktop.steps().closeStep();
+    editorHistory.steps.markSaved();
+    modelerHistory.steps.markSaved();
+}
+
+void Application::markUnsaved() {
+    editorHistory.steps.markUnsaved();
 }
 
 void Application::loadCodePage() {
@@ -92,6 +160,7 @@ void Application::exit() {
 }
 
 void Application::run(ProjectCommand command, Window& /*over*/) {
+    desktop.steps().name(stepNameOf(command));
     switch (command) {
     case ProjectCommand::New:
         if (projects.newProject())

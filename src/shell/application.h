@@ -2,11 +2,13 @@
 
 #include "controls/desktop.h"
 #include "controls/project_commands.h"
+#include "editor/editor_history.h"
 #include "editor/frm_find.h"
 #include "editor/frm_sec_editor.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/frm_tr_modeler.h"
+#include "modeler/modeler_history.h"
 #include "outputs/generator.h"
 #include "project/module_state.h"
 #include "shell/build_commands.h"
@@ -70,12 +72,28 @@ public:
     zb::frmAbout frmAbout;
     zb::frmWorkbench frmWorkbench;
 
+    EditorHistory editorHistory{frmSECSEditor};
+    ModelerHistory modelerHistory{frmTRModeler};
+
     ProjectLifecycle projects;
     BuildCommands builds;
     WorkKeeper work;
     ProjectVersions versions{*this};
 
+    /// A project was created or opened: nothing that was done before can be undone.
+    void restartHistories();
+    /// The project is in its file as it is now.
+    void markSaved();
+    /// What is shown in place of the open project is not what its file holds.
+    void markUnsaved();
+    /// The steps that Undo and Redo work on in the window: those of its document, and in a window that holds
+    /// documents those of the document in front. Null for none.
+    UndoHistory* historyOf(const Window& window);
+
 private:
+    void wireHistories();
+    /// Shows which steps can be undone and redone in the document in front, and whether all is saved.
+    void showSteps();
     void openStartedProject();
     void exit();
 

@@ -96,8 +96,14 @@ void frmMain::showModelerState() {
     tbrMain.button("TMD").setEnabled(true);
 }
 
+void frmMain::showSaved(bool saved) {
+    saved_ = saved;
+    const bool differs = !saved_ && !state_.ProjectName.empty();
+    setTitleNote(differs ? state_.ProjectName + "*" : state_.ProjectName);
+}
+
 void frmMain::updateProjectPanels() {
-    setTitleNote(state_.ProjectName);
+    showSaved(saved_);
     stbMain.setText("ProjectName", state_.ProjectName);
     stbMain.setText("Status", state_.ProjectPath);
     stbMain.setText("ProjectType", state_.ProjectType == 1 ? "Host" : "Equipment");

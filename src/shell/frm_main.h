@@ -24,6 +24,8 @@ public:
     void showModelerState();
     /// Updates the panels of the project from the project's state.
     void updateProjectPanels();
+    /// The title shows whether the project differs from its file.
+    void showSaved(bool saved);
     void setLibraryPanel(std::string_view library);
 
     /// Closes the program unless the user cancels.
@@ -50,6 +52,7 @@ private:
     void wireMenus(ProjectCommands& commands);
 
     ModuleState& state_;
+    bool saved_ = true;
 };
 
 } // namespace zb

@@ -48,6 +48,7 @@ bool ProjectLifecycle::newProject() {
             continue;
         app_.frmSECSEditor.newEditorProject();
         app_.frmTRModeler.newModelerProject();
+        app_.restartHistories();
         noteOpened();
         return true;
     }
@@ -99,6 +100,7 @@ void ProjectLifecycle::noteOpened() {
 void ProjectLifecycle::showInPlace(Project project) {
     MessageTree tree = project.messages.tree();
     showProject({std::move(project), std::move(tree)});
+    app_.markUnsaved();
     app_.showEditor();
 }
 
@@ -107,6 +109,7 @@ void ProjectLifecycle::showProject(LoadedProject loaded) {
     app_.frmMain.updateProjectPanels();
     app_.frmSECSEditor.openEditorProject(std::move(loaded.tree));
     app_.frmTRModeler.openModelerProject(std::move(loaded.project));
+    app_.restartHistories();
 }
 
 std::optional<Result<LoadedProject>> ProjectLifecycle::load(const ProjectPlace& place) {
@@ -193,6 +196,7 @@ bool ProjectLifecycle::saveProject() {
     writeSetting(app_.settings, kRecentProject, path);
     app_.work.projectSaved(text);
     app_.versions.saved(path, text, replaces && save.kept);
+    app_.markSaved();
     app_.desktop.post(
         {"Saved " + fs::path(path).filename().string() + ", " + app_.desktop.screen().timeOfDay()});
     return true;
@@ -227,7 +231,7 @@ void ProjectLifecycle::saveProjectAs() {
         app_.ProjectName = dialog.ProjectName;
         app_.ProjectPath = dialog.ProjectPath;
         if (dialog.ProjectType != app_.ProjectType)
-            app_.frmTRModeler.clearAllTRMsgDef();
+            dropModel();
         app_.takeProjectType(dialog.ProjectType);
         done = makeFolders();
         app_.frmMain.updateProjectPanels();
@@ -241,6 +245,12 @@ std::string ProjectLifecycle::historyFolder() const {
         return folders.state;
     const fs::path inner = fs::path(app_.projectFilePath()).lexically_relative(folders.scratch);
     return inner.empty() || *inner.begin() == ".." ? folders.state : std::string();
+}
+
+// The model of the other side means nothing here, so that no undo brings it back.
+void ProjectLifecycle::dropModel() {
+    app_.frmTRModeler.clearAllTRMsgDef();
+    app_.restartHistories();
 }
 
 ProjectLifecycle::Goes ProjectLifecycle::askToSave() {

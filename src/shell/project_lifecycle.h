@@ -58,6 +58,7 @@ private:
     void noteOpened();
     /// Makes the folders of the open project. Shows why when it cannot, and returns false.
     bool makeFolders();
+    void dropModel();
 
     void reportUnkeptVersion(const FileError& error);
     std::string projectText();

@@ -115,6 +115,7 @@ void ProjectVersions::reload() {
     show(watched_, "Reloaded " + nameOf(watched_));
     watch_.take(watched_);
     app_.work.takeAsSaved();
+    app_.markSaved();
 }
 
 void ProjectVersions::restoreVersion(const ProjectHistory::Version& version) {

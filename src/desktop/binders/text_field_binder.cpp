@@ -303,11 +303,11 @@ bool TextFieldBinder::drops(QEvent& event) {
 }
 
 void TextFieldBinder::undo() {
-    field_.undo();
+    hands().undo(field_);
 }
 
 void TextFieldBinder::redo() {
-    field_.redo();
+    hands().redo(field_);
 }
 
 void TextFieldBinder::selectAll() {
@@ -349,8 +349,8 @@ void TextFieldBinder::openContextMenu(const QPoint& place) {
     hands().focus(field_);
     const bool selected = field_.anchor() != field_.caret();
     const bool changes = !field_.locked() && !field_.readOnly();
-    undo_.setEnabled(changes && field_.canUndo());
-    redo_.setEnabled(changes && field_.canRedo());
+    undo_.setEnabled(changes && hands().canUndo(field_));
+    redo_.setEnabled(changes && hands().canRedo(field_));
     cut_.setEnabled(selected && changes);
     copy_.setEnabled(selected);
     paste_.setEnabled(changes || (field_.readOnly() && field_.onDropData));

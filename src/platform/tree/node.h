@@ -11,6 +11,17 @@ namespace zb {
 
 class NodeTree;
 
+/// The parts of a node that a recorder is told of.
+enum class NodePart : std::uint8_t {
+    Text = 1,
+    Key = 2,
+    Image = 4,
+    Bold = 8,
+    Expanded = 16,
+    BackColor = 32,
+    ForeColor = 64
+};
+
 /// A node of a tree store. Links are null when there is no such node. The address of a node is stable until
 /// it is removed.
 class Node {
@@ -45,6 +56,8 @@ public:
     void setBackColor(OptionalColor color);
     /// The node's own text colour, otherwise the ordinary one of its tree.
     OptionalColor foreColor() const;
+    /// Without that of its tree.
+    const OptionalColor& ownForeColor() const { return foreColor_; }
     void setForeColor(OptionalColor color);
     /// Name of the node's picture; empty for none.
     const std::string& image() const;
@@ -53,6 +66,7 @@ public:
 private:
     friend class NodeTree;
     explicit Node(NodeTree& tree) : tree_(&tree) {}
+    void changes(NodePart part);
     void changed();
 
     NodeTree* tree_;
@@ -71,6 +85,8 @@ private:
     bool bold_ = false;
     bool expanded_ = false;
     bool leaving_ = false;
+    std::uint8_t recordedParts_ = 0; ///< reported to the recorder in this recording
+    std::uint32_t recording_ = 0;    ///< the number of the recording that `recordedParts_` belongs to
 };
 
 } // namespace zb

@@ -3,13 +3,26 @@
 #include "platform/text.h"
 #include "platform/tree/node_walk.h"
 
+#include <optional>
 #include <utility>
 
 namespace zb {
 
+namespace {
+
+std::size_t countNodes(const Node& root) {
+    std::size_t count = 0;
+    for (const Node* node = &root; node != nullptr; node = nextBelow(*node, root))
+        ++count;
+    return count;
+}
+
+} // namespace
+
 void Node::setText(std::string text) {
     if (text_ == text)
         return;
+    changes(NodePart::Text);
     text_ = std::move(text);
     changed();
 }
@@ -30,6 +43,8 @@ int Node::level() const {
 }
 
 void Node::setBold(bool bold) {
+    if (bold_ != bold)
+        changes(NodePart::Bold);
     bold_ = bold;
     changed();
 }
@@ -37,6 +52,7 @@ void Node::setBold(bool bold) {
 void Node::setExpanded(bool expanded) {
     if (expanded_ == expanded)
         return;
+    changes(NodePart::Expanded);
     expanded_ = expanded;
     if (NodeTreeListener* listener = tree_->told(); listener != nullptr)
         listener->nodeExpanded(*this);
@@ -45,6 +61,7 @@ void Node::setExpanded(bool expanded) {
 void Node::setBackColor(OptionalColor color) {
     if (backColor_ == color)
         return;
+    changes(NodePart::BackColor);
     backColor_ = color;
     changed();
 }
@@ -54,6 +71,8 @@ OptionalColor Node::foreColor() const {
 }
 
 void Node::setForeColor(OptionalColor color) {
+    if (foreColor_ != color)
+        changes(NodePart::ForeColor);
     foreColor_ = color;
     tree_->ownForeColors_ = true;
     changed();
@@ -65,8 +84,24 @@ const std::string& Node::image() const {
 }
 
 void Node::setImage(std::string image) {
+    if (this->image() != image)
+        changes(NodePart::Image);
     image_ = image.empty() ? nullptr : std::make_unique<std::string>(std::move(image));
     changed();
+}
+
+void Node::changes(NodePart part) {
+    if (tree_->recorder_ == nullptr)
+        return;
+    const auto bit = static_cast<std::uint8_t>(part);
+    if (recording_ != tree_->recording_) {
+        recording_ = tree_->recording_;
+        recordedParts_ = 0;
+    }
+    if ((recordedParts_ & bit) != 0)
+        return;
+    recordedParts_ = static_cast<std::uint8_t>(recordedParts_ | bit);
+    tree_->recorder_->beforeChange(*this, part);
 }
 
 void Node::changed() {
@@ -99,7 +134,11 @@ Node& NodeTree::add(Node* relative, Relation relation, std::string text) {
     Node& node = *nodes_.back();
     node.text_ = std::move(text);
     node.index_ = static_cast<int>(nodes_.size());
-    link(node, place);
+    node.recording_ = recording_;
+    node.recordedParts_ = 0xFF; // what a new node looks like goes with it
+    link(node, node, place);
+    if (recorder_ != nullptr)
+        recorder_->afterAdd(node);
     if (NodeTreeListener* listener = told(); listener != nullptr)
         listener->afterInsert(node);
     return node;
@@ -111,6 +150,8 @@ bool NodeTree::setKey(Node& node, std::string_view key) {
         if (holder != nullptr && holder != &node)
             return false;
     }
+    if (recorder_ != nullptr && node.key() != key)
+        recorder_->beforeChange(node, NodePart::Key);
     if (node.key_)
         byKey_.erase(upper(*node.key_));
     node.key_ = key.empty() ? nullptr : std::make_unique<std::string>(key);
@@ -120,25 +161,67 @@ bool NodeTree::setKey(Node& node, std::string_view key) {
 }
 
 void NodeTree::remove(Node& node) {
-    if (NodeTreeListener* listener = told(); listener != nullptr)
-        listener->beforeRemove(node);
-    const Node* selectedBefore = selected_;
-    unlink(node);
-    closeUp(markLeaving(node));
-    if (NodeTreeListener* listener = told(); listener != nullptr) {
-        listener->afterRemove();
-        if (selected_ != selectedBefore)
-            listener->selectionChanged();
-    }
+    NodeBranch removed = detach(node);
+    if (recorder_ != nullptr)
+        recorder_->afterRemove(std::move(removed));
 }
 
 void NodeTree::clear() {
     if (nodes_.empty())
         return;
+    NodeBranch removed = detachAll();
+    if (recorder_ != nullptr)
+        recorder_->afterRemove(std::move(removed));
+}
+
+NodeBranch NodeTree::detach(Node& node) {
+    if (NodeTreeListener* listener = told(); listener != nullptr)
+        listener->beforeRemove(node);
+    const Node* selectedBefore = selected_;
+    NodeBranch branch;
+    branch.first_ = branch.last_ = &node;
+    branch.parent_ = node.parent_;
+    branch.previous_ = node.previous_;
+    branch.nodes_.reserve(countNodes(node));
+    unlink(node);
+    closeUp(markLeaving(node), branch.nodes_);
+    if (NodeTreeListener* listener = told(); listener != nullptr) {
+        listener->afterRemove();
+        if (selected_ != selectedBefore)
+            listener->selectionChanged();
+    }
+    return branch;
+}
+
+NodeBranch NodeTree::detachAll() {
     const Filling filling(*this);
+    NodeBranch branch;
+    branch.first_ = firstRoot_;
+    branch.last_ = lastRoot_;
+    branch.nodes_ = std::move(nodes_);
+    nodes_.clear();
     byKey_.clear();
     firstRoot_ = lastRoot_ = selected_ = nullptr;
-    nodes_.clear();
+    return branch;
+}
+
+void NodeTree::attach(NodeBranch branch) {
+    nodes_.reserve(nodes_.size() + branch.nodes_.size());
+    // Views know single nodes and whole fillings.
+    std::optional<Filling> filling;
+    if (branch.first_ != branch.last_)
+        filling.emplace(*this);
+    if (NodeTreeListener* listener = told(); listener != nullptr)
+        listener->beforeInsert(branch.parent_, branch.previous_);
+    for (const auto& node : branch.nodes_) {
+        node->leaving_ = false;
+        if (node->key_)
+            byKey_.emplace(upper(*node->key_), node.get());
+    }
+    openUp(branch.nodes_);
+    link(*branch.first_, *branch.last_, {branch.parent_, branch.previous_});
+    if (NodeTreeListener* listener = told(); listener != nullptr)
+        listener->afterInsert(*branch.first_);
 }
 
 NodeTree::Filling::Filling(NodeTree& tree) : tree_(tree), selectedBefore_(tree.selected_) {
@@ -168,11 +251,16 @@ void NodeTree::select(Node* node) {
 void NodeTree::setOrdinaryForeColor(OptionalColor color) {
     if (ordinaryForeColor_ == color && !ownForeColors_)
         return;
-    ordinaryForeColor_ = color;
     if (std::exchange(ownForeColors_, false)) {
-        for (const auto& node : nodes_)
+        for (const auto& node : nodes_) {
+            if (node->foreColor_)
+                node->changes(NodePart::ForeColor);
             node->foreColor_.reset();
+        }
     }
+    if (recorder_ != nullptr && ordinaryForeColor_ != color)
+        recorder_->beforeRecolor(ordinaryForeColor_);
+    ordinaryForeColor_ = color;
     if (NodeTreeListener* listener = told(); listener != nullptr)
         listener->allChanged();
 }
@@ -194,16 +282,21 @@ NodeTree::Place NodeTree::placeOf(Node* relative, Relation relation) const {
     }
 }
 
-void NodeTree::link(Node& node, Place place) {
+/// Links siblings that are linked to each other.
+void NodeTree::link(Node& firstNew, Node& lastNew, Place place) {
     Node*& first = place.parent != nullptr ? place.parent->firstChild_ : firstRoot_;
     Node*& last = place.parent != nullptr ? place.parent->lastChild_ : lastRoot_;
-    node.parent_ = place.parent;
-    node.previous_ = place.previous;
-    node.next_ = place.previous != nullptr ? place.previous->next_ : first;
-    (node.previous_ != nullptr ? node.previous_->next_ : first) = &node;
-    (node.next_ != nullptr ? node.next_->previous_ : last) = &node;
-    if (place.parent != nullptr)
-        ++place.parent->children_;
+    firstNew.previous_ = place.previous;
+    lastNew.next_ = place.previous != nullptr ? place.previous->next_ : first;
+    (firstNew.previous_ != nullptr ? firstNew.previous_->next_ : first) = &firstNew;
+    (lastNew.next_ != nullptr ? lastNew.next_->previous_ : last) = &lastNew;
+    for (Node* node = &firstNew;; node = node->next_) {
+        node->parent_ = place.parent;
+        if (place.parent != nullptr)
+            ++place.parent->children_;
+        if (node == &lastNew)
+            return;
+    }
 }
 
 void NodeTree::unlink(Node& node) {
@@ -230,17 +323,41 @@ int NodeTree::markLeaving(Node& root) {
     return lowest;
 }
 
-void NodeTree::closeUp(int from) {
+void NodeTree::closeUp(int from, std::vector<std::unique_ptr<Node>>& leaving) {
     std::size_t kept = static_cast<std::size_t>(from) - 1;
     for (std::size_t i = kept; i < nodes_.size(); ++i) {
-        if (nodes_[i]->leaving_)
+        if (nodes_[i]->leaving_) {
+            leaving.push_back(std::move(nodes_[i]));
             continue;
+        }
         if (kept != i)
             nodes_[kept] = std::move(nodes_[i]);
         nodes_[kept]->index_ = static_cast<int>(kept) + 1;
         ++kept;
     }
     nodes_.resize(kept);
+}
+
+/// Puts nodes back to the positions that they had, from the last one on.
+void NodeTree::openUp(std::vector<std::unique_ptr<Node>>& returning) {
+    std::size_t kept = nodes_.size();
+    nodes_.resize(kept + returning.size());
+    for (std::size_t place = nodes_.size(); !returning.empty(); --place) {
+        const bool returns = static_cast<std::size_t>(returning.back()->index_) == place;
+        nodes_[place - 1] = std::move(returns ? returning.back() : nodes_[kept - 1]);
+        nodes_[place - 1]->index_ = static_cast<int>(place);
+        if (returns)
+            returning.pop_back();
+        else
+            --kept;
+    }
+}
+
+std::size_t NodeBranch::bytes() const {
+    std::size_t sum = nodes_.size() * (sizeof(Node) + sizeof(Node*));
+    for (const auto& node : nodes_)
+        sum += node->text().capacity() + node->key().size();
+    return sum;
 }
 
 bool isMessageKeyUsed(const NodeTree& tree, std::string_view name, int skipIndex) {

@@ -3,6 +3,7 @@
 #include "platform/tree/node.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -34,6 +35,41 @@ public:
     /// Many changes follow, and none of them is reported. Until `afterFill` no node may be looked at.
     virtual void beforeFill() {}
     virtual void afterFill() {}
+};
+
+/// Siblings that were taken out of a tree, with all nodes below them, and where they were. Their addresses
+/// stay.
+class NodeBranch {
+public:
+    /// Of the nodes and their texts.
+    std::size_t bytes() const;
+    /// The first of the siblings.
+    Node& top() const { return *first_; }
+    bool holdsSeveral() const { return first_ != last_; }
+
+private:
+    friend class NodeTree;
+    std::vector<std::unique_ptr<Node>> nodes_; // in the order of their flat positions
+    Node* first_ = nullptr;
+    Node* last_ = nullptr;
+    Node* parent_ = nullptr;
+    Node* previous_ = nullptr;
+};
+
+/// Receives every change of a tree together with what was there before, also while the tree is being filled.
+class NodeTreeRecorder {
+public:
+    virtual ~NodeTreeRecorder() = default;
+    /// A part of the node is about to change. Keys are reported at each change, all other parts only at the
+    /// first change since `NodeTree::startRecording`, and not for nodes that were added since then.
+    virtual void beforeChange(Node& node, NodePart part) = 0;
+    virtual void afterAdd(Node& node) = 0;
+    /// The nodes are out of the tree; they are destroyed unless the recorder keeps them.
+    virtual void afterRemove(NodeBranch branch) = 0;
+    /// The ordinary text colour is about to change. Own colours were reported before.
+    virtual void beforeRecolor(OptionalColor ordinary) = 0;
+    /// All nodes are about to be destroyed, and another tree takes the place of this one.
+    virtual void afterReplace() = 0;
 };
 
 /// An ordered tree of nodes that are also in one flat collection, in order of insertion. Keys are unique,
@@ -72,6 +108,22 @@ public:
 
     void setListener(NodeTreeListener* listener) { listener_ = listener; }
 
+    /// Receives what was there before each change; null for nobody.
+    void setRecorder(NodeTreeRecorder* recorder) { recorder_ = recorder; }
+    NodeTreeRecorder* recorder() const { return recorder_; }
+    /// From now on the first change of each part of each node is reported to the recorder again.
+    void startRecording() { ++recording_; }
+
+    /// Takes the node out with its subtree, or takes out all nodes, and puts them back: to the same place,
+    /// flat positions and Keys. The tree must be as it was directly after they were taken out. No recorder is
+    /// told.
+    /// @{
+    NodeBranch detach(Node& node);
+    NodeBranch detachAll();
+    void attach(NodeBranch branch);
+    /// @}
+    OptionalColor ordinaryForeColor() const { return ordinaryForeColor_; }
+
     /// During the lifetime of one of these, the listener receives no single changes, but one for the whole at
     /// the end: a view of a hundred thousand nodes is then laid out once. They may be nested; the tree must
     /// outlive them.
@@ -94,10 +146,11 @@ private:
         Node* previous;
     };
     Place placeOf(Node* relative, Relation relation) const;
-    void link(Node& node, Place place);
+    void link(Node& first, Node& last, Place place);
     void unlink(Node& node);
     int markLeaving(Node& root);
-    void closeUp(int from);
+    void closeUp(int from, std::vector<std::unique_ptr<Node>>& leaving);
+    void openUp(std::vector<std::unique_ptr<Node>>& returning);
 
     std::vector<std::unique_ptr<Node>> nodes_;
     std::unordered_map<std::string, Node*> byKey_; // upper-cased
@@ -110,6 +163,8 @@ private:
     NodeTreeListener* told() const { return fillings_ == 0 ? listener_ : nullptr; }
 
     NodeTreeListener* listener_ = nullptr;
+    NodeTreeRecorder* recorder_ = nullptr;
+    std::uint32_t recording_ = 1;
     int fillings_ = 0;
 };
 

@@ -1,0 +1,270 @@
+#include "controls/tree_journal.h"
+
+#include "controls/tree.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <unordered_set>
+#include <utility>
+
+namespace zb {
+
+namespace {
+
+using Kind = TreeEdit::Kind;
+
+TreeEdit::Value valueOf(const Node& node, NodePart part) {
+    switch (part) {
+    case NodePart::Text:
+        return std::make_unique<std::string>(node.text());
+    case NodePart::Key:
+        return std::make_unique<std::string>(node.key());
+    case NodePart::Image:
+        return std::make_unique<std::string>(node.image());
+    case NodePart::Bold:
+        return node.bold();
+    case NodePart::Expanded:
+        return node.expanded();
+    case NodePart::BackColor:
+        return node.backColor();
+    case NodePart::ForeColor:
+        return node.ownForeColor();
+    }
+    return {};
+}
+
+void setValue(NodeTree& tree, Node& node, NodePart part, const TreeEdit::Value& value) {
+    switch (part) {
+    case NodePart::Text:
+        node.setText(*std::get<std::unique_ptr<std::string>>(value));
+        break;
+    case NodePart::Key:
+        tree.setKey(node, *std::get<std::unique_ptr<std::string>>(value));
+        break;
+    case NodePart::Image:
+        node.setImage(*std::get<std::unique_ptr<std::string>>(value));
+        break;
+    case NodePart::Bold:
+        node.setBold(std::get<bool>(value));
+        break;
+    case NodePart::Expanded:
+        node.setExpanded(std::get<bool>(value));
+        break;
+    case NodePart::BackColor:
+        node.setBackColor(std::get<OptionalColor>(value));
+        break;
+    case NodePart::ForeColor:
+        node.setForeColor(std::get<OptionalColor>(value));
+        break;
+    }
+}
+
+bool isUnchanged(const TreeEdit& edit) {
+    if (edit.kind != Kind::Value || edit.part == NodePart::Key)
+        return false;
+    const TreeEdit::Value now = valueOf(*edit.node, edit.part);
+    if (const auto* text = std::get_if<std::unique_ptr<std::string>>(&edit.other))
+        return **text == *std::get<std::unique_ptr<std::string>>(now);
+    return edit.other == now;
+}
+
+/// What is worth showing most comes first: nodes near the root, and among roots those with a name.
+int rankOf(const Node& node) {
+    if (node.parent() != nullptr)
+        return node.level() + 1;
+    return node.text().find(':') != std::string::npos ? 0 : 1;
+}
+
+/// One number for each part of each node: nodes are further apart than a part is wide.
+std::uintptr_t placeOf(const TreeEdit& edit) {
+    return reinterpret_cast<std::uintptr_t>(edit.node) + static_cast<std::uintptr_t>(edit.part);
+}
+
+std::size_t bytesOf(const TreeEdit& edit) {
+    std::size_t sum = sizeof edit;
+    if (const auto* text = std::get_if<std::unique_ptr<std::string>>(&edit.other))
+        sum += sizeof(std::string) + (*text)->capacity();
+    else if (const auto* branch = std::get_if<std::unique_ptr<NodeBranch>>(&edit.other); branch && *branch)
+        sum += (*branch)->bytes();
+    return sum;
+}
+
+} // namespace
+
+void TreePart::record(TreeEdit edit) {
+    const bool value = edit.kind == Kind::Value || edit.kind == Kind::Recolor;
+    const bool text = edit.kind == Kind::Value && (edit.part == NodePart::Text || edit.part == NodePart::Key);
+    changesNodes_ = changesNodes_ || !value || text;
+    bytes_ += bytesOf(edit);
+    edits_.push_back(std::move(edit));
+}
+
+void TreePart::dropUnchanged() {
+    std::vector<TreeEdit> all;
+    all.swap(edits_);
+    changesNodes_ = false;
+    bytes_ = sizeof(TreePart);
+    for (TreeEdit& edit : all) {
+        if (!isUnchanged(edit))
+            record(std::move(edit));
+    }
+}
+
+void TreePart::setSelected(Node* before, Node* after) {
+    selectedBefore_ = before;
+    selectedAfter_ = after;
+}
+
+void TreePart::undo() {
+    // Views are told once of many changes.
+    std::optional<NodeTree::Filling> filling;
+    if (edits_.size() > 64)
+        filling.emplace(tree_.nodes());
+    std::for_each(edits_.rbegin(), edits_.rend(), [this](TreeEdit& edit) { swap(edit); });
+}
+
+void TreePart::redo() {
+    std::optional<NodeTree::Filling> filling;
+    if (edits_.size() > 64)
+        filling.emplace(tree_.nodes());
+    for (TreeEdit& edit : edits_)
+        swap(edit);
+}
+
+void TreePart::swap(TreeEdit& edit) {
+    NodeTree& tree = tree_.nodes();
+    switch (edit.kind) {
+    case Kind::Value: {
+        TreeEdit::Value now = valueOf(*edit.node, edit.part);
+        setValue(tree, *edit.node, edit.part, edit.other);
+        edit.other = std::move(now);
+        break;
+    }
+    case Kind::Recolor: {
+        const OptionalColor now = tree.ordinaryForeColor();
+        tree.setOrdinaryForeColor(std::get<OptionalColor>(edit.other));
+        edit.other = now;
+        break;
+    }
+    default: {
+        auto* kept = std::get_if<std::unique_ptr<NodeBranch>>(&edit.other);
+        if (kept != nullptr) {
+            tree.attach(std::move(**kept));
+            edit.other = std::monostate();
+        } else {
+            edit.other = std::make_unique<NodeBranch>(edit.kind == Kind::Clear ? tree.detachAll()
+                                                                               : tree.detach(*edit.node));
+        }
+    }
+    }
+}
+
+void TreePart::append(std::unique_ptr<StepPart> later) {
+    auto& part = static_cast<TreePart&>(*later); // parts of one source have one type
+    if (part.changesDocument())
+        selectedAfter_ = part.selectedAfter_;
+    for (TreeEdit& edit : part.edits_)
+        record(std::move(edit));
+    if (edits_.size() >= compactAt_) {
+        compact();
+        compactAt_ = 2 * edits_.size() + 16;
+    }
+}
+
+// Of several changes of a value the first one knows what was there before the step.
+void TreePart::compact() {
+    std::unordered_set<std::uintptr_t> known;
+    std::vector<TreeEdit> all;
+    all.swap(edits_);
+    bytes_ = sizeof(TreePart);
+    for (TreeEdit& edit : all) {
+        const bool value = edit.kind == Kind::Value && edit.part != NodePart::Key;
+        if (!value || known.insert(placeOf(edit)).second)
+            record(std::move(edit));
+    }
+}
+
+bool TreePart::isInTree(const Node* node) const {
+    return node != nullptr && tree_.nodes().at(node->index()) == node;
+}
+
+Node* TreePart::affected(UndoHistory::Way way) const {
+    Node* preferred = way == UndoHistory::Way::Undone ? selectedBefore_ : selectedAfter_;
+    Node* best = nullptr;
+    for (const TreeEdit& edit : edits_) {
+        const bool text = edit.kind == Kind::Value && edit.part == NodePart::Text;
+        const bool structure = edit.kind == Kind::Add || edit.kind == Kind::Remove;
+        if ((!text && !structure) || !isInTree(edit.node))
+            continue;
+        if (edit.node == preferred)
+            return preferred;
+        if (best == nullptr || rankOf(*edit.node) < rankOf(*best))
+            best = edit.node;
+    }
+    if (best != nullptr)
+        return best;
+    return isInTree(preferred) ? preferred : nullptr;
+}
+
+TreeJournal::~TreeJournal() {
+    if (tree_.nodes().recorder() == this)
+        tree_.setRecorder(nullptr);
+}
+
+std::unique_ptr<StepPart> TreeJournal::take() {
+    std::unique_ptr<TreePart> part = std::move(part_);
+    Node* selected = tree_.nodes().selected();
+    Node* before = std::exchange(selectedBefore_, selected);
+    if (part == nullptr)
+        return nullptr;
+    tree_.nodes().startRecording();
+    part->dropUnchanged();
+    part->setSelected(before, selected);
+    if (part->empty())
+        return nullptr;
+    return part;
+}
+
+void TreeJournal::drop() noexcept {
+    part_.reset();
+    tree_.nodes().startRecording();
+}
+
+void TreeJournal::setRecording(bool on) {
+    tree_.setRecorder(on ? this : nullptr);
+    selectedBefore_ = tree_.nodes().selected();
+}
+
+void TreeJournal::beforeChange(Node& node, NodePart part) {
+    record({&node, Kind::Value, part, valueOf(node, part)});
+}
+
+void TreeJournal::afterAdd(Node& node) {
+    record({&node, Kind::Add, {}, {}});
+}
+
+void TreeJournal::afterRemove(NodeBranch branch) {
+    const bool all = branch.holdsSeveral();
+    Node* top = &branch.top();
+    record({top, all ? Kind::Clear : Kind::Remove, {}, std::make_unique<NodeBranch>(std::move(branch))});
+}
+
+void TreeJournal::beforeRecolor(OptionalColor ordinary) {
+    record({nullptr, Kind::Recolor, {}, ordinary});
+}
+
+void TreeJournal::afterReplace() {
+    part_.reset();
+    selectedBefore_ = nullptr;
+    if (onReplaced)
+        onReplaced();
+}
+
+void TreeJournal::record(TreeEdit edit) {
+    if (part_ == nullptr)
+        part_ = std::make_unique<TreePart>(tree_, holds_ == Holds::Document);
+    part_->record(std::move(edit));
+}
+
+} // namespace zb
