@@ -42,8 +42,8 @@ std::string Combo::eraseAt(std::size_t position) {
 }
 
 void Combo::clear() {
-    while (recorder_ != nullptr && !entries_.empty())
-        eraseAt(entries_.size() - 1);
+    for (std::size_t at = entries_.size(); recorder_ != nullptr && at > 0; --at)
+        recorder_->afterErase(at - 1, std::move(entries_[at - 1]));
     entries_.clear();
     text_.clear();
     ring(Change::Rows);

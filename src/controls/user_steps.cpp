@@ -22,6 +22,15 @@ std::string plainCaption(const Control& control) {
 void UserSteps::name(std::string name, TypingPlace place) {
     if (!name_.empty())
         return;
+    // Names of messages may have any length, and the name of a step is shown as a whole.
+    constexpr std::size_t kLongest = 120;
+    if (name.size() > kLongest) {
+        std::size_t end = kLongest;
+        while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U)
+            --end; // within a character
+        name.resize(end);
+        name += "...";
+    }
     name_ = std::move(name);
     place_ = place;
 }

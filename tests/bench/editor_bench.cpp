@@ -52,8 +52,7 @@ void ComposeWork(benchmark::State& state) {
         benchmark::DoNotOptimize(edited.program.application.work.composeWork());
 }
 
-void Add(benchmark::State& state) {
-    Edited edited(state.range(0));
+void add(benchmark::State& state, Edited& edited) {
     edited.click(edited.middle);
     int number = 0;
     for (auto _ : state) {
@@ -62,8 +61,7 @@ void Add(benchmark::State& state) {
     }
 }
 
-void Change(benchmark::State& state) {
-    Edited edited(state.range(0));
+void change(benchmark::State& state, Edited& edited) {
     edited.click(edited.middle);
     int number = 0;
     for (auto _ : state) {
@@ -72,19 +70,43 @@ void Change(benchmark::State& state) {
     }
 }
 
-void PasteAValue(benchmark::State& state) {
-    Edited edited(state.range(0));
+void pasteAValue(benchmark::State& state, Edited& edited) {
     edited.click(edited.middle->child());
     int number = 0;
     for (auto _ : state)
         edited.hands.paste(edited.editor.txtInit, std::to_string(++number));
 }
 
-void DuplicateAMessage(benchmark::State& state) {
-    Edited edited(state.range(0));
+void duplicateAMessage(benchmark::State& state, Edited& edited) {
     edited.click(edited.middle);
     for (auto _ : state)
         edited.press(edited.editor.editEntries.duplicate);
+}
+
+void undoAndRedoADelete(benchmark::State& state, Edited& edited) {
+    edited.click(edited.middle);
+    edited.press(edited.editor.editEntries.remove);
+    frmWorkbench& strip = edited.program.application.frmWorkbench;
+    for (auto _ : state) {
+        edited.press(strip.cmdUndo);
+        edited.press(strip.cmdRedo);
+    }
+}
+
+using Editing = void (*)(benchmark::State& state, Edited& edited);
+
+template<Editing editing>
+void Recorded(benchmark::State& state) {
+    Edited edited(state.range(0));
+    editing(state, edited);
+}
+
+/// The same when no steps are kept, to see what they cost.
+template<Editing editing>
+void Unrecorded(benchmark::State& state) {
+    Edited edited(state.range(0));
+    edited.program.application.editorHistory.steps.stop();
+    editing(state, edited);
 }
 
 void FindOverTheWholeTree(benchmark::State& state) {
@@ -99,10 +121,48 @@ void FindOverTheWholeTree(benchmark::State& state) {
 
 BENCHMARK(ComposeWork)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Click)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(Add)->Arg(1000)->Arg(10000)->Iterations(200)->Unit(benchmark::kMicrosecond);
-BENCHMARK(Change)->Arg(1000)->Arg(10000)->Iterations(200)->Unit(benchmark::kMicrosecond);
-BENCHMARK(PasteAValue)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(DuplicateAMessage)->Arg(1000)->Arg(10000)->Iterations(200)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Recorded<add>)->Name("Add")->Arg(1000)->Arg(10000)->Iterations(200)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Recorded<change>)
+    ->Name("Change")
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Iterations(200)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(Recorded<pasteAValue>)->Name("PasteAValue")->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Recorded<duplicateAMessage>)
+    ->Name("DuplicateAMessage")
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Iterations(200)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(Unrecorded<add>)
+    ->Name("AddWithoutSteps")
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Iterations(200)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(Unrecorded<change>)
+    ->Name("ChangeWithoutSteps")
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Iterations(200)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(Unrecorded<pasteAValue>)
+    ->Name("PasteAValueWithoutSteps")
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(Unrecorded<duplicateAMessage>)
+    ->Name("DuplicateAMessageWithoutSteps")
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Iterations(200)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(Recorded<undoAndRedoADelete>)
+    ->Name("UndoAndRedoADelete")
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(FindOverTheWholeTree)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 } // namespace
