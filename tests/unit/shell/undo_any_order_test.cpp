@@ -11,8 +11,9 @@
 #include <filesystem>
 #include <functional>
 #include <iterator>
-#include <optional>
+#include <memory>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -21,40 +22,57 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Reports the first line that differs.
+void expectEqual(const std::string& now, const std::string& wanted, const std::string& when) {
+    if (now == wanted)
+        return;
+    std::istringstream lines(now);
+    std::istringstream wantedLines(wanted);
+    std::string line;
+    std::string wantedLine;
+    do {
+        if (!std::getline(lines, line))
+            line = "(the end)";
+        if (!std::getline(wantedLines, wantedLine))
+            wantedLine = "(the end)";
+    } while (line == wantedLine && lines);
+    FAIL() << when << "\n  " << line << "\n  instead of\n  " << wantedLine;
+}
+
 /// What one document was like before each of its steps.
 class Witness {
 public:
     Witness(UndoHistory& history, std::function<std::string()> dump)
-        : history_(history), dump_(std::move(dump)), now_(dump_()) {}
+        : history_(history), dump_(std::move(dump)), now_(dump_()) {
+        // An action may make several steps.
+        history_.addListener([this] { look(); });
+    }
 
-    /// Compares what an action has left with what is known of that state.
+    /// Takes note of what an action or a step of it has left.
     void look() {
+        if (moves_)
+            return;
         const std::string before = std::exchange(now_, dump_());
-        const std::size_t count = history_.count();
-        if (count > states_.size()) {
-            // An action may make several steps, and nobody saw what was between them.
-            states_.emplace_back(before);
-            states_.resize(count);
-        } else {
-            states_.resize(count);
-        }
+        if (history_.count() > states_.size())
+            states_.push_back(before);
+        states_.resize(history_.count());
     }
 
     void undo() {
         ASSERT_TRUE(history_.canUndo());
+        moves_ = true;
         history_.undo();
+        moves_ = false;
         now_ = dump_();
         ASSERT_EQ(history_.count() + 1, states_.size());
-        if (states_.back()) {
-            ASSERT_EQ(now_, *states_.back()) << "after the undo of " << history_.redoName();
-        }
+        expectEqual(now_, states_.back(), "after the undo of " + history_.redoName());
         states_.pop_back();
     }
 
     /// Undoes so many steps and redoes them, comparing each state on both ways.
     void goBackAndForth(std::size_t steps) {
         std::vector<std::string> passed;
-        std::vector<std::optional<std::string>> before;
+        std::vector<std::string> before;
         for (std::size_t i = 0; i < steps; ++i) {
             passed.push_back(now_);
             before.push_back(states_.back());
@@ -64,9 +82,11 @@ public:
         }
         for (; !passed.empty(); passed.pop_back()) {
             ASSERT_TRUE(history_.canRedo());
+            moves_ = true;
             history_.redo();
+            moves_ = false;
             now_ = dump_();
-            ASSERT_EQ(now_, passed.back()) << "after the redo of " << history_.undoName();
+            expectEqual(now_, passed.back(), "after the redo of " + history_.undoName());
             states_.push_back(before.back());
             before.pop_back();
         }
@@ -78,7 +98,50 @@ private:
     UndoHistory& history_;
     std::function<std::string()> dump_;
     std::string now_;
-    std::vector<std::optional<std::string>> states_; // before each step
+    bool moves_ = false;
+    std::vector<std::string> states_; // before each step
+};
+
+/// Hands whose every action is looked at by witnesses.
+class WatchedHands {
+public:
+    explicit WatchedHands(Desktop& desktop) : hands_(desktop) {}
+
+    void click(const Target& target) {
+        watch([&] { hands_.click(target); });
+    }
+    void rightClick(const Target& target) {
+        watch([&] { hands_.rightClick(target); });
+    }
+    void drag(const Target& from, const Target& to) {
+        watch([&] { hands_.drag(from, to); });
+    }
+    void key(Control& control, KeyEvent key) {
+        watch([&] { hands_.key(control, key); });
+    }
+    void type(Control& control, const std::string& text) {
+        watch([&] { hands_.type(control, text); });
+    }
+    void paste(Control& control, const std::string& text) {
+        watch([&] { hands_.paste(control, text); });
+    }
+    void choose(Control& control, const std::string& text) {
+        watch([&] { hands_.choose(control, text); });
+    }
+
+    std::function<void()> look;
+
+private:
+    // What is done in a dialog belongs to the action that opened it.
+    void watch(const std::function<void()>& action) {
+        ++depth_;
+        action();
+        if (--depth_ == 0 && look)
+            look();
+    }
+
+    UserHands hands_;
+    int depth_ = 0;
 };
 
 class UndoAnyOrder {
@@ -86,22 +149,27 @@ public:
     UndoAnyOrder(unsigned seed, const fs::path& project) : random_(seed), program_(files_) {
         program_.screen.modal = [this](Window& window) { answer(window); };
         app().start(project.string());
-        app().frmMain.show();
+        messages_ = std::make_unique<Witness>(app().editorHistory.steps,
+                                              [this] { return test::dumpMessages(app()); });
+        model_ =
+            std::make_unique<Witness>(app().modelerHistory.steps, [this] { return test::dumpModel(app()); });
     }
 
     void run() {
-        Witness messages(app().editorHistory.steps, [this] { return test::dumpMessages(app()); });
-        Witness model(app().modelerHistory.steps, [this] { return test::dumpModel(app()); });
+        // The histories call the witnesses as long as the program runs.
+        Witness& messages = *messages_;
+        Witness& model = *model_;
         const std::size_t actions = 10 + pick(30);
         const bool models = pick(2) == 0;
         if (models)
             app().showModeler();
-        messages.look();
-        model.look();
-        for (std::size_t i = 0; i < actions; ++i) {
-            act(models);
+        hands_.look = [&] {
             messages.look();
             model.look();
+        };
+        hands_.look();
+        for (std::size_t i = 0; i < actions; ++i) {
+            act(models);
             if (pick(8) != 0)
                 continue;
             Witness& witness = pick(2) == 0 ? messages : model;
@@ -114,6 +182,7 @@ public:
             if (testing::Test::HasFatalFailure())
                 return;
         }
+        hands_.look = nullptr;
         made_ = messages.steps() + model.steps();
         for (Witness* witness : {&messages, &model}) {
             witness->goBackAndForth(witness->steps());
@@ -310,7 +379,9 @@ private:
     std::mt19937 random_;
     SystemFileLayer files_;
     test::Program program_;
-    UserHands hands_{program_.application.desktop};
+    WatchedHands hands_{program_.application.desktop};
+    std::unique_ptr<Witness> messages_;
+    std::unique_ptr<Witness> model_;
     std::size_t made_ = 0;
 };
 
