@@ -27,16 +27,22 @@ bool isBeforeMessage(const Node& node) {
 
 class DefinitionChecker {
 public:
-    DefinitionChecker(const NodeTree& tree, const CodePage& codePage) : tree_(tree), codePage_(codePage) {}
+    explicit DefinitionChecker(const CodePage& codePage) : codePage_(codePage) {}
 
-    Findings run() {
-        for (const Node* node = tree_.firstRoot(); node != nullptr; node = node->next()) {
+    Findings run(const NodeTree& tree) {
+        for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next()) {
             path_.clear();
             if (isMessage(node))
                 checkMessage(*node);
             else if (!isBeforeMessage(*node))
-                tell(Severity::Warning, *node, "This line belongs to no message: " + node->text());
+                tell(Severity::Warning, *node, "This line belongs to no message: " + node->text(),
+                     "smd.line.stray");
         }
+        return std::move(findings_);
+    }
+
+    Findings runOne(const Node& message) {
+        checkMessage(message);
         return std::move(findings_);
     }
 
@@ -48,13 +54,13 @@ private:
         const OptionalFault stream = streamFault(node.text());
         const OptionalFault function = functionFault(node.text());
         if (stream)
-            tell(Severity::Error, node, stream->text);
+            tell(node, *stream);
         if (function)
-            tell(Severity::Error, node, function->text);
+            tell(node, *function);
         if (!stream && !function && !status.empty())
-            tell(Severity::Warning, node, status);
+            tell(Severity::Warning, node, status, "smd.head");
         if (!names_.insert(upper(message_)).second)
-            tell(Severity::Warning, node, "The name of this message is used twice");
+            tell(Severity::Warning, node, "The name of this message is used twice", "smd.name.twice");
         itemNames_.clear();
         checkItems(node);
     }
@@ -72,7 +78,7 @@ private:
         const std::string status = item.parseText(node.text());
         const OptionalFault name = nameFault(item, itemNames_);
         if (name)
-            tell(Severity::Error, node, name->text);
+            tell(node, *name);
         // The rules for values ignore quoted ones, so these need no canonical Text.
         const ItemKind kind = itemKind(item.getType());
         std::optional<std::string> normalized;
@@ -81,23 +87,26 @@ private:
         const std::vector<DefinitionFault> faults =
             valueFaults(normalized ? *normalized : node.text(), node.children());
         for (const DefinitionFault& fault : faults)
-            tell(Severity::Error, node, fault.text);
+            tell(node, fault);
         if (faults.empty() && !status.empty())
-            tell(Severity::Warning, node, status);
+            tell(Severity::Warning, node, status, "smd.item.form");
         std::string_view text = trimmed(node.text());
         if (node.child() != nullptr && takeWord(text) != "L")
-            tell(Severity::Warning, node, "Only a list can have sub items");
+            tell(Severity::Warning, node, "Only a list can have sub items", "smd.item.children");
     }
 
-    void tell(Severity severity, const Node& node, std::string_view text) {
+    void tell(const Node& node, const DefinitionFault& fault) {
+        tell(Severity::Error, node, fault.text, fault.id);
+    }
+
+    void tell(Severity severity, const Node& node, std::string_view text, std::string_view id) {
         std::string path;
         for (const int position : path_)
             path.append(path.empty() ? "" : "/").append(std::to_string(position));
-        findings_.push_back(
-            {severity, FindingPlace::inMessage(message_, path, node.index()), replaceAll(text, "\r\n", " ")});
+        findings_.push_back({severity, FindingPlace::inMessage(message_, path, node.index()),
+                             replaceAll(text, "\r\n", " "), std::string(id)});
     }
 
-    const NodeTree& tree_;
     const CodePage& codePage_;
     Findings findings_;
     std::string message_;
@@ -109,7 +118,11 @@ private:
 } // namespace
 
 Findings checkDefinitions(const NodeTree& tree, const CodePage& codePage) {
-    return DefinitionChecker(tree, codePage).run();
+    return DefinitionChecker(codePage).run(tree);
+}
+
+Findings checkDefinition(const Node& message, const CodePage& codePage) {
+    return DefinitionChecker(codePage).runOne(message);
 }
 
 } // namespace zb

@@ -10,23 +10,35 @@ namespace zb {
 namespace {
 
 constexpr DefinitionFault kStream{"You must insert a positive number less than 128 in the stream",
-                                  DefinitionFault::Tone::Plain};
+                                  DefinitionFault::Tone::Plain, "smd.stream"};
 constexpr DefinitionFault kFunction{"You must insert a positive number less than 255 in the function",
-                                    DefinitionFault::Tone::Plain};
-constexpr DefinitionFault kNoName{"Insert item name", DefinitionFault::Tone::Plain};
-constexpr DefinitionFault kNumericName{"Only numeric value cannot be a item name."};
-constexpr DefinitionFault kNameChars{"The name of this item is not correct"};
-constexpr DefinitionFault kNameTwice{"The name of this item be duplicated"};
-constexpr DefinitionFault kTooManyItems{"There are too many sub items.\r\nChange the item count"};
-constexpr DefinitionFault kWrongCount{"The count of sub items is not correct.\r\nChange the item count"};
-constexpr DefinitionFault kNameWord{"Item name is not correct."};
-constexpr DefinitionFault kBinary{"Insert binary for initial value."};
-constexpr DefinitionFault kBinaryNumber{"Insert binary for initial value.."};
-constexpr DefinitionFault kBoolean{"Insert boolean(0, 1, False, True) for initial value."};
-constexpr DefinitionFault kInteger{"Insert integer for initial value."};
-constexpr DefinitionFault kUnsigned{"Insert unsigned integer for initial value."};
-constexpr DefinitionFault kFloat{"Insert floating point for initial value."};
-constexpr DefinitionFault kBadType{"Bad item type", DefinitionFault::Tone::Plain};
+                                    DefinitionFault::Tone::Plain, "smd.function"};
+constexpr DefinitionFault kNoName{"Insert item name", DefinitionFault::Tone::Plain, "smd.item.unnamed"};
+constexpr DefinitionFault kNumericName{"Only numeric value cannot be a item name.",
+                                       DefinitionFault::Tone::Error, "smd.item.name"};
+constexpr DefinitionFault kNameChars{"The name of this item is not correct", DefinitionFault::Tone::Error,
+                                     "smd.item.name"};
+constexpr DefinitionFault kNameTwice{"The name of this item be duplicated", DefinitionFault::Tone::Error,
+                                     "smd.item.twice"};
+constexpr DefinitionFault kTooManyItems{"There are too many sub items.\r\nChange the item count",
+                                        DefinitionFault::Tone::Error, "smd.item.repeated"};
+constexpr DefinitionFault kWrongCount{"The count of sub items is not correct.\r\nChange the item count",
+                                      DefinitionFault::Tone::Error, "smd.item.count"};
+constexpr DefinitionFault kNameWord{"Item name is not correct.", DefinitionFault::Tone::Error,
+                                    "smd.item.name"};
+constexpr DefinitionFault kBinary{"Insert binary for initial value.", DefinitionFault::Tone::Error,
+                                  "smd.item.value"};
+constexpr DefinitionFault kBinaryNumber{"Insert binary for initial value..", DefinitionFault::Tone::Error,
+                                        "smd.item.value"};
+constexpr DefinitionFault kBoolean{"Insert boolean(0, 1, False, True) for initial value.",
+                                   DefinitionFault::Tone::Error, "smd.item.value"};
+constexpr DefinitionFault kInteger{"Insert integer for initial value.", DefinitionFault::Tone::Error,
+                                   "smd.item.value"};
+constexpr DefinitionFault kUnsigned{"Insert unsigned integer for initial value.",
+                                    DefinitionFault::Tone::Error, "smd.item.value"};
+constexpr DefinitionFault kFloat{"Insert floating point for initial value.", DefinitionFault::Tone::Error,
+                                 "smd.item.value"};
+constexpr DefinitionFault kBadType{"Bad item type", DefinitionFault::Tone::Plain, "smd.item.type"};
 
 std::string_view wordAt(std::string_view text, int place) {
     for (; place > 0; --place)

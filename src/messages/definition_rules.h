@@ -17,6 +17,7 @@ struct DefinitionFault {
 
     std::string_view text;
     Tone tone = Tone::Error;
+    std::string_view id = {}; ///< of the rule, as "smd.item.count"
 
     bool operator==(const DefinitionFault&) const = default;
 };

@@ -46,31 +46,31 @@ public:
 
 private:
     void checkMessage(const TRMessageRecord& record) {
-        at(record.Name(), {});
+        at(FindingPlace::inTRMessage(record.Name(), {}));
         checkName(record.Name());
         const SECSMessageRecord* secsMessage = checkSECSMessage(record);
         if (secsMessage != nullptr && record.DataBlock())
             checkDataBlock(*record.DataBlock(), *secsMessage);
         if (record.Direction() != kToHost && record.Direction() != kToEquip)
-            tell("This TR message goes to neither side, so that the TMD file leaves it out");
+            tell("This TR message goes to neither side, so that the TMD file leaves it out", "tr.direction");
         if (record.Direction() != received_)
             return;
         checkDefault(record);
         checkCondition(Condition::parse(record.Condition()));
         for (const auto& item : record.TRItems()) {
-            at(record.Name(), item->Name());
+            at(FindingPlace::inTRMessage(record.Name(), item->Name()));
             checkItem(*item);
         }
     }
 
     void checkName(const std::string& name) {
         if (!isXmlName(name))
-            tell(quoted(name) + " is no name that a TMD file can hold");
+            tell(quoted(name) + " is no name that a TMD file can hold", "tmd.name");
     }
 
     void checkText(const std::string& text) {
         if (!isXmlText(text))
-            tell("There are characters that a TMD file cannot hold");
+            tell("There are characters that a TMD file cannot hold", "tmd.text");
     }
 
     /// Sets its items for the next checks.
@@ -79,9 +79,9 @@ private:
         const std::string& name = record.SECSMessage();
         const SECSMessageRecord* found = project_.messages.getByName(name);
         if (!isSECSMessageSelected(record)) {
-            tell(std::string(kNoSECSMessageText));
+            tell(std::string(kNoSECSMessageText), "tr.secs.none");
         } else if (found == nullptr) {
-            tell(std::string(kUnknownSECSMessageText) + " There is no " + quoted(name));
+            tell(std::string(kUnknownSECSMessageText) + " There is no " + quoted(name), "tr.secs.unknown");
         } else {
             checkName(name);
             items_.emplace();
@@ -98,7 +98,7 @@ private:
         if (block.getStream() != definition.getStream() || block.getFunction() != definition.getFunction())
             tell("The data block is " + streamFunction(block) + ", and the SECS message " +
                      streamFunction(definition) + " now",
-                 Severity::Warning);
+                 "tr.block.moved", Severity::Warning);
     }
 
     void checkDefault(const TRMessageRecord& record) {
@@ -106,7 +106,8 @@ private:
             return;
         if (const auto first = defaults_.add(record, received_))
             tell(std::string(kSecondDefaultText) + " " + quoted(*first) + " is one for " +
-                 quoted(record.SECSMessage()) + " already");
+                     quoted(record.SECSMessage()) + " already",
+                 "tr.default.twice");
     }
 
     void checkItem(const TRItemRecord& item) {
@@ -127,61 +128,61 @@ private:
     /// Each that is missing is reported once a place.
     void checkDataItem(const std::string& name) {
         if (items_ && !name.empty() && !items_->contains(name) && reported_.insert(name).second)
-            tell("The SECS message has no data item " + quoted(name));
+            tell("The SECS message has no data item " + quoted(name), "tr.item.unknown");
     }
 
     void checkSequences() {
         const auto& rows = project_.sequences.rows();
         int position = 0;
-        at({}, {});
+        std::string sequence;
         for (std::size_t index = 0; index < rows.size(); ++index) {
             const SequenceRow& row = rows[index];
+            const int place = static_cast<int>(index) + 1;
             if (!row.isHead()) {
                 ++position;
-                at(message_, std::to_string(position));
+                at(FindingPlace::inSequence(sequence, std::to_string(position), place));
                 checkSequenceRow(row);
                 continue;
             }
             position = 0;
-            at(row.text, {});
+            sequence = row.text;
+            at(FindingPlace::inSequence(sequence, {}, place));
             inSequence_ = true;
             checkName(row.text);
             if (!project_.sequences.hasItems(index))
-                tell(std::string(kEmptySequenceText));
+                tell(std::string(kEmptySequenceText), "seq.empty");
         }
     }
 
     void checkSequenceRow(const SequenceRow& row) {
         if (!inSequence_)
-            tell("This row is before the first sequence");
+            tell("This row is before the first sequence", "seq.row.stray");
         const std::string& name = row.transactionName;
         const TRMessageRecord* record =
             project_.model == nullptr ? nullptr : project_.model->getTRMessage(name);
         if (record == nullptr)
-            return tell("There is no TR message " + quoted(name));
+            return tell("There is no TR message " + quoted(name), "seq.message.unknown");
         const std::string direction = directionText(record->Direction());
         if (row.direction != direction)
             tell(quoted(name) + " goes " + direction + " now, and not " +
                      (row.direction.empty() ? "nowhere" : row.direction),
-                 Severity::Warning);
+                 "seq.direction", Severity::Warning);
     }
 
     /// The place of the next findings.
-    void at(std::string message, std::string item) {
-        message_ = std::move(message);
-        item_ = std::move(item);
+    void at(FindingPlace place) {
+        place_ = std::move(place);
         reported_.clear();
     }
 
-    void tell(std::string text, Severity severity = Severity::Error) {
-        findings_.push_back({severity, FindingPlace::inMessage(message_, item_), std::move(text)});
+    void tell(std::string text, std::string_view id, Severity severity = Severity::Error) {
+        findings_.push_back({severity, place_, std::move(text), std::string(id)});
     }
 
     const ProjectView& project_;
     int received_;
     Findings findings_;
-    std::string message_;
-    std::string item_;
+    FindingPlace place_;
     std::optional<ItemNames> items_;           // of the current SECS message
     std::unordered_set<std::string> reported_; // data items
     DefaultTRMessages defaults_;
