@@ -12,6 +12,9 @@ namespace {
 
 using Fields = std::vector<std::string_view>;
 
+/// An empty field of a table.
+constexpr std::string_view kNothing = "-";
+
 Fields fieldsOf(std::string_view text, std::string_view separator) {
     Fields fields;
     std::size_t end = text.find(separator);
@@ -37,7 +40,7 @@ std::vector<Fields> rowsOf(std::string_view table, std::size_t columns) {
 }
 
 int numberOf(std::string_view text) {
-    int number = 0;
+    int number = 0; // also of an empty field
     std::from_chars(text.data(), text.data() + text.size(), number);
     return number;
 }
@@ -59,10 +62,22 @@ std::vector<PublishedLayout> publishedLayouts() {
     return layouts;
 }
 
+PublishedItems publishedItems() {
+    enum Column { Name, Formats, Meaning, Longest, Codes, Count };
+    PublishedItems items;
+    for (const Fields& row : rowsOf(libraries::kItems.front(), Count)) {
+        PublishedItem item{fieldsOf(row[Formats], "/"), row[Meaning], numberOf(row[Longest]), {}};
+        if (row[Codes] != kNothing)
+            item.codes = fieldsOf(row[Codes], "; ");
+        items.emplace(row[Name], std::move(item));
+    }
+    return items;
+}
+
 PublishedFormats publishedFormats() {
     PublishedFormats formats;
-    for (const Fields& row : rowsOf(libraries::kItems.front(), 2))
-        formats.emplace(row[0], fieldsOf(row[1], "/"));
+    for (auto& [name, item] : publishedItems())
+        formats.emplace(name, item.formats);
     return formats;
 }
 

@@ -26,8 +26,24 @@ struct PublishedLayout {
 /// All published messages in the order of stream and function.
 std::vector<PublishedLayout> publishedLayouts();
 
-/// By the name of each data item the formats that it may have, as "A" or "U4"; "L" where it may be a list,
-/// "X" where it may have any format.
+/// What is published of a data item.
+struct PublishedItem {
+    /// The formats that it may have, as "A" or "U4"; "L" where it may be a list, "X" where it may have any
+    /// format.
+    std::vector<std::string_view> formats;
+    std::string_view meaning; ///< "Alarm identifier"
+    /// The largest number of values, for a text of characters; 0 when nothing is published.
+    int longest = 0;
+    /// Each value or range of values with its meaning: "0 accepted", "64-255 own code", for a text the text
+    /// itself. No other value is allowed; without codes any is.
+    std::vector<std::string_view> codes;
+};
+
+/// By the name of each data item.
+using PublishedItems = std::map<std::string_view, PublishedItem>;
+PublishedItems publishedItems();
+
+/// By the name of each data item its formats.
 using PublishedFormats = std::map<std::string_view, std::vector<std::string_view>>;
 PublishedFormats publishedFormats();
 
