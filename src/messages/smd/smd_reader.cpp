@@ -2,6 +2,7 @@
 
 #include "messages/indentation.h"
 #include "messages/item_grammar.h"
+#include "messages/smd/smd_lines.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "platform/wildcard.h"
@@ -124,6 +125,20 @@ void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageN
         reader.line(*line);
         progress.at(static_cast<std::size_t>(line->data() - sectionText.data()), sectionText.size());
     }
+}
+
+std::vector<std::size_t> linesOfNodes(std::string_view sectionText) {
+    NodeTree tree;
+    const NodeTree::Filling filling(tree);
+    const MessageNameListener onMessage;
+    SectionReader reader(tree, onMessage);
+    LineReader lines(sectionText);
+    std::vector<std::size_t> lineOfNode;
+    for (std::size_t number = 1; const std::optional<std::string_view> line = lines.next(); ++number) {
+        reader.line(*line);
+        lineOfNode.resize(tree.count(), number);
+    }
+    return lineOfNode;
 }
 
 std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record) {
