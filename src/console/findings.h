@@ -13,6 +13,10 @@ namespace zb {
 void printFindings(std::ostream& stream, const std::string& file, const Findings& findings);
 /// One JSON object per line.
 void printFindingsAsJson(std::ostream& stream, const std::string& file, const Findings& findings);
+/// One JSON object per line, with id, category, line and column as well.
+void printFindingsInDetail(std::ostream& stream, const std::string& file, const Findings& findings);
+/// A log in the format SARIF 2.1.0, on one line.
+void printFindingsAsSarif(std::ostream& stream, const std::string& file, const Findings& findings);
 /// The findings that stop a build.
 Findings errorsOf(Findings findings);
 
