@@ -55,6 +55,7 @@ public:
     virtual bool showSystemInformation() { return false; }
     /// Runs the function once, after this time, between two actions of the user. A screen without a clock
     /// never does.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): a screen with a clock keeps the function.
     virtual void callLater(std::chrono::milliseconds /*delay*/, std::function<void()> /*function*/) {}
     /// The local time, as "19:46".
     virtual std::string timeOfDay();

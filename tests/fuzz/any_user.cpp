@@ -4,13 +4,10 @@
 #include "platform/tree/node_walk.h"
 
 #include <array>
-#include <filesystem>
 
 namespace zb::fuzz {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::string_view kProject =
     "\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n* Are you there\r\n"
