@@ -42,7 +42,7 @@ public:
     std::string pickFile(const FileDialog& /*dialog*/) override {
         if (picks.empty())
             return {};
-        const std::string path = picks.front();
+        std::string path = picks.front();
         picks.pop_front();
         return path;
     }
