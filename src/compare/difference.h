@@ -51,6 +51,9 @@ struct Difference {
     std::optional<std::string> before;
     std::optional<std::string> after;
     /// @}
+    /// The line that the part begins with in the second project, as the head of a message; empty for a part
+    /// that was added or removed as a whole.
+    std::string heading;
     /// The whole line that the field is part of, in both projects: the head of a message, the Text of an
     /// item. Empty for parts that are no line.
     /// @{

@@ -104,7 +104,11 @@ void compareEntries(const PartForm& form, std::string_view before, std::string_v
     Entry left = form.read(before);
     Entry right = form.read(after);
     form.align({&left, &right});
+    const std::size_t first = differences.size();
     EntryComparison(form, left, right, differences).run();
+    const std::string heading = form.shownHead(right);
+    for (std::size_t at = first; at < differences.size(); ++at)
+        differences[at].heading = heading;
 }
 
 } // namespace zb

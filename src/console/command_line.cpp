@@ -45,15 +45,16 @@ Verb* chosenVerb(const CLI::App& app, const Verbs& verbs) {
 Verbs makeVerbs() {
     Verbs verbs;
     for (const auto make : {makeBuildVerb, makeCheckVerb, makeListVerb, makeConvertVerb, makeAddVerb,
-                            makeHistoryVerb, makeRehearseVerb, makeDecodeVerb, makeLearnVerb})
+                            makeHistoryVerb, makeDiffVerb, makeMergeVerb, makeCompatVerb, makeGitSetupVerb,
+                            makeRehearseVerb, makeDecodeVerb, makeLearnVerb})
         verbs.push_back(make());
     return verbs;
 }
 
 int runConsole(const Verbs& verbs, const std::vector<std::string>& arguments, ConsoleStreams sinks) {
-    PrintableStream out(sinks.out);
+    PrintableStream out(sinks.out, sinks.colours);
     PrintableStream err(sinks.err);
-    const ConsoleStreams streams{out, err};
+    const ConsoleStreams streams{out, err, sinks.colours};
     CLI::App app(kDescription, "zbc");
     app.footer(kExitCodes);
     app.set_version_flag("--version", "zbc " + std::string(kVersion), "Print the version and exit");

@@ -2,13 +2,14 @@
 #include "console/script_verb.h"
 #include "platform/printable.h"
 #include "platform/process_signals.h"
+#include "platform/terminal.h"
 
 #include <exception>
 #include <iostream>
 
 int main(int argc, char** argv) {
     zb::letLargeWritesFail();
-    const zb::ConsoleStreams streams{std::cout, std::cerr};
+    const zb::ConsoleStreams streams{std::cout, std::cerr, zb::wantsColours()};
     try {
         zb::Verbs verbs = zb::makeVerbs();
         verbs.push_back(zb::makeScriptVerb());

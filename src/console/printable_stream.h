@@ -12,12 +12,16 @@ namespace zb {
 /// there a line end within a name differs from the end of the line.
 class PrintableStream final : public std::ostream {
 public:
-    explicit PrintableStream(std::ostream& sink) : std::ostream(nullptr), lines_(sink) { rdbuf(&lines_); }
+    /// With `colours`, the colours of console/printable.h pass, and they alone.
+    explicit PrintableStream(std::ostream& sink, bool colours = false)
+        : std::ostream(nullptr), lines_(sink, colours) {
+        rdbuf(&lines_);
+    }
 
 private:
     class Lines final : public std::streambuf {
     public:
-        explicit Lines(std::ostream& sink) : sink_(sink) {}
+        Lines(std::ostream& sink, bool colours) : sink_(sink), colours_(colours) {}
         ~Lines() override { handOn(line_.size()); }
         Lines(const Lines&) = delete;
         Lines& operator=(const Lines&) = delete;
@@ -29,6 +33,7 @@ private:
         void handOn(std::size_t length);
 
         std::ostream& sink_;
+        bool colours_;
         std::string line_; // not handed on yet: half a character must not be taken for damage
     };
 

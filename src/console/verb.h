@@ -13,6 +13,8 @@ namespace zb {
 struct ConsoleStreams {
     std::ostream& out;
     std::ostream& err;
+    /// Whether `out` is a terminal whose user wants colours.
+    bool colours = false;
 };
 
 /// The exit status of a run, for shells and CI.

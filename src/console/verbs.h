@@ -11,11 +11,15 @@ namespace zb {
 std::unique_ptr<Verb> makeAddVerb();
 std::unique_ptr<Verb> makeBuildVerb();
 std::unique_ptr<Verb> makeCheckVerb();
+std::unique_ptr<Verb> makeCompatVerb();
 std::unique_ptr<Verb> makeConvertVerb();
 std::unique_ptr<Verb> makeDecodeVerb();
+std::unique_ptr<Verb> makeDiffVerb();
+std::unique_ptr<Verb> makeGitSetupVerb();
 std::unique_ptr<Verb> makeHistoryVerb();
 std::unique_ptr<Verb> makeLearnVerb();
 std::unique_ptr<Verb> makeListVerb();
+std::unique_ptr<Verb> makeMergeVerb();
 std::unique_ptr<Verb> makeRehearseVerb();
 /// @}
 

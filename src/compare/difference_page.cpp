@@ -1,0 +1,88 @@
+#include "compare/difference_page.h"
+
+#include "platform/printable.h"
+
+#include <string_view>
+
+namespace zb {
+
+namespace {
+
+constexpr std::string_view kStyle = R"(:root { color-scheme: light dark; }
+body { font-family: sans-serif; margin: 1.5em; }
+table { border-collapse: collapse; width: 100%; table-layout: fixed; margin-bottom: 1.5em; }
+td { font-family: monospace; white-space: pre-wrap; overflow-wrap: anywhere; vertical-align: top; padding: 0 0.5em; }
+td.both { font-weight: bold; background: #e4e8ee; color: #16202c; }
+td.before { background: #fbe3e1; color: #6b1410; }
+td.after { background: #ddf2e0; color: #0e4a1c; }
+@media (prefers-color-scheme: dark) {
+  td.both { background: #2b333e; color: #e6ebf2; }
+  td.before { background: #47201e; color: #ffd9d6; }
+  td.after { background: #1c3f26; color: #d3f5da; }
+})";
+
+std::string escaped(std::string_view text) {
+    std::string html;
+    for (const char character : printable(text)) {
+        if (character == '&')
+            html += "&amp;";
+        else if (character == '<')
+            html += "&lt;";
+        else if (character == '>')
+            html += "&gt;";
+        else if (character == '"')
+            html += "&quot;";
+        else
+            html += character;
+    }
+    return html;
+}
+
+std::string cell(const char* kind, const DifferenceLine* line) {
+    if (line == nullptr)
+        return "<td></td>";
+    return std::string("<td class=\"") + kind + "\">" + line->sign + " " + escaped(line->text) + "</td>";
+}
+
+/// Removed lines beside the added ones that follow them.
+void appendBlock(std::string& html, const DifferenceBlock& block) {
+    html += "<table>\n";
+    for (std::size_t at = 0; at < block.size();) {
+        if (block[at].sign == '~') {
+            html += "<tr><td class=\"both\" colspan=\"2\">~ " + escaped(block[at++].text) + "</td></tr>\n";
+            continue;
+        }
+        std::size_t added = at;
+        while (added < block.size() && block[added].sign == '-')
+            ++added;
+        std::size_t end = added;
+        while (end < block.size() && block[end].sign == '+')
+            ++end;
+        const std::size_t removed = added;
+        while (at < removed || added < end) {
+            html += "<tr>" + cell("before", at < removed ? &block[at] : nullptr);
+            html += cell("after", added < end ? &block[added] : nullptr) + "</tr>\n";
+            at += at < removed ? 1U : 0U;
+            added += added < end ? 1U : 0U;
+        }
+        at = end;
+    }
+    html += "</table>\n";
+}
+
+} // namespace
+
+std::string differencePage(const std::string& before, const std::string& after,
+                           const std::vector<DifferenceBlock>& blocks) {
+    std::string html = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>";
+    html += escaped(before) + " and " + escaped(after) + "</title>\n<style>\n";
+    html.append(kStyle).append("\n</style>\n</head>\n<body>\n<h1>Differences</h1>\n");
+    html += "<p>- " + escaped(before) + "<br>+ " + escaped(after) + "</p>\n";
+    if (blocks.empty())
+        html += "<p>There are no differences.</p>\n";
+    for (const DifferenceBlock& block : blocks)
+        appendBlock(html, block);
+    return html + "</body>\n</html>\n";
+}
+
+} // namespace zb

@@ -1,0 +1,91 @@
+// Comparing and merging two versions of a project.
+#include "bench/generated_project.h"
+#include "compare/project_comparison.h"
+#include "compare/project_merge.h"
+#include "platform/text.h"
+#include "project/project_text.h"
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+namespace zb::bench {
+namespace {
+
+std::size_t sizeOf(const benchmark::State& state) {
+    return static_cast<std::size_t>(state.range(0));
+}
+
+/// The project with 100 messages changed: another value, a new item, another description or no message at
+/// all.
+std::string changedText(std::size_t messages, std::size_t first) {
+    std::string text = projectText(messages);
+    const std::size_t step = messages / 100;
+    for (std::size_t change = 0; change < 100; ++change) {
+        const std::string number = std::to_string(first + change * step);
+        const std::size_t head = text.find("* Report " + number + " of");
+        switch (change % 4) {
+        case 0:
+            text.insert(head + 2, "A ");
+            break;
+        case 1:
+            text.insert(text.find("PRESSURE1 12.5", head) + 13, "7");
+            break;
+        case 2:
+            text.insert(text.find("    U4 1 CEID", head), "    U1 1 NEW 0\r\n");
+            break;
+        default:
+            text.erase(head, text.find("* Report", head + 1) - head);
+            break;
+        }
+    }
+    return text;
+}
+
+void CompareWith100Changes(benchmark::State& state) {
+    const Project before = parseProject(projectText(sizeOf(state)));
+    const Project after = parseProject(changedText(sizeOf(state), 5));
+    for (auto _ : state) {
+        if (compareProjects(before, after).size() != 100)
+            state.SkipWithError("there are not 100 differences");
+    }
+}
+
+void CompareWithNothingInCommon(benchmark::State& state) {
+    const std::string text = projectText(sizeOf(state));
+    const Project before = parseProject(text);
+    // The same streams and functions, so that each message could be a renamed one.
+    std::string other = replaceAll(text, "Message", "Other");
+    for (const char* word : {"U4 1 DATAID", "U4 1 CEID", "U4 1 RPTID", "A 16V PPID", "F4 1 PRESSURE",
+                             "BOOLEAN 1 DOOR", "U2 3 SLOTS", "A 6 MDLN", "Report"})
+        other = replaceAll(other, word, std::string(word) + "X");
+    const Project after = parseProject(other);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(compareProjects(before, after).size());
+}
+
+void CompareWithEachMessageChanged(benchmark::State& state) {
+    const std::string text = projectText(sizeOf(state));
+    const Project before = parseProject(text);
+    const Project after = parseProject(replaceAll(text, "'RECIPE-1'", "'RECIPE-2'"));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(compareProjects(before, after).size());
+}
+
+void MergeWith100ChangesOnEachSide(benchmark::State& state) {
+    const Project base = parseProject(projectText(sizeOf(state)));
+    const Project ours = parseProject(changedText(sizeOf(state), 5));
+    const Project theirs = parseProject(changedText(sizeOf(state), 7));
+    for (auto _ : state) {
+        if (!mergeProjects(base, ours, theirs).conflicts.empty())
+            state.SkipWithError("there are conflicts");
+    }
+}
+
+BENCHMARK(CompareWith100Changes)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(CompareWithEachMessageChanged)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(CompareWithNothingInCommon)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(MergeWith100ChangesOnEachSide)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace zb::bench
