@@ -1,0 +1,79 @@
+#include "generate/safe_names.h"
+
+#include <algorithm>
+
+namespace zb::generate {
+
+namespace {
+
+bool isUpper(char c) {
+    return c >= 'A' && c <= 'Z';
+}
+bool isLower(char c) {
+    return c >= 'a' && c <= 'z';
+}
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+char toUpper(char c) {
+    return isLower(c) ? static_cast<char>(c - 'a' + 'A') : c;
+}
+char toLower(char c) {
+    return isUpper(c) ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+std::string lowered(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), toLower);
+    return text;
+}
+
+/// Appends a word with its first letter as a capital. "SVID" becomes "Svid"; "OnLine" and "S1F3" stay, the
+/// latter since capitals that stand alone are no word.
+void appendWord(std::string& name, std::string_view word) {
+    const bool isShouted = std::none_of(word.begin(), word.end(), isLower) &&
+                           std::adjacent_find(word.begin(), word.end(), [](char a, char b) {
+                               return isUpper(a) && isUpper(b);
+                           }) != word.end();
+    name += toUpper(word.front());
+    for (const char character : word.substr(1))
+        name += isShouted ? toLower(character) : character;
+}
+
+} // namespace
+
+std::string typeName(std::string_view text, std::string_view fallback) {
+    std::string name;
+    std::size_t at = 0;
+    while (at < text.size()) {
+        std::size_t end = at;
+        while (end < text.size() && (isUpper(text[end]) || isLower(text[end]) || isDigit(text[end])))
+            ++end;
+        if (end > at)
+            appendWord(name, text.substr(at, end - at));
+        at = end + 1;
+    }
+    if (name.empty() || isDigit(name.front()))
+        name.insert(0, fallback);
+    return name;
+}
+
+std::string fieldName(std::string_view text, std::string_view fallback) {
+    std::string name = typeName(text, fallback);
+    name.front() = toLower(name.front());
+    return name;
+}
+
+std::string SafeNames::take(const std::string& name) {
+    std::string candidate = name;
+    for (std::size_t number = 2;; ++number) {
+        if (reserved_->count(candidate) == 0 && taken_.insert(lowered(candidate)).second)
+            return candidate;
+        candidate = name + std::to_string(number);
+    }
+}
+
+void SafeNames::reserve(std::string_view name) {
+    taken_.insert(lowered(std::string(name)));
+}
+
+} // namespace zb::generate
