@@ -12,6 +12,7 @@
 #include "platform/file_access.h"
 #include "platform/file_layer.h"
 #include "platform/file_replacer.h"
+#include "platform/program_folder.h"
 #include "platform/setting_names.h"
 #include "platform/settings.h"
 #include "platform/text.h"
@@ -132,7 +133,7 @@ int BuildVerb::buildPlugIn(ConsoleStreams streams) {
         return status;
     const Result<void> saved = save(streams);
     const SettingsStore userSettings(settingsFolder());
-    ZeltoGenerator generator(userSettings);
+    ZeltoGenerator generator(userSettings, {}, programFolder());
     streams.out << printableLines(generator.generate(place_.projectFile())) << '\n';
     if (!saved)
         return reportFileFault(project_, describeFileFault(saved.error()), streams);

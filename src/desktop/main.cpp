@@ -7,6 +7,7 @@
 #include "platform/end_requests.h"
 #include "platform/file_layer.h"
 #include "platform/process_signals.h"
+#include "platform/program_folder.h"
 #include "platform/settings.h"
 #include "platform/user_folders.h"
 #include "shell/application.h"
@@ -37,7 +38,7 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(screen.pictures().icon("zeltobench"));
     zb::SettingsStore settings(zb::settingsFolder());
     zb::SystemFileLayer files;
-    zb::ZeltoGenerator generator(settings, zb::keepPainting);
+    zb::ZeltoGenerator generator(settings, zb::keepPainting, zb::programFolder());
     zb::Application application(screen, settings, files, generator, zb::programFolders());
     qt.onOutOfMemory = [&application] { application.projects.reportOutOfMemory(); };
     screen.onEnd = [] { QApplication::quit(); };

@@ -97,8 +97,7 @@ std::string ZeltoGenerator::generate(const std::string& projectFile) {
     if (arguments.empty())
         arguments.emplace_back(kGeneratorProgram);
     arguments.push_back(projectFile);
-    const ProcessLimits limits{timeLimit(), kFarewell, kOutputBytes};
-    const ProcessOutcome outcome = runProcess(arguments, limits, keepAlive_);
+    const ProcessOutcome outcome = run(arguments);
     using End = ProcessOutcome::End;
     if (outcome.end == End::NotStarted)
         success_ = Success::NotStarted;
@@ -114,6 +113,18 @@ std::string ZeltoGenerator::generate(const std::string& projectFile) {
     if (!text.empty() && !description.empty())
         text += "\r\n";
     return text + description;
+}
+
+/// Runs the command. A generator that nobody named, and that is not on the path, is searched next to the
+/// running program.
+ProcessOutcome ZeltoGenerator::run(std::vector<std::string>& arguments) const {
+    const ProcessLimits limits{timeLimit(), kFarewell, kOutputBytes};
+    ProcessOutcome outcome = runProcess(arguments, limits, keepAlive_);
+    const bool isMissing = outcome.end == ProcessOutcome::End::NotStarted && outcome.number == ENOENT;
+    if (!isMissing || programs_.empty() || !commandWords(userSetting(settings_, kGeneratorCommand)).empty())
+        return outcome;
+    arguments.front() = (programs_ / kGeneratorProgram).string();
+    return runProcess(arguments, limits, keepAlive_);
 }
 
 std::chrono::seconds ZeltoGenerator::timeLimit() const {

@@ -3,9 +3,11 @@
 #include "outputs/generator.h"
 
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zb {
@@ -21,14 +23,16 @@ inline constexpr std::string_view kGeneratorProgram = "ZeltoGenerator";
 std::vector<std::string> commandWords(std::string_view command);
 
 /// Runs an external program as the generator: the setting `GeneratorCommand`, otherwise `ZeltoGenerator` on
-/// the path, with the project file's path as the last argument. The result is its standard output and
-/// standard error, and how it ended if that was a failure. It is stopped after the seconds of the setting
-/// `GeneratorTimeLimit`, by default after ten minutes.
+/// the path or else next to the running program, with the project file's path as the last argument. The
+/// result is its standard output and standard error, and how it ended if that was a failure. It is stopped
+/// after the seconds of the setting `GeneratorTimeLimit`, by default after ten minutes.
 class ZeltoGenerator final : public Generator {
 public:
     /// `keepAlive` is called many times a second while the generator runs.
-    explicit ZeltoGenerator(const SettingsStore& settings, std::function<void()> keepAlive = {})
-        : settings_(settings), keepAlive_(std::move(keepAlive)) {}
+    /// `programs` is the folder of the running program.
+    explicit ZeltoGenerator(const SettingsStore& settings, std::function<void()> keepAlive = {},
+                            std::filesystem::path programs = {})
+        : settings_(settings), keepAlive_(std::move(keepAlive)), programs_(std::move(programs)) {}
 
     std::string generate(const std::string& projectFile) override;
 
@@ -37,11 +41,13 @@ public:
     Success success() const { return success_; }
 
 private:
+    ProcessOutcome run(std::vector<std::string>& arguments) const;
     std::chrono::seconds timeLimit() const;
     std::string describe(const std::vector<std::string>& arguments, const ProcessOutcome& outcome) const;
 
     const SettingsStore& settings_;
     std::function<void()> keepAlive_;
+    std::filesystem::path programs_;
     Success success_ = Success::NotStarted;
 };
 

@@ -84,6 +84,20 @@ TEST_F(GeneratorRun, GivesWhatItSays) {
     EXPECT_EQ(generator_.success(), Success::Yes);
 }
 
+TEST_F(GeneratorRun, IsFoundNextToTheProgramWhenNobodyNamesOne) {
+    script("ZeltoGenerator", "echo \"of the program: $1\"");
+    const char* const path = std::getenv("PATH");
+    const std::string former = path == nullptr ? "" : path;
+    setenv("PATH", "/nonexistent", 1);
+    ZeltoGenerator beside(settings_, {}, folder_.path());
+    const std::string text = beside.generate("/p/Line.zbp");
+    set("GeneratorCommand", "NoSuchGenerator");
+    const std::string named = beside.generate("/p/Line.zbp");
+    setenv("PATH", former.c_str(), 1);
+    EXPECT_EQ(text, "of the program: /p/Line.zbp");
+    EXPECT_EQ(named.find("The generator NoSuchGenerator cannot be started: "), 0U);
+}
+
 TEST_F(GeneratorRun, GetsItsArgumentsAndTheProjectFile) {
     set("GeneratorCommand",
         "\"" + script("my gen", "for a in \"$@\"; do echo \"<$a>\"; done") + "\" --kind \"a b\" $HOME");
