@@ -46,7 +46,7 @@ Verbs makeVerbs() {
     Verbs verbs;
     for (const auto make : {makeBuildVerb, makeCheckVerb, makeListVerb, makeConvertVerb, makeAddVerb,
                             makeHistoryVerb, makeDiffVerb, makeMergeVerb, makeCompatVerb, makeGitSetupVerb,
-                            makeRehearseVerb, makeDecodeVerb, makeLearnVerb})
+                            makeRehearseVerb, makeDecodeVerb, makeLearnVerb, makeGenerateVerb})
         verbs.push_back(make());
     return verbs;
 }
