@@ -27,7 +27,7 @@ std::string noteOf(long process, const std::string& project) {
 
 } // namespace
 
-ProjectSession::ProjectSession(FileLayer& files, fs::path stateFolder)
+ProjectSession::ProjectSession(FileLayer& files, const fs::path& stateFolder)
     : files_(files), root_(stateFolder.empty() ? fs::path() : stateFolder / "sessions") {}
 
 Result<void> ProjectSession::enter(const std::string& project) {

@@ -33,7 +33,7 @@ struct SessionTrace {
 class ProjectSession {
 public:
     /// An empty folder leaves no trace.
-    ProjectSession(FileLayer& files, std::filesystem::path stateFolder);
+    ProjectSession(FileLayer& files, const std::filesystem::path& stateFolder);
 
     /// The program has opened this project, and closed the one before.
     Result<void> enter(const std::string& project);

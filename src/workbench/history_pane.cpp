@@ -8,6 +8,7 @@
 #include "workbench/project_door.h"
 
 #include <chrono>
+#include <ranges>
 
 namespace zb {
 
@@ -57,12 +58,12 @@ void HistoryPane::refresh() {
     versions_ = workbench().services().project.versions();
     lvwHistory.clear();
     std::uintmax_t bytes = 0;
-    for (auto version = versions_.rbegin(); version != versions_.rend(); ++version) {
-        const std::string number = std::to_string(version->number);
+    for (const ProjectHistory::Version& version : std::views::reverse(versions_)) {
+        const std::string number = std::to_string(version.number);
         ListRow& row = lvwHistory.add(number, number);
-        row.setCell(1, localTime(version->time));
-        row.setCell(2, sizeText(version->bytes));
-        bytes += version->bytes;
+        row.setCell(1, localTime(version.time));
+        row.setCell(2, sizeText(version.bytes));
+        bytes += version.bytes;
     }
     lvwHistory.select(lvwHistory.find(selected));
     enableCommands();

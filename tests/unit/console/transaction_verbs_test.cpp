@@ -136,6 +136,15 @@ TEST_F(TransactionVerbs, BuildOfAFaultyModelReportsAllFaults) {
     expect({"build", project_}, 1, smdLine(), project_ + ": Startup: Not defined SequenceItem!\n");
 }
 
+TEST_F(TransactionVerbs, BuildReportsWhatTheTmdFileLeavesOut) {
+    writeChanged("SeqName\u00FFStartup", "SeqName\u00FFno name");
+    const std::string tmd = path("ZeltoInfo/Line.tmd");
+    expect({"build", project_}, 1, smdLine() + tmd + ": 2 transaction messages, 0 sequences\n",
+           tmd + ": incomplete: holds 0 of 1 sequences\n" + tmd +
+               ": incomplete: holds 0 of 2 rows of sequences\n");
+    EXPECT_TRUE(fs::exists(tmd));
+}
+
 TEST_F(TransactionVerbs, BuildReportsATmdFileThatCannotBeWritten) {
     fs::create_directories(path("ZeltoInfo/Line.tmd"));
     expect({"build", project_}, 3, smdLine(),
