@@ -95,12 +95,12 @@ int ProjectVersions::keepOpenWork() {
     return all.empty() ? 0 : all.back().number;
 }
 
-void ProjectVersions::show(const std::string& path, const std::string& what) {
+bool ProjectVersions::show(const std::string& path, const std::string& what) {
     Result<ProjectFile> file = readProjectFile(path);
     if (!file || !file->fault.empty()) {
         app_.desktop.post(
             {nameOf(path) + " cannot be shown: " + (file ? file->fault : file.error().description)});
-        return;
+        return false;
     }
     const int number = keepOpenWork();
     app_.projects.showInPlace(std::move(file).value().project);
@@ -109,10 +109,12 @@ void ProjectVersions::show(const std::string& path, const std::string& what) {
         notice.actions.push_back({"Bring back what was open", [this, number] { bringBack(number); }});
     app_.desktop.post(std::move(notice));
     app_.frmWorkbench.history.refresh();
+    return true;
 }
 
 void ProjectVersions::reload() {
-    show(watched_, "Reloaded " + nameOf(watched_));
+    if (!show(watched_, "Reloaded " + nameOf(watched_)))
+        return;
     watch_.take(watched_);
     app_.work.takeAsSaved();
     app_.markSaved();

@@ -37,7 +37,9 @@ private:
     void reload();
     void bringBack(int number);
     int keepOpenWork();
-    void show(const std::string& path, const std::string& what);
+    /// Shows what is in the file in place of what is open; false when it cannot be read, and nothing has
+    /// changed.
+    bool show(const std::string& path, const std::string& what);
 
     Application& app_;
     DiskWatch watch_;

@@ -88,6 +88,17 @@ TEST_F(VersionsTest, AChangeOnDiskIsToldOnceAndCanBeReloaded) {
     EXPECT_FALSE(application.work.isSaved());
 }
 
+TEST_F(VersionsTest, AFileThatIsNoProjectIsNotReloaded) {
+    addMessage("1");
+    writeFile(project(), "no project");
+    application.versions.userReturned();
+    press(0, "Reload");
+    EXPECT_THAT(shown(), HasSubstr("Etcher.zbp cannot be shown: "));
+    EXPECT_TRUE(has("S99F1"));
+    EXPECT_FALSE(application.work.isSaved());
+    EXPECT_EQ(application.frmMain.titleNote(), "Etcher*");
+}
+
 TEST_F(VersionsTest, KeepMineChangesNothing) {
     changeByAnother();
     addMessage("1");
