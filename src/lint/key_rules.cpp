@@ -30,16 +30,16 @@ LostKey lostKey(const MessageContext& context, const MessageIndex::Group& group)
     const CheckedMessage& message = context.message;
     if (message.key() != nullptr)
         return {};
-    for (const auto& [place, others] : group.byKeyPlace) {
-        const auto& [path, name] = place;
+    for (const auto& entry : group.byKeyPlace) {
+        const auto& place = entry.first;
         const auto item =
             std::find_if(message.items.begin(), message.items.end(), [&](const CheckedItem& candidate) {
-                return candidate.path == path && candidate.record.getName() == name;
+                return candidate.path == place.first && candidate.record.getName() == place.second;
             });
         if (item == message.items.end())
             continue;
         const std::string value = MessageSummary::comparable(item->record);
-        const MessageSummary* other = firstBeside(message, others);
+        const MessageSummary* other = firstBeside(message, entry.second);
         if (other != nullptr && !value.empty() && value != "0")
             return {&*item, other};
     }
