@@ -32,6 +32,13 @@ public:
 
     /// Shows only the messages of the library that contain its text.
     TextField txtSourceFilter{*this, "txtSourceFilter"};
+    /// The file of the loaded library, and what of it could not be read. Hidden while there is nothing to say.
+    /// @{
+    Label lblLibraryFile{*this, "lblLibraryFile"};
+    Label lblLibraryNotice{*this, "lblLibraryNotice"};
+    Button cmdLibraryFindings{*this, "cmdLibraryFindings", "Show"};
+    List lvwLibraryFindings{*this, "lvwLibraryFindings"};
+    /// @}
     /// The messages of the loaded library.
     List lvwSource{*this, "lvwSource", nullptr, List::Selection::Many};
     Combo cboSECSMessage{*this, "cboSECSMessage"};

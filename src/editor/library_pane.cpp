@@ -116,7 +116,7 @@ void addLibraryRow(const std::string& row, int formatCode, List& list) {
     addRow(textsOf(row, formatCode), list);
 }
 
-LibraryPane::LibraryPane(frmSECSEditor& window) : window_(window) {
+LibraryPane::LibraryPane(frmSECSEditor& window) : window_(window), notice_(window) {
     wireMenu();
     wireList();
     openSemi();
@@ -186,16 +186,22 @@ void LibraryPane::openFile(MenuEntry& entry, const FileLibrary& kind) {
     beginLibrary(entry);
     if (isBlank(library_->load(path, kind.formatCode))) {
         listLibrary(kind.formatCode);
+        notice_.showFile(path);
+        notice_.showFindings(*library_);
         return;
     }
     window_.desktop().showBox(std::string(kind.notInFormat));
+    // The faults of the file are worth a look even though the standard library is shown in its place.
+    const auto refused = std::move(library_);
     openSemi();
+    notice_.showFindings(*refused);
 }
 
 void LibraryPane::beginLibrary(MenuEntry& entry) {
     clearLibraryChecks();
     entry.setChecked(true);
     rows_.clear();
+    notice_.clear();
     fillList();
     window_.lvwSource.setSorted(true, kStreamFunctionColumn);
     library_ = std::make_unique<SECSLibraryStore>(window_.state().codePage);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/library_notice.h"
 #include "messages/library_store.h"
 
 #include <functional>
@@ -54,6 +55,7 @@ private:
     void addMessages(const DropStep& step);
 
     frmSECSEditor& window_;
+    LibraryNotice notice_;
     std::unique_ptr<SECSLibraryStore> library_;
     std::vector<std::string> rows_; ///< of the library, including those hidden by the filter
     int formatCode_ = 0;

@@ -104,6 +104,7 @@ void SECSLibraryStore::loadSmd(std::string_view text) {
             record.parseTexts(withBlanksForTabs(message->head), message->description, body);
         if (!status.empty()) {
             findings_.push_back({Severity::Error, FindingPlace::atLine(message->headLine), status});
+            ++unread_;
             continue;
         }
         // The head in the form of a tree, whatever separated its words in the file.
@@ -133,6 +134,7 @@ void SECSLibraryStore::loadSml(std::string_view text) {
         add(SECSMessageRecord::fromParts(std::move(head), std::move(message.description),
                                          std::move(message.body)));
     }
+    unread_ += library.unread;
     std::move(library.findings.begin(), library.findings.end(), std::back_inserter(findings_));
 }
 

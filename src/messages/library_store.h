@@ -34,6 +34,8 @@ public:
     Records getMessages() const;
     /// Of all loads, in the order of the text, with their lines; those of SML with their columns, too.
     const Findings& findings() const { return findings_; }
+    /// The number of messages that could not be read, of all loads of SMD and SML.
+    std::size_t unread() const { return unread_; }
 
 private:
     std::string loadText(std::string_view text, int formatCode);
@@ -46,6 +48,7 @@ private:
     std::vector<std::unique_ptr<SECSMessageRecord>> records_;
     std::unordered_map<std::uint64_t, Records> byStreamFunction_;
     Findings findings_;
+    std::size_t unread_ = 0;
 };
 
 } // namespace zb

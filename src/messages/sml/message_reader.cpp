@@ -72,21 +72,20 @@ void Reader::readMessage(const Head& head) {
     Step step = readMarks(read);
     if (step == Step::Body)
         step = readBody(head.bracketed) ? Step::Ended : Step::Broken;
-    if (step == Step::Broken) {
-        title_.clear();
+    if (step == Step::Broken)
         passBroken();
-    } else if (numbersAreRight) {
+    if (step != Step::Broken && numbersAreRight)
         finish(read);
-    } else {
-        title_.clear();
-    }
+    else
+        ++unread_;
+    title_.clear();
 }
 
 void Reader::finish(ReadMessage& read) {
     SmlMessage& message = read.message;
     items_.reportComments();
     if (!body_.compose(message.body, findings_)) {
-        title_.clear();
+        ++unread_;
         return;
     }
     if (message.wait && message.function % 2 == 0)
@@ -95,7 +94,6 @@ void Reader::finish(ReadMessage& read) {
         message.name = title_;
     else if (message.description.empty())
         message.description = title_;
-    title_.clear();
     makeRoom(read.offset);
     messages_.push_back(std::move(message));
     offsets_.push_back(read.offset);

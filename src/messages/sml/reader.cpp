@@ -8,7 +8,7 @@ SmlLibrary Reader::read() {
     for (skipBetween(); !scanner_.atEnd(); skipBetween())
         readTopLevel();
     nameMessages(messages_, offsets_, findings_);
-    return {std::move(messages_), findings_.take()};
+    return {std::move(messages_), unread_, findings_.take()};
 }
 
 void Reader::skipBetween() {

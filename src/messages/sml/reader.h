@@ -65,6 +65,7 @@ private:
     ItemReader items_;
     std::vector<SmlMessage> messages_;
     std::vector<std::size_t> offsets_; // of the messages
+    std::size_t unread_ = 0;           // messages with a fault
     std::string title_;
     std::string leadingComment_; // the comment before the next message
     std::size_t leadingOffset_ = 0;

@@ -2,6 +2,7 @@
 
 #include "platform/finding.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +31,7 @@ struct SmlMessage {
 
 struct SmlLibrary {
     std::vector<SmlMessage> messages; // in the order of the file
+    std::size_t unread = 0;           // messages that could not be read
     Findings findings;                // in the order of the file, with line and column
 };
 
