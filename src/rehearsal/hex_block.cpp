@@ -42,9 +42,12 @@ void HexBlock::takeComplete(const Take& take, const TakeBlockMessage& takeBlocks
     bytes_.erase(0, bytes_.size() - rest.size());
 }
 
+bool HexBlock::beginsFrame(std::string_view bytes) {
+    return bytes.size() >= kFrameStart && isFrameStart(bytes);
+}
+
 bool HexBlock::isWithinFrame() const {
-    return bytes_.size() >= kFrameStart && isFrameStart(bytes_) &&
-           bytes_.size() - kHsmsLengthSize < secs2::bigEndian32(bytes_);
+    return beginsFrame(bytes_) && bytes_.size() - kHsmsLengthSize < secs2::bigEndian32(bytes_);
 }
 
 bool HexBlock::takeRest(const std::optional<std::size_t>& size, const Take& take) {

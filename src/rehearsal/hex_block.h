@@ -25,6 +25,8 @@ public:
 
     /// Takes the complete frames and blocks from the front.
     void takeComplete(const Take& take, const TakeBlockMessage& takeBlocks);
+    /// Whether a frame begins here.
+    static bool beginsFrame(std::string_view bytes);
     /// Whether the bytes at the front begin a frame that is not complete.
     bool isWithinFrame() const;
     /// Takes what is left when no more bytes follow: a message without its length of `size` bytes, or of all

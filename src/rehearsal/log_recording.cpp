@@ -139,15 +139,19 @@ std::size_t LogRecording::hexStart(const LogLine& found) const {
 }
 
 bool LogRecording::readHexLine(const LogLine& found) {
-    // A frame after a complete one is an entry of its own, even without a direction.
-    if (block_.empty() && entry_.isTaken && found.way == Way::Unknown)
+    std::string bytes;
+    readHexRun(found.line, hexStart(found), HexForm::Line, bytes);
+    // A frame after a complete one is an entry of its own, even without a direction, and it does not begin
+    // with what the line before has too much.
+    const bool followsFrame = block_.empty() && entry_.isTaken && found.way == Way::Unknown;
+    if (followsFrame || (!block_.empty() && !block_.isWithinFrame() && HexBlock::beginsFrame(bytes)))
         finishEntry();
     if (!entry_.active && block_.empty()) {
         entry_.line = lines_.lineNumber();
         if (found.time)
             entry_.time = found.time->time;
     }
-    readHexRun(found.line, hexStart(found), HexForm::Line, block_.bytes());
+    block_.bytes() += bytes;
     blockIsDump_ = false;
     takeCompleteFrames();
     if (!block_.empty() && (!block_.isWithinFrame() || block_.bytes().size() > kLongestBlock) &&

@@ -31,8 +31,7 @@ std::optional<SequencePlace> SequenceCourse::add(std::size_t link, const std::st
     if (!place)
         place = start(open, transaction, findings);
     if (!place)
-        findings.push_back(
-            {"sequence", transaction + " comes out of order: no sequence that has begun expects it"});
+        place = skipTo(open, transaction, findings);
     return place;
 }
 
@@ -74,6 +73,33 @@ std::optional<SequencePlace> SequenceCourse::start(Progresses& open, const std::
         if (sequence.steps.size() == 1)
             open.erase(index);
     }
+    return place;
+}
+
+/// Of the sequences in progress with the TR message, the one that was last active goes on at its next step
+/// with it. None in progress is no fault: a recording may begin anywhere, and a message may have other uses.
+std::optional<SequencePlace> SequenceCourse::skipTo(Progresses& open, const std::string& transaction,
+                                                    std::vector<RehearsalFinding>& findings) {
+    auto latest = open.end();
+    for (const std::size_t index : using_[transaction])
+        if (const auto found = open.find(index);
+            found != open.end() && (latest == open.end() || found->second.lastTurn > latest->second.lastTurn))
+            latest = found;
+    if (latest == open.end())
+        return std::nullopt;
+    auto& [index, progress] = *latest;
+    const Sequence& sequence = sequences_[index];
+    findings.push_back({"sequence", transaction + " comes out of order: " + sequence.name + " expects " +
+                                        sequence.steps[progress.done] + " as step " +
+                                        std::to_string(progress.done + 1)});
+    const auto next = std::find(sequence.steps.begin() + static_cast<std::ptrdiff_t>(progress.done),
+                                sequence.steps.end(), transaction);
+    if (next == sequence.steps.end())
+        return std::nullopt;
+    progress = {static_cast<std::size_t>(next - sequence.steps.begin()) + 1, turn_};
+    const SequencePlace place = placeOf(index, progress.done);
+    if (progress.done == sequence.steps.size())
+        open.erase(latest);
     return place;
 }
 

@@ -43,6 +43,8 @@ private:
     using Progresses = std::map<std::size_t, Progress>; // by the index of the sequence
     SequencePlace placeOf(std::size_t sequence, std::size_t step) const;
     std::optional<SequencePlace> advance(Progresses& open, const std::string& transaction);
+    std::optional<SequencePlace> skipTo(Progresses& open, const std::string& transaction,
+                                        std::vector<RehearsalFinding>& findings);
     std::optional<SequencePlace> start(Progresses& open, const std::string& transaction,
                                        std::vector<RehearsalFinding>& findings);
 

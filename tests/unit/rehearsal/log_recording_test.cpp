@@ -161,6 +161,12 @@ TEST(LogRecording, AFrameThatIsCutIsReported) {
     EXPECT_THAT(log.faults, ElementsAre("line 1: the message has 12 bytes, 10 of them are in the log"));
 }
 
+TEST(LogRecording, BytesThatFollowAFrameDoNotHideTheNextOne) {
+    const Recorded log = readLog("0000000A 0001 8111 0000 00000005 0000\n0000000A 0001 8111 0000 00000006\n");
+    EXPECT_THAT(log.messages, ElementsAre("- - S1F17 W 5", "- - S1F17 W 6"));
+    EXPECT_THAT(log.faults, ElementsAre("line 1: 2 bytes are no message"));
+}
+
 TEST(LogRecording, TheSideThatOpensTheLinkIsTheHost) {
     const Recorded log = readLog(
         "RX 00 00 00 0A FF FF 00 00 00 01 00 00 00 0B\nTX 00 00 00 0A 00 01 81 01 00 00 00 00 00 07\n");

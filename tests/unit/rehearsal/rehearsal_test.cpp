@@ -212,10 +212,20 @@ TEST(Rehearsal, AReplyIsMatchedByItsSystemBytes) {
             "Start StartLot Work 1 (sequence: Work begins again after step 1 of 4) (missing-reply: no reply to S2F41 up to the end of the recording)"));
 }
 
-TEST(Rehearsal, AMessageOutOfOrderIsReported) {
-    EXPECT_EQ(
-        rehearse(project(), std::string(kLot) + kAck).at(0),
-        "LotEvent SecondSlot [LOT=L1] [PORT:9] [KIND=even] (sequence: SecondSlot comes out of order: no sequence that has begun expects it)");
+TEST(Rehearsal, AMessageOutOfOrderIsReportedAndTheSequenceGoesOn) {
+    EXPECT_THAT(
+        rehearse(project(),
+                 std::string(kStart) + "10:00:01 RECV [0x00000001] S2F42 <L <B 1> <L>>.\n" + kLot + kAck),
+        ElementsAre("Start StartLot Work 1",
+                    "StartAck - (no-transaction: no condition of the TR messages of StartAck applies)",
+                    "LotEvent SecondSlot Work 3 [LOT=L1] [PORT:9] [KIND=even] "
+                    "(sequence: SecondSlot comes out of order: Work expects Started as step 2)",
+                    "EventAck Acknowledge Work 4"));
+}
+
+TEST(Rehearsal, AMessageOfASequenceThatHasNotBegunIsNoFault) {
+    EXPECT_EQ(rehearse(project(), std::string(kLot) + kAck).at(0),
+              "LotEvent SecondSlot [LOT=L1] [PORT:9] [KIND=even]");
 }
 
 TEST(Rehearsal, AChangedConditionChangesTheVerdict) {
