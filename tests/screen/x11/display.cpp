@@ -126,7 +126,16 @@ void Display::drag(const Spot& from, const std::function<Spot()>& to) {
 void Display::dragFromNeighbour(std::string_view text, const Spot& to) {
     steps_.rest();
     uncover(to);
-    const QPoint start = neighbour_.offer(text);
+    dragFrom(neighbour_.offer(text), to);
+}
+
+void Display::dragPictureFromNeighbour(const Spot& to) {
+    steps_.rest();
+    uncover(to);
+    dragFrom(neighbour_.offerPicture(), to);
+}
+
+void Display::dragFrom(const QPoint& start, const Spot& to) {
     const QPoint end = onScreen(to);
     steps_.run({[this, start] { server_.movePointer(start); }, setButton(Button::Left, true),
                 [this, start] { server_.movePointer(start - QPoint(kFarEnoughToDrag / 2, 2)); },

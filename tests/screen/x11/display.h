@@ -15,7 +15,7 @@ namespace zb::test {
 /// A display with a mouse, a keyboard and a clipboard, before which somebody sits.
 class Display {
 public:
-    enum class Button { Left = 1, Right = 3 };
+    enum class Button { Left = 1, Middle = 2, Right = 3, WheelUp = 4, WheelDown = 5 };
 
     /// The pointer moves so many pixels between press and release.
     explicit Display(int jitter) : jitter_(jitter) {}
@@ -37,6 +37,7 @@ public:
     /// Press, a move that begins a drag, a move over the target, and the release there.
     void drag(const Spot& from, const std::function<Spot()>& to);
     void dragFromNeighbour(std::string_view text, const Spot& to);
+    void dragPictureFromNeighbour(const Spot& to);
     /// The pointer on the title bar of a window's frame.
     void clickTitle(QWidget& window);
 
@@ -51,7 +52,7 @@ public:
 private:
     void pointAt(const Spot& spot);
     void uncover(const Spot& spot);
-    void glide(const Spot& spot);
+    void dragFrom(const QPoint& start, const Spot& to);
     DisplaySteps::Step setButton(Button button, bool down);
 
     XServer server_;

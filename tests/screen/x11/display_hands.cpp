@@ -129,7 +129,11 @@ Hands::Refusal DisplayHands::rightClick(const Target& target) {
         const Spot spot = spotInSight(target);
         if (!isShown(spot))
             return target.control->name() + " does not show the place to click";
-        display_.click(spot, Display::Button::Right);
+        // The field's own menu opens, which is no part of the program.
+        if (target.control->kind() == Kind::TextField)
+            display_.click(spot, Display::Button::Right, 0, [&] { display_.strike(kEscapeSymbol); });
+        else
+            display_.click(spot, Display::Button::Right);
         return {};
     });
 }

@@ -17,6 +17,8 @@ namespace zb::test {
 namespace {
 
 constexpr xcb_keysym_t kDeadAcute = 0xfe51;
+constexpr xcb_keysym_t kDeadCircumflex = 0xfe52;
+constexpr xcb_keysym_t kCompose = 0xff20;
 constexpr xcb_keysym_t kSharpS = 0x00df;
 
 struct Keyboard : ::testing::TestWithParam<const char*> {
@@ -27,10 +29,12 @@ struct Keyboard : ::testing::TestWithParam<const char*> {
     }
     ~Keyboard() override { useLayout("us"); }
 
-    void useLayout(const char* layout, const char* variant = "") {
-        ASSERT_EQ(QProcess::execute(QStringLiteral("setxkbmap"),
-                                    {QStringLiteral("-layout"), layout, QStringLiteral("-variant"), variant}),
-                  0);
+    void useLayout(const char* layout, const char* variant = "", const char* option = "") {
+        ASSERT_EQ(
+            QProcess::execute(QStringLiteral("setxkbmap"),
+                              {QStringLiteral("-layout"), layout, QStringLiteral("-variant"), variant,
+                               QStringLiteral("-option"), QString(), QStringLiteral("-option"), option}),
+            0);
         display.steps().rest();
     }
 
@@ -92,6 +96,28 @@ TEST_F(Keyboard, ADeadKeyAndALetterEnterOneLetter) {
     ASSERT_TRUE(display.strike(symbolOf('e')));
     EXPECT_EQ(description().text(), "é");
     EXPECT_EQ(line().text(), QStringLiteral("é"));
+}
+
+TEST_F(Keyboard, ADeadKeyOfAnotherLayoutEntersOneLetter) {
+    useLayout("de");
+    clickField();
+    ASSERT_TRUE(display.strike(kDeadAcute));
+    ASSERT_TRUE(display.strike(symbolOf('e')));
+    ASSERT_TRUE(display.strike(kDeadCircumflex));
+    ASSERT_TRUE(display.strike(symbolOf('o')));
+    EXPECT_EQ(description().text(), "éô");
+    EXPECT_EQ(line().text(), QStringLiteral("éô"));
+}
+
+TEST_F(Keyboard, AComposeSequenceEntersOneLetter) {
+    useLayout("us", "", "compose:menu");
+    clickField();
+    for (const xcb_keysym_t symbol : {kCompose, symbolOf('a'), symbolOf('e')}) {
+        EXPECT_EQ(description().text(), "");
+        ASSERT_TRUE(display.strike(symbol)) << symbol;
+    }
+    EXPECT_EQ(description().text(), "æ");
+    EXPECT_EQ(line().text(), QStringLiteral("æ"));
 }
 
 TEST_F(Keyboard, AnInputMethodComposesAndThenEnters) {

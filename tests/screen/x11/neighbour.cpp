@@ -47,9 +47,21 @@ void Neighbour::copy(std::string_view text) {
     ask("copy", text);
 }
 
-QPoint Neighbour::offer(std::string_view text) {
-    const QList<QByteArray> place = ask("offer", text).split(' ');
+void Neighbour::select(std::string_view text) {
+    ask("select", text);
+}
+
+QPoint Neighbour::placeIn(const QByteArray& line) {
+    const QList<QByteArray> place = line.split(' ');
     return {place.value(0).toInt(), place.value(1).toInt()};
+}
+
+QPoint Neighbour::offer(std::string_view text) {
+    return placeIn(ask("offer", text));
+}
+
+QPoint Neighbour::offerPicture() {
+    return placeIn(ask("picture", {}));
 }
 
 void Neighbour::await(const char* report) {

@@ -15,14 +15,18 @@ public:
 
     /// The clipboard is its own from then on.
     void copy(std::string_view text);
-    /// The place to drag this text from.
+    /// The selection, which the middle button pastes, is its own from then on.
+    void select(std::string_view text);
+    /// The place to drag this text from, or a picture.
     QPoint offer(std::string_view text);
+    QPoint offerPicture();
     /// Its drag has begun; was accepted or refused at the place to which the pointer has moved; is over.
     void awaitDrag();
     void awaitAnswer();
     void awaitDrop();
 
 private:
+    static QPoint placeIn(const QByteArray& line);
     QByteArray ask(const char* command, std::string_view text);
     void await(const char* report);
     QByteArray readLine();

@@ -1,6 +1,8 @@
 // Another program on the display: zeltobench-screen-neighbour. It reads a command a line and answers in
 // lines.
 //   copy HEX    owns the clipboard with the text: "copied"
+//   select HEX  owns the selection, which the middle button pastes: "selected"
+//   picture     as offer, but of a picture without a text
 //   offer HEX   shows a place to drag the text from: its coordinates; then "drag" when the drag begins,
 //   "answered"
 //               each time the program under the pointer has accepted or refused it, and "over" when it ends
@@ -8,6 +10,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDrag>
+#include <QImage>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScreen>
@@ -62,8 +65,9 @@ public:
         setGeometry(corner.x() - kSide, corner.y() - kSide, kSide, kSide);
     }
 
-    void offer(const QString& text) {
+    void offer(const QString& text, bool picture) {
         text_ = text;
+        picture_ = picture;
         offered_ = true;
         show();
         raise();
@@ -86,7 +90,10 @@ private:
             return;
         auto* drag = new QDrag(this); // Qt deletes it
         auto* mime = new QMimeData;   // the drag owns it
-        mime->setText(text_);
+        if (picture_)
+            mime->setImageData(QImage(4, 4, QImage::Format_RGB32));
+        else
+            mime->setText(text_);
         drag->setMimeData(mime);
         answer("drag");
         drag->exec(Qt::CopyAction | Qt::MoveAction);
@@ -95,6 +102,7 @@ private:
     }
 
     QString text_;
+    bool picture_ = false;
     bool offered_ = false;
     bool announced_ = false;
 };
@@ -126,8 +134,11 @@ int main(int argc, char* argv[]) {
             if (line.starts_with("copy")) {
                 QGuiApplication::clipboard()->setText(text);
                 answer("copied");
+            } else if (line.starts_with("select")) {
+                QGuiApplication::clipboard()->setText(text, QClipboard::Selection);
+                answer("selected");
             } else {
-                handle.offer(text);
+                handle.offer(text, line.starts_with("picture"));
             }
         }
     });

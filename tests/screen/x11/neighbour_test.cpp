@@ -1,0 +1,80 @@
+// What other programs and the window manager do to the windows at a display: the selection, drags, the
+// stacking order.
+#include "desktop/models/node_tree_view.h"
+#include "screen/script/spots.h"
+#include "screen/support/program_on_screen.h"
+#include "screen/x11/display.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMainWindow>
+
+namespace zb::test {
+namespace {
+
+struct BesideOthers : ::testing::Test {
+    BesideOthers() {
+        program.application.start("");
+        program.application.showEditor();
+        display.steps().rest();
+    }
+
+    frmSECSEditor& editor() { return program.application.frmSECSEditor; }
+    Spot spot(Control& control) { return spotOf(program.screen, Target::whole(control)); }
+    Spot spot(Tree& tree, Node& node) {
+        Target target = Target::whole(tree);
+        target.node = &node;
+        return spotOf(program.screen, target);
+    }
+
+    ProgramOnScreen program{"/"};
+    Display display{0};
+};
+
+TEST_F(BesideOthers, TheMiddleButtonPastesTheSelectionOfAnotherProgram) {
+    display.neighbour().select("Reports 日本");
+    display.click(spot(editor().txtDescription), Display::Button::Middle);
+    EXPECT_EQ(editor().txtDescription.text(), "Reports 日本");
+    EXPECT_EQ(program.widget<QLineEdit>(editor(), "txtDescription").text(), QStringLiteral("Reports 日本"));
+}
+
+TEST_F(BesideOthers, TextFromAnotherProgramFallsIntoAField) {
+    display.dragFromNeighbour("Alarm", spot(editor().txtMsgName));
+    EXPECT_EQ(editor().txtMsgName.text(), "Alarm");
+    EXPECT_EQ(program.widget<QLineEdit>(editor(), "txtMsgName").text(), QStringLiteral("Alarm"));
+}
+
+TEST_F(BesideOthers, APictureFromAnotherProgramFallsOnTheStatements) {
+    frmTRItem& dialog = program.application.frmTRItem;
+    program.application.showModeler();
+    dialog.show();
+    Node& root = dialog.tvwStatement.nodes().add(nullptr, Relation::Last, "Conditions");
+    display.steps().rest();
+    ASSERT_TRUE(dialog.picIF.onDragData);
+    dialog.picIF.onDragData();
+    display.dragPictureFromNeighbour(spot(dialog.tvwStatement, root));
+    ASSERT_EQ(root.children(), 1);
+    EXPECT_EQ(root.child()->text(), "if");
+}
+
+TEST_F(BesideOthers, AKeptDialogStaysAboveTheMainWindowThatIsClicked) {
+    frmTRItem& dialog = program.application.frmTRItem;
+    program.application.showModeler();
+    dialog.show();
+    dialog.chkKeepVisible.setChecked(true);
+    display.steps().rest();
+    QWidget& form = program.form(dialog);
+    QMainWindow& main = *program.screen.mainWindow();
+    form.move(main.geometry().center());
+    display.steps().rest();
+    display.clickTitle(main);
+    display.steps().rest();
+    ASSERT_TRUE(main.isActiveWindow());
+    ASSERT_TRUE(dialog.visible());
+    EXPECT_EQ(QApplication::topLevelAt(form.mapToGlobal(QPoint(20, 20))), &form);
+}
+
+} // namespace
+} // namespace zb::test
