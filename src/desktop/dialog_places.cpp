@@ -18,10 +18,27 @@ bool worksWithTheTrees(const Window& window) {
     return window.name() == "frmTRMessage" || window.name() == "frmTRItem";
 }
 
+/// The room that the frame and the title bar of the window manager take, which are not known before the
+/// window is shown.
+QSize decorationOf(const QWidget& form) {
+    const auto measure = [&form](QStyle::PixelMetric metric) {
+        return form.style()->pixelMetric(metric, nullptr, &form);
+    };
+    const int frame = 2 * measure(QStyle::PM_MdiSubWindowFrameWidth);
+    return {frame, frame + measure(QStyle::PM_TitleBarHeight)};
+}
+
 } // namespace
 
 bool isTopmost(const Window& window) {
     return worksWithTheTrees(window);
+}
+
+void fitOnScreen(QWidget& form) {
+    if (form.property(kRemembered).toBool())
+        return;
+    form.setProperty(kRemembered, true);
+    form.resize(form.size().boundedTo(form.screen()->availableSize() - decorationOf(form)));
 }
 
 void placeDialog(const Window& window, QWidget& form, QWidget& owner, QMainWindow& main) {
@@ -30,7 +47,7 @@ void placeDialog(const Window& window, QWidget& form, QWidget& owner, QMainWindo
     form.windowHandle()->setTransientParent(owner.windowHandle());
     if (form.property(kRemembered).toBool())
         return;
-    form.setProperty(kRemembered, true);
+    fitOnScreen(form);
     const bool aside = worksWithTheTrees(window);
     const QWidget& place = aside ? main : owner;
     const QRect around = place.geometry();
@@ -41,22 +58,9 @@ void placeDialog(const Window& window, QWidget& form, QWidget& owner, QMainWindo
     const auto* tree = main.findChild<QWidget*>(QStringLiteral("tvwEdit"));
     if (window.name() == "frmFind" && tree->isVisible()) // what the search selects stays in view
         corner = cornerBeside(QRect(tree->mapToGlobal(QPoint()), tree->size()), form.frameSize(), screen);
-    form.move(qBound(screen.left(), corner.x(), qMax(screen.left(), screen.right() - form.width())),
-              qBound(screen.top(), corner.y(), qMax(screen.top(), screen.bottom() - form.height())));
-}
-
-void fitOnScreen(QWidget& form) {
-    if (form.property(kRemembered).toBool())
-        return;
-    form.setProperty(kRemembered, true);
-    // The window manager adds a frame and a title bar.
-    const auto measure = [&form](QStyle::PixelMetric metric) {
-        return form.style()->pixelMetric(metric, nullptr, &form);
-    };
-    const int frame = 2 * measure(QStyle::PM_MdiSubWindowFrameWidth);
-    const QSize room =
-        form.screen()->availableSize() - QSize(frame, frame + measure(QStyle::PM_TitleBarHeight));
-    form.resize(form.size().boundedTo(room));
+    const QSize outer = form.size() + decorationOf(form);
+    form.move(qBound(screen.left(), corner.x(), qMax(screen.left(), screen.right() - outer.width())),
+              qBound(screen.top(), corner.y(), qMax(screen.top(), screen.bottom() - outer.height())));
 }
 
 } // namespace zb

@@ -51,6 +51,8 @@ void StoreComboBox::wheelEvent(QWheelEvent* event) {
 
 ComboBinder::ComboBinder(Combo& combo, StoreComboBox& box, Binding& binding)
     : Binder(combo, box, binding), combo_(combo), box_(box), model_(new ComboModel(combo, this)) {
+    // The wheel is for the field with the focus, and brings it to none.
+    box_.setFocusPolicy(Qt::StrongFocus);
     box_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     constexpr int kMostRows = 20;
     box_.setMaxVisibleItems(kMostRows);

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QScreen>
 
 namespace zb::test {
 namespace {
@@ -40,10 +41,33 @@ TEST_F(BesideOthers, TheMiddleButtonPastesTheSelectionOfAnotherProgram) {
     EXPECT_EQ(program.widget<QLineEdit>(editor(), "txtDescription").text(), QStringLiteral("Reports 日本"));
 }
 
+TEST_F(BesideOthers, TheMiddleButtonPastesNothingWhereTheLastKeyWasRefused) {
+    display.neighbour().select("12");
+    display.click(spot(editor().txtStream));
+    ASSERT_TRUE(display.strike('x'));
+    ASSERT_TRUE(editor().txtStream.locked());
+    display.click(spot(editor().txtStream), Display::Button::Middle);
+    EXPECT_EQ(editor().txtStream.text(), "");
+    EXPECT_EQ(program.widget<QLineEdit>(editor(), "txtStream").text(), QString());
+}
+
 TEST_F(BesideOthers, TextFromAnotherProgramFallsIntoAField) {
     display.dragFromNeighbour("Alarm", spot(editor().txtMsgName));
     EXPECT_EQ(editor().txtMsgName.text(), "Alarm");
     EXPECT_EQ(program.widget<QLineEdit>(editor(), "txtMsgName").text(), QStringLiteral("Alarm"));
+}
+
+TEST_F(BesideOthers, TheWheelOverAListWithoutTheFocusChangesNothing) {
+    Combo& combo = editor().cboSECSMessage;
+    for (const char* name : {"S1F1", "S1F2", "S1F3"})
+        combo.add(name);
+    display.click(spot(editor().txtStream));
+    ASSERT_TRUE(editor().txtStream.focused());
+    const std::string before = combo.text();
+    for (const auto turn : {Display::Button::WheelDown, Display::Button::WheelUp, Display::Button::WheelDown})
+        display.click(spot(combo), turn);
+    EXPECT_EQ(combo.text(), before);
+    EXPECT_TRUE(editor().txtStream.focused());
 }
 
 TEST_F(BesideOthers, APictureFromAnotherProgramFallsOnTheStatements) {
@@ -74,6 +98,14 @@ TEST_F(BesideOthers, AKeptDialogStaysAboveTheMainWindowThatIsClicked) {
     ASSERT_TRUE(main.isActiveWindow());
     ASSERT_TRUE(dialog.visible());
     EXPECT_EQ(QApplication::topLevelAt(form.mapToGlobal(QPoint(20, 20))), &form);
+}
+
+TEST_F(BesideOthers, ADialogIsNotLargerThanTheScreen) {
+    QWidget& form = program.form(program.application.frmTRItem);
+    form.resize(form.screen()->size() + QSize(100, 100));
+    program.application.frmTRItem.show();
+    display.steps().rest();
+    EXPECT_TRUE(form.screen()->availableGeometry().contains(form.geometry()));
 }
 
 } // namespace
