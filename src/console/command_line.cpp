@@ -44,9 +44,10 @@ Verb* chosenVerb(const CLI::App& app, const Verbs& verbs) {
 
 Verbs makeVerbs() {
     Verbs verbs;
-    for (const auto make : {makeBuildVerb, makeCheckVerb, makeListVerb, makeConvertVerb, makeAddVerb,
-                            makeHistoryVerb, makeDiffVerb, makeMergeVerb, makeCompatVerb, makeGitSetupVerb,
-                            makeRehearseVerb, makeDecodeVerb, makeLearnVerb, makeGenerateVerb})
+    for (const auto make :
+         {makeBuildVerb, makeCheckVerb, makeListVerb, makeConvertVerb, makeAddVerb, makeDocumentVerb,
+          makeHistoryVerb, makeDiffVerb, makeMergeVerb, makeCompatVerb, makeGitSetupVerb, makeRehearseVerb,
+          makeDecodeVerb, makeLearnVerb, makeGenerateVerb})
         verbs.push_back(make());
     return verbs;
 }

@@ -17,6 +17,7 @@ std::unique_ptr<Verb> makeDecodeVerb();
 std::unique_ptr<Verb> makeDiffVerb();
 std::unique_ptr<Verb> makeGitSetupVerb();
 std::unique_ptr<Verb> makeGenerateVerb();
+std::unique_ptr<Verb> makeDocumentVerb();
 std::unique_ptr<Verb> makeHistoryVerb();
 std::unique_ptr<Verb> makeLearnVerb();
 std::unique_ptr<Verb> makeListVerb();
