@@ -8,7 +8,6 @@
 #include "workbench/project_door.h"
 
 #include <chrono>
-#include <ranges>
 
 namespace zb {
 
@@ -58,7 +57,8 @@ void HistoryPane::refresh() {
     versions_ = workbench().services().project.versions();
     lvwHistory.clear();
     std::uintmax_t bytes = 0;
-    for (const ProjectHistory::Version& version : std::views::reverse(versions_)) {
+    for (std::size_t position = versions_.size(); position-- > 0;) {
+        const ProjectHistory::Version& version = versions_[position];
         const std::string number = std::to_string(version.number);
         ListRow& row = lvwHistory.add(number, number);
         row.setCell(1, localTime(version.time));
