@@ -17,6 +17,7 @@ public:
     ComboJournal(const ComboJournal&) = delete;
     ComboJournal& operator=(const ComboJournal&) = delete;
 
+    bool hasChanged() const override { return part_ != nullptr || combo_.text() != textBefore_; }
     std::unique_ptr<StepPart> take() override;
     void drop() noexcept override;
     void setRecording(bool on) override;

@@ -111,11 +111,6 @@ void TreePart::dropUnchanged() {
     }
 }
 
-void TreePart::setSelected(Node* before, Node* after) {
-    selectedBefore_ = before;
-    selectedAfter_ = after;
-}
-
 void TreePart::undo() {
     // Views are told once of many changes.
     std::optional<NodeTree::Filling> filling;
@@ -191,20 +186,28 @@ bool TreePart::isInTree(const Node* node) const {
 
 Node* TreePart::affected(UndoHistory::Way way) const {
     Node* preferred = way == UndoHistory::Way::Undone ? selectedBefore_ : selectedAfter_;
-    Node* best = nullptr;
+    Node* added = nullptr;
+    Node* changed = nullptr;
+    bool removed = false;
     for (const TreeEdit& edit : edits_) {
-        const bool text = edit.kind == Kind::Value && edit.part == NodePart::Text;
         const bool structure = edit.kind == Kind::Add || edit.kind == Kind::Remove;
-        if ((!text && !structure) || !isInTree(edit.node))
+        const bool text = edit.kind == Kind::Value && edit.part == NodePart::Text;
+        const bool there = isInTree(edit.node);
+        removed = removed || (structure && !there);
+        if (!there || (!structure && !text))
             continue;
         if (edit.node == preferred)
             return preferred;
+        Node*& best = structure ? added : changed;
         if (best == nullptr || rankOf(*edit.node) < rankOf(*best))
             best = edit.node;
     }
-    if (best != nullptr)
-        return best;
-    return isInTree(preferred) ? preferred : nullptr;
+    // Where nodes have gone, what was selected beside them is more than the list that counts them.
+    if (added != nullptr)
+        return added;
+    if (removed && isInTree(preferred))
+        return preferred;
+    return changed != nullptr ? changed : isInTree(preferred) ? preferred : nullptr;
 }
 
 TreeJournal::~TreeJournal() {
@@ -213,14 +216,12 @@ TreeJournal::~TreeJournal() {
 }
 
 std::unique_ptr<StepPart> TreeJournal::take() {
-    std::unique_ptr<TreePart> part = std::move(part_);
-    Node* selected = tree_.nodes().selected();
-    Node* before = std::exchange(selectedBefore_, selected);
-    if (part == nullptr)
+    if (part_ == nullptr)
         return nullptr;
+    std::unique_ptr<TreePart> part = std::move(part_);
     tree_.nodes().startRecording();
     part->dropUnchanged();
-    part->setSelected(before, selected);
+    part->setSelectedAfter(tree_.nodes().selected());
     if (part->empty())
         return nullptr;
     return part;
@@ -233,7 +234,6 @@ void TreeJournal::drop() noexcept {
 
 void TreeJournal::setRecording(bool on) {
     tree_.setRecorder(on ? this : nullptr);
-    selectedBefore_ = tree_.nodes().selected();
 }
 
 void TreeJournal::beforeChange(Node& node, NodePart part) {
@@ -256,14 +256,15 @@ void TreeJournal::beforeRecolor(OptionalColor ordinary) {
 
 void TreeJournal::afterReplace() {
     part_.reset();
-    selectedBefore_ = nullptr;
     if (onReplaced)
         onReplaced();
 }
 
 void TreeJournal::record(TreeEdit edit) {
-    if (part_ == nullptr)
+    if (part_ == nullptr) {
         part_ = std::make_unique<TreePart>(tree_, holds_ == Holds::Document);
+        part_->setSelectedBefore(tree_.nodes().selected());
+    }
     part_->record(std::move(edit));
 }
 

@@ -35,7 +35,8 @@ public:
     bool empty() const { return edits_.empty(); }
     /// Leaves out values that are as they were before.
     void dropUnchanged();
-    void setSelected(Node* before, Node* after);
+    void setSelectedBefore(Node* node) { selectedBefore_ = node; }
+    void setSelectedAfter(Node* node) { selectedAfter_ = node; }
 
     void undo() override;
     void redo() override;
@@ -73,6 +74,7 @@ public:
     explicit TreeJournal(Tree& tree, Holds holds = Holds::Document) : tree_(tree), holds_(holds) {}
     ~TreeJournal() override;
 
+    bool hasChanged() const override { return part_ != nullptr; }
     std::unique_ptr<StepPart> take() override;
     void drop() noexcept override;
     void setRecording(bool on) override;
@@ -91,7 +93,6 @@ private:
     Tree& tree_;
     Holds holds_;
     std::unique_ptr<TreePart> part_; // what has changed since the last step
-    Node* selectedBefore_ = nullptr;
 };
 
 } // namespace zb

@@ -33,8 +33,17 @@ bool UndoHistory::changesDocument(const Step& step) {
                        [](const auto& part) { return part != nullptr && part->changesDocument(); });
 }
 
+bool UndoHistory::hasChanged() const {
+    return std::any_of(sources_.begin(), sources_.end(),
+                       [](const StepSource* source) { return source->hasChanged(); });
+}
+
+bool UndoHistory::isTypingAt(TypingPlace place) const {
+    return place && !undone_.empty() && undone_.back().place == place && !isSaved();
+}
+
 void UndoHistory::closeStep(const std::string& name, TypingPlace place) {
-    if (moving_)
+    if (moving_ || !hasChanged())
         return;
     Step step = takeStep(name, place);
     if (step.parts.empty())
@@ -50,8 +59,7 @@ void UndoHistory::closeStep(const std::string& name, TypingPlace place) {
 
 void UndoHistory::push(Step step) {
     dropRedone();
-    const bool continues = step.place && !undone_.empty() && undone_.back().place == step.place && !isSaved();
-    if (continues) {
+    if (isTypingAt(step.place)) {
         append(undone_.back(), std::move(step));
     } else {
         bytes_ += bytesOf(step);

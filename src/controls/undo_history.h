@@ -32,6 +32,8 @@ public:
 class StepSource {
 public:
     virtual ~StepSource() = default;
+    /// Whether anything has changed since the last call of `take`.
+    virtual bool hasChanged() const = 0;
     /// What has changed since the last call; null for nothing.
     virtual std::unique_ptr<StepPart> take() = 0;
     /// Forgets it.
@@ -75,8 +77,12 @@ public:
     /// Makes a step of what the sources recorded. Typing continues the last step when that was made at the
     /// same place. Without a change there is no step, and changed looks go with the last one.
     void closeStep(const std::string& name, TypingPlace place = {});
+    /// Whether there is anything to make a step of.
+    bool hasChanged() const;
     /// The next typing begins a step of its own.
     void endTyping();
+    /// Whether typing at the place continues the last step.
+    bool isTypingAt(TypingPlace place) const;
 
     bool canUndo() const { return !undone_.empty(); }
     bool canRedo() const { return !redone_.empty(); }

@@ -3,6 +3,7 @@
 #include "controls/control.h"
 #include "platform/text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zb {
@@ -35,8 +36,15 @@ void UserSteps::name(std::string name, TypingPlace place) {
     place_ = place;
 }
 
+bool UserSteps::isTypingAt(TypingPlace place) const {
+    return std::any_of(histories_.begin(), histories_.end(),
+                       [&](const UndoHistory* history) { return history->isTypingAt(place); });
+}
+
 void UserSteps::closeStep() {
-    if (histories_.empty())
+    const bool changed = std::any_of(histories_.begin(), histories_.end(),
+                                     [](const UndoHistory* history) { return history->hasChanged(); });
+    if (!changed)
         return;
     std::string name = name_;
     if (name.empty() && control_ != nullptr)

@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zb {
@@ -29,6 +31,12 @@ public:
     /// Names the step of this action, such as "Delete S5F2". The first name counts: a command names its step
     /// before it calls others. Without a name the step has the caption of the control.
     void name(std::string name, TypingPlace place = {});
+    /// Whether a name would count: none was given, or it would replace this one, which was given before the
+    /// command knew whether it changes anything.
+    bool wantsName(std::string_view before = {}) const { return !histories_.empty() && name_ == before; }
+    void rename(std::string name) { name_ = std::move(name); }
+    /// Whether typing at the place continues the last step, which keeps its name.
+    bool isTypingAt(TypingPlace place) const;
     /// What has changed so far becomes a step, which a save marks as the saved one.
     void closeStep();
     /// The next typing begins a step of its own.

@@ -51,8 +51,12 @@ void EditorHistory::show(const UndoHistory::Step& step, UndoHistory::Way way) {
     window_.treeInteraction.showAgain(node);
 }
 
+bool EditorHistory::CheckJournal::hasChanged() const {
+    return before_ && *before_ != entry_.checked();
+}
+
 std::unique_ptr<StepPart> EditorHistory::CheckJournal::take() {
-    if (!before_ || *before_ == entry_.checked())
+    if (!hasChanged())
         return nullptr;
     const bool before = *before_;
     before_ = entry_.checked();

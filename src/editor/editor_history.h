@@ -28,6 +28,7 @@ private:
     class CheckJournal final : public StepSource {
     public:
         explicit CheckJournal(MenuEntry& entry) : entry_(entry) {}
+        bool hasChanged() const override;
         std::unique_ptr<StepPart> take() override;
         void drop() noexcept override {}
         void setRecording(bool on) override;

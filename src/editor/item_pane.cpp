@@ -113,7 +113,10 @@ void ItemPane::nameStep(const TextField& field, Node& node) {
     const Label& label = &field == &window_.txtItemName    ? window_.lblItemName
                          : &field == &window_.txtItemCount ? window_.lblItemCount
                                                            : window_.lblInit;
-    window_.desktop().steps().name(typingIn(label, node), {&field, &node});
+    UserSteps& steps = window_.desktop().steps();
+    const TypingPlace place{&field, &node};
+    if (steps.wantsName())
+        steps.name(steps.isTypingAt(place) ? "Type" : typingIn(label, node), place);
 }
 
 Node* ItemPane::selectedNode() const {

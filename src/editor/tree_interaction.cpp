@@ -20,6 +20,9 @@ namespace {
 
 constexpr int kRightButton = 2;
 
+/// The name of a step that a click makes of an item that is not as the program writes it.
+constexpr const char* kNormalize = "Normalize";
+
 /// Replaces a stream or function that is not a number, so that the message can be saved and corrected.
 constexpr const char* kStandIn = "90";
 
@@ -55,13 +58,16 @@ void TreeInteraction::nodeClick() {
     Node* node = window_.liveTree().selected();
     if (node == nullptr)
         return;
-    window_.desktop().steps().name("Normalize " + nameForSteps(*node));
+    const std::string before = node->text();
+    window_.desktop().steps().name(kNormalize);
     node->setBackColor(std::nullopt);
     updateEditMenuState();
     if (node->parent() == nullptr)
         rootClick(*node);
     else
         itemClick(*node);
+    if (window_.desktop().steps().wantsName(kNormalize) && node->text() != before)
+        window_.desktop().steps().rename(kNormalize + (" " + nameForSteps(*node)));
 }
 
 void TreeInteraction::rootClick(Node& node) {

@@ -53,6 +53,7 @@ public:
     ModelJournal(const ModelJournal&) = delete;
     ModelJournal& operator=(const ModelJournal&) = delete;
 
+    bool hasChanged() const override { return part_ != nullptr; }
     std::unique_ptr<StepPart> take() override { return std::move(part_); }
     void drop() noexcept override { part_.reset(); }
     void setRecording(bool on) override;

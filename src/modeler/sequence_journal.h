@@ -48,6 +48,7 @@ public:
     SequenceJournal(const SequenceJournal&) = delete;
     SequenceJournal& operator=(const SequenceJournal&) = delete;
 
+    bool hasChanged() const override { return part_ != nullptr; }
     std::unique_ptr<StepPart> take() override;
     void drop() noexcept override { part_.reset(); }
     void setRecording(bool on) override;
