@@ -14,7 +14,7 @@ namespace zb {
 namespace {
 
 /// Sides as bits.
-enum Sides : unsigned { kNobody = 0, kHost = 1, kEquipment = 2, kBoth = 3 };
+enum Sides : unsigned { Nobody = 0, HostSide = 1, EquipmentSide = 2, BothSides = 3 };
 
 Sides operator|(Sides one, Sides other) {
     return static_cast<Sides>(static_cast<unsigned>(one) | static_cast<unsigned>(other));
@@ -22,23 +22,23 @@ Sides operator|(Sides one, Sides other) {
 
 Sides sendersOf(std::string_view direction) {
     if (direction == "H->E")
-        return kHost;
-    return direction == "H<-E" ? kEquipment : kBoth;
+        return HostSide;
+    return direction == "H<-E" ? EquipmentSide : BothSides;
 }
 
 Sides receiversOf(std::string_view direction) {
     if (direction == "H->E")
-        return kEquipment;
-    return direction == "H<-E" ? kHost : kBoth;
+        return EquipmentSide;
+    return direction == "H<-E" ? HostSide : BothSides;
 }
 
 Compatibility effectOf(Sides broken) {
     switch (broken) {
-    case kHost:
+    case HostSide:
         return Compatibility::BreaksHost;
-    case kEquipment:
+    case EquipmentSide:
         return Compatibility::BreaksEquipment;
-    case kBoth:
+    case BothSides:
         return Compatibility::BreaksBoth;
     default:
         return Compatibility::None;
@@ -91,7 +91,7 @@ struct Heads {
 Judgement judgeDirection(const Difference& difference) {
     const Sides lost = static_cast<Sides>(sendersOf(difference.before.value_or("")) &
                                           ~static_cast<unsigned>(sendersOf(difference.after.value_or(""))));
-    if (lost == kNobody)
+    if (lost == Nobody)
         return {Compatibility::Extension, "compat.direction.wider", "One more side may send the message"};
     return {Compatibility::BreaksBoth, "compat.direction",
             "A side that sends the message is refused, and the other one waits for it in vain"};
@@ -121,8 +121,8 @@ Judgement judgeCount(const Difference& difference, const Heads& heads) {
     const bool isLarger = !before.isFixed && !after.isFixed && after.number > before.number;
     if (isLarger)
         return {Compatibility::Extension, "compat.count.larger", "The item may have more values"};
-    const Sides senders = after.takes(before) ? kNobody : heads.oldSenders();
-    const Sides receivers = before.takes(after) ? kNobody : heads.oldReceivers();
+    const Sides senders = after.takes(before) ? Nobody : heads.oldSenders();
+    const Sides receivers = before.takes(after) ? Nobody : heads.oldReceivers();
     return {effectOf(senders | receivers), "compat.count",
             "One side sends a number of values that the other does not take"};
 }

@@ -23,7 +23,7 @@ struct Entry {
     ItemTree items;
     std::vector<Entry> parts; ///< the items of a TR message
 
-    void set(std::string key, std::string value) { setStored(std::move(key), value, value); }
+    void set(std::string key, const std::string& value) { setStored(std::move(key), value, value); }
     void setStored(std::string key, std::string value, std::string stored) {
         fields.push_back({std::move(key), std::move(value), std::move(stored)});
     }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <ranges>
 #include <string>
 #include <utility>
 
@@ -39,8 +40,8 @@ public:
         std::vector<Task> tasks;
         const auto addChildren = [&](const ItemNodes& nodes, std::size_t parent) {
             const std::vector<ItemNodes> children = mergeChildren(nodes);
-            for (auto child = children.rbegin(); child != children.rend(); ++child)
-                tasks.push_back({*child, parent});
+            for (const ItemNodes& child : std::views::reverse(children))
+                tasks.push_back({child, parent});
         };
         addChildren({ItemTree::kRoot, ItemTree::kRoot, ItemTree::kRoot}, ItemTree::kRoot);
         while (!tasks.empty()) {
@@ -82,9 +83,9 @@ private:
 
     /// The Text of an item, in which a count that follows its sub items is left open.
     std::string mergeText(const ItemNodes& nodes) {
-        const std::string ours =
+        std::string ours =
             nodes.ours == kNoNode ? std::string() : textWithoutFollowingCount(ours_, nodes.ours);
-        const std::string theirs =
+        std::string theirs =
             nodes.theirs == kNoNode ? std::string() : textWithoutFollowingCount(theirs_, nodes.theirs);
         if (nodes.theirs == kNoNode)
             return ours;
@@ -203,6 +204,7 @@ private:
         // Nodes are numbered in their order.
         std::sort(nodes.begin(), nodes.end());
         std::vector<std::size_t> order;
+        order.reserve(nodes.size());
         for (const auto& [node, element] : nodes)
             order.push_back(element);
         return order;

@@ -3,6 +3,7 @@
 #include "messages/message_nodes.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace zb {
 
@@ -47,8 +48,8 @@ std::string ItemTree::path(std::size_t node) const {
         positions.push_back(static_cast<std::size_t>(found - siblings.begin()) + 1);
     }
     std::string path;
-    for (auto position = positions.rbegin(); position != positions.rend(); ++position)
-        path.append(path.empty() ? "" : "/").append(std::to_string(*position));
+    for (const std::size_t position : std::views::reverse(positions))
+        path.append(path.empty() ? "" : "/").append(std::to_string(position));
     return path;
 }
 

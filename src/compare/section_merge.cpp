@@ -220,9 +220,9 @@ private:
     }
 
     void report(const PartMerge& part, std::string field) {
-        const Block& known = part.ours != nullptr ? *part.ours : *part.theirs;
+        const Block* known = part.ours != nullptr ? part.ours : part.theirs;
         context_.conflicts.push_back({form_.kind(),
-                                      {known.name, {}},
+                                      {known == nullptr ? part.name : known->name, {}},
                                       std::move(field),
                                       shownIf(part.base),
                                       shownIf(part.ours),

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <random>
 
 namespace zb {
 namespace {
@@ -144,6 +145,50 @@ TEST(Merge, LosesNothingThatNoSideRemoved) {
         }
     }
     EXPECT_GT(seen, kCases / 5);
+}
+
+/// The text with some lines lost, doubled or exchanged, and some characters replaced.
+std::string damaged(const std::string& text, unsigned seed) {
+    std::mt19937 random(seed);
+    const auto below = [&random](std::size_t limit) { return random() % limit; };
+    std::vector<std::string> lines = split(text, "\r\n");
+    for (int damage = 0; damage < 6; ++damage) {
+        const std::size_t at = below(lines.size());
+        switch (below(4)) {
+        case 0:
+            lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(at));
+            break;
+        case 1:
+            lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), lines[below(lines.size())]);
+            break;
+        case 2:
+            std::swap(lines[at], lines[below(lines.size())]);
+            break;
+        default:
+            if (!lines[at].empty())
+                lines[at][below(lines[at].size())] = ".:'* #\t9["[below(9)];
+            break;
+        }
+    }
+    return join(lines, "\r\n");
+}
+
+TEST(Merge, OfDamagedProjectsKeepsWhatEachSideHas) {
+    for (unsigned seed = 0; seed < kCases; ++seed) {
+        const Versions versions(seed);
+        const Project base = parseProject(damaged(versions.base.text(), seed));
+        const Project ours = parseProject(damaged(versions.ours.text(), seed + 1));
+        const Project theirs = parseProject(damaged(versions.base.text(), seed + 2));
+        const std::string text = composeProject(ours);
+        ASSERT_EQ(composeProject(mergeProjects(base, base, ours).project), text) << seed;
+        ASSERT_EQ(composeProject(mergeProjects(base, ours, base).project), text) << seed;
+        ASSERT_EQ(composeProject(mergeProjects(base, ours, ours).project), text) << seed;
+        const std::string merge = composeProject(mergeProjects(base, ours, theirs).project);
+        ASSERT_EQ(composeProject(parseProject(merge)), merge) << seed;
+        ASSERT_TRUE(compareProjects(ours, ours).empty()) << seed;
+        static_cast<void>(compareProjects(base, ours));
+        static_cast<void>(takeDifferences(base, ours, compareProjects(base, ours)));
+    }
 }
 
 TEST(Comparison, IsEmptyForEqualProjectsAlone) {
