@@ -7,6 +7,7 @@ from common import Place, demand
 # Linear is 2, quadratic 4; what is between leaves room for a busy machine.
 MOST = 2.9
 TRIES = 3
+ROUNDS = 3
 
 
 def project(messages):
@@ -69,14 +70,23 @@ def seconds(place, arguments, name, text):
     return best
 
 
+def growth(place, idle, arguments, make, count):
+    """How many times as long twice as much takes, and both times."""
+    once = seconds(place, arguments, *make(count)) - idle
+    twice = seconds(place, arguments, *make(2 * count)) - idle
+    # Less than this is not measured: it says nothing, and is nobody's trouble.
+    return twice / max(once, 0.01), once, twice
+
+
 def attack(programs, is_long):
     with Place(programs) as place:
         idle = seconds(place, ["list"], "empty.sml", "S1F1.\n")
         for title, arguments, make, count in CASES:
             count = count * 4 if is_long else count
-            once = seconds(place, arguments, *make(count)) - idle
-            twice = seconds(place, arguments, *make(2 * count)) - idle
-            # Less than this is not measured: it says nothing, and is nobody's trouble.
-            factor = twice / max(once, 0.01)
+            # What is quadratic is so each time; a machine that is busy for a moment is not.
+            for _ in range(ROUNDS):
+                factor, once, twice = growth(place, idle, arguments, make, count)
+                if factor <= MOST:
+                    break
             demand(factor <= MOST, f"{title}: {count} take {once:.3f} s, twice as many {twice:.3f} s")
             yield title, round(factor, 2), f"times as long for {2 * count} as for {count} ({twice:.2f} s)"
