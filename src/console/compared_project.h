@@ -9,7 +9,7 @@
 
 namespace zb {
 
-/// What a name on the command line stands for in a comparison.
+/// What a name on the command line means in a comparison.
 struct ComparedProject {
     Project project;
     CompareScope scope = CompareScope::Whole; ///< `Messages` for a library

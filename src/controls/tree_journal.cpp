@@ -112,7 +112,7 @@ void TreePart::dropUnchanged() {
 }
 
 void TreePart::undo() {
-    // Views are told once of many changes.
+    // Views are notified once of many changes.
     std::optional<NodeTree::Filling> filling;
     if (edits_.size() > 64)
         filling.emplace(tree_.nodes());

@@ -21,7 +21,7 @@ public:
     void fill(const SentTransaction& sent, const std::string& type);
 
 private:
-    /// Where the walk stands: a record, the next of its fields, and the expression that leads to it.
+    /// Where the walk is: a record, the next of its fields, and the expression that leads to it.
     struct Cursor {
         std::size_t record;
         std::size_t nextField;

@@ -28,7 +28,7 @@ public:
     /// The name of a method: its first letter is that of the language.
     std::string method(std::string name) const;
 
-    /// Whether a word stands for true.
+    /// Whether a word means true.
     static bool isTrue(std::string_view word);
 
 private:

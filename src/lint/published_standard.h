@@ -24,7 +24,7 @@ public:
     const Message* message(int stream, int function) const;
     /// Null for an unknown name.
     const PublishedItem* item(std::string_view name) const;
-    /// The known item that a name within a message stands for: "CEID2" is a second CEID. Empty for none.
+    /// The known item that a name within a message means: "CEID2" is a second CEID. Empty for none.
     std::string_view itemOf(std::string_view name) const;
 
 private:

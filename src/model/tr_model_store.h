@@ -67,7 +67,7 @@ public:
 
     /// Receives what the user changes; null for nobody.
     void setRecorder(TRModelRecorder* recorder) { recorder_ = recorder; }
-    /// Takes a record out, or puts one back. No recorder is told.
+    /// Takes a record out, or puts one back. Recorders are not notified.
     /// @{
     std::unique_ptr<TRMessageRecord> takeAt(std::size_t position) { return messages_.takeAt(position); }
     void insertAt(std::size_t position, std::unique_ptr<TRMessageRecord> record) {

@@ -52,7 +52,7 @@ public:
     void remove(const ListRow& row);
 
     SequenceRows rows(std::size_t at, std::size_t count) const;
-    /// Puts other rows in the place of `count` rows from `at` on, and returns these. No recorder is told.
+    /// Puts other rows in the place of `count` rows from `at` on, and returns these. No recorder is notified.
     SequenceRows replace(std::size_t at, std::size_t count, SequenceRows rows);
 
     /// Receives what the user changes; null for nobody.

@@ -17,7 +17,7 @@ std::size_t readHexRun(std::string_view line, std::size_t at, HexForm form, std:
 std::optional<unsigned long> hexNumber(std::string_view line, std::size_t at);
 
 /// The offset at the start of the line of a dump: at least four hexadecimal digits, a multiple of 16, two
-/// blanks. `at` moves behind it.
+/// blanks. `at` moves to the first place after it.
 std::optional<unsigned long> passDumpOffset(std::string_view line, std::size_t& at);
 
 } // namespace zb::rehearsal

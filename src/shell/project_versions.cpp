@@ -51,7 +51,7 @@ void ProjectVersions::userReturned() {
     if (state == DiskWatch::State::Same)
         return;
     const bool isGone = state == DiskWatch::State::Gone;
-    // Each change is told once.
+    // Each change is reported once.
     watch_.take(watched_);
     Notice notice{nameOf(watched_) +
                       (isGone ? " was removed by another program" : " was changed by another program"),

@@ -11,7 +11,7 @@ namespace zb {
 
 class NodeTree;
 
-/// The parts of a node that a recorder is told of.
+/// The parts of a node that recorders are notified of.
 enum class NodePart : std::uint8_t {
     Text = 1,
     Key = 2,

@@ -115,8 +115,8 @@ public:
     void startRecording() { ++recording_; }
 
     /// Takes the node out with its subtree, or takes out all nodes, and puts them back: to the same place,
-    /// flat positions and Keys. The tree must be as it was directly after they were taken out. No recorder is
-    /// told.
+    /// flat positions and Keys. The tree must be as it was directly after they were taken out. Recorders are
+    /// not notified.
     /// @{
     NodeBranch detach(Node& node);
     NodeBranch detachAll();
