@@ -6,18 +6,6 @@ namespace zb {
 
 namespace {
 
-/// Between the quotes that the text does not contain; a text with both kinds is split where they change.
-std::string quotedText(std::string_view text) {
-    std::string quoted;
-    do {
-        const char quote = text.substr(0, text.find('\'')).find('"') == std::string_view::npos ? '"' : '\'';
-        const std::string_view piece = text.substr(0, text.find(quote));
-        quoted.append(quoted.empty() ? "" : " ").append(1, quote).append(piece).append(1, quote);
-        text.remove_prefix(piece.size());
-    } while (!text.empty());
-    return quoted;
-}
-
 std::string_view smlType(std::string_view type) {
     return type == "X" ? "V" : type;
 }
@@ -53,7 +41,7 @@ private:
         if (kind == ItemKind::List)
             open_ = item.getLevel() + 1;
         if (kind == ItemKind::Quoted && writesValue(item))
-            text_.append(" ").append(quotedText(item.getValue()));
+            text_.append(" ").append(quotedSmlText(item.getValue()));
         else if (kind != ItemKind::Quoted && !item.getValue().empty())
             text_.append(" ").append(item.getValue());
         if (kind != ItemKind::List)
@@ -81,6 +69,17 @@ private:
 };
 
 } // namespace
+
+std::string quotedSmlText(std::string_view text) {
+    std::string quoted;
+    do {
+        const char quote = text.substr(0, text.find('\'')).find('"') == std::string_view::npos ? '"' : '\'';
+        const std::string_view piece = text.substr(0, text.find(quote));
+        quoted.append(quoted.empty() ? "" : " ").append(1, quote).append(piece).append(1, quote);
+        text.remove_prefix(piece.size());
+    } while (!text.empty());
+    return quoted;
+}
 
 std::string composeSml(const std::vector<const SECSMessageRecord*>& records) {
     return Writer().write(records);

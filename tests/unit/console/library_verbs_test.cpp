@@ -158,6 +158,46 @@ TEST_F(LibraryVerbs, ConvertRefusesWhatItCannotWrite) {
     EXPECT_EQ(run({"convert", "gem", path("none/a.smd")}).status, 3);
 }
 
+TEST_F(LibraryVerbs, ConvertWritesBareSmlForStrictReaders) {
+    write("set.sml",
+          "// Set\nSet: S2F41 W // H->E <R>\n<L[2] <A[4] 'STOP'> // RCMD\n<V[1] '1'> // CPVAL\n>.\n");
+    expect({"convert", path("set.sml"), path("bare.sml"), "--sml", "bare"}, 0,
+           path("bare.sml") + ": 1 message\n",
+           path("bare.sml") + ": Set: 1 item of any type written as text\n");
+    EXPECT_EQ(read("bare.sml"), "S2F41 W\r\n  <L\r\n    <A \"STOP\">\r\n    <A \"1\">\r\n  >\r\n.\r\n\r\n");
+    expect({"convert", path("set.sml"), path("full.sml"), "--sml", "full"}, 0,
+           path("full.sml") + ": 1 message\n", "");
+    EXPECT_NE(read("full.sml").find("Set: S2F41 W // H->E <R>"), std::string::npos);
+}
+
+TEST_F(LibraryVerbs, ConvertSplitsMessagesIntoFilesOfTheirOwn) {
+    write("three.sml", "Up/Down: S1F1 W.\nup_down: S1F3 W.\n..: S1F5 W.\ncon: S1F7 W.\n");
+    const std::string folder = path("new/split");
+    expect({"convert", path("three.sml"), "--split", folder, "--sml", "bare"}, 0, folder + ": 4 messages\n",
+           "");
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (std::vector<std::string>{"Up_Down.sml", "_...sml", "_con.sml", "up_down_2.sml"}));
+    EXPECT_EQ(read("new/split/up_down_2.sml"), "S1F3 W\r\n.\r\n\r\n");
+    expect({"convert", "semi", "--split", folder, "--messages", "S1F3"}, 0, folder + ": 1 message\n", "");
+    EXPECT_EQ(read("new/split/S1F3.sml").substr(0, 3), "// ");
+    expect({"convert", "gem", "--split", path("demo.sml"), "--messages", "S1F3"}, 3, "",
+           path("demo.sml") + ": cannot be made: Not a directory\n");
+}
+
+TEST_F(LibraryVerbs, ConvertTakesOneTargetAndFormsOfSmlForSmlAlone) {
+    const std::string hint = " (see zbc --help)\n";
+    expect({"convert", "gem"}, 2, "", "zbc: one of OUT and --split is needed" + hint);
+    expect({"convert", "gem", path("a.sml"), "--split", path("a")}, 2, "",
+           "zbc: one of OUT and --split is needed" + hint);
+    expect({"convert", "gem", path("a.smd"), "--sml", "bare"}, 2, "",
+           "zbc: --sml is for files that end in .sml" + hint);
+    EXPECT_EQ(run({"convert", "gem", path("a.sml"), "--sml", "short"}).status, 2);
+    EXPECT_FALSE(fs::exists(path("a.sml")));
+}
+
 TEST_F(LibraryVerbs, AddPutsMessagesWithTheirRepliesIntoAProject) {
     expect({"add", path("P.zbp"), path("demo.sml"), "Alive"}, 0, "Alive\nS1F2\n", "");
     EXPECT_EQ(
