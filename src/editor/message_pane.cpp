@@ -204,6 +204,8 @@ void MessagePane::applyMessageChange(int index) {
     if (window_.txtMsgName.text() != oldName)
         window_.liveTree().setKey(*message, window_.txtMsgName.text());
     message->setText(nodeText());
+    if (window_.txtMsgName.text() != oldName)
+        fire(onRenamed, oldName, window_.txtMsgName.text());
 }
 
 void MessagePane::numberChanged(Word word) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -32,6 +33,9 @@ public:
     /// Writes the fields into the message whose MessageNode has this index. A name in use is refused with a
     /// box.
     void applyMessageChange(int index);
+
+    /// The user has given a message another name.
+    std::function<void(const std::string& from, const std::string& to)> onRenamed;
 
 private:
     enum class Word { Stream, Function };

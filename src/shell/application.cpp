@@ -79,10 +79,12 @@ void Application::showSteps() {
     const UndoHistory* history = historyOf(frmMain);
     frmWorkbench.showUndo(history == nullptr ? std::string() : history->undoName());
     frmWorkbench.showRedo(history == nullptr ? std::string() : history->redoName());
+    frmWorkbench.renames.review();
     frmMain.showSaved(editorHistory.steps.isSaved() && modelerHistory.steps.isSaved());
 }
 
 void Application::restartHistories() {
+    frmWorkbench.renames.forget();
     editorHistory.steps.clear();
     modelerHistory.steps.clear();
 }

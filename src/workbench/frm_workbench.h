@@ -5,6 +5,7 @@
 #include "workbench/history_pane.h"
 #include "workbench/log_pane.h"
 #include "workbench/notice_bar.h"
+#include "workbench/rename_offer.h"
 
 #include <vector>
 
@@ -64,6 +65,8 @@ public:
     NoticeBar notices{*this};
     Button cmdUndo{*this, "cmdUndo", "Undo"};
     Button cmdRedo{*this, "cmdRedo", "Redo"};
+
+    RenameOffer renames{*this};
 
 private:
     friend class WorkbenchPane;
