@@ -53,6 +53,9 @@ public:
 
     std::function<void()> onChoose;
 
+    /// What the open list shows after an entry, paler; the entry itself stays as it is.
+    std::function<std::string(const std::string& entry)> noteOf;
+
 private:
     std::string text_;
     std::vector<std::string> entries_;

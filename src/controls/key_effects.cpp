@@ -17,25 +17,54 @@ namespace {
 
 using Kind = Control::Kind;
 
-Node* deepestShown(Node* node) {
-    while (node != nullptr && node->expanded() && node->lastChild() != nullptr)
-        node = node->lastChild();
-    return node;
-}
+/// The steps of the arrow keys: what is collapsed or hidden by a filter is passed over.
+class ShownNodes {
+public:
+    explicit ShownNodes(const Tree& tree) : tree_(tree) {}
 
-Node* shownBelow(Node& node) {
-    if (node.expanded() && node.child() != nullptr)
-        return node.child();
-    for (Node* above = &node; above != nullptr; above = above->parent()) {
-        if (above->next() != nullptr)
-            return above->next();
+    Node* first() const { return orNext(tree_.nodes().firstRoot()); }
+    Node* last() const { return deepest(orPrevious(tree_.nodes().lastRoot())); }
+
+    Node* below(Node& node) const {
+        if (Node* child = node.expanded() ? orNext(node.child()) : nullptr; child != nullptr)
+            return child;
+        for (const Node* above = &node; above != nullptr; above = above->parent()) {
+            if (Node* next = orNext(above->next()); next != nullptr)
+                return next;
+        }
+        return nullptr;
     }
-    return nullptr;
-}
 
-Node* shownAbove(const Node& node) {
-    return node.previous() != nullptr ? deepestShown(node.previous()) : node.parent();
-}
+    Node* above(const Node& node) const {
+        Node* previous = orPrevious(node.previous());
+        return previous != nullptr ? deepest(previous) : node.parent();
+    }
+
+    Node* childOf(const Node& node) const { return orNext(node.child()); }
+
+private:
+    Node* orNext(Node* node) const {
+        while (node != nullptr && !tree_.shows(*node))
+            node = node->next();
+        return node;
+    }
+    Node* orPrevious(Node* node) const {
+        while (node != nullptr && !tree_.shows(*node))
+            node = node->previous();
+        return node;
+    }
+    Node* deepest(Node* node) const {
+        while (node != nullptr && node->expanded()) {
+            Node* last = orPrevious(node->lastChild());
+            if (last == nullptr)
+                break;
+            node = last;
+        }
+        return node;
+    }
+
+    const Tree& tree_;
+};
 
 Node* arrowLeft(Node& node) {
     if (node.expanded() && node.child() != nullptr) {
@@ -45,31 +74,32 @@ Node* arrowLeft(Node& node) {
     return node.parent();
 }
 
-Node* arrowRight(Node& node) {
+Node* arrowRight(Node& node, const ShownNodes& shown) {
     if (node.child() == nullptr)
         return nullptr;
     if (!node.expanded()) {
         node.setExpanded(true);
         return nullptr;
     }
-    return node.child();
+    return shown.childOf(node);
 }
 
-Node* arrowTarget(const NodeTree& nodes, int code) {
-    Node* from = nodes.selected();
+Node* arrowTarget(const Tree& tree, int code) {
+    const ShownNodes shown(tree);
+    Node* from = tree.nodes().selected();
     if (code == kKeyHome || from == nullptr)
-        return nodes.firstRoot();
+        return shown.first();
     switch (code) {
     case kKeyEnd:
-        return deepestShown(nodes.lastRoot());
+        return shown.last();
     case kKeyUp:
-        return shownAbove(*from);
+        return shown.above(*from);
     case kKeyDown:
-        return shownBelow(*from);
+        return shown.below(*from);
     case kKeyLeft:
         return arrowLeft(*from);
     case kKeyRight:
-        return arrowRight(*from);
+        return arrowRight(*from, shown);
     default:
         return nullptr;
     }
@@ -78,7 +108,7 @@ Node* arrowTarget(const NodeTree& nodes, int code) {
 void moveInTree(Tree& tree, int code) {
     if (code < kKeyEnd || code > kKeyDown)
         return;
-    Node* target = arrowTarget(tree.nodes(), code);
+    Node* target = arrowTarget(tree, code);
     if (target != nullptr && target != tree.nodes().selected())
         reachNode(tree, *target);
 }

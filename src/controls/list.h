@@ -99,6 +99,9 @@ public:
     /// that the next range also starts there. In a list with single selection only `to` is selected.
     void selectRange(ListRow& from, ListRow& to);
 
+    /// What the tool tip of a row says; without it, or for an empty text, it repeats the cell.
+    std::function<std::string(const ListRow& row)> toolTipOf;
+
     /// The text colour of the row is about to change.
     std::function<void(const ListRow& row)> beforeForeColor;
 

@@ -30,6 +30,8 @@ public:
     }
 
     std::function<void()> onPress;
+    /// Pressed and released, and not dragged.
+    std::function<void()> onClick;
 };
 
 /// A push button.

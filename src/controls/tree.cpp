@@ -1,5 +1,7 @@
 #include "controls/tree.h"
 
+#include <utility>
+
 namespace zb {
 
 void Tree::replaceNodes(std::unique_ptr<NodeTree> fresh) {
@@ -10,6 +12,11 @@ void Tree::replaceNodes(std::unique_ptr<NodeTree> fresh) {
     nodes_->setListener(listener_);
     if (NodeTreeRecorder* recorder = fresh->recorder(); recorder != nullptr)
         recorder->afterReplace();
+    ring(Change::Rows);
+}
+
+void Tree::setFilter(std::function<bool(const Node&)> shows) {
+    shows_ = std::move(shows);
     ring(Change::Rows);
 }
 

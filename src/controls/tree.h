@@ -28,6 +28,12 @@ public:
     }
     const OptionalColor& backColor() const { return backColor_; }
 
+    /// Shows only the nodes for which `shows` is true, on the screen and for the arrow keys; nodes below a
+    /// hidden one are hidden too. `nodes()` still has all of them. Empty shows all.
+    void setFilter(std::function<bool(const Node&)> shows);
+    bool isFiltered() const { return static_cast<bool>(shows_); }
+    bool shows(const Node& node) const { return !shows_ || shows_(node); }
+
     /// The screen's listener, for the current tree and its replacements.
     void setListener(NodeTreeListener* listener);
     /// The recorder of the current tree. A replacement has none until this is called again.
@@ -51,6 +57,7 @@ public:
 private:
     std::unique_ptr<NodeTree> nodes_;
     OptionalColor backColor_;
+    std::function<bool(const Node&)> shows_;
     NodeTreeListener* listener_ = nullptr;
 };
 

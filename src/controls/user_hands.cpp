@@ -155,7 +155,8 @@ UserHands::Refusal UserHands::pressMember(const Target& target, KeyEvent modifie
         }
         break;
     case Kind::Pane:
-        fire(as<Pane>(control).onPress);
+        pressPart(target, MouseButton::Left, modifiers);
+        mouseUp(target, MouseButton::Left, modifiers);
         break;
     default:
         break;
@@ -204,6 +205,8 @@ void UserHands::pressPart(const Target& target, MouseButton button, KeyEvent mod
         fire(tree.onMouseDown, static_cast<int>(button), target.node);
     } else if (control.kind() == Kind::List && !target.column) {
         pressRow(as<List>(control), target.row, button, modifiers);
+    } else if (control.kind() == Kind::Pane) {
+        fire(as<Pane>(control).onPress);
     }
 }
 
@@ -242,6 +245,8 @@ void UserHands::mouseUp(const Target& target, MouseButton button, KeyEvent modif
         fire(list.onMouseUp, number, target.row);
         if (left && target.row != nullptr && stillThere(target))
             fire(list.onRowClick, *target.row);
+    } else if (control.kind() == Kind::Pane && whyNot(control).empty()) {
+        fire(as<Pane>(control).onClick);
     }
 }
 

@@ -84,8 +84,8 @@ public:
 
     /// The same actions in separate steps, with time between them. A step after a refused one is left out.
     /// @{
-    /// Presses a mouse button on a tree or list. The left button selects what is below the pointer, except
-    /// that a selected row keeps a selection of several for a drag.
+    /// Presses a mouse button on a tree, list or pane. In a tree or list the left button selects what is
+    /// below the pointer, except that a selected row keeps a selection of several for a drag.
     Refusal mouseDown(const Target& target, MouseButton button, KeyEvent modifiers = {});
     /// Releases the button there; a target that no longer exists is ignored.
     void mouseUp(const Target& target, MouseButton button, KeyEvent modifiers = {});

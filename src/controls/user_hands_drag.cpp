@@ -36,8 +36,6 @@ UserHands::Refusal UserHands::drag(const Target& from, const Target& to) {
     const int index = indexOf(to);
     if (Refusal refusal = begin(from); !refusal.empty())
         return refusal;
-    if (from.control->kind() == Kind::Pane)
-        fire(as<Pane>(*from.control).onPress);
     pressPart(from, MouseButton::Left, {});
     const std::optional<DragData> data = beginDrag(from);
     if (!data)

@@ -34,4 +34,7 @@ private:
 /// of one name the last one counts.
 int checkDimension(const SECSMessageRecord& message, std::string_view name);
 
+/// The names of these lists, from the outermost on. A list without a name has an empty one.
+std::vector<std::string> listsAround(const SECSMessageRecord& message, std::string_view name);
+
 } // namespace zb

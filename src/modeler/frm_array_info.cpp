@@ -30,6 +30,7 @@ frmArrayInfo::frmArrayInfo(Desktop& desktop) : Window(desktop, "frmArrayInfo") {
     txtValue.setVisible(false);
     lvwArray.addColumn("", 800);
     lvwArray.addColumn("Value", 2000);
+    lvwArray.toolTipOf = [this](const ListRow& row) { return listOf(row); };
     lvwArray.onMouseUp = [this](int /*button*/, ListRow* row) {
         if (row != nullptr)
             editCell(*row);
@@ -48,6 +49,7 @@ void frmArrayInfo::requestArrayIndex(const SECSMessageRecord& message, std::stri
         cancel();
         return;
     }
+    lists_ = listsAround(message, name);
     showRows();
     showModal();
 }
@@ -60,6 +62,12 @@ void frmArrayInfo::showRows() {
     for (int number = 1; number <= Dimension; ++number)
         lvwArray.add(std::to_string(number)).setCell(1, "");
     setFirstFocus(lvwArray);
+}
+
+// The rows are numbered from 1, from the outermost list on.
+std::string frmArrayInfo::listOf(const ListRow& row) const {
+    const auto place = static_cast<std::size_t>(lvwArray.positionOf(&row));
+    return place == 0 || place > lists_.size() ? std::string() : lists_[place - 1];
 }
 
 void frmArrayInfo::editCell(ListRow& row) {

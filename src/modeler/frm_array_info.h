@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zb {
 
@@ -37,6 +38,7 @@ public:
 
 private:
     void showRows();
+    std::string listOf(const ListRow& row) const;
     void editCell(ListRow& row);
     void valueChanged();
     void cutToNumber();
@@ -44,6 +46,7 @@ private:
     void cancel();
 
     ListRow* editedRow_ = nullptr;
+    std::vector<std::string> lists_; ///< around the data item, from the outermost on
     bool cutting_ = false;
 };
 

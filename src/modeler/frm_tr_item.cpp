@@ -66,6 +66,7 @@ void frmTRItem::addTRItem(std::string_view messageName) {
     show();
     cmdUpdate.setCaption("&Add");
     txtTRItemName.setFocus();
+    unfinished_.begin();
 }
 
 void frmTRItem::updateTRItem(std::string_view messageName, std::string_view itemKey) {
@@ -79,6 +80,7 @@ void frmTRItem::updateTRItem(std::string_view messageName, std::string_view item
         showItem(*item);
     setCaption("Update TRItem - " + messageName_ + "-" + name);
     show();
+    unfinished_.begin();
 }
 
 bool frmTRItem::begin(std::string_view messageName) {
@@ -86,6 +88,7 @@ bool frmTRItem::begin(std::string_view messageName) {
         state_.TRModelStore ? state_.TRModelStore->getTRMessage(messageName) : nullptr;
     if (message == nullptr)
         return false;
+    unfinished_.putAside();
     clearTRItemDialog();
     statements_.initStatementTree();
     messageName_ = message->Name();
@@ -153,6 +156,7 @@ void frmTRItem::update() {
         }
         desktop().steps().name("Change TR item " + name);
         fillRecord(*item);
+        unfinished_.finish();
         views_.displayUpdatedTRItem(messageName_, item->Name());
     } else if (message == nullptr) {
         desktop().showBox("The message '" + messageName_ + "' is no longer in the model.", BoxIcon::Critical);
@@ -175,6 +179,7 @@ bool frmTRItem::addItem(TRMessageRecord& message, const std::string& name) {
         txtTRItemName.selectAll();
         return false;
     }
+    unfinished_.finish();
     views_.displayAddedTRItem(messageName_, name);
     addTRItem(messageName_);
     return true;
@@ -198,16 +203,43 @@ void frmTRItem::cancel() {
 }
 
 void frmTRItem::leave() {
-    if (!keepVisible_ && !arrayDialog_.visible() && !valueDialog_.visible())
-        hide();
+    if (keepVisible_ || arrayDialog_.visible() || valueDialog_.visible())
+        return;
+    unfinished_.putAside();
+    hide();
+}
+
+UnfinishedWork::Dialog frmTRItem::keptWork() {
+    UnfinishedWork::Dialog work;
+    work.leftOut = {&chkKeepVisible};
+    work.subject = [this] {
+        const std::string name = trim(txtTRItemName.text());
+        return (cmdUpdate.caption() == kUpdateCaption ? "TR item" : "new TR item") +
+               (name.empty() ? "" : " " + name) + " of " + messageName_;
+    };
+    work.keepState = [this]() -> std::function<void()> {
+        return [this, messageName = messageName_, message = selectedMessage_, statement = statementType_,
+                keys = statements_.keyCounter()] {
+            messageName_ = messageName;
+            selectedMessage_ = message;
+            statementType_ = statement;
+            statements_.setKeyCounter(keys);
+            currentNode_ = nullptr;
+        };
+    };
+    return work;
 }
 
 // Statements
 
 void frmTRItem::connectStatements() {
-    picIF.onDragData = [this] { return dragStatement(picIF, kIfImage); };
-    picELIF.onDragData = [this] { return dragStatement(picELIF, kElifImage); };
-    picELSE.onDragData = [this] { return dragStatement(picELSE, kElseImage); };
+    const auto connect = [this](Pane& picture, std::string_view type) {
+        picture.onDragData = [this, &picture, type] { return dragStatement(picture, type); };
+        picture.onClick = [this, type] { clickStatement(type); };
+    };
+    connect(picIF, kIfImage);
+    connect(picELIF, kElifImage);
+    connect(picELSE, kElseImage);
     tvwStatement.onDragOver = [this](const DragData& /*data*/, Node* node) {
         if (node != nullptr)
             tvwStatement.nodes().select(node);
@@ -232,6 +264,16 @@ void frmTRItem::connectStatements() {
 std::optional<DragData> frmTRItem::dragStatement(Pane& picture, std::string_view type) {
     statementType_ = type;
     return DragData{{}, &picture, DragData::Form::Picture};
+}
+
+// A click has the effect of a drop on the selected node.
+void frmTRItem::clickStatement(std::string_view type) {
+    Node* selected = tvwStatement.nodes().selected();
+    currentNode_ = selected != nullptr ? selected : statements_.root();
+    if (currentNode_ == nullptr)
+        return;
+    statementType_ = type;
+    dropPicture();
 }
 
 void frmTRItem::dropOnStatement(const DragData& data, Node& node) {

@@ -7,6 +7,7 @@
 #include "modeler/frm_array_info.h"
 #include "modeler/frm_set_tr_item_value.h"
 #include "modeler/statement_tree.h"
+#include "modeler/unfinished_work.h"
 
 #include <optional>
 #include <string>
@@ -55,6 +56,9 @@ public:
     /// name is shown, and it is added when the dialog is accepted.
     void updateTRItem(std::string_view messageName, std::string_view itemKey);
 
+    /// Another project is open: what was put aside belongs to the one before.
+    void forgetWork() { unfinished_.forget(); }
+
 private:
     void connectStatements();
     /// Clears the dialog and loads the message with its SECS message; false when it has none to offer.
@@ -72,6 +76,7 @@ private:
     void leave();
 
     std::optional<DragData> dragStatement(Pane& picture, std::string_view type);
+    void clickStatement(std::string_view type);
     void dropOnStatement(const DragData& data, Node& node);
     void dropPicture();
     void dropCondition(const std::string& id);
@@ -80,6 +85,7 @@ private:
     void deleteStatement();
 
     ConditionHome conditionHome();
+    UnfinishedWork::Dialog keptWork();
     const SECSMessageRecord* selectedMessage() const;
     /// The message that owns the item; null when it was deleted meanwhile.
     const TRMessageRecord* trMessage() const;
@@ -98,6 +104,7 @@ private:
     std::string statementType_;
     /// The node of the last drop or pop-up.
     Node* currentNode_ = nullptr;
+    UnfinishedWork unfinished_{*this, keptWork()};
 };
 
 } // namespace zb

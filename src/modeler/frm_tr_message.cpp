@@ -1,7 +1,9 @@
 #include "modeler/frm_tr_message.h"
 
+#include "controls/desktop.h"
 #include "messages/smd/smd_reader.h"
 #include "modeler/sent_values.h"
+#include "modeler/tool_tips.h"
 #include "platform/text.h"
 #include "project/module_state.h"
 
@@ -47,6 +49,12 @@ void frmTRMessage::connectValues() {
     txtItemValue.onKeyDown = [this](KeyEvent key) {
         const std::size_t length = state_.codePage.ansiByteLength(trim(txtItemValue.text()));
         applyKeyEffect(txtItemValue, filterSentValueKey(values_.selectedItem(), key, length));
+        if (key == KeyEvent{kKeyEnter, 0})
+            values_.setAndGoOn();
+    };
+    cmbItemValue.onKeyDown = [this](KeyEvent key) {
+        if (key == KeyEvent{kKeyEnter, 0})
+            values_.setAndGoOn();
     };
     cmdSetValue.onClick = [this] { values_.setSelectedItem(); };
 }
@@ -54,6 +62,9 @@ void frmTRMessage::connectValues() {
 void frmTRMessage::connectFrame() {
     for (Combo* combo : {&cmbSECSMessage, &cmbItemValue, &builder.cmbDataItem})
         combo->setKeys(Combo::Keys::Ignored);
+    cmbSECSMessage.noteOf = [this](const std::string& name) {
+        return streamAndFunction(*state_.SECSMessageStore, name);
+    };
     cmbSECSMessage.onChoose = [this] { chooseSECSMessage(); };
     chkKeepVisible.onChange = [this] { keepVisible_ = chkKeepVisible.checked(); };
     cmdUpdate.onClick = [this] { command(); };
@@ -64,29 +75,58 @@ void frmTRMessage::connectFrame() {
     setCancelButton(cmdCancel);
     onActivate = [this] { chkKeepVisible.setChecked(keepVisible_); };
     onDeactivate = [this] {
-        if (!keepVisible_ && !arrayDialog_.visible())
-            hide();
+        if (keepVisible_ || arrayDialog_.visible())
+            return;
+        unfinished_.putAside();
+        hide();
     };
+}
+
+UnfinishedWork::Dialog frmTRMessage::keptWork() {
+    UnfinishedWork::Dialog work;
+    work.leftOut = {&chkKeepVisible};
+    work.filledIn = {&txtItemValue, &cmbItemValue};
+    work.subject = [this] {
+        const std::string name = trim(txtTRName.text());
+        return (cmdUpdate.caption() == "&Add" ? "new TR message" : "TR message") +
+               (name.empty() ? "" : " " + name);
+    };
+    work.keepState = [this]() -> std::function<void()> {
+        return [this, message = selectedMessage_, values = values_] {
+            selectedMessage_ = message;
+            values_.goOnWith(values);
+        };
+    };
+    return work;
+}
+
+void frmTRMessage::forgetWork() {
+    unfinished_.forget();
+    desktop().withdraw(kUnsetTopic);
 }
 
 // Opening
 
 void frmTRMessage::addRcvTRMessage() {
+    unfinished_.putAside();
     setCaption("Add RcvTRMessage");
     openForAdding(DialogMode::Received);
 }
 
 void frmTRMessage::addSndTRMessage() {
+    unfinished_.putAside();
     setCaption("Add SndTRMessage");
     openForAdding(DialogMode::Sent);
 }
 
 void frmTRMessage::updateRcvTRMessage(std::string_view name) {
+    unfinished_.putAside();
     setCaption("Update RcvTRMessage - " + std::string(name));
     openForUpdate(DialogMode::Received, name);
 }
 
 void frmTRMessage::updateSndTRMessage(std::string_view name) {
+    unfinished_.putAside();
     setCaption("Update SndTRMessage - " + std::string(name));
     openForUpdate(DialogMode::Sent, name);
 }
@@ -100,6 +140,7 @@ void frmTRMessage::openForAdding(DialogMode mode) {
     chkReport.setChecked(false);
     txtTRName.setEnabled(true);
     txtTRName.setFocus();
+    unfinished_.begin();
 }
 
 void frmTRMessage::openForUpdate(DialogMode mode, std::string_view name) {
@@ -114,6 +155,7 @@ void frmTRMessage::openForUpdate(DialogMode mode, std::string_view name) {
     showMessagesOf(mode);
     showTRMessage(*record);
     txtTRName.setEnabled(false);
+    unfinished_.begin();
 }
 
 void frmTRMessage::setDialogMode(DialogMode mode) {

@@ -8,6 +8,7 @@
 #include "modeler/condition_controls.h"
 #include "modeler/frm_array_info.h"
 #include "modeler/sent_value_editor.h"
+#include "modeler/unfinished_work.h"
 
 #include <optional>
 #include <string>
@@ -57,7 +58,13 @@ public:
     void updateRcvTRMessage(std::string_view name);
     void updateSndTRMessage(std::string_view name);
 
+    /// Another project is open: what was put aside or not set belongs to the one before.
+    void forgetWork();
+
 private:
+    /// Of the notice about a value that was not set.
+    static constexpr const char* kUnsetTopic = "value not set";
+
     enum class DialogMode { Received, Sent };
     enum class Partner { Host, Equipment };
 
@@ -96,6 +103,11 @@ private:
     static void clearTRItemSources(TRMessageRecord& record);
     void storeDirection(TRMessageRecord& record) const;
     void storeContent(TRMessageRecord& record);
+    void offerToSet(const std::string& name, const UnsetValue& unset);
+    void setLater(const std::string& name, const UnsetValue& unset);
+    /// Whether the dialog is about to change that sent message.
+    bool isChanging(std::string_view name) const;
+    UnfinishedWork::Dialog keptWork();
 
     ModuleState& state_;
     ModelViews& views_;
@@ -106,6 +118,7 @@ private:
     /// A copy: the store of the messages is refilled by each save and build.
     std::optional<SECSMessageRecord> selectedMessage_;
     SentValueEditor values_{*this};
+    UnfinishedWork unfinished_{*this, keptWork()};
 };
 
 } // namespace zb

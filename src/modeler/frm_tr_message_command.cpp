@@ -36,8 +36,12 @@ void frmTRMessage::command() {
         return;
     }
     const bool adds = cmdUpdate.caption() == "&Add";
+    const std::optional<UnsetValue> unset = values_.unsetValue();
     if (!(adds ? addTRMessageFromDialog(name) : updateTRMessageFromDialog(name)))
         return;
+    unfinished_.finish();
+    if (unset)
+        offerToSet(name, *unset);
     if (adds && isReceivedMode())
         addRcvTRMessage();
     else if (adds)
@@ -179,6 +183,37 @@ void frmTRMessage::storeContent(TRMessageRecord& record) {
     else
         record.setDataBlock(composeDataBlock());
     record.setReport(chkReport.checked());
+}
+
+// A value that was entered
+
+void frmTRMessage::offerToSet(const std::string& name, const UnsetValue& unset) {
+    const std::string item = unset.item.empty() ? unset.itemText : unset.item;
+    desktop().post({"The value " + unset.value + " for " + item + " of " + name + " was not set",
+                    {{"Set it", [this, name, unset] { setLater(name, unset); }}},
+                    kUnsetTopic,
+                    Notice::Stays::UntilClosed});
+}
+
+void frmTRMessage::setLater(const std::string& name, const UnsetValue& unset) {
+    TRModelStore* model = state_.TRModelStore.get();
+    const TRMessageRecord* record = model == nullptr ? nullptr : model->getTRMessage(name);
+    std::optional<SECSMessageRecord> block = record == nullptr || !record->DataBlock()
+                                                 ? std::nullopt
+                                                 : withValue(*record->DataBlock(), unset, state_.codePage);
+    if (!block) {
+        desktop().post({name + " is not as it was when the value was entered; nothing was set"});
+        return;
+    }
+    desktop().steps().name("Set value in TR message " + name);
+    model->changeTRMessage(name)->setDataBlock(std::move(block));
+    views_.displayUpdatedTRMessage(name);
+    if (isChanging(name))
+        updateSndTRMessage(name);
+}
+
+bool frmTRMessage::isChanging(std::string_view name) const {
+    return visible() && !isReceivedMode() && cmdUpdate.caption() == "&Update" && txtTRName.text() == name;
 }
 
 } // namespace zb

@@ -4,6 +4,7 @@
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
 #include "modeler/model_nodes.h"
+#include "modeler/tool_tips.h"
 #include "modeler/tr_object_table.h"
 #include "project/project_text.h"
 
@@ -25,6 +26,11 @@ frmTRModeler::frmTRModeler(Desktop& desktop, ModuleState& state, ProjectCommands
       addSequence_(desktop, state), treeCommands_(*this), tableCommands_(*this),
       sequenceCommands_(*this, addSequence_) {
     setCaption("TRModeler");
+    lvwTRObject.toolTipOf = [this](const ListRow& row) { return toolTipOfObject(row); };
+    lvwSequence.toolTipOf = [this](const ListRow& row) {
+        const TRMessageRecord* record = recordOf(row.cell(2));
+        return record == nullptr ? std::string() : messageToolTip(*record, *state_.SECSMessageStore);
+    };
     menus.runBusy(menus.mnuTMD, ProjectCommand::BuildTmd);
     menus.runBusy(menus.mnuEditor, ProjectCommand::Editor);
     displayModel();
@@ -39,6 +45,13 @@ bool frmTRModeler::isDialogVisible() const {
     return messageDialog_->visible() || itemDialog_->visible();
 }
 
+void frmTRModeler::editMessage(const Tree& tree, std::string_view name) {
+    if (&tree == &tvwRcvTRMsg)
+        messageDialog_->updateRcvTRMessage(name);
+    else
+        messageDialog_->updateSndTRMessage(name);
+}
+
 std::string_view frmTRModeler::rootOf(const Tree& tree) const {
     return &tree == &tvwRcvTRMsg ? kReceiveRoot : kSendRoot;
 }
@@ -48,7 +61,15 @@ void frmTRModeler::makeStore() {
     state_.TRModelStore->setProjectType(state_.ProjectType);
 }
 
+void frmTRModeler::forgetWork() {
+    if (messageDialog_ == nullptr)
+        return;
+    messageDialog_->forgetWork();
+    itemDialog_->forgetWork();
+}
+
 void frmTRModeler::newModelerProject() {
+    forgetWork();
     makeStore();
     sequenceView_.clear();
     state_.foreign.clear();
@@ -58,6 +79,7 @@ void frmTRModeler::newModelerProject() {
 }
 
 void frmTRModeler::openModelerProject(Project project) {
+    forgetWork();
     const auto busy = busyUnlessAlready(*this);
     initializeTreeView(tvwRcvTRMsg);
     initializeTreeView(tvwSndTRMsg);
@@ -75,6 +97,7 @@ std::string frmTRModeler::saveModelerProject() {
 }
 
 void frmTRModeler::clearAllTRMsgDef() {
+    forgetWork();
     if (state_.TRModelStore)
         state_.TRModelStore->clearTRMessages();
     state_.foreign.clear();
@@ -173,6 +196,17 @@ void frmTRModeler::displayUpdatedTRItem(std::string_view message, std::string_vi
     current_.message = message;
     current_.item = item;
     showTRObjects(message);
+}
+
+std::string frmTRModeler::toolTipOfObject(const ListRow& row) const {
+    const bool isMessage = row.image() == kReceivedPicture || row.image() == kSentPicture;
+    const TRMessageRecord* record = recordOf(isMessage ? row.text() : current_.message);
+    if (record == nullptr)
+        return {};
+    if (isMessage)
+        return messageToolTip(*record, *state_.SECSMessageStore);
+    const TRItemRecord* item = record->getTRItem(row.text());
+    return item == nullptr ? std::string() : itemToolTip(*record, *item, *state_.SECSMessageStore);
 }
 
 const TRMessageRecord* frmTRModeler::recordOf(std::string_view name) const {

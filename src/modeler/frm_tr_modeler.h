@@ -71,6 +71,8 @@ public:
     SequenceView& sequenceView() { return sequenceView_; }
     /// The key of the tree's root.
     std::string_view rootOf(const Tree& tree) const;
+    /// Opens the dialog that changes a message of that tree.
+    void editMessage(const Tree& tree, std::string_view name);
     frmTRMessage& messageDialog() { return *messageDialog_; }
     frmTRItem& itemDialog() { return *itemDialog_; }
     /// While one of them is open, the panes have no pop-ups.
@@ -78,6 +80,9 @@ public:
 
 private:
     void makeStore();
+    /// What the dialogs have put aside is of another project.
+    void forgetWork();
+    std::string toolTipOfObject(const ListRow& row) const;
     const TRMessageRecord* recordOf(std::string_view name) const;
     bool isSent(const TRMessageRecord& record) const;
     /// Null for a Direction that is neither received nor sent.

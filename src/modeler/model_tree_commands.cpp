@@ -28,7 +28,8 @@ ModelTreeCommands::ModelTreeCommands(frmTRModeler& window) : window_(window) {
             if (button == kRightButton)
                 openPopup(*tree);
         };
-        tree->onKeyDown = [this, tree](KeyEvent key) { keyDown(*tree, key.code); };
+        tree->onKeyDown = [this, tree](KeyEvent key) { keyDown(*tree, key); };
+        tree->onDoubleClick = [this, tree](const Node& node) { edit(*tree, node); };
         tree->onReached = [this, tree](Node& node) { press(*tree, &node); };
         tree->onDragStart = [tree](Node& node) { return DragData{node.text(), tree}; };
     }
@@ -128,31 +129,31 @@ void ModelTreeCommands::follow(Tree& tree, const Node* node) {
 }
 
 void ModelTreeCommands::followInDialogs(const Tree& tree, const Node& node) {
-    // A copy: a dialog that opens may refill the tree.
+    const ModelLevel level = levelOf(node);
+    if ((level == ModelLevel::Message && window_.messageDialog().visible()) ||
+        (level == ModelLevel::Item && window_.itemDialog().visible()))
+        edit(tree, node);
+}
+
+void ModelTreeCommands::edit(const Tree& tree, const Node& node) {
+    // Copies: a dialog that opens may refill the tree.
     const auto text = std::string(node.text());
-    switch (levelOf(node)) {
-    case ModelLevel::Root:
-        return;
-    case ModelLevel::Message:
-        if (!window_.messageDialog().visible())
-            return;
-        if (&tree == &window_.tvwRcvTRMsg)
-            window_.messageDialog().updateRcvTRMessage(text);
-        else
-            window_.messageDialog().updateSndTRMessage(text);
-        return;
-    case ModelLevel::Item:
-        if (window_.itemDialog().visible()) {
-            const std::string message = node.parent()->text();
-            window_.itemDialog().updateTRItem(message, itemKey(message, text));
-        }
-        return;
+    if (levelOf(node) == ModelLevel::Message) {
+        window_.editMessage(tree, text);
+    } else if (levelOf(node) == ModelLevel::Item) {
+        const auto message = std::string(node.parent()->text());
+        window_.itemDialog().updateTRItem(message, itemKey(message, text));
     }
 }
 
-void ModelTreeCommands::keyDown(Tree& tree, int code) {
-    if (code == kKeyDelete && tree.nodes().selected() != nullptr)
-        deleteNode(tree, *tree.nodes().selected());
+void ModelTreeCommands::keyDown(Tree& tree, KeyEvent key) {
+    Node* selected = tree.nodes().selected();
+    if (selected == nullptr)
+        return;
+    if (key.code == kKeyDelete)
+        deleteNode(tree, *selected);
+    else if (key == KeyEvent{kKeyEnter, 0})
+        edit(tree, *selected);
 }
 
 void ModelTreeCommands::deleteNode(Tree& tree, Node& node) {

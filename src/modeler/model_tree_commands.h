@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/key.h"
+
 #include <string_view>
 
 namespace zb {
@@ -29,6 +31,8 @@ public:
     /// Selects the node, or the root for null, and shows it as a press does, but leaves its mark: the trees
     /// are as an undo left them.
     void showAgain(Tree& tree, Node* node);
+    /// Opens the dialog that changes what the node shows; a root has none.
+    void edit(const Tree& tree, const Node& node);
 
 private:
     void wireReceived();
@@ -37,7 +41,7 @@ private:
     /// Shows the selection in the table and in the open dialogs.
     void follow(Tree& tree, const Node* node);
     void followInDialogs(const Tree& tree, const Node& node);
-    void keyDown(Tree& tree, int code);
+    void keyDown(Tree& tree, KeyEvent key);
     void deleteNode(Tree& tree, Node& node);
     void openPopup(Tree& tree);
     void setRcvPopupState();

@@ -44,7 +44,60 @@ void SentValueEditor::itemClicked(const Node& node, bool maySet) {
     if (selectedItem_->getType() == "L" && selectedItem_->isFixed())
         return;
     askForItem(*selectedItem_);
+    asked_ = entered();
     window_.cmdSetValue.setEnabled(true);
+}
+
+void SentValueEditor::setAndGoOn() {
+    const Node* node = window_.tvwSelSECSMsg.nodes().selected();
+    if (!selectedItem_ || node == nullptr)
+        return;
+    // A value that stays as it is keeps its form.
+    if (selectedItem_->getType() == "L" || entered() != asked_)
+        setSelectedItem();
+    else
+        leaveItem();
+    if (selectedItem_)
+        return;
+    Node* next = nextToSet(*node);
+    if (next == nullptr) {
+        window_.cmdUpdate.setFocus();
+        return;
+    }
+    window_.tvwSelSECSMsg.nodes().select(next);
+    itemClicked(*next, true);
+    if (window_.cmbItemValue.visible())
+        window_.cmbItemValue.setFocus();
+}
+
+Node* SentValueEditor::nextToSet(const Node& node) {
+    const Node* root = &node;
+    while (root->parent() != nullptr)
+        root = root->parent();
+    for (Node* next = nextBelow(node, *root); next != nullptr; next = nextBelow(*next, *root)) {
+        SECSItemRecord item;
+        item.parseText(next->text());
+        if (item.getType() != "L" || !item.isFixed())
+            return next;
+    }
+    return nullptr;
+}
+
+std::string SentValueEditor::entered() const {
+    return selectedItem_ && selectedItem_->getType() == "BOOLEAN" ? window_.cmbItemValue.text()
+                                                                  : trim(window_.txtItemValue.text());
+}
+
+std::optional<UnsetValue> SentValueEditor::unsetValue() const {
+    const Node* node = window_.tvwSelSECSMsg.nodes().selected();
+    if (!selectedItem_ || node == nullptr || selectedItem_->getType() == "L" || entered() == asked_)
+        return std::nullopt;
+    return UnsetValue{placeOfItem(*node), node->text(), selectedItem_->getName(), entered()};
+}
+
+void SentValueEditor::leaveItem() {
+    window_.txtItemValue.setText("");
+    selectedItem_.reset();
 }
 
 void SentValueEditor::askForItem(const SECSItemRecord& item) {
@@ -78,10 +131,8 @@ void SentValueEditor::setSelectedItem() {
         setSelectedList(node);
         return;
     }
-    updateItemNodeText(node,
-                       type == "BOOLEAN" ? window_.cmbItemValue.text() : trim(window_.txtItemValue.text()));
-    window_.txtItemValue.setText("");
-    selectedItem_.reset();
+    updateItemNodeText(node, entered());
+    leaveItem();
 }
 
 /// The first child is the template of all. An invalid count leaves list and field unchanged.
@@ -104,8 +155,7 @@ void SentValueEditor::setSelectedList(Node* list) {
         for (int copies = *count - 1; copies > 0; --copies)
             copyItemNode(*first, *list);
     }
-    window_.txtItemValue.setText("");
-    selectedItem_.reset();
+    leaveItem();
 }
 
 void SentValueEditor::updateItemNodeText(Node* node, std::string_view value) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "messages/item_record.h"
+#include "modeler/unset_value.h"
 
 #include <optional>
 #include <string>
@@ -21,10 +22,20 @@ public:
     void itemClicked(const Node& node, bool maySet);
     /// Writes the value that was asked for to the node that is selected now.
     void setSelectedItem();
+    /// The same when the value was edited; a list gets its count in any case. Then asks for the value of the
+    /// next item that can be set, or moves on to the button of the dialog after the last one.
+    void setAndGoOn();
+    /// What was entered for the item and not written to its node.
+    std::optional<UnsetValue> unsetValue() const;
     /// Leaves the item whose value is being set.
     void forget() { selectedItem_.reset(); }
     /// The item whose value is being set; null for none.
     const SECSItemRecord* selectedItem() const { return selectedItem_ ? &*selectedItem_ : nullptr; }
+    /// Goes on with an item as another editor of the same window has left it.
+    void goOnWith(const SentValueEditor& other) {
+        selectedItem_ = other.selectedItem_;
+        asked_ = other.asked_;
+    }
 
 private:
     void askForItem(const SECSItemRecord& item);
@@ -34,7 +45,13 @@ private:
     void removeItemNode(Node& node);
     void copyItemNode(const Node& source, Node& parent);
 
+    std::string entered() const;
+    void leaveItem();
+    /// Null after the last one.
+    static Node* nextToSet(const Node& node);
+
     frmTRMessage& window_;
+    std::string asked_; ///< what the field showed at first
     std::optional<SECSItemRecord> selectedItem_;
 };
 

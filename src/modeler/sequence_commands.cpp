@@ -5,6 +5,8 @@
 #include "modeler/frm_tr_modeler.h"
 #include "modeler/model_nodes.h"
 
+#include <string>
+
 namespace zb {
 
 namespace {
@@ -21,6 +23,8 @@ SequenceCommands::SequenceCommands(frmTRModeler& window, frmAddSequence& addDial
         if (button == kRightButton)
             openPopup();
     };
+    list.onDoubleClick = [this](const ListRow& row) { edit(row); };
+    list.onKeyDown = [this](KeyEvent key) { keyDown(key); };
     list.onDragOver = [this](const DragData&, ListRow* row) { dragOver(row); };
     list.onDrop = [this](const DragData& data, ListRow* row) { drop(data, row); };
     window_.mnuSeqAddSequence.onClick = [this] { addSequence(); };
@@ -46,6 +50,23 @@ void SequenceCommands::openPopup() {
     window_.mnuSeqDelete.setEnabled(row != nullptr);
     window_.mnuSeqClearAll.setEnabled(window_.lvwSequence.count() > 0);
     window_.mnuSeqPopup.open();
+}
+
+void SequenceCommands::keyDown(KeyEvent key) {
+    const ListRow* row = window_.lvwSequence.selected();
+    if (row != nullptr && key == KeyEvent{kKeyEnter, 0})
+        edit(*row);
+}
+
+void SequenceCommands::edit(const ListRow& row) {
+    const TRModelStore* model = window_.store();
+    // A copy: the dialog may change the row.
+    const auto name = std::string(row.cell(2));
+    const TRMessageRecord* record = model == nullptr ? nullptr : model->getTRMessage(name);
+    if (record == nullptr)
+        return;
+    const bool sent = record->Direction() == model->SentDirection();
+    window_.editMessage(sent ? window_.tvwSndTRMsg : window_.tvwRcvTRMsg, name);
 }
 
 void SequenceCommands::deleteRow() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/key.h"
+
 namespace zb {
 
 class frmAddSequence;
@@ -18,6 +20,9 @@ private:
     /// none.
     void press(ListRow* row);
     void openPopup();
+    void keyDown(KeyEvent key);
+    /// Opens the dialog of the message that the row names.
+    void edit(const ListRow& row);
     void addSequence();
     void deleteRow();
     void dragOver(ListRow* row);

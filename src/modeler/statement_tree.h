@@ -18,6 +18,10 @@ public:
     /// Null before the tree has been initialised.
     Node* root() const { return tree_.nodes().firstRoot(); }
 
+    /// The last number that a node key got.
+    int keyCounter() const { return keyCounter_; }
+    void setKeyCounter(int number) { keyCounter_ = number; }
+
     /// The result of dropping a statement on a node.
     struct Added {
         Node* node = nullptr; ///< null when nothing was added

@@ -14,6 +14,10 @@ namespace {
 
 constexpr int kRightButton = 2;
 
+bool isMessage(const ListRow& row) {
+    return row.image() == kReceivedPicture || row.image() == kSentPicture;
+}
+
 } // namespace
 
 TRObjectCommands::TRObjectCommands(frmTRModeler& window) : window_(window) {
@@ -22,6 +26,11 @@ TRObjectCommands::TRObjectCommands(frmTRModeler& window) : window_(window) {
     table.onMouseUp = [this](int button, ListRow*) {
         if (button == kRightButton)
             openPopup();
+    };
+    table.onDoubleClick = [this](const ListRow& row) { edit(row); };
+    table.onKeyDown = [this, &table](KeyEvent key) {
+        if (key == KeyEvent{kKeyEnter, 0} && table.selected() != nullptr)
+            edit(*table.selected());
     };
     table.onReached = [this](const ListRow& row) { follow(row); };
     table.onDragStart = [&table]() -> std::optional<DragData> {
@@ -45,22 +54,26 @@ void TRObjectCommands::press(ListRow* row) {
 }
 
 void TRObjectCommands::follow(const ListRow& row) {
-    // A copy: a dialog that opens may refill the table.
-    const auto name = std::string(row.text());
-    if (row.image() == kReceivedPicture || row.image() == kSentPicture) {
-        if (!window_.messageDialog().visible())
-            return;
-        if (row.image() == kReceivedPicture)
-            window_.messageDialog().updateRcvTRMessage(name);
-        else
-            window_.messageDialog().updateSndTRMessage(name);
+    if (isMessage(row)) {
+        if (window_.messageDialog().visible())
+            edit(row);
         return;
     }
-    window_.current().item = name;
-    if (window_.itemDialog().visible()) {
-        const std::string message = window_.current().message;
-        window_.itemDialog().updateTRItem(message, itemKey(message, name));
+    window_.current().item = row.text();
+    if (window_.itemDialog().visible())
+        edit(row);
+}
+
+void TRObjectCommands::edit(const ListRow& row) {
+    // Copies: a dialog that opens may refill the table.
+    const auto name = std::string(row.text());
+    if (isMessage(row)) {
+        window_.editMessage(row.image() == kReceivedPicture ? window_.tvwRcvTRMsg : window_.tvwSndTRMsg,
+                            name);
+        return;
     }
+    const std::string message = window_.current().message;
+    window_.itemDialog().updateTRItem(message, itemKey(message, name));
 }
 
 void TRObjectCommands::openPopup() {

@@ -17,6 +17,8 @@ private:
     void press(ListRow* row);
     /// Makes the row's item the current one, and shows the row in the open dialogs.
     void follow(const ListRow& row);
+    /// Opens the dialog that changes what the row shows.
+    void edit(const ListRow& row);
     void openPopup();
     void setPopupState(bool messages, bool row);
     void popupClosed();

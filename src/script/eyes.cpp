@@ -30,6 +30,14 @@ std::optional<PropertyValue> cellOf(const Place& place, std::string_view name) {
     return place.target.row->cell(number - 1);
 }
 
+/// Property "tooltip" of a row: what it says beside the cells.
+std::optional<PropertyValue> toolTipOf(const Place& place, std::string_view name) {
+    if (place.kind != Place::Kind::Row || name != "tooltip")
+        return std::nullopt;
+    const auto& list = static_cast<const List&>(*place.target.control);
+    return list.toolTipOf ? list.toolTipOf(*place.target.row) : std::string();
+}
+
 /// `first` and its next siblings, with all that is below them.
 std::vector<std::string> linesFrom(const Node* first) {
     std::vector<std::string> lines;
@@ -61,7 +69,8 @@ std::optional<PropertyValue> StoreEyes::property(const Place& place, std::string
         if (rule.name == name)
             return rule.read(place);
     }
-    return cellOf(place, name);
+    const auto toolTip = toolTipOf(place, name);
+    return toolTip ? toolTip : cellOf(place, name);
 }
 
 std::optional<std::vector<std::string>> StoreEyes::treeLines(const Place& place) {

@@ -1,7 +1,9 @@
+#include "desktop/models/combo_model.h"
 #include "screen/support/program_on_screen.h"
 
 #include <gmock/gmock.h>
 
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
@@ -268,11 +270,47 @@ TEST_F(ModelerWindows, KeysDropAStatementOnTheSelectedNode) {
     dialog.show();
     Node& root = dialog.tvwStatement.nodes().add(nullptr, Relation::Last, "Conditions");
     dialog.tvwStatement.nodes().select(&root);
-    press(program.widget<QWidget>(dialog, "picELSE"), Qt::Key_Space, Qt::NoModifier);
+    press(program.widget<QWidget>(dialog, "picELSE"), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(root.children(), 0);
     press(program.widget<QWidget>(dialog, "tvwStatement"), Qt::Key_V, Qt::ControlModifier);
     ASSERT_EQ(root.children(), 2);
     EXPECT_EQ(root.child()->text(), "if");
     EXPECT_EQ(root.lastChild()->text(), "else:");
+}
+
+TEST_F(ModelerWindows, TheSpaceBarOnAPictureAddsItsStatement) {
+    frmTRItem& dialog = program.application.frmTRItem;
+    dialog.show();
+    Node& root = dialog.tvwStatement.nodes().add(nullptr, Relation::Last, "Conditions");
+    dialog.tvwStatement.nodes().select(&root);
+    press(program.widget<QWidget>(dialog, "picIF"), Qt::Key_Space, Qt::NoModifier);
+    ASSERT_EQ(root.children(), 1);
+    EXPECT_EQ(root.child()->text(), "if");
+}
+
+TEST_F(ModelerWindows, TheReleaseOnAPictureAddsItsStatement) {
+    frmTRItem& dialog = program.application.frmTRItem;
+    dialog.show();
+    Node& root = dialog.tvwStatement.nodes().add(nullptr, Relation::Last, "Conditions");
+    dialog.tvwStatement.nodes().select(&root);
+    auto& picture = program.widget<QWidget>(dialog, "picIF");
+    QTest::mousePress(&picture, Qt::LeftButton, {}, {5, 5});
+    EXPECT_EQ(root.children(), 0);
+    QTest::mouseRelease(&picture, Qt::LeftButton, {}, {5, 5});
+    EXPECT_EQ(root.children(), 1);
+    QTest::mouseRelease(&picture, Qt::LeftButton, {}, {5, 5});
+    EXPECT_EQ(root.children(), 1);
+}
+
+TEST_F(ModelerWindows, TheListOfMessagesShowsStreamAndFunctionBesideTheNames) {
+    frmTRMessage& dialog = program.application.frmTRMessage;
+    dialog.show();
+    dialog.cmbSECSMessage.add("Report");
+    dialog.cmbSECSMessage.noteOf = [](const std::string& entry) { return entry + ": S6 F11"; };
+    program.settle();
+    const auto& box = program.widget<QComboBox>(dialog, "cmbSECSMessage");
+    EXPECT_EQ(box.itemText(0), QStringLiteral("Report"));
+    EXPECT_EQ(box.itemData(0, ComboModel::kNoteRole).toString(), QStringLiteral("Report: S6 F11"));
 }
 
 TEST_F(ModelerWindows, TabReachesEveryFieldOfTheDialogsInItsOrder) {

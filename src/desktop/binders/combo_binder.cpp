@@ -9,6 +9,7 @@
 #include <QListView>
 #include <QProxyStyle>
 #include <QStylePainter>
+#include <QStyledItemDelegate>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -25,6 +26,33 @@ public:
                   QStyleHintReturn* result) const override {
         return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, result);
     }
+};
+
+/// Shows the note of an entry at the right edge, paler than the entry.
+class NotePainter final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        const QString note = index.data(ComboModel::kNoteRole).toString();
+        const QFontMetrics& metrics = option.fontMetrics;
+        const int free =
+            option.rect.width() - metrics.horizontalAdvance(index.data(Qt::DisplayRole).toString());
+        if (note.isEmpty() || free < metrics.horizontalAdvance(note) + 4 * kMargin)
+            return;
+        const bool selected = option.state.testFlag(QStyle::State_Selected);
+        painter->save();
+        painter->setPen(selected ? option.palette.color(QPalette::HighlightedText)
+                                 : option.palette.color(QPalette::Disabled, QPalette::Text));
+        painter->drawText(option.rect.adjusted(0, 0, -2 * kMargin, 0), Qt::AlignRight | Qt::AlignVCenter,
+                          note);
+        painter->restore();
+    }
+
+private:
+    static constexpr int kMargin = 4;
 };
 
 } // namespace
@@ -62,6 +90,8 @@ ComboBinder::ComboBinder(Combo& combo, StoreComboBox& box, Binding& binding)
     auto* list = new QListView(&box_);
     list->setUniformItemSizes(true);
     box_.setView(list);
+    if (combo_.noteOf)
+        list->setItemDelegate(new NotePainter(list));
     box_.setModel(model_);
     connect(&box_, &QComboBox::activated, this, [this](int row) {
         if (row >= 0)

@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace zb {
@@ -101,6 +102,8 @@ bool PaneBinder::eventFilter(QObject* watched, QEvent* event) {
         return mousePressed(static_cast<QMouseEvent&>(*event));
     case QEvent::MouseMove:
         return mouseMoved(static_cast<QMouseEvent&>(*event));
+    case QEvent::MouseButtonRelease:
+        return mouseReleased();
     case QEvent::KeyPress:
         return keyPressed(static_cast<QKeyEvent&>(*event));
     case QEvent::DragEnter:
@@ -115,10 +118,21 @@ bool PaneBinder::eventFilter(QObject* watched, QEvent* event) {
 
 bool PaneBinder::mousePressed(const QMouseEvent& event) {
     pressedAt_ = event.position().toPoint();
-    const bool told = static_cast<Pane&>(control()).onPress || control().onDragData;
-    if (told)
-        hands().click(Target::whole(control()));
+    const auto& pane = static_cast<Pane&>(control());
+    const bool told = pane.onPress || pane.onClick || control().onDragData;
+    const QPointer<Binder> alive(this);
+    const bool pressed =
+        told && hands().mouseDown(Target::whole(control()), UserHands::MouseButton::Left).empty();
+    if (alive)
+        pressed_ = pressed && event.button() == Qt::LeftButton;
     return told;
+}
+
+bool PaneBinder::mouseReleased() {
+    if (!std::exchange(pressed_, false))
+        return false;
+    hands().mouseUp(Target::whole(control()), UserHands::MouseButton::Left);
+    return true;
 }
 
 bool PaneBinder::mouseMoved(const QMouseEvent& event) {
@@ -126,18 +140,24 @@ bool PaneBinder::mouseMoved(const QMouseEvent& event) {
         (event.position().toPoint() - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
     if (!event.buttons().testFlag(Qt::LeftButton) || !control().onDragData || !far)
         return false;
-    if (const auto data = hands().beginDrag(Target::whole(control())))
+    const auto data = hands().beginDrag(Target::whole(control()));
+    pressed_ = pressed_ && !data;
+    if (data)
         runDrag(binding(), widget(), *data, widget().grab());
     return true;
 }
 
-// A picture is taken by the copy keys, and by the keys that press a button.
+// A picture is taken by the copy keys; the keys that press a button click on it.
 bool PaneBinder::keyPressed(QKeyEvent& event) {
-    const bool takes = event.matches(QKeySequence::Copy) || event.key() == Qt::Key_Space ||
-                       event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (!takes || !control().onDragData || !hands().click(Target::whole(control())).empty())
+    const Target whole = Target::whole(control());
+    const bool presses =
+        event.key() == Qt::Key_Space || event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (presses && static_cast<Pane&>(control()).onClick)
+        return hands().click(whole).empty();
+    if (!event.matches(QKeySequence::Copy) || !control().onDragData ||
+        !hands().mouseDown(whole, UserHands::MouseButton::Left).empty())
         return false;
-    takeUp(binding(), hands().beginDrag(Target::whole(control())));
+    takeUp(binding(), hands().beginDrag(whole));
     return true;
 }
 

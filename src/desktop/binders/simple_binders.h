@@ -42,9 +42,11 @@ private:
     bool keyPressed(QKeyEvent& event) override;
     bool mousePressed(const QMouseEvent& event);
     bool mouseMoved(const QMouseEvent& event);
+    bool mouseReleased();
     bool drops(QEvent& event);
 
     QPoint pressedAt_;
+    bool pressed_ = false; // the release is still that of a click
 };
 
 } // namespace zb

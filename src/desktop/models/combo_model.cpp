@@ -11,10 +11,20 @@ int ComboModel::rowCount(const QModelIndex& parent) const {
 
 QVariant ComboModel::data(const QModelIndex& index, int role) const {
     const auto row = static_cast<std::size_t>(index.row());
-    if (!index.isValid() || row >= store_.entries().size() ||
-        (role != Qt::DisplayRole && role != Qt::EditRole))
+    if (!index.isValid() || row >= store_.entries().size())
         return {};
-    return toQt(store_.entries()[row]);
+    const std::string& entry = store_.entries()[row];
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return toQt(entry);
+    case kNoteRole:
+        return store_.noteOf ? toQt(store_.noteOf(entry)) : QString();
+    case Qt::AccessibleDescriptionRole:
+        return data(index, kNoteRole);
+    default:
+        return {};
+    }
 }
 
 void ComboModel::reread() {

@@ -9,6 +9,9 @@ class Combo;
 /// The entries of a combo store, as a model.
 class ComboModel final : public QAbstractListModel {
 public:
+    /// What is shown after an entry.
+    static constexpr int kNoteRole = Qt::UserRole;
+
     explicit ComboModel(const Combo& store, QObject* parent) : QAbstractListModel(parent), store_(store) {}
 
     int rowCount(const QModelIndex& parent = {}) const override;

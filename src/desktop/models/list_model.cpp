@@ -38,7 +38,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return toQt(row->cell(static_cast<std::size_t>(index.column())));
     case Qt::ToolTipRole:
-        return toolTipOf(row->cell(static_cast<std::size_t>(index.column())));
+        return toolTip(*row, static_cast<std::size_t>(index.column()));
     case Qt::ForegroundRole:
         return isOrdinary(row->foreColor()) ? QVariant() : QBrush(readable(*row->foreColor()));
     case Qt::DecorationRole:
@@ -51,6 +51,11 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     default:
         return {};
     }
+}
+
+QString ListModel::toolTip(const ListRow& row, std::size_t column) const {
+    const std::string own = store_.toolTipOf ? store_.toolTipOf(row) : std::string();
+    return toolTipOf(own.empty() ? row.cell(column) : own);
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -26,6 +26,8 @@ public:
     void reread();
 
 private:
+    QString toolTip(const ListRow& row, std::size_t column) const;
+
     const List& store_;
     const Pictures& pictures_;
 };

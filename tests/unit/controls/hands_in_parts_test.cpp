@@ -1,6 +1,7 @@
 #include "controls/combo.h"
 #include "controls/desktop.h"
 #include "controls/list.h"
+#include "controls/simple_controls.h"
 #include "controls/text_field.h"
 #include "controls/tree.h"
 #include "controls/user_hands.h"
@@ -54,6 +55,45 @@ struct HandsInParts : ::testing::Test {
     UserHands hands{desktop};
     std::vector<std::string> log;
 };
+
+TEST_F(HandsInParts, ArrowKeysPassOverNodesThatAFilterHides) {
+    NodeTree& nodes = tree.nodes();
+    Node& first = nodes.add(nullptr, Relation::Last, "first");
+    nodes.add(&first, Relation::Child, "hidden a");
+    Node& child = nodes.add(&first, Relation::Child, "child");
+    nodes.add(&first, Relation::Child, "hidden b");
+    nodes.add(nullptr, Relation::Last, "hidden c");
+    Node& last = nodes.add(nullptr, Relation::Last, "last");
+    first.setExpanded(true);
+    nodes.select(&first);
+    tree.setFilter([](const Node& node) { return !node.text().starts_with("hidden"); });
+    std::vector<std::string> reached;
+    for (const int key : {kKeyDown, kKeyDown, kKeyDown, kKeyUp, kKeyUp, kKeyRight, kKeyEnd}) {
+        hands.key(tree, {key, 0});
+        reached.push_back(nodes.selected()->text());
+    }
+    EXPECT_THAT(reached, ElementsAre("child", "last", "last", "child", "first", "child", "last"));
+    EXPECT_EQ(nodes.count(), 6U);
+    tree.setFilter({});
+    nodes.select(&child);
+    hands.key(tree, {kKeyDown, 0});
+    EXPECT_EQ(nodes.selected()->text(), "hidden b");
+    EXPECT_EQ(last.previous()->text(), "hidden c");
+}
+
+TEST_F(HandsInParts, APictureThatIsDraggedIsNotClicked) {
+    Pane picture{window, "picTest"};
+    std::vector<std::string> heard;
+    picture.onPress = [&] { heard.emplace_back("press"); };
+    picture.onClick = [&] { heard.emplace_back("click"); };
+    picture.onDragData = [&]() -> std::optional<DragData> {
+        heard.emplace_back("drag");
+        return DragData{"x", &picture};
+    };
+    hands.click(Target::whole(picture));
+    hands.drag(Target::whole(picture), Target::whole(field));
+    EXPECT_THAT(heard, ElementsAre("press", "click", "press", "drag"));
+}
 
 TEST_F(HandsInParts, PressOnASelectedRowKeepsTheSelectionUntilTheRelease) {
     hands.click(on(row(0)));
