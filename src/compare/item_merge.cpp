@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <map>
 #include <optional>
-#include <ranges>
 #include <string>
 #include <utility>
 
@@ -39,8 +38,9 @@ public:
         };
         std::vector<Task> tasks;
         const auto addChildren = [&](const ItemNodes& nodes, std::size_t parent) {
-            const std::vector<ItemNodes> children = mergeChildren(nodes);
-            for (const ItemNodes& child : std::views::reverse(children))
+            std::vector<ItemNodes> children = mergeChildren(nodes);
+            std::reverse(children.begin(), children.end());
+            for (const ItemNodes& child : children)
                 tasks.push_back({child, parent});
         };
         addChildren({ItemTree::kRoot, ItemTree::kRoot, ItemTree::kRoot}, ItemTree::kRoot);

@@ -3,7 +3,6 @@
 #include "messages/message_nodes.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace zb {
 
@@ -47,8 +46,9 @@ std::string ItemTree::path(std::size_t node) const {
         const auto found = std::lower_bound(siblings.begin(), siblings.end(), node);
         positions.push_back(static_cast<std::size_t>(found - siblings.begin()) + 1);
     }
+    std::reverse(positions.begin(), positions.end());
     std::string path;
-    for (const std::size_t position : std::views::reverse(positions))
+    for (const std::size_t position : positions)
         path.append(path.empty() ? "" : "/").append(std::to_string(position));
     return path;
 }
