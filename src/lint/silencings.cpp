@@ -17,8 +17,13 @@ constexpr char kQuote = '"';
 constexpr std::size_t kMostWords = 3;
 
 std::string keyOf(std::string_view selector, std::string_view message, std::string_view item) {
+    // A message may have any characters in its name: only its length says where the item begins.
     std::string key(selector);
-    return key.append(1, '\n').append(message).append(1, '\n').append(item);
+    return key.append(1, '\n')
+        .append(std::to_string(message.size()))
+        .append(1, '\n')
+        .append(message)
+        .append(item);
 }
 
 std::string keyOf(const Silencing& silencing) {
@@ -71,9 +76,9 @@ std::string wordOf(const std::string& text) {
 
 std::string lineOf(const Silencing& silencing) {
     std::string line = wordOf(silencing.selector);
-    if (!silencing.message.empty())
+    if (!silencing.message.empty() || !silencing.item.empty())
         line += " " + wordOf(silencing.message);
-    if (!silencing.message.empty() && !silencing.item.empty())
+    if (!silencing.item.empty())
         line += " " + wordOf(silencing.item);
     return line;
 }

@@ -55,6 +55,23 @@ TEST(Silencings, KeepLinesThatCannotBeUnderstood) {
     }
 }
 
+TEST(Silencings, DifferInEveryWord) {
+    auto silencings = Silencings::parse("std.item \"A\\nB\"\n");
+    EXPECT_FALSE(silencings.silences(finding("std.item.length", "A", "B")));
+    silencings.add({"std.item", "A", "B"});
+    EXPECT_TRUE(silencings.silences(finding("std.item.length", "A", "B")));
+    EXPECT_EQ(silencings.text(), "std.item \"A\\nB\"\nstd.item A B\n");
+}
+
+TEST(Silencings, OfAPlaceWithoutAMessageDoNotBecomeOnesOfTheKind) {
+    Silencings silencings;
+    silencings.add(Silencing::placeOf({Severity::Warning, {}, "text", "std.structure"}));
+    EXPECT_EQ(silencings.text(), "std.structure \"\" .\n");
+    const auto read = Silencings::parse(silencings.text());
+    EXPECT_TRUE(read.silences({Severity::Warning, {}, "text", "std.structure"}));
+    EXPECT_FALSE(read.silences(finding("std.structure", "AlarmReport", "")));
+}
+
 TEST(Silencings, AreBesideTheProject) {
     EXPECT_EQ(silencingsPath("a/Etcher.zbp"), "a/Etcher.zbcheck");
     EXPECT_EQ(silencingsPath("Etcher"), "Etcher.zbcheck");
