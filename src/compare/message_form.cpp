@@ -210,8 +210,8 @@ public:
 } // namespace
 
 const PartForm& messageForm() {
-    static const MessageForm form;
-    return form;
+    static const MessageForm kForm;
+    return kForm;
 }
 
 std::string shownBlock(std::string_view block) {

@@ -136,13 +136,13 @@ public:
 } // namespace
 
 const PartForm& sequenceForm() {
-    static const SequenceForm form;
-    return form;
+    static const SequenceForm kForm;
+    return kForm;
 }
 
 const PartForm& foreignForm() {
-    static const ForeignForm form;
-    return form;
+    static const ForeignForm kForm;
+    return kForm;
 }
 
 } // namespace zb

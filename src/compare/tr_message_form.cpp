@@ -203,8 +203,8 @@ public:
 } // namespace
 
 const PartForm& trMessageForm() {
-    static const TrMessageForm form;
-    return form;
+    static const TrMessageForm kForm;
+    return kForm;
 }
 
 std::string shownPart(const Entry& part) {

@@ -8,8 +8,8 @@
 namespace zb {
 
 const std::string& ListRow::cell(std::size_t column) const {
-    static const std::string none;
-    return column < cells_.size() ? cells_[column] : none;
+    static const std::string kNone;
+    return column < cells_.size() ? cells_[column] : kNone;
 }
 
 void ListRow::setCell(std::size_t column, std::string text) {

@@ -32,7 +32,8 @@ public:
 
     /// Shows only the messages of the library that contain its text.
     TextField txtSourceFilter{*this, "txtSourceFilter"};
-    /// The file of the loaded library, and what of it could not be read. Hidden while there is nothing to say.
+    /// The file of the loaded library, and what of it could not be read. Hidden while there is nothing to
+    /// say.
     /// @{
     Label lblLibraryFile{*this, "lblLibraryFile"};
     Label lblLibraryNotice{*this, "lblLibraryNotice"};

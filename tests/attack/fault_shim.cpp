@@ -42,22 +42,22 @@ Function real(const char* name) {
 }
 
 ssize_t realWrite(int descriptor, const void* bytes, size_t count) {
-    static const auto call = real<ssize_t (*)(int, const void*, size_t)>("write");
-    return call(descriptor, bytes, count);
+    static const auto kCall = real<ssize_t (*)(int, const void*, size_t)>("write");
+    return kCall(descriptor, bytes, count);
 }
 
 void note(const char* call, const char* path) {
     const std::string_view file = setting("ATTACK_COUNT");
     if (file.empty())
         return;
-    static const auto open = real<int (*)(const char*, int, ...)>("open");
-    static const auto close = real<int (*)(int)>("close");
-    const int descriptor = open(std::string(file).c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    static const auto kOpen = real<int (*)(const char*, int, ...)>("open");
+    static const auto kClose = real<int (*)(int)>("close");
+    const int descriptor = kOpen(std::string(file).c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
     const std::string line = std::string(call) + " " + path + "\n";
     if (descriptor >= 0) {
         if (realWrite(descriptor, line.data(), line.size()) < 0)
             std::abort();
-        close(descriptor);
+        kClose(descriptor);
     }
 }
 
@@ -121,26 +121,26 @@ mode_t modeOf(int flags, va_list arguments) {
 extern "C" {
 
 int open(const char* path, int flags, ...) {
-    static const auto call = real<int (*)(const char*, int, ...)>("open");
+    static const auto kCall = real<int (*)(const char*, int, ...)>("open");
     va_list arguments;
     va_start(arguments, flags);
     const mode_t mode = modeOf(flags, arguments);
     va_end(arguments);
-    return hit("open", path) == Hit::Fails ? -1 : call(path, flags, mode);
+    return hit("open", path) == Hit::Fails ? -1 : kCall(path, flags, mode);
 }
 
 int open64(const char* path, int flags, ...) {
-    static const auto call = real<int (*)(const char*, int, ...)>("open64");
+    static const auto kCall = real<int (*)(const char*, int, ...)>("open64");
     va_list arguments;
     va_start(arguments, flags);
     const mode_t mode = modeOf(flags, arguments);
     va_end(arguments);
-    return hit("open", path) == Hit::Fails ? -1 : call(path, flags, mode);
+    return hit("open", path) == Hit::Fails ? -1 : kCall(path, flags, mode);
 }
 
 ssize_t read(int descriptor, void* bytes, size_t count) {
-    static const auto call = real<ssize_t (*)(int, void*, size_t)>("read");
-    return hit("read", pathOf(descriptor)) == Hit::Fails ? -1 : call(descriptor, bytes, count);
+    static const auto kCall = real<ssize_t (*)(int, void*, size_t)>("read");
+    return hit("read", pathOf(descriptor)) == Hit::Fails ? -1 : kCall(descriptor, bytes, count);
 }
 
 ssize_t write(int descriptor, const void* bytes, size_t count) {
@@ -151,10 +151,10 @@ ssize_t write(int descriptor, const void* bytes, size_t count) {
 }
 
 int close(int descriptor) {
-    static const auto call = real<int (*)(int)>("close");
+    static const auto kCall = real<int (*)(int)>("close");
     const Hit result = hit("close", pathOf(descriptor));
     const int number = errno;
-    const int answer = call(descriptor); // it closes all the same
+    const int answer = kCall(descriptor); // it closes all the same
     if (result != Hit::Fails)
         return answer;
     errno = number;
@@ -162,33 +162,33 @@ int close(int descriptor) {
 }
 
 int fsync(int descriptor) {
-    static const auto call = real<int (*)(int)>("fsync");
-    return hit("fsync", pathOf(descriptor)) == Hit::Fails ? -1 : call(descriptor);
+    static const auto kCall = real<int (*)(int)>("fsync");
+    return hit("fsync", pathOf(descriptor)) == Hit::Fails ? -1 : kCall(descriptor);
 }
 
 int ftruncate(int descriptor, off_t length) noexcept {
-    static const auto call = real<int (*)(int, off_t)>("ftruncate");
-    return hit("ftruncate", pathOf(descriptor)) == Hit::Fails ? -1 : call(descriptor, length);
+    static const auto kCall = real<int (*)(int, off_t)>("ftruncate");
+    return hit("ftruncate", pathOf(descriptor)) == Hit::Fails ? -1 : kCall(descriptor, length);
 }
 
 int fchmod(int descriptor, mode_t mode) noexcept {
-    static const auto call = real<int (*)(int, mode_t)>("fchmod");
-    return hit("fchmod", pathOf(descriptor)) == Hit::Fails ? -1 : call(descriptor, mode);
+    static const auto kCall = real<int (*)(int, mode_t)>("fchmod");
+    return hit("fchmod", pathOf(descriptor)) == Hit::Fails ? -1 : kCall(descriptor, mode);
 }
 
 int rename(const char* from, const char* to) noexcept {
-    static const auto call = real<int (*)(const char*, const char*)>("rename");
-    return hit("rename", from) == Hit::Fails ? -1 : call(from, to);
+    static const auto kCall = real<int (*)(const char*, const char*)>("rename");
+    return hit("rename", from) == Hit::Fails ? -1 : kCall(from, to);
 }
 
 int unlink(const char* path) noexcept {
-    static const auto call = real<int (*)(const char*)>("unlink");
-    return hit("unlink", path) == Hit::Fails ? -1 : call(path);
+    static const auto kCall = real<int (*)(const char*)>("unlink");
+    return hit("unlink", path) == Hit::Fails ? -1 : kCall(path);
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {
-    static const auto call = real<int (*)(const char*, mode_t)>("mkdir");
-    return hit("mkdir", path) == Hit::Fails ? -1 : call(path, mode);
+    static const auto kCall = real<int (*)(const char*, mode_t)>("mkdir");
+    return hit("mkdir", path) == Hit::Fails ? -1 : kCall(path, mode);
 }
 
 } // extern "C"

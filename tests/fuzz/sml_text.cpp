@@ -34,9 +34,9 @@ std::vector<zb::SECSMessageRecord> recordsOf(const zb::SmlLibrary& library) {
 /// Any text is read as SML: the result follows the grammar of definitions, and what is written from it can be
 /// read again.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-    static const zb::CodePage codePage(1252);
+    static const zb::CodePage kCodePage(1252);
     const std::string text = zb::sanitizeUtf8(zb::fuzz::asText(data, size));
-    const zb::SmlLibrary library = zb::readSml(text, codePage);
+    const zb::SmlLibrary library = zb::readSml(text, kCodePage);
     std::set<std::string> names;
     for (const zb::SmlMessage& message : library.messages) {
         demand(names.insert(zb::upper(message.name)).second, "names are unique");
@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     std::vector<const zb::SECSMessageRecord*> all;
     for (const zb::SECSMessageRecord& record : records)
         all.push_back(&record);
-    demand(zb::readSml(zb::composeSml(all), codePage).messages.size() <= records.size(),
+    demand(zb::readSml(zb::composeSml(all), kCodePage).messages.size() <= records.size(),
            "what is written holds no message more");
     return 0;
 }

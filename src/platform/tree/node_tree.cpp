@@ -79,8 +79,8 @@ void Node::setForeColor(OptionalColor color) {
 }
 
 const std::string& Node::image() const {
-    static const std::string none;
-    return image_ ? *image_ : none;
+    static const std::string kNone;
+    return image_ ? *image_ : kNone;
 }
 
 void Node::setImage(std::string image) {

@@ -19,12 +19,12 @@ std::vector<std::string> readNames(const std::string& file) {
 
 std::string numberRepeatedItems(std::string_view layout) {
     // A list's "L" is followed by its bracket, an item's name never is.
-    static const std::regex itemName(R"([A-Z][A-Z0-9]*(?![A-Z0-9*\[]))");
+    static const std::regex kItemName(R"([A-Z][A-Z0-9]*(?![A-Z0-9*\[]))");
     const std::string text(layout);
     std::map<std::string, int> seen;
     std::string numbered;
     auto position = text.cbegin();
-    for (std::sregex_iterator it(text.begin(), text.end(), itemName), end; it != end; ++it) {
+    for (std::sregex_iterator it(text.begin(), text.end(), kItemName), end; it != end; ++it) {
         numbered.append(position, (*it)[0].second);
         position = (*it)[0].second;
         if (const int place = ++seen[it->str()]; place > 1)

@@ -27,7 +27,7 @@ struct NamedForm {
 };
 
 const std::map<std::string, NamedForm>& namedForms() {
-    static const std::map<std::string, NamedForm> forms{
+    static const std::map<std::string, NamedForm> kForms{
         {"AreYouThere", {1, 1, 0, std::nullopt}},
         {"OnLineData", {1, 2, 0, "H<-E"}},
         {"IAmHere", {1, 2, 1, "H->E"}},
@@ -38,7 +38,7 @@ const std::map<std::string, NamedForm>& namedForms() {
         {"DateTimeRequest", {2, 17, 0, std::nullopt}},
         {"DateTimeData", {2, 18, 0, std::nullopt}},
     };
-    return forms;
+    return kForms;
 }
 
 std::vector<Message> semiMessages() {

@@ -67,9 +67,10 @@ private:
 
     // True when a point after the head ends the message.
     bool readHead(Message& message) {
-        static const std::regex form(R"(([^: ]+): S(\d+) F(\d+)( W)?( <R>)?( <NL>)? (H->E|H<-E|H<->E)(\.)?)");
+        static const std::regex kForm(
+            R"(([^: ]+): S(\d+) F(\d+)( W)?( <R>)?( <NL>)? (H->E|H<-E|H<->E)(\.)?)");
         std::smatch part;
-        if (ended_ || !std::regex_match(line_, part, form))
+        if (ended_ || !std::regex_match(line_, part, kForm))
             fail("expected a head");
         message.name = part[1];
         message.stream = std::stoi(part[2]);
@@ -110,9 +111,10 @@ private:
     }
 
     Item parseItem(const std::string& inner) const {
-        static const std::regex form(R"(([A-Z][A-Z0-9]*) (\d+)(V)?(?: ([A-Za-z_][A-Za-z0-9_]*))?(?: (.*))?)");
+        static const std::regex kForm(
+            R"(([A-Z][A-Z0-9]*) (\d+)(V)?(?: ([A-Za-z_][A-Za-z0-9_]*))?(?: (.*))?)");
         std::smatch part;
-        if (!std::regex_match(inner, part, form))
+        if (!std::regex_match(inner, part, kForm))
             fail("expected an item");
         Item item;
         item.type = part[1];
