@@ -69,11 +69,13 @@ bool isUnchanged(const TreeEdit& edit) {
     return edit.other == now;
 }
 
+constexpr int kNamelessRoot = 1;
+
 /// What is worth showing most comes first: nodes near the root, and among roots those with a name.
 int rankOf(const Node& node) {
     if (node.parent() != nullptr)
         return node.level() + 1;
-    return node.text().find(':') != std::string::npos ? 0 : 1;
+    return node.text().find(':') != std::string::npos ? 0 : kNamelessRoot;
 }
 
 /// One number for each part of each node: nodes are further apart than a part is wide.
@@ -196,7 +198,8 @@ Node* TreePart::affected(UndoHistory::Way way) const {
         removed = removed || (structure && !there);
         if (!there || (!structure && !text))
             continue;
-        if (edit.node == preferred)
+        // A separator may have been selected when its message was deleted.
+        if (edit.node == preferred && rankOf(*preferred) != kNamelessRoot)
             return preferred;
         Node*& best = structure ? added : changed;
         if (best == nullptr || rankOf(*edit.node) < rankOf(*best))

@@ -47,7 +47,7 @@ public:
     void append(std::unique_ptr<StepPart> later) override;
 
     /// The node to show after this part was undone or redone: what came back or was changed, preferably the
-    /// node that was selected then. Null for none.
+    /// node that was selected then, unless it is a root without a name. Null for none.
     Node* affected(UndoHistory::Way way) const;
 
 private:

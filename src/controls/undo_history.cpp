@@ -14,16 +14,23 @@ std::size_t bytesOf(const UndoHistory::Step& step) {
     return sum;
 }
 
+/// The place of the joint step among the steps; their number when it is not there.
+std::size_t placeOf(JointStep joint, const std::deque<UndoHistory::Step>& steps) {
+    const auto found =
+        std::find_if(steps.begin(), steps.end(), [&](const auto& step) { return step.joint == joint; });
+    return static_cast<std::size_t>(found - steps.begin());
+}
+
 } // namespace
 
-UndoHistory::Step UndoHistory::takeStep(const std::string& name, TypingPlace place) {
-    Step step{name, place, {}};
+UndoHistory::Step UndoHistory::takeStep(const std::string& name, TypingPlace place, JointStep joint) {
+    Step step{name, place, {}, joint};
     bool any = false;
     for (StepSource* source : sources_) {
         step.parts.push_back(source->take());
         any = any || step.parts.back() != nullptr;
     }
-    if (!any)
+    if (!any && joint == kNotJoint)
         step.parts.clear();
     return step;
 }
@@ -42,13 +49,13 @@ bool UndoHistory::isTypingAt(TypingPlace place) const {
     return place && !undone_.empty() && undone_.back().place == place && !isSaved();
 }
 
-void UndoHistory::closeStep(const std::string& name, TypingPlace place) {
-    if (moving_ || !hasChanged())
+void UndoHistory::closeStep(const std::string& name, TypingPlace place, JointStep joint) {
+    if (moving_ || (joint == kNotJoint && !hasChanged()))
         return;
-    Step step = takeStep(name, place);
+    Step step = takeStep(name, place, joint);
     if (step.parts.empty())
         return;
-    if (changesDocument(step)) {
+    if (joint != kNotJoint || changesDocument(step)) {
         push(std::move(step));
         tell();
     } else if (!undone_.empty()) {
@@ -58,7 +65,7 @@ void UndoHistory::closeStep(const std::string& name, TypingPlace place) {
 }
 
 void UndoHistory::push(Step step) {
-    dropRedone();
+    dropRedone(redone_.size());
     if (isTypingAt(step.place)) {
         append(undone_.back(), std::move(step));
     } else {
@@ -85,25 +92,57 @@ void UndoHistory::endTyping() {
         undone_.back().place = {};
 }
 
-// The saved state is gone with the steps that led to it.
-void UndoHistory::dropRedone() {
-    if (saved_ && *saved_ > undone_.size())
+// Those that are redone last go first; the saved state may be gone with them.
+void UndoHistory::dropRedone(std::size_t count) {
+    std::vector<JointStep> joints;
+    for (; count > 0; --count) {
+        bytes_ -= bytesOf(redone_.front());
+        joints.push_back(redone_.front().joint);
+        redone_.pop_front();
+    }
+    if (saved_ && *saved_ > undone_.size() + redone_.size())
         saved_.reset();
-    for (const Step& step : redone_)
-        bytes_ -= bytesOf(step);
-    redone_.clear();
+    forgotten(joints);
 }
 
 void UndoHistory::dropOldest() {
+    std::size_t count = 0;
+    std::size_t bytes = bytes_;
     // The last step stays, however large it is.
-    while (undone_.size() > 1 && (undone_.size() > mostSteps_ || bytes_ > mostBytes_)) {
+    while (undone_.size() - count > 1 && (undone_.size() - count > mostSteps_ || bytes > mostBytes_))
+        bytes -= bytesOf(undone_[count++]);
+    dropUndone(count);
+}
+
+void UndoHistory::dropUndone(std::size_t count) {
+    std::vector<JointStep> joints;
+    for (; count > 0; --count) {
         bytes_ -= bytesOf(undone_.front());
+        joints.push_back(undone_.front().joint);
         undone_.pop_front();
         if (saved_ && *saved_ == 0)
             saved_.reset();
         else if (saved_)
             --*saved_;
     }
+    forgotten(joints);
+}
+
+void UndoHistory::forgotten(const std::vector<JointStep>& joints) const {
+    for (const JointStep joint : joints) {
+        if (joint != kNotJoint && onJointForgotten)
+            onJointForgotten(joint);
+    }
+}
+
+void UndoHistory::forgetJoint(JointStep joint) {
+    if (const std::size_t place = placeOf(joint, undone_); place < undone_.size())
+        dropUndone(place + 1);
+    else if (const std::size_t later = placeOf(joint, redone_); later < redone_.size())
+        dropRedone(later + 1);
+    else
+        return;
+    tell();
 }
 
 /// What an undo or redo does is not recorded again.
@@ -126,6 +165,8 @@ private:
 
 void UndoHistory::move(Way way) {
     // A change that has not become a step yet is the first to be undone.
+    if (beforeMove)
+        beforeMove();
     closeStep("Change");
     auto& from = way == Way::Undone ? undone_ : redone_;
     auto& to = way == Way::Undone ? redone_ : undone_;
@@ -138,6 +179,8 @@ void UndoHistory::move(Way way) {
             from.pop_back();
             to.back().place = {};
             apply(to.back(), way);
+            if (to.back().joint != kNotJoint && onJointMoved)
+                onJointMoved(to.back(), way);
         } catch (...) {
             giveUp(); // half a step cannot be followed by others
             throw;
@@ -147,6 +190,17 @@ void UndoHistory::move(Way way) {
             onMoved(to.back(), way);
     }
     tell();
+}
+
+std::size_t UndoHistory::moveTo(JointStep joint, Way way) {
+    const auto& from = way == Way::Undone ? undone_ : redone_;
+    if (moving_ || placeOf(joint, from) == from.size())
+        return 0;
+    std::size_t others = 0;
+    for (; from.back().joint != joint; ++others)
+        move(way);
+    move(way);
+    return others;
 }
 
 void UndoHistory::apply(const Step& step, Way way) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -52,6 +53,10 @@ struct TypingPlace {
     friend bool operator==(const TypingPlace&, const TypingPlace&) = default;
 };
 
+/// The number of a step that is one step of several documents, and is undone and redone in all of them.
+using JointStep = std::uint64_t;
+inline constexpr JointStep kNotJoint = 0;
+
 /// The undoable steps of one document. A step is what its stores changed during one action of the user. The
 /// history drops its oldest steps when it has too many or keeps too much memory.
 class UndoHistory {
@@ -63,6 +68,7 @@ public:
         std::string name; ///< "Delete S5F2"
         TypingPlace place;
         std::vector<std::unique_ptr<StepPart>> parts; ///< one for each source, null where nothing changed
+        JointStep joint = kNotJoint;
     };
     enum class Way { Undone, Redone };
 
@@ -75,8 +81,9 @@ public:
     void add(StepSource& source) { sources_.push_back(&source); }
 
     /// Makes a step of what the sources recorded. Typing continues the last step when that was made at the
-    /// same place. Without a change there is no step, and changed looks go with the last one.
-    void closeStep(const std::string& name, TypingPlace place = {});
+    /// same place. Without a change there is no step, and changed looks go with the last one. A joint step is
+    /// one in any case.
+    void closeStep(const std::string& name, TypingPlace place = {}, JointStep joint = kNotJoint);
     /// Whether there is anything to make a step of.
     bool hasChanged() const;
     /// The next typing begins a step of its own.
@@ -96,6 +103,13 @@ public:
     void undo() { move(Way::Undone); }
     void redo() { move(Way::Redone); }
     /// @}
+    /// Undoes or redoes up to and including the joint step, if it can be; returns how many other steps went
+    /// that way. Nothing happens during another undo or redo.
+    std::size_t moveTo(JointStep joint, Way way);
+    bool isMoving() const { return moving_; }
+    /// Another document has forgotten its part of the joint step: forgets this part too, with all steps that
+    /// can be reached only through it.
+    void forgetJoint(JointStep joint);
 
     /// Forgets all steps and records from now on; the document counts as saved.
     void clear();
@@ -118,18 +132,26 @@ public:
 
     /// Shows the user what a step has changed, after it was undone or redone.
     std::function<void(const Step& step, Way way)> onMoved;
+    /// An undo or redo begins: what has changed so far must become steps, in all documents.
+    std::function<void()> beforeMove;
+    /// A joint step was undone or redone here: its other documents must follow.
+    std::function<void(const Step& step, Way way)> onJointMoved;
+    /// A joint step can be neither undone nor redone here any more.
+    std::function<void(JointStep joint)> onJointForgotten;
     /// Called whenever names, possibilities or `isSaved` may have changed.
     void addListener(std::function<void()> listener) { listeners_.push_back(std::move(listener)); }
 
 private:
     class Recording;
 
-    Step takeStep(const std::string& name, TypingPlace place);
+    Step takeStep(const std::string& name, TypingPlace place, JointStep joint);
     void push(Step step);
     void append(Step& to, Step from);
     static bool changesDocument(const Step& step);
-    void dropRedone();
+    void dropRedone(std::size_t count);
     void dropOldest();
+    void dropUndone(std::size_t count);
+    void forgotten(const std::vector<JointStep>& joints) const;
     void move(Way way);
     static void apply(const Step& step, Way way);
     void forget() noexcept;

@@ -20,6 +20,28 @@ std::string plainCaption(const Control& control) {
 
 } // namespace
 
+void UserSteps::add(UndoHistory& history) {
+    histories_.push_back(&history);
+    history.beforeMove = [this] { closeStep(); };
+    history.onJointMoved = [this, &history](const UndoHistory::Step& step, UndoHistory::Way way) {
+        std::size_t others = 0;
+        for (UndoHistory* other : histories_) {
+            if (other != &history)
+                others += other->moveTo(step.joint, way);
+        }
+        // Not for the ones that follow: they are on their way within this one.
+        const bool isFirst = std::none_of(histories_.begin(), histories_.end(), [&](const auto* other) {
+            return other != &history && other->isMoving();
+        });
+        if (isFirst && onJointMoved)
+            onJointMoved(step, way, others);
+    };
+    history.onJointForgotten = [this](JointStep joint) {
+        for (UndoHistory* other : histories_)
+            other->forgetJoint(joint);
+    };
+}
+
 void UserSteps::name(std::string name, TypingPlace place) {
     if (!name_.empty())
         return;
@@ -51,8 +73,9 @@ void UserSteps::closeStep() {
         name = plainCaption(*control_);
     if (name.empty())
         name = "Change";
+    const JointStep joint = reach_ == Reach::AllDocuments ? ++lastJoint_ : kNotJoint;
     for (UndoHistory* history : histories_)
-        history->closeStep(name, place_);
+        history->closeStep(name, place_, joint);
 }
 
 void UserSteps::endTyping() {
@@ -65,10 +88,15 @@ bool UserSteps::move(const Window& window, UndoKey way) {
     if (history == nullptr || way == UndoKey::None)
         return false;
     closeStep();
-    if (way == UndoKey::Undo)
-        history->undo();
-    else
-        history->redo();
+    try {
+        if (way == UndoKey::Undo)
+            history->undo();
+        else
+            history->redo();
+    } catch (...) {
+        giveUp();
+        throw;
+    }
     return true;
 }
 
@@ -77,9 +105,13 @@ void UserSteps::close() noexcept {
     try {
         closeStep();
     } catch (...) {
-        for (UndoHistory* history : histories_)
-            history->giveUp();
+        giveUp();
     }
+}
+
+void UserSteps::giveUp() noexcept {
+    for (UndoHistory* history : histories_)
+        history->giveUp();
 }
 
 UserSteps::Action::Action(UserSteps& steps, const Control* control) : steps_(steps) {
@@ -99,17 +131,19 @@ UserSteps::Action::~Action() {
     steps_.place_ = {};
 }
 
-UserSteps::Part::Part(UserSteps& steps, std::string name, TypingPlace place)
-    : steps_(steps), placeBefore_(steps.place_) {
+UserSteps::Part::Part(UserSteps& steps, std::string name, TypingPlace place, Reach reach)
+    : steps_(steps), placeBefore_(steps.place_), reachBefore_(steps.reach_) {
     steps_.close();
     nameBefore_ = std::exchange(steps_.name_, std::move(name));
     steps_.place_ = place;
+    steps_.reach_ = reach;
 }
 
 UserSteps::Part::~Part() {
     steps_.close();
     steps_.name_ = std::move(nameBefore_);
     steps_.place_ = placeBefore_;
+    steps_.reach_ = reachBefore_;
 }
 
 } // namespace zb

@@ -3,6 +3,7 @@
 #include "controls/key.h"
 #include "controls/undo_history.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -23,7 +24,7 @@ public:
     UserSteps& operator=(const UserSteps&) = delete;
 
     /// The history must outlive all actions.
-    void add(UndoHistory& history) { histories_.push_back(&history); }
+    void add(UndoHistory& history);
     /// The history that the keys of a window undo and redo; null for none.
     std::function<UndoHistory*(const Window& window)> historyOf;
     UndoHistory* find(const Window& window) const { return historyOf ? historyOf(window) : nullptr; }
@@ -44,6 +45,13 @@ public:
 
     /// Undoes or redoes in the history of the window; false when it has none.
     bool move(const Window& window, UndoKey way);
+    /// A step of all documents was undone or redone in one of them, and with it in the others, where so many
+    /// other steps had to go the same way.
+    std::function<void(const UndoHistory::Step& step, UndoHistory::Way way, std::size_t others)> onJointMoved;
+
+    /// Whose step a part of an action is: of each document that it changed, each with its own undo, or one of
+    /// all documents, which are undone and redone together.
+    enum class Reach { EachDocument, AllDocuments };
 
     /// An action of the user, for as long as this exists.
     class Action {
@@ -61,7 +69,7 @@ public:
     /// something else brings.
     class Part {
     public:
-        Part(UserSteps& steps, std::string name, TypingPlace place = {});
+        Part(UserSteps& steps, std::string name, TypingPlace place = {}, Reach reach = Reach::EachDocument);
         ~Part();
         Part(const Part&) = delete;
         Part& operator=(const Part&) = delete;
@@ -70,16 +78,20 @@ public:
         UserSteps& steps_;
         std::string nameBefore_;
         TypingPlace placeBefore_;
+        Reach reachBefore_;
     };
 
 private:
     void close() noexcept;
+    void giveUp() noexcept;
 
     std::vector<UndoHistory*> histories_;
     int depth_ = 0;
     const Control* control_ = nullptr; // of the outermost action
     std::string name_;
     TypingPlace place_;
+    Reach reach_ = Reach::EachDocument;
+    JointStep lastJoint_ = kNotJoint;
 };
 
 } // namespace zb

@@ -114,4 +114,10 @@ std::string composeModel(const TRModelStore& model) {
     return lines.take();
 }
 
+std::string composeTRMessage(const TRMessageRecord& message) {
+    FactLines lines;
+    writeMessage(lines, message);
+    return lines.take();
+}
+
 } // namespace zb

@@ -44,6 +44,12 @@ public:
         if (messages_.add(std::move(record)) && recorder_ != nullptr)
             recorder_->afterAdd(TRMessages().size() - 1);
     }
+    /// Puts the record there. The caller has checked that the name is free.
+    void addAt(std::size_t position, std::unique_ptr<TRMessageRecord> record) {
+        insertAt(position, std::move(record));
+        if (recorder_ != nullptr)
+            recorder_->afterAdd(position);
+    }
     /// Null when there is none; the name is compared exactly.
     TRMessageRecord* getTRMessage(std::string_view name) const { return messages_.find(name); }
     /// The same for a user who is going to change the message or its items.
@@ -56,9 +62,10 @@ public:
     /// No effect for an unknown name.
     void deleteTRMessage(std::string_view name) {
         const TRMessageRecord* message = messages_.find(name);
-        if (message == nullptr)
-            return;
-        const std::size_t position = messages_.positionOf(*message);
+        if (message != nullptr)
+            deleteAt(messages_.positionOf(*message));
+    }
+    void deleteAt(std::size_t position) {
         std::unique_ptr<TRMessageRecord> removed = messages_.takeAt(position);
         if (recorder_ != nullptr)
             recorder_->afterRemove(position, std::move(removed));

@@ -8,7 +8,9 @@
 #include "modeler/tr_object_table.h"
 #include "project/project_text.h"
 
+#include <cstddef>
 #include <memory>
+#include <vector>
 
 namespace zb {
 
@@ -117,18 +119,53 @@ void frmTRModeler::displayModel() {
     initializeTreeView(tvwSndTRMsg);
     if (const TRModelStore* model = store(); model != nullptr) {
         for (const auto& record : model->TRMessages()) {
-            if (record->Direction() == model->SentDirection()) {
-                addMessageNode(tvwSndTRMsg, record->Name(), kSentPicture);
-            } else if (record->Direction() == model->ReceivedDirection()) {
-                if (Node* node = addMessageNode(tvwRcvTRMsg, record->Name(), kReceivedPicture))
-                    addTRItemNodes(tvwRcvTRMsg, *node, *record);
-            }
+            if (Tree* tree = treeOf(*record); tree != nullptr)
+                addNodeOf(*tree, *record);
         }
     }
     Node* root = tvwRcvTRMsg.nodes().firstRoot();
     selectTreeNode(tvwRcvTRMsg, root);
     tvwRcvTRMsg.nodes().select(root);
     showTRObjects(kReceiveRoot);
+}
+
+Node* frmTRModeler::addNodeOf(Tree& tree, const TRMessageRecord& record) {
+    const bool sent = &tree == &tvwSndTRMsg;
+    Node* node = addMessageNode(tree, record.Name(), sent ? kSentPicture : kReceivedPicture);
+    if (node != nullptr && !sent)
+        addTRItemNodes(tree, *node, record);
+    return node;
+}
+
+void frmTRModeler::followModel() {
+    followModel(tvwRcvTRMsg, store()->ReceivedDirection());
+    followModel(tvwSndTRMsg, store()->SentDirection());
+    Tree& tree = current_.tree == nullptr ? tvwRcvTRMsg : *current_.tree;
+    showAgain(tree, tree.nodes().selected());
+}
+
+void frmTRModeler::followModel(Tree& tree, int direction) {
+    std::vector<const TRMessageRecord*> records;
+    for (const auto& record : store()->TRMessages()) {
+        if (record->Direction() == direction)
+            records.push_back(record.get());
+    }
+    Node* root = tree.nodes().firstRoot();
+    const Node* kept = nullptr;
+    std::size_t at = 0;
+    for (const Node* node = root->child(); node != nullptr && at < records.size();
+         node = node->next(), ++at) {
+        if (!showsMessage(*node, *records[at], &tree == &tvwRcvTRMsg))
+            break;
+        kept = node;
+    }
+    if (root->lastChild() == kept && at == records.size())
+        return;
+    const NodeTree::Filling filling(tree.nodes());
+    while (root->lastChild() != kept)
+        tree.nodes().remove(*root->lastChild());
+    for (; at < records.size(); ++at)
+        addNodeOf(tree, *records[at]);
 }
 
 void frmTRModeler::showTRObjects(std::string_view name) {
@@ -153,12 +190,7 @@ void frmTRModeler::displayAddedTRMessage(std::string_view name) {
     if (record == nullptr)
         return;
     Tree* tree = treeOf(*record);
-    Node* node = nullptr;
-    if (tree != nullptr)
-        node = addMessageNode(*tree, name, isSent(*record) ? kSentPicture : kReceivedPicture);
-    if (node != nullptr && !isSent(*record))
-        addTRItemNodes(tvwRcvTRMsg, *node, *record);
-    showMessage(*record, node);
+    showMessage(*record, tree == nullptr ? nullptr : addNodeOf(*tree, *record));
 }
 
 void frmTRModeler::displayUpdatedTRMessage(std::string_view name) {

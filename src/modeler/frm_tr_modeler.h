@@ -52,6 +52,9 @@ public:
     void initializeTreeView(Tree& tree);
     /// Fills both trees and the table from the store, and selects the root of the received messages.
     void displayModel();
+    /// The store has become another one: the trees follow from the first difference on, and the node that is
+    /// selected is shown again.
+    void followModel();
     /// Shows the contents of a node with that text in the table.
     void showTRObjects(std::string_view name);
     /// Shows a node as a press on it does, but leaves its mark: after an undo. Null shows the root.
@@ -83,6 +86,9 @@ private:
     /// What the dialogs have put aside is of another project.
     void forgetWork();
     std::string toolTipOfObject(const ListRow& row) const;
+    void followModel(Tree& tree, int direction);
+    /// Null when the tree shows a message of that name already.
+    Node* addNodeOf(Tree& tree, const TRMessageRecord& record);
     const TRMessageRecord* recordOf(std::string_view name) const;
     bool isSent(const TRMessageRecord& record) const;
     /// Null for a Direction that is neither received nor sent.

@@ -99,6 +99,20 @@ void addTRItemNodes(Tree& tree, Node& message, const TRMessageRecord& record) {
         addItemNode(tree, message, item->Name(), itemPicture(item->Name()));
 }
 
+bool showsMessage(const Node& node, const TRMessageRecord& record, bool withItems) {
+    if (node.text() != record.Name())
+        return false;
+    const Node* shown = node.child();
+    for (const auto& item : record.TRItems()) {
+        if (!withItems)
+            break;
+        if (shown == nullptr || shown->text() != item->Name())
+            return false;
+        shown = shown->next();
+    }
+    return shown == nullptr;
+}
+
 void reveal(Tree& tree, Node& node) {
     for (Node* above = node.parent(); above != nullptr; above = above->parent())
         above->setExpanded(true);

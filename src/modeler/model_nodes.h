@@ -54,6 +54,9 @@ Node* addItemNode(Tree& tree, Node& message, std::string_view item, const char* 
 /// One node per item, below the message's node.
 void addTRItemNodes(Tree& tree, Node& message, const TRMessageRecord& record);
 
+/// Whether the node, with those below it, shows the message and the names of these items.
+bool showsMessage(const Node& node, const TRMessageRecord& record, bool withItems);
+
 /// Selects the node and expands its ancestors.
 void reveal(Tree& tree, Node& node);
 

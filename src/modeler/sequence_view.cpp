@@ -64,6 +64,25 @@ void SequenceView::show(Sequences sequences) {
         insertRow(at);
 }
 
+void SequenceView::change(const Sequences& wanted) {
+    const auto& before = sequences_.rows();
+    const auto& after = wanted.rows();
+    const std::size_t shorter = std::min(before.size(), after.size());
+    std::size_t head = 0;
+    while (head < shorter && before[head] == after[head])
+        ++head;
+    std::size_t tail = 0;
+    while (tail < shorter - head && before[before.size() - 1 - tail] == after[after.size() - 1 - tail])
+        ++tail;
+    SequenceRows rows;
+    for (std::size_t at = head; at < after.size() - tail; ++at)
+        rows.push_back({after[at], std::nullopt});
+    const std::size_t count = rows.size();
+    SequenceRows old = replace(head, before.size() - tail - head, std::move(rows));
+    if (recorder_ != nullptr && (count > 0 || !old.empty()))
+        recorder_->afterChange(head, count, std::move(old));
+}
+
 void SequenceView::clear() {
     change([this] {
         sequences_.clear();

@@ -43,6 +43,8 @@ public:
 
     /// Replaces the sequences and the rows.
     void show(Sequences sequences);
+    /// Changes the sequences to these: rows that are the same at both ends stay.
+    void change(const Sequences& wanted);
     void clear();
     /// Adds a sequence without items at the end and selects it.
     void addSequence(std::string name);

@@ -62,7 +62,10 @@ void Application::wireHistories() {
     // Another project is being taken over; its steps begin when it is there.
     editorHistory.onReplaced = [this] { modelerHistory.steps.stop(); };
     desktop.steps().historyOf = [this](const Window& window) { return historyOf(window); };
-    desktop.onActivated = [this] { showSteps(); };
+    desktop.onActivated = [this] {
+        showSteps();
+        versions.userReturned();
+    };
     frmWorkbench.cmdUndo.onClick = [this] { desktop.steps().move(frmMain, UndoKey::Undo); };
     frmWorkbench.cmdRedo.onClick = [this] { desktop.steps().move(frmMain, UndoKey::Redo); };
 }

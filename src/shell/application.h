@@ -12,6 +12,7 @@
 #include "outputs/generator.h"
 #include "project/module_state.h"
 #include "shell/build_commands.h"
+#include "shell/content_replacement.h"
 #include "shell/frm_about.h"
 #include "shell/frm_main.h"
 #include "shell/frm_new_project.h"
@@ -79,12 +80,13 @@ public:
     BuildCommands builds;
     WorkKeeper work;
     ProjectVersions versions{*this};
+    ContentReplacement content{*this};
 
     /// A project was created or opened: nothing that was done before can be undone.
     void restartHistories();
     /// The project is in its file as it is now.
     void markSaved();
-    /// What is shown in place of the open project is not what its file holds.
+    /// What is shown as the open project is not what its file holds.
     void markUnsaved();
     /// The steps that Undo and Redo work on in the window: those of its document, and in a window that holds
     /// documents those of the document in front. Null for none.

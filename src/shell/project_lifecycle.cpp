@@ -87,7 +87,10 @@ void ProjectLifecycle::openRecovered(const std::string& path, Project project) {
     app_.ProjectPath = std::move(folder);
     makeFolders();
     unread_.reset();
-    showInPlace(std::move(project));
+    MessageTree tree = project.messages.tree();
+    showProject({std::move(project), std::move(tree)});
+    app_.markUnsaved();
+    app_.showEditor();
     app_.frmMain.enableProjectButtons();
     noteOpened();
 }
@@ -95,13 +98,6 @@ void ProjectLifecycle::openRecovered(const std::string& path, Project project) {
 void ProjectLifecycle::noteOpened() {
     app_.work.projectOpened();
     app_.versions.projectOpened();
-}
-
-void ProjectLifecycle::showInPlace(Project project) {
-    MessageTree tree = project.messages.tree();
-    showProject({std::move(project), std::move(tree)});
-    app_.markUnsaved();
-    app_.showEditor();
 }
 
 void ProjectLifecycle::showProject(LoadedProject loaded) {

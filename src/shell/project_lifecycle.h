@@ -24,8 +24,6 @@ public:
     bool openProject(const std::string& path = {});
     /// Shows unsaved work on the project file at this path, in place of the open project.
     void openRecovered(const std::string& path, Project project);
-    /// Shows another state of the open project, as unsaved work.
-    void showInPlace(Project project);
     /// Where the versions of the open project are kept; empty for one that goes with its folder.
     std::string historyFolder() const;
     /// Takes a path from a command line or from the settings. True when `ProjectName` and `ProjectPath` were

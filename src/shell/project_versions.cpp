@@ -45,7 +45,8 @@ bool ProjectVersions::isChangedOnDisk(const std::string& path) const {
 }
 
 void ProjectVersions::userReturned() {
-    if (isBlank(app_.ProjectName) || watched_ != app_.projectFilePath())
+    if (isBlank(app_.ProjectName) || watched_ != app_.projectFilePath() ||
+        app_.desktop.modalWindow() != nullptr)
         return;
     const DiskWatch::State state = watch_.look();
     if (state == DiskWatch::State::Same)
@@ -95,7 +96,15 @@ int ProjectVersions::keepOpenWork() {
     return all.empty() ? 0 : all.back().number;
 }
 
-bool ProjectVersions::show(const std::string& path, const std::string& what) {
+Project ProjectVersions::content() const {
+    return app_.content.content();
+}
+
+void ProjectVersions::replaceContent(Project content, const std::string& step) {
+    app_.content.replace(std::move(content), step);
+}
+
+bool ProjectVersions::show(const std::string& path, const Replacement& replacement) {
     Result<ProjectFile> file = readProjectFile(path);
     if (!file || !file->fault.empty()) {
         app_.desktop.post(
@@ -103,8 +112,8 @@ bool ProjectVersions::show(const std::string& path, const std::string& what) {
         return false;
     }
     const int number = keepOpenWork();
-    app_.projects.showInPlace(std::move(file).value().project);
-    Notice notice{what};
+    replaceContent(std::move(file).value().project, replacement.step);
+    Notice notice{replacement.notice};
     if (number != 0)
         notice.actions.push_back({"Bring back what was open", [this, number] { bringBack(number); }});
     app_.desktop.post(std::move(notice));
@@ -113,7 +122,8 @@ bool ProjectVersions::show(const std::string& path, const std::string& what) {
 }
 
 void ProjectVersions::reload() {
-    if (!show(watched_, "Reloaded " + nameOf(watched_)))
+    const std::string name = nameOf(watched_);
+    if (!show(watched_, {"Reload " + name, "Reloaded " + name}))
         return;
     watch_.take(watched_);
     app_.work.takeAsSaved();
@@ -121,8 +131,9 @@ void ProjectVersions::reload() {
 }
 
 void ProjectVersions::restoreVersion(const ProjectHistory::Version& version) {
+    const std::string number = std::to_string(version.number);
     show(version.path.string(),
-         "Version " + std::to_string(version.number) + " is shown; it is not saved yet");
+         {"Restore version " + number, "Version " + number + " is shown; it is not saved yet"});
 }
 
 void ProjectVersions::bringBack(int number) {

@@ -17,6 +17,8 @@ public:
     explicit ProjectVersions(Application& application) : app_(application) {}
 
     std::vector<ProjectHistory::Version> versions() override;
+    Project content() const override;
+    void replaceContent(Project content, const std::string& step) override;
     void restoreVersion(const ProjectHistory::Version& version) override;
     void openBeside(const ProjectHistory::Version& version) override;
     /// Opens a project in another window of the program; false when that cannot be done here.
@@ -24,7 +26,8 @@ public:
 
     /// A project was created or opened.
     void projectOpened();
-    /// The user has come back to the main window from another program.
+    /// The user has come to a window, of this program or from another one: time to look at the file. Nothing
+    /// happens while a dialog is open.
     void userReturned();
     /// Whether another program has changed the project file at this path since it was opened or saved. Asked
     /// before a save, which replaces the change.
@@ -37,9 +40,13 @@ private:
     void reload();
     void bringBack(int number);
     int keepOpenWork();
-    /// Shows what is in the file in place of what is open; false when it cannot be read, and nothing has
-    /// changed.
-    bool show(const std::string& path, const std::string& what);
+    /// What a file takes the place of the open project for.
+    struct Replacement {
+        std::string step;   ///< "Reload Etcher.zbp"
+        std::string notice; ///< what the user is told afterwards
+    };
+    /// Puts what is in the file into the open project; false when it cannot be read, and nothing has changed.
+    bool show(const std::string& path, const Replacement& replacement);
 
     Application& app_;
     DiskWatch watch_;

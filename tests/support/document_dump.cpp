@@ -76,6 +76,7 @@ std::string dumpModel(Application& application) {
         out << "|" << rows[at]->image() << rows[at]->bold() << colour(rows[at]->foreColor()) << "\n";
     }
     out << rows.size() << " rows\n";
+    out << "type " << application.ProjectType << "\n" << application.foreign.text();
     return out.str();
 }
 

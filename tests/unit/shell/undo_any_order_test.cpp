@@ -1,5 +1,6 @@
 // A user who does anything in any order. After each undo the documents must be what they were before the
 // step, and after each redo what they were after it. ZB_UNDO_SEQUENCES sets how many users there are.
+#include "project/project_files.h"
 #include "support/document_dump.h"
 #include "unit/shell/program.h"
 #include "unit/shell/undo_witness.h"
@@ -102,7 +103,9 @@ private:
     }
 
     void act(bool models) {
-        switch (pick(12)) {
+        switch (pick(13)) {
+        case 12:
+            return replaceContent();
         case 0:
             return anything(app().frmMain);
         case 1:
@@ -142,6 +145,24 @@ private:
             hands_.click(member(control));
             break;
         }
+    }
+
+    /// As a reload does, with a message less, a message more, or the file as it was at first.
+    void replaceContent() {
+        if (app().TRModelStore == nullptr)
+            return;
+        Project content = app().content.content();
+        if (pick(3) == 0) {
+            content = readProjectFile(app().projectFilePath()).value().project;
+        } else if (pick(2) == 0) {
+            content.messages = ProjectMessages("* new\r\nNew" + std::to_string(pick(3)) +
+                                               ": S9 F1 H<-E.\r\n" + content.messages.text());
+        } else if (!content.model->TRMessages().empty()) {
+            content.model->deleteAt(pick(content.model->TRMessages().size()));
+            content.sequences.addSequence(text());
+        }
+        app().content.replace(std::move(content), "Replace");
+        hands_.look();
     }
 
     void undoOrRedo() {

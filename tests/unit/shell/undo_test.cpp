@@ -171,5 +171,16 @@ TEST_F(Undo, AfterItTheMessageIsShownAsByAClick) {
     EXPECT_TRUE(editor.cmdMsgChange.enabled());
 }
 
+TEST_F(Undo, OfADeletedMessageShowsItWhicheverOfItsNodesWasSelected) {
+    frmSECSEditor& editor = app.frmSECSEditor;
+    for (const int node : {1, 2, 3}) {
+        clickNode(editor.tvwEdit, editor.liveTree().at(node));
+        click(editor.editEntries.remove);
+        clickNode(editor.tvwEdit, editor.liveTree().at(1));
+        click(app.frmWorkbench.cmdUndo);
+        EXPECT_EQ(editor.liveTree().selected(), editor.liveTree().at(3)) << "clicked " << node;
+    }
+}
+
 } // namespace
 } // namespace zb

@@ -1,0 +1,240 @@
+#include "shell/tree_replacement.h"
+
+#include "compare/alignment.h"
+#include "platform/tree/node_tree.h"
+#include "platform/tree/node_walk.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace zb {
+
+namespace {
+
+using Nodes = std::vector<Node*>;
+using ConstNodes = std::vector<const Node*>;
+
+/// Each removal moves all later flat positions; from so many on it is faster to begin with an empty tree.
+constexpr std::size_t kManyRemovals = 2000;
+/// Below so many levels nodes are not compared one by one: trees may have any depth.
+constexpr int kComparedLevels = 8;
+/// From so many changes on, views are better laid out once.
+constexpr std::size_t kManyChanges = 64;
+
+template<typename List>
+List slice(const List& list, std::size_t from, std::size_t to) {
+    return List(list.begin() + static_cast<std::ptrdiff_t>(from),
+                list.begin() + static_cast<std::ptrdiff_t>(to));
+}
+
+/// Equal numbers for equal nodes.
+class Numbers {
+public:
+    /// The node alone.
+    std::uint64_t ofNode(const Node& node) { return of(describe(node)); }
+    /// The node with all nodes below it.
+    std::uint64_t ofBranch(const Node& node) {
+        std::string text = describe(node);
+        for (NodeWalk walk(node); const Node* below = walk.node(); walk.next())
+            text += std::to_string(walk.depth()) + describe(*below);
+        return of(std::move(text));
+    }
+
+private:
+    static std::string describe(const Node& node) {
+        std::string text = node.bold() ? "b" : "p";
+        for (const std::string_view part :
+             {std::string_view(node.text()), node.key(), std::string_view(node.image())})
+            text.append(std::to_string(part.size())).append(":").append(part);
+        return text;
+    }
+    std::uint64_t of(std::string text) {
+        return numbers_.emplace(std::move(text), numbers_.size() + 1).first->second;
+    }
+
+    std::unordered_map<std::string, std::uint64_t> numbers_;
+};
+
+/// The children of a node that stays, as they should be: each with the node of the tree that stays for it,
+/// or null for one that has to be added.
+struct Children {
+    Node* parent = nullptr; ///< null for the roots
+    int level = 0;
+    std::vector<std::pair<const Node*, Node*>> wanted;
+};
+
+/// What has to be done. Removals come first, since Keys of theirs may come back.
+class Plan {
+public:
+    Plan(NodeTree& tree, const NodeTree& wanted) : tree_(tree) {
+        compare({}, tree.firstRoot(), wanted.firstRoot());
+    }
+
+    bool isLarge() const { return removed_.size() > kManyRemovals; }
+
+    void carryOut() {
+        std::optional<NodeTree::Filling> filling;
+        if (removed_.size() + texts_.size() + added_ > kManyChanges)
+            filling.emplace(tree_);
+        for (Node* node : removed_)
+            tree_.remove(*node);
+        for (const auto& [node, wanted] : texts_) {
+            node->setText(wanted->text());
+            node->setBackColor(std::nullopt); // a mark is of the old text
+        }
+        for (const Children& children : children_)
+            arrange(children);
+    }
+
+private:
+    static Nodes listOf(Node* first) {
+        Nodes nodes;
+        for (; first != nullptr; first = first->next())
+            nodes.push_back(first);
+        return nodes;
+    }
+
+    void compare(Children children, Node* first, const Node* firstWanted) {
+        const Nodes nodes = listOf(first);
+        ConstNodes wanted;
+        for (; firstWanted != nullptr; firstWanted = firstWanted->next())
+            wanted.push_back(firstWanted);
+        std::vector<std::uint64_t> left;
+        std::vector<std::uint64_t> right;
+        for (const Node* node : nodes)
+            left.push_back(numbers_.ofBranch(*node));
+        for (const Node* node : wanted)
+            right.push_back(numbers_.ofBranch(*node));
+        auto pairs = alignEqual(left, right);
+        pairs.emplace_back(nodes.size(), wanted.size());
+
+        std::size_t at = 0;
+        std::size_t atWanted = 0;
+        for (const auto& [same, sameWanted] : pairs) {
+            compareGap(slice(nodes, at, same), slice(wanted, atWanted, sameWanted), children);
+            if (same < nodes.size())
+                children.wanted.emplace_back(wanted[sameWanted], nodes[same]);
+            at = same + 1;
+            atWanted = sameWanted + 1;
+        }
+        children_.push_back(std::move(children));
+    }
+
+    /// Nodes between equal ones: those that look the same stay, and what is below them is compared.
+    void compareGap(const Nodes& nodes, const ConstNodes& wanted, Children& children) {
+        std::vector<std::uint64_t> left;
+        std::vector<std::uint64_t> right;
+        for (const Node* node : nodes)
+            left.push_back(numbers_.ofNode(*node));
+        for (const Node* node : wanted)
+            right.push_back(numbers_.ofNode(*node));
+        auto pairs = alignEqual(left, right);
+        pairs.emplace_back(nodes.size(), wanted.size());
+        std::size_t at = 0;
+        std::size_t atWanted = 0;
+        for (const auto& [same, sameWanted] : pairs) {
+            const bool oneByOne = same - at == sameWanted - atWanted;
+            for (; at < same && oneByOne; ++at, ++atWanted)
+                exchange(*nodes[at], *wanted[atWanted], children);
+            for (; at < same; ++at)
+                removed_.push_back(nodes[at]);
+            for (; atWanted < sameWanted; ++atWanted)
+                add(*wanted[atWanted], children);
+            if (same < nodes.size())
+                keep(*nodes[same], *wanted[sameWanted], children);
+            at = same + 1;
+            atWanted = sameWanted + 1;
+        }
+    }
+
+    /// A node in the place of another one: with another text it can stay, but no node gets another Key.
+    void exchange(Node& node, const Node& wanted, Children& children) {
+        const bool fits =
+            node.key() == wanted.key() && node.bold() == wanted.bold() && node.image() == wanted.image();
+        if (fits && keep(node, wanted, children))
+            texts_.emplace_back(&node, &wanted);
+        else if (!fits)
+            removeAndAdd(node, wanted, children);
+    }
+    /// False when the node has to be replaced with all that is below it.
+    bool keep(Node& node, const Node& wanted, Children& children) {
+        const bool isLeaf = node.child() == nullptr && wanted.child() == nullptr;
+        if (!isLeaf && children.level == kComparedLevels) {
+            removeAndAdd(node, wanted, children);
+            return false;
+        }
+        children.wanted.emplace_back(&wanted, &node);
+        if (!isLeaf)
+            compare({&node, children.level + 1, {}}, node.child(), wanted.child());
+        return true;
+    }
+    void removeAndAdd(Node& node, const Node& wanted, Children& children) {
+        removed_.push_back(&node);
+        add(wanted, children);
+    }
+    void add(const Node& wanted, Children& children) {
+        children.wanted.emplace_back(&wanted, nullptr);
+        ++added_;
+    }
+
+    void arrange(const Children& children) {
+        Node* previous = nullptr;
+        for (const auto& [wanted, node] : children.wanted) {
+            previous = node != nullptr ? node : &addBranch(*wanted, children.parent, previous);
+        }
+    }
+
+    Node& addNode(const Node& wanted, Node* parent, Node* previous) {
+        Node* first = parent != nullptr ? parent->child() : tree_.firstRoot();
+        Node* relative = previous != nullptr ? previous : first != nullptr ? first : parent;
+        const Relation relation = previous != nullptr ? Relation::Next
+                                  : first != nullptr  ? Relation::First
+                                                      : Relation::Child;
+        Node& node = tree_.add(relative, relation, wanted.text());
+        tree_.setKey(node, wanted.key());
+        node.setImage(wanted.image());
+        node.setBold(wanted.bold());
+        node.setExpanded(wanted.expanded());
+        return node;
+    }
+
+    /// Without recursion, for trees of any depth.
+    Node& addBranch(const Node& wanted, Node* parent, Node* previous) {
+        Node& top = addNode(wanted, parent, previous);
+        std::vector<Node*> path = {&top}; // the nodes above the next one
+        for (NodeWalk walk(wanted); const Node* below = walk.node(); walk.next()) {
+            path.resize(static_cast<std::size_t>(walk.depth()) + 1);
+            Node* above = path.back();
+            path.push_back(&addNode(*below, above, above->lastChild()));
+        }
+        return top;
+    }
+
+    NodeTree& tree_;
+    Numbers numbers_;
+    Nodes removed_;
+    std::vector<std::pair<Node*, const Node*>> texts_;
+    std::vector<Children> children_;
+    std::size_t added_ = 0;
+};
+
+} // namespace
+
+void replaceNodes(NodeTree& tree, const NodeTree& wanted) {
+    Plan plan(tree, wanted);
+    if (plan.isLarge()) {
+        const NodeTree::Filling filling(tree);
+        tree.clear();
+        Plan(tree, wanted).carryOut();
+        return;
+    }
+    plan.carryOut();
+}
+
+} // namespace zb
