@@ -10,6 +10,7 @@
 #include "controls/window.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace zb {
 
@@ -113,33 +114,31 @@ void moveInTree(Tree& tree, int code) {
         reachNode(tree, *target);
 }
 
+/// The position, from 1, to which a key leads; nothing for other keys.
+std::optional<int> listTarget(int code, int here, int last) {
+    switch (code) {
+    case kKeyHome:
+        return 1;
+    case kKeyEnd:
+        return last;
+    case kKeyUp:
+        return std::clamp(here - 1, 1, last);
+    case kKeyDown:
+        return std::clamp(here + 1, 1, last);
+    default:
+        return std::nullopt;
+    }
+}
+
 void moveInList(List& list, KeyEvent key) {
     const auto& rows = list.shown();
     if (rows.empty())
         return;
     const int here = list.positionOf(list.rangeEnd());
-    const int last = static_cast<int>(rows.size());
-    int target = here;
-    switch (key.code) {
-    case kKeyHome:
-        target = 1;
-        break;
-    case kKeyEnd:
-        target = last;
-        break;
-    case kKeyUp:
-        target = here - 1;
-        break;
-    case kKeyDown:
-        target = here + 1;
-        break;
-    default:
+    const auto target = listTarget(key.code, here, static_cast<int>(rows.size()));
+    if (!target || *target == here)
         return;
-    }
-    target = std::clamp(target, 1, last);
-    if (target == here)
-        return;
-    ListRow& row = *rows[static_cast<std::size_t>(target) - 1];
+    ListRow& row = *rows[static_cast<std::size_t>(*target) - 1];
     const bool extends = (key.shift & kShiftKey) != 0 && list.selection() == List::Selection::Many;
     if (extends && list.selected() != nullptr)
         list.selectRange(*list.selected(), row);
