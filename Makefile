@@ -47,7 +47,7 @@ lint: setup ## formatting and static analysis; fails on any finding
 asan: setup ## tests under the sanitizers, then a minute of each fuzzer
 	cmake --preset asan
 	cmake --build --preset asan -j $(JOBS)
-	ctest --preset asan -j $(JOBS) --timeout 1200
+	ZB_UNDO_SEQUENCES=10000 ctest --preset asan -j $(JOBS)
 	@scripts/fuzz out/asan 60
 
 clean: ## remove everything that was built
