@@ -7,16 +7,14 @@
 #include "lint/project_check.h"
 #include "lint/rule.h"
 #include "lint/rule_selection.h"
-#include "lint/silencings.h"
+#include "lint/silencings_file.h"
 #include "messages/smd/smd_writer.h"
-#include "platform/text_file.h"
 #include "project/project_lines.h"
 #include "project/project_view.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <filesystem>
 #include <ostream>
 
 namespace zb {
@@ -34,18 +32,6 @@ Findings findingsOf(const Project& project, const CodePage& codePage, bool stand
     for (Finding& finding : found.model)
         findings.push_back(std::move(finding));
     return findings;
-}
-
-/// The silencings beside a project; none when there is no such file. An error is that of the system.
-Result<Silencings> readSilencings(const std::string& project) {
-    const std::string path = silencingsPath(project);
-    std::error_code ignored;
-    if (!std::filesystem::exists(path, ignored))
-        return Silencings();
-    const Result<std::string> bytes = readBytes(path);
-    if (!bytes)
-        return bytes.error();
-    return Silencings::parse(decodeText(*bytes, CodePage(1252)));
 }
 
 /// `zbc check PROJECT.zbp [--standard] [--only ...] [--except ...] [--format ...]`
@@ -152,9 +138,11 @@ int CheckVerb::checkProjectFile(ConsoleStreams streams) const {
                     << ": cannot be read: " << printable(silencings.error().description) << '\n';
         return kExitFileFault;
     }
-    Findings findings = findingsOf(file->project, codePageOfUser(), selection_.needsStandard());
+    RuleSelection selection = selection_;
+    selection.standard = selection.standard || silencings->asksForStandard();
+    Findings findings = findingsOf(file->project, codePageOfUser(), selection.needsStandard());
     std::erase_if(findings, [&](const Finding& finding) { return silencings->silences(finding); });
-    std::erase_if(findings, [&](const Finding& finding) { return !selection_.wants(finding); });
+    std::erase_if(findings, [&](const Finding& finding) { return !selection.wants(finding); });
     const bool fails = std::any_of(findings.begin(), findings.end(), isFailure);
     print(streams, std::move(findings), file->text);
     return fails ? kExitFault : kExitDone;

@@ -4,12 +4,64 @@
 
 namespace zb {
 
+void Tree::Listeners::beforeInsert(Node* parent, Node* previous) {
+    for (NodeTreeListener* listener : all)
+        listener->beforeInsert(parent, previous);
+}
+
+void Tree::Listeners::afterInsert(Node& node) {
+    for (NodeTreeListener* listener : all)
+        listener->afterInsert(node);
+}
+
+void Tree::Listeners::beforeRemove(Node& node) {
+    for (NodeTreeListener* listener : all)
+        listener->beforeRemove(node);
+}
+
+void Tree::Listeners::afterRemove() {
+    for (NodeTreeListener* listener : all)
+        listener->afterRemove();
+}
+
+void Tree::Listeners::nodeChanged(Node& node) {
+    for (NodeTreeListener* listener : all)
+        listener->nodeChanged(node);
+}
+
+void Tree::Listeners::nodeExpanded(Node& node) {
+    for (NodeTreeListener* listener : all)
+        listener->nodeExpanded(node);
+}
+
+void Tree::Listeners::selectionChanged() {
+    for (NodeTreeListener* listener : all)
+        listener->selectionChanged();
+}
+
+void Tree::Listeners::allChanged() {
+    for (NodeTreeListener* listener : all)
+        listener->allChanged();
+}
+
+void Tree::Listeners::beforeFill() {
+    for (NodeTreeListener* listener : all)
+        listener->beforeFill();
+}
+
+void Tree::Listeners::afterFill() {
+    for (NodeTreeListener* listener : all)
+        listener->afterFill();
+}
+
 void Tree::replaceNodes(std::unique_ptr<NodeTree> fresh) {
     nodes_->setListener(nullptr);
     std::swap(nodes_, fresh);
     // The old nodes are destroyed only after all views have released them.
     fire(onReplaced);
-    nodes_->setListener(listener_);
+    nodes_->setListener(told());
+    for (NodeTreeListener* watcher : watchers_)
+        watcher->afterFill();
     if (NodeTreeRecorder* recorder = fresh->recorder(); recorder != nullptr)
         recorder->afterReplace();
     ring(Change::Rows);
@@ -22,7 +74,24 @@ void Tree::setFilter(std::function<bool(const Node&)> shows) {
 
 void Tree::setListener(NodeTreeListener* listener) {
     listener_ = listener;
-    nodes_->setListener(listener);
+    nodes_->setListener(told());
+}
+
+void Tree::addWatcher(NodeTreeListener& watcher) {
+    watchers_.push_back(&watcher);
+    nodes_->setListener(told());
+}
+
+void Tree::removeWatcher(const NodeTreeListener& watcher) {
+    std::erase(watchers_, &watcher);
+    nodes_->setListener(told());
+}
+
+NodeTreeListener* Tree::told() {
+    listeners_.all = watchers_;
+    if (listener_ != nullptr)
+        listeners_.all.insert(listeners_.all.begin(), listener_);
+    return listeners_.all.empty() ? nullptr : &listeners_;
 }
 
 } // namespace zb

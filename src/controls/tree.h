@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace zb {
 
@@ -36,6 +37,11 @@ public:
 
     /// The screen's listener, for the current tree and its replacements.
     void setListener(NodeTreeListener* listener);
+    /// Another listener for the current tree and its replacements. A replacement is reported by `afterFill`.
+    /// @{
+    void addWatcher(NodeTreeListener& watcher);
+    void removeWatcher(const NodeTreeListener& watcher);
+    /// @}
     /// The recorder of the current tree. A replacement has none until this is called again.
     void setRecorder(NodeTreeRecorder* recorder) { nodes_->setRecorder(recorder); }
     /// The whole tree was replaced.
@@ -55,10 +61,30 @@ public:
     std::function<void(const DragData&, Node* node)> onDrop;
 
 private:
+    /// The screen's listener and the watchers as one.
+    class Listeners final : public NodeTreeListener {
+    public:
+        void beforeInsert(Node* parent, Node* previous) override;
+        void afterInsert(Node& node) override;
+        void beforeRemove(Node& node) override;
+        void afterRemove() override;
+        void nodeChanged(Node& node) override;
+        void nodeExpanded(Node& node) override;
+        void selectionChanged() override;
+        void allChanged() override;
+        void beforeFill() override;
+        void afterFill() override;
+
+        std::vector<NodeTreeListener*> all; // the screen's is the first
+    };
+    NodeTreeListener* told();
+
     std::unique_ptr<NodeTree> nodes_;
     OptionalColor backColor_;
     std::function<bool(const Node&)> shows_;
     NodeTreeListener* listener_ = nullptr;
+    std::vector<NodeTreeListener*> watchers_;
+    Listeners listeners_;
 };
 
 } // namespace zb

@@ -27,13 +27,11 @@ struct Candidate {
 /// By SECS message the TR messages among which the driver chooses.
 std::map<std::string, std::vector<Candidate>> candidatesOf(const ModelContext& context) {
     std::map<std::string, std::vector<Candidate>> candidates;
-    if (context.project.model == nullptr)
-        return candidates;
     const int received = context.project.side == Side::Host ? kToHost : kToEquip;
-    for (const auto& record : context.project.model->TRMessages())
+    for (const TRMessageRecord* record : context.records)
         if (record->Direction() == received)
-            candidates[record->SECSMessage()].push_back({record.get(), Condition::parse(record->Condition()),
-                                                         isDefaultCondition(record->Condition())});
+            candidates[record->SECSMessage()].push_back(
+                {record, Condition::parse(record->Condition()), isDefaultCondition(record->Condition())});
     return candidates;
 }
 

@@ -95,22 +95,38 @@ Findings StandardCheck::checkLinks(const CheckedMessage& message, const MessageI
 }
 
 Findings StandardCheck::checkModel(const ProjectView& project) const {
+    std::vector<const TRMessageRecord*> records;
+    if (project.model != nullptr)
+        for (const auto& record : project.model->TRMessages())
+            records.push_back(record.get());
+    Findings findings = checkTRMessages(project, records);
+    append(findings, checkSequences(project));
+    return findings;
+}
+
+Findings StandardCheck::checkTRMessages(const ProjectView& project,
+                                        const std::vector<const TRMessageRecord*>& records) const {
     Findings findings;
-    const ModelContext model{project, codePage_};
+    const ModelContext model{project, codePage_, records};
     Definitions definitions(project.messages);
     const int received = project.side == Side::Host ? kToHost : kToEquip;
-    if (project.model != nullptr) {
-        for (const auto& record : project.model->TRMessages()) {
-            const SECSMessageRecord* secsMessage = definitions.record(*record);
-            const CheckedMessage* definition = definitions.find(secsMessage);
-            if (definition == nullptr)
-                continue;
-            const TRMessageContext context{*record, *secsMessage, *definition, model,
-                                           record->Direction() == received};
-            runRules(&Rule::trMessage, context, findings);
-        }
+    for (const TRMessageRecord* record : records) {
+        const SECSMessageRecord* secsMessage = definitions.record(*record);
+        const CheckedMessage* definition = definitions.find(secsMessage);
+        if (definition == nullptr)
+            continue;
+        const TRMessageContext context{*record, *secsMessage, *definition, model,
+                                       record->Direction() == received};
+        runRules(&Rule::trMessage, context, findings);
     }
     runRules(&Rule::model, model, findings);
+    return findings;
+}
+
+Findings StandardCheck::checkSequences(const ProjectView& project) const {
+    Findings findings;
+    const std::vector<const TRMessageRecord*> none;
+    runRules(&Rule::sequences, ModelContext{project, codePage_, none}, findings);
     return findings;
 }
 

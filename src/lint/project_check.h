@@ -6,10 +6,12 @@
 #include "platform/code_page.h"
 #include "platform/finding.h"
 
+#include <vector>
+
 namespace zb {
 
-class Node;
 class NodeTree;
+class TRMessageRecord;
 struct ProjectView;
 
 /// The rules beyond those of every check: published standards, keys, the model. It is made once and can check
@@ -22,6 +24,11 @@ public:
     Findings checkMessages(const NodeTree& tree) const;
     /// All TR messages and sequences.
     Findings checkModel(const ProjectView& project) const;
+    /// These TR messages, in their order. All TR messages of a SECS message have to be among them when one
+    /// is.
+    Findings checkTRMessages(const ProjectView& project,
+                             const std::vector<const TRMessageRecord*>& records) const;
+    Findings checkSequences(const ProjectView& project) const;
 
     /// What a message shows by itself.
     Findings checkMessage(const CheckedMessage& message, const MessageIndex& index) const;

@@ -7,8 +7,8 @@
 #include <string_view>
 
 // The rules of the checks, as values. A rule looks at one message, at one message among the others, at one TR
-// message, or at the whole model; those without a function belong to checks that report several rules in one
-// walk.
+// message, at those of one SECS message, or at the sequences; those without a function belong to checks that
+// report several rules in one walk.
 namespace zb {
 
 struct MessageContext;
@@ -34,6 +34,7 @@ struct Rule {
     using MessageCheck = void (*)(const MessageContext&, Report&);
     using TRMessageCheck = void (*)(const TRMessageContext&, Report&);
     using ModelCheck = void (*)(const ModelContext&, Report&);
+    using SequenceCheck = void (*)(const ModelContext&, Report&);
 
     std::string_view id; ///< "smd.item.count"
     RuleCategory category = RuleCategory::Definition;
@@ -44,7 +45,10 @@ struct Rule {
     /// Looks at other messages of the same or the paired function, too.
     MessageCheck link = nullptr;
     TRMessageCheck trMessage = nullptr;
+    /// Looks at the TR messages of each SECS message together.
     ModelCheck model = nullptr;
+    /// Looks at all sequences.
+    SequenceCheck sequences = nullptr;
 };
 
 /// All rules, sorted by category and id.

@@ -4,6 +4,9 @@
 #include "lint/layout_match.h"
 #include "lint/message_index.h"
 #include "lint/published_standard.h"
+
+#include <vector>
+
 namespace zb {
 
 class CodePage;
@@ -22,10 +25,12 @@ struct MessageContext {
     LayoutMatch match; ///< without differences for such a message
 };
 
-/// What a rule of the whole model looks at.
+/// What a rule of the model looks at.
 struct ModelContext {
     const ProjectView& project;
     const CodePage& codePage;
+    /// In the order of the model; with one TR message of a SECS message all of them.
+    const std::vector<const TRMessageRecord*>& records;
 };
 
 /// What a rule of TR messages looks at. Its SECS message exists.

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
 
 namespace zb {
 
@@ -47,9 +48,12 @@ constexpr Rule ofTRMessage(std::string_view id, std::string_view title, Rule::TR
     return {.id = id, .category = RuleCategory::Model, .title = title, .trMessage = check};
 }
 
-constexpr Rule ofModel(std::string_view id, std::string_view title, Rule::ModelCheck check,
-                       RuleCategory category = RuleCategory::Model) {
-    return {.id = id, .category = category, .title = title, .model = check};
+constexpr Rule ofModel(std::string_view id, std::string_view title, Rule::ModelCheck check) {
+    return {.id = id, .category = RuleCategory::Model, .title = title, .model = check};
+}
+
+constexpr Rule ofSequences(std::string_view id, std::string_view title, Rule::SequenceCheck check) {
+    return {.id = id, .category = RuleCategory::Model, .title = title, .sequences = check};
 }
 
 using Category = RuleCategory;
@@ -82,9 +86,9 @@ constexpr std::array kRules{
     modelDoubt("seq.direction", "A row of a sequence has an old direction"),
     modelFault("seq.empty", "A sequence has no rows"),
     modelFault("seq.message.unknown", "A row of a sequence names no TR message"),
-    ofModel("seq.name.taken", "A sequence has the name of a TR message", checkSequenceNamesFree),
-    ofModel("seq.name.twice", "Two sequences have one name", checkSequenceNamesDiffer),
-    ofModel("seq.reply.order", "A reply is before its primary message, or has none", checkReplyOrder),
+    ofSequences("seq.name.taken", "A sequence has the name of a TR message", checkSequenceNamesFree),
+    ofSequences("seq.name.twice", "Two sequences have one name", checkSequenceNamesDiffer),
+    ofSequences("seq.reply.order", "A reply is before its primary message, or has none", checkReplyOrder),
     modelFault("seq.row.stray", "A row belongs to no sequence"),
     modelFault("tmd.name", "A name is none that a TMD file can hold"),
     modelFault("tmd.text", "A text has characters that a TMD file cannot hold"),
@@ -147,9 +151,14 @@ std::span<const Rule> allRules() {
 }
 
 const Rule* findRule(std::string_view id) {
-    const auto found =
-        std::find_if(kRules.begin(), kRules.end(), [&](const Rule& rule) { return rule.id == id; });
-    return found == kRules.end() ? nullptr : &*found;
+    static const std::unordered_map<std::string_view, const Rule*> kById = [] {
+        std::unordered_map<std::string_view, const Rule*> byId;
+        for (const Rule& rule : kRules)
+            byId.emplace(rule.id, &rule);
+        return byId;
+    }();
+    const auto found = kById.find(id);
+    return found == kById.end() ? nullptr : found->second;
 }
 
 bool selects(std::string_view selector, const Rule& rule) {

@@ -15,6 +15,7 @@ namespace {
 
 constexpr char kQuote = '"';
 constexpr std::size_t kMostWords = 3;
+constexpr std::string_view kStandardLine = "check standard";
 
 std::string keyOf(std::string_view selector, std::string_view message, std::string_view item) {
     // A message may have any characters in its name: only its length says where the item begins.
@@ -83,6 +84,19 @@ std::string lineOf(const Silencing& silencing) {
     return line;
 }
 
+/// What a silencing of the rule may begin with.
+std::vector<std::string_view> selectorsOf(const Rule& rule) {
+    std::vector<std::string_view> selectors{categoryName(rule.category), rule.id};
+    for (std::size_t point = rule.id.find('.'); point != std::string_view::npos;
+         point = rule.id.find('.', point + 1))
+        selectors.push_back(rule.id.substr(0, point));
+    return selectors;
+}
+
+bool isStandardLine(std::string_view line) {
+    return splitAtBlanks(line) == splitAtBlanks(kStandardLine);
+}
+
 } // namespace
 
 Silencing Silencing::placeOf(const Finding& finding) {
@@ -95,8 +109,10 @@ Silencings Silencings::parse(std::string_view text) {
     LineReader reader(text);
     while (const auto line = reader.next()) {
         silencings.lines_.emplace_back(*line);
-        if (const auto silencing = silencingOf(*line))
+        if (const auto silencing = silencingOf(*line)) {
             silencings.keys_.insert(keyOf(*silencing));
+            silencings.selectors_.insert(silencing->selector);
+        }
     }
     return silencings;
 }
@@ -109,23 +125,29 @@ std::string Silencings::text() const {
 }
 
 bool Silencings::silences(const Finding& finding) const {
+    return !keys_.empty() && !of(finding).empty();
+}
+
+std::vector<Silencing> Silencings::of(const Finding& finding) const {
+    std::vector<Silencing> found;
     const Rule* rule = findRule(finding.id);
-    if (keys_.empty() || rule == nullptr)
-        return false;
-    std::vector<std::string_view> selectors{categoryName(rule->category), rule->id};
-    for (std::size_t point = rule->id.find('.'); point != std::string_view::npos;
-         point = rule->id.find('.', point + 1))
-        selectors.push_back(rule->id.substr(0, point));
-    const FindingPlace& place = finding.place;
-    const std::string_view item = place.item.empty() ? kMessageItself : std::string_view(place.item);
-    return std::any_of(selectors.begin(), selectors.end(), [&](std::string_view selector) {
-        return keys_.contains(keyOf(selector, {}, {})) ||
-               keys_.contains(keyOf(selector, place.message, {})) ||
-               keys_.contains(keyOf(selector, place.message, item));
-    });
+    if (rule == nullptr)
+        return found;
+    const Silencing place = Silencing::placeOf(finding);
+    for (const std::string_view selector : selectorsOf(*rule)) {
+        if (!selectors_.contains(selector))
+            continue;
+        const std::string word(selector);
+        for (Silencing silencing : {Silencing{word, {}, {}}, Silencing{word, place.message, {}},
+                                    Silencing{word, place.message, place.item}})
+            if (keys_.contains(keyOf(silencing)))
+                found.push_back(std::move(silencing));
+    }
+    return found;
 }
 
 void Silencings::add(const Silencing& silencing) {
+    selectors_.insert(silencing.selector);
     if (keys_.insert(keyOf(silencing)).second)
         lines_.push_back(lineOf(silencing));
 }
@@ -144,6 +166,17 @@ std::vector<Silencing> Silencings::all() const {
         if (auto silencing = silencingOf(line))
             all.push_back(std::move(*silencing));
     return all;
+}
+
+bool Silencings::asksForStandard() const {
+    return std::any_of(lines_.begin(), lines_.end(), isStandardLine);
+}
+
+void Silencings::askForStandard(bool ask) {
+    if (!ask)
+        std::erase_if(lines_, isStandardLine);
+    else if (!asksForStandard())
+        lines_.emplace_back(kStandardLine);
 }
 
 std::string silencingsPath(const std::string& projectPath) {

@@ -2,6 +2,8 @@
 
 #include "platform/finding.h"
 
+#include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -35,7 +37,8 @@ struct Silencing {
 ///     tr.condition.unreachable "LIMIT PRESSURE" .
 ///
 /// A word with blanks or quotation marks is between quotation marks, with the escapes of JSON. Lines that
-/// cannot be understood are kept and silence nothing.
+/// cannot be understood are kept and silence nothing. The line "check standard" asks for the rules of the
+/// standards check.
 class Silencings {
 public:
     static Silencings parse(std::string_view text);
@@ -49,10 +52,19 @@ public:
     void remove(const Silencing& silencing);
     /// In the order of the file.
     std::vector<Silencing> all() const;
+    /// Those that silence the finding.
+    std::vector<Silencing> of(const Finding& finding) const;
+
+    /// Whether the project asks for the rules of the standards check.
+    /// @{
+    bool asksForStandard() const;
+    void askForStandard(bool ask);
+    /// @}
 
 private:
     std::vector<std::string> lines_;
-    std::unordered_set<std::string> keys_; ///< of the lines that can be understood
+    std::unordered_set<std::string> keys_;         ///< of the lines that can be understood
+    std::set<std::string, std::less<>> selectors_; ///< of all silencings that there ever were
 };
 
 /// The path of the file for a project file: the same, with the ending ".zbcheck".

@@ -30,23 +30,26 @@ public:
     explicit DefinitionChecker(const CodePage& codePage) : codePage_(codePage) {}
 
     Findings run(const NodeTree& tree) {
-        for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next()) {
-            path_.clear();
-            if (isMessage(node))
-                checkMessage(*node);
-            else if (!isBeforeMessage(*node))
-                tell(Severity::Warning, *node, "This line belongs to no message: " + node->text(),
-                     "smd.line.stray");
-        }
+        for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next())
+            checkRoot(*node);
         return std::move(findings_);
     }
 
-    Findings runOne(const Node& message) {
-        checkMessage(message);
+    Findings runOne(const Node& root) {
+        checkRoot(root);
         return std::move(findings_);
     }
 
 private:
+    void checkRoot(const Node& node) {
+        path_.clear();
+        if (isMessage(&node))
+            checkMessage(node);
+        else if (!isBeforeMessage(node))
+            tell(Severity::Warning, node, "This line belongs to no message: " + node.text(),
+                 "smd.line.stray");
+    }
+
     void checkMessage(const Node& node) {
         SECSMessageRecord record;
         const std::string status = record.parseNodeText(node.text(), "");
@@ -121,8 +124,8 @@ Findings checkDefinitions(const NodeTree& tree, const CodePage& codePage) {
     return DefinitionChecker(codePage).run(tree);
 }
 
-Findings checkDefinition(const Node& message, const CodePage& codePage) {
-    return DefinitionChecker(codePage).runOne(message);
+Findings checkDefinition(const Node& root, const CodePage& codePage) {
+    return DefinitionChecker(codePage).runOne(root);
 }
 
 } // namespace zb

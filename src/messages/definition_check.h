@@ -12,7 +12,7 @@ class NodeTree;
 /// in their normalized form. The tree is not changed.
 Findings checkDefinitions(const NodeTree& tree, const CodePage& codePage);
 
-/// The same of one message node and its items. Whether another message has its name is not checked.
-Findings checkDefinition(const Node& message, const CodePage& codePage);
+/// The same of one root node and its items. Whether another message has its name is not checked.
+Findings checkDefinition(const Node& root, const CodePage& codePage);
 
 } // namespace zb

@@ -3,10 +3,12 @@
 #include "model/tr_message_record.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace zb {
 
@@ -41,8 +43,12 @@ public:
     /// Appends the record. The caller has checked that the name is free; a second record with the same name
     /// is not added.
     void addTRMessage(std::unique_ptr<TRMessageRecord> record) {
-        if (messages_.add(std::move(record)) && recorder_ != nullptr)
+        const std::string name = record->Name();
+        if (!messages_.add(std::move(record)))
+            return;
+        if (recorder_ != nullptr)
             recorder_->afterAdd(TRMessages().size() - 1);
+        tell(name);
     }
     /// Puts the record there. The caller has checked that the name is free.
     void addAt(std::size_t position, std::unique_ptr<TRMessageRecord> record) {
@@ -57,6 +63,8 @@ public:
         TRMessageRecord* message = messages_.find(name);
         if (message != nullptr && recorder_ != nullptr)
             recorder_->beforeChange(messages_.positionOf(*message), *message);
+        if (message != nullptr)
+            tell(message->Name());
         return message;
     }
     /// No effect for an unknown name.
@@ -67,22 +75,45 @@ public:
     }
     void deleteAt(std::size_t position) {
         std::unique_ptr<TRMessageRecord> removed = messages_.takeAt(position);
+        const std::string removedName = removed->Name();
         if (recorder_ != nullptr)
             recorder_->afterRemove(position, std::move(removed));
+        tell(removedName);
     }
-    void clearTRMessages() { messages_.clear(); }
+    void clearTRMessages() {
+        std::vector<std::string> names;
+        for (const auto& message : TRMessages())
+            names.push_back(message->Name());
+        messages_.clear();
+        for (const std::string& cleared : names)
+            tell(cleared);
+    }
 
     /// Receives what the user changes; null for nobody.
     void setRecorder(TRModelRecorder* recorder) { recorder_ = recorder; }
     /// Takes a record out, or puts one back. Recorders are not notified.
     /// @{
-    std::unique_ptr<TRMessageRecord> takeAt(std::size_t position) { return messages_.takeAt(position); }
+    std::unique_ptr<TRMessageRecord> takeAt(std::size_t position) {
+        std::unique_ptr<TRMessageRecord> taken = messages_.takeAt(position);
+        tell(taken->Name());
+        return taken;
+    }
     void insertAt(std::size_t position, std::unique_ptr<TRMessageRecord> record) {
+        const std::string name = record->Name();
         messages_.insertAt(position, std::move(record));
+        tell(name);
     }
     /// @}
 
+    /// A TR message with this name was added or removed, or is about to change; also by an undo.
+    std::function<void(const std::string& name)> onTouched;
+
 private:
+    void tell(const std::string& name) const {
+        if (onTouched)
+            onTouched(name);
+    }
+
     int projectType_ = 1;
     NamedRecords<TRMessageRecord> messages_;
     TRModelRecorder* recorder_ = nullptr;

@@ -35,16 +35,8 @@ public:
     explicit TransactionChecker(const ProjectView& project)
         : project_(project), received_(project.side == Side::Host ? kToHost : kToEquip) {}
 
-    Findings run() {
-        if (project_.model != nullptr) {
-            for (const auto& record : project_.model->TRMessages())
-                checkMessage(*record);
-        }
-        checkSequences();
-        return std::move(findings_);
-    }
+    Findings takeFindings() { return std::move(findings_); }
 
-private:
     void checkMessage(const TRMessageRecord& record) {
         at(FindingPlace::inTRMessage(record.Name(), {}));
         checkName(record.Name());
@@ -63,6 +55,30 @@ private:
         }
     }
 
+    void checkSequences() {
+        const auto& rows = project_.sequences.rows();
+        int position = 0;
+        std::string sequence;
+        for (std::size_t index = 0; index < rows.size(); ++index) {
+            const SequenceRow& row = rows[index];
+            const int place = static_cast<int>(index) + 1;
+            if (!row.isHead()) {
+                ++position;
+                at(FindingPlace::inSequence(sequence, std::to_string(position), place));
+                checkSequenceRow(row);
+                continue;
+            }
+            position = 0;
+            sequence = row.text;
+            at(FindingPlace::inSequence(sequence, {}, place));
+            inSequence_ = true;
+            checkName(row.text);
+            if (!project_.sequences.hasItems(index))
+                tell(std::string(kEmptySequenceText), "seq.empty");
+        }
+    }
+
+private:
     void checkName(const std::string& name) {
         if (!isXmlName(name))
             tell(quoted(name) + " is no name that a TMD file can hold", "tmd.name");
@@ -131,29 +147,6 @@ private:
             tell("The SECS message has no data item " + quoted(name), "tr.item.unknown");
     }
 
-    void checkSequences() {
-        const auto& rows = project_.sequences.rows();
-        int position = 0;
-        std::string sequence;
-        for (std::size_t index = 0; index < rows.size(); ++index) {
-            const SequenceRow& row = rows[index];
-            const int place = static_cast<int>(index) + 1;
-            if (!row.isHead()) {
-                ++position;
-                at(FindingPlace::inSequence(sequence, std::to_string(position), place));
-                checkSequenceRow(row);
-                continue;
-            }
-            position = 0;
-            sequence = row.text;
-            at(FindingPlace::inSequence(sequence, {}, place));
-            inSequence_ = true;
-            checkName(row.text);
-            if (!project_.sequences.hasItems(index))
-                tell(std::string(kEmptySequenceText), "seq.empty");
-        }
-    }
-
     void checkSequenceRow(const SequenceRow& row) {
         if (!inSequence_)
             tell("This row is before the first sequence", "seq.row.stray");
@@ -216,7 +209,26 @@ bool mayBuildTmd(const ProjectView& project) {
 }
 
 Findings checkTransactions(const ProjectView& project) {
-    return TransactionChecker(project).run();
+    TransactionChecker checker(project);
+    if (project.model != nullptr) {
+        for (const auto& record : project.model->TRMessages())
+            checker.checkMessage(*record);
+    }
+    checker.checkSequences();
+    return checker.takeFindings();
+}
+
+Findings checkTRMessages(const ProjectView& project, const std::vector<const TRMessageRecord*>& records) {
+    TransactionChecker checker(project);
+    for (const TRMessageRecord* record : records)
+        checker.checkMessage(*record);
+    return checker.takeFindings();
+}
+
+Findings checkSequences(const ProjectView& project) {
+    TransactionChecker checker(project);
+    checker.checkSequences();
+    return checker.takeFindings();
 }
 
 } // namespace zb

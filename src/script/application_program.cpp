@@ -35,6 +35,8 @@ bool ApplicationProgram::running() const {
 }
 
 Desktop& ApplicationProgram::desktop() {
+    // A script sees what a user sees who waits a moment.
+    application().frmWorkbench.problems.finish();
     return application().desktop;
 }
 

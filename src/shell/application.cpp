@@ -59,6 +59,7 @@ void Application::wireHistories() {
         desktop.steps().add(*history);
         history->addListener([this] { showSteps(); });
     }
+    modelerHistory.steps.addListener([this] { frmWorkbench.problems.watch.modelStepped(); });
     // Another project is being taken over; its steps begin when it is there.
     editorHistory.onReplaced = [this] { modelerHistory.steps.stop(); };
     desktop.steps().historyOf = [this](const Window& window) { return historyOf(window); };
@@ -90,6 +91,7 @@ void Application::restartHistories() {
     frmWorkbench.renames.forget();
     editorHistory.steps.clear();
     modelerHistory.steps.clear();
+    frmWorkbench.problems.projectShown();
 }
 
 void Application::markSaved() {

@@ -33,6 +33,14 @@ std::vector<ProjectHistory::Version> ProjectVersions::versions() {
                                      : history().versions(app_.projectFilePath());
 }
 
+void ProjectVersions::showEditor() {
+    app_.showEditor();
+}
+
+void ProjectVersions::showModeler() {
+    app_.showModeler();
+}
+
 void ProjectVersions::projectOpened() {
     watched_ = app_.projectFilePath();
     watch_.take(watched_);

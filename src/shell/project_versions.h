@@ -21,6 +21,8 @@ public:
     void replaceContent(Project content, const std::string& step) override;
     void restoreVersion(const ProjectHistory::Version& version) override;
     void openBeside(const ProjectHistory::Version& version) override;
+    void showEditor() override;
+    void showModeler() override;
     /// Opens a project in another window of the program; false when that cannot be done here.
     std::function<bool(const std::string& path)> onOpenBeside;
 

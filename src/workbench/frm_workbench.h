@@ -5,6 +5,7 @@
 #include "workbench/history_pane.h"
 #include "workbench/log_pane.h"
 #include "workbench/notice_bar.h"
+#include "workbench/problems_pane.h"
 #include "workbench/rename_offer.h"
 
 #include <vector>
@@ -61,6 +62,7 @@ public:
     // One line for each pane.
     HistoryPane history{*this};
     LogPane log{*this};
+    ProblemsPane problems{*this};
 
     NoticeBar notices{*this};
     Button cmdUndo{*this, "cmdUndo", "Undo"};

@@ -26,6 +26,12 @@ public:
     virtual void restoreVersion(const ProjectHistory::Version& version) = 0;
     /// Opens a copy of a version that cannot be written in another window of its own.
     virtual void openBeside(const ProjectHistory::Version& version) = 0;
+    /// Changes to the editor or to the modeler, as the commands of the menus do. The modeler opens only when
+    /// all messages are in order.
+    /// @{
+    virtual void showEditor() = 0;
+    virtual void showModeler() = 0;
+    /// @}
 };
 
 } // namespace zb

@@ -22,6 +22,7 @@
 #include "ui_frmWorkbench.h"
 #include "ui_pnlHistory.h"
 #include "ui_pnlLog.h"
+#include "ui_pnlProblems.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -72,6 +73,7 @@ constexpr std::array kForms{
 constexpr std::array kPanes{
     Form{"pnlHistory", &make<Ui::pnlHistory>},
     Form{"pnlLog", &make<Ui::pnlLog>},
+    Form{"pnlProblems", &make<Ui::pnlProblems>},
 };
 
 struct Share {

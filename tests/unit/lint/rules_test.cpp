@@ -38,7 +38,8 @@ TEST(Rules, AreSortedAndUnique) {
         EXPECT_TRUE(ids.insert(rules[at].id).second) << rules[at].id;
         EXPECT_FALSE(rules[at].title.empty()) << rules[at].id;
         const bool hasCheck = rules[at].message != nullptr || rules[at].link != nullptr ||
-                              rules[at].trMessage != nullptr || rules[at].model != nullptr;
+                              rules[at].trMessage != nullptr || rules[at].model != nullptr ||
+                              rules[at].sequences != nullptr;
         EXPECT_EQ(hasCheck, rules[at].set == RuleSet::Standard) << rules[at].id;
         if (at > 0) {
             EXPECT_LT(std::pair(rules[at - 1].category, rules[at - 1].id),

@@ -1,0 +1,171 @@
+#include "workbench/problem_watch.h"
+
+#include "controls/desktop.h"
+#include "controls/tree.h"
+#include "project/module_state.h"
+
+#include <chrono>
+#include <utility>
+
+namespace zb {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+// A window that is busy for longer answers late. The last piece of a slice may take some time, too.
+constexpr std::chrono::milliseconds kSlice = 5ms;
+
+} // namespace
+
+ProblemWatch::ProblemWatch(Desktop& desktop, ModuleState& state, Tree& messages)
+    : desktop_(desktop), state_(state), tree_(messages), messages_(state.codePage), model_(state.codePage) {
+    messages_.onChange = [this](const Findings& gone, const Findings& come) { note(gone, come); };
+    model_.onChange = messages_.onChange;
+    messages_.onDefinition = [this](const std::string& name) { model_.touchDefinition(name); };
+    tree_.addWatcher(*this);
+}
+
+ProblemWatch::~ProblemWatch() {
+    tree_.removeWatcher(*this);
+    if (state_.TRModelStore != nullptr)
+        state_.TRModelStore->onTouched = nullptr;
+}
+
+void ProblemWatch::restart() {
+    messages_.restart(tree_.nodes(), state_.codePage, standard_);
+    restartModel();
+    hasChanged_ = true;
+    schedule();
+}
+
+// The model is checked after the messages that it is about.
+void ProblemWatch::restartModel() {
+    modelStore_ = state_.TRModelStore.get();
+    projectType_ = state_.ProjectType;
+    model_.restart({&tree_.nodes(), modelStore_, &state_.sequences, projectType_}, state_.codePage,
+                   standard_);
+    if (modelStore_ != nullptr)
+        state_.TRModelStore->onTouched = [this](const std::string& name) {
+            model_.touch(name);
+            schedule();
+        };
+}
+
+void ProblemWatch::modelStepped() {
+    model_.touchSequences();
+    if (!isDone())
+        schedule();
+}
+
+void ProblemWatch::setStandard(bool on) {
+    if (standard_ == on)
+        return;
+    standard_ = on;
+    restart();
+}
+
+void ProblemWatch::setSilencings(Silencings silencings) {
+    silencings_ = std::move(silencings);
+    countAgain();
+    hasChanged_ = true;
+    report();
+}
+
+void ProblemWatch::setImport(Findings findings) {
+    note(import_, findings);
+    import_ = std::move(findings);
+    schedule();
+}
+
+void ProblemWatch::schedule() {
+    if (std::exchange(*isScheduled_, true))
+        return;
+    const std::weak_ptr<bool> alive = isScheduled_;
+    desktop_.screen().callLater(0ms, [this, alive] {
+        if (alive.expired())
+            return;
+        *isScheduled_ = false;
+        runSlice();
+    });
+}
+
+void ProblemWatch::runSlice() {
+    const Clock::time_point end = Clock::now() + kSlice;
+    while (work()) {
+        if (Clock::now() >= end) {
+            schedule();
+            break;
+        }
+    }
+    report();
+}
+
+void ProblemWatch::finish() {
+    while (work())
+        continue;
+    report();
+}
+
+/// Does a small piece; false when there is nothing to do.
+bool ProblemWatch::work() {
+    if (modelStore_ != state_.TRModelStore.get() || projectType_ != state_.ProjectType)
+        restartModel();
+    if (!messages_.isDone())
+        messages_.checkNext();
+    else if (!model_.isDone())
+        model_.checkNext();
+    else
+        return false;
+    hasChanged_ = hasChanged_ || isDone();
+    return true;
+}
+
+void ProblemWatch::report() {
+    if (std::exchange(hasChanged_, false) && onChange)
+        onChange();
+}
+
+void ProblemWatch::note(const Findings& gone, const Findings& come) {
+    tally_.remove(gone, silencings_);
+    tally_.add(come, silencings_);
+    hasChanged_ = true;
+}
+
+void ProblemWatch::countAgain() {
+    tally_.clear();
+    visit([this](const Problem& problem) { tally_.add({problem.finding}, silencings_); });
+}
+
+void ProblemWatch::visit(const std::function<void(const Problem& problem)>& visit) const {
+    const auto visitOne = [&](const Finding& finding, const Node* root) {
+        visit({finding, root, silencings_.silences(finding)});
+    };
+    messages_.visit([&](const Node& root, const Finding& finding) { visitOne(finding, &root); });
+    if (modelStore_ == state_.TRModelStore.get())
+        model_.visit([&](const Finding& finding) { visitOne(finding, nullptr); });
+    for (const Finding& finding : import_)
+        visitOne(finding, nullptr);
+}
+
+void ProblemWatch::afterInsert(Node& node) {
+    messages_.afterInsert(node);
+    schedule();
+}
+
+void ProblemWatch::beforeRemove(Node& node) {
+    messages_.beforeRemove(node);
+    schedule();
+}
+
+void ProblemWatch::nodeChanged(Node& node) {
+    messages_.nodeChanged(node);
+    schedule();
+}
+
+void ProblemWatch::afterFill() {
+    restart();
+}
+
+} // namespace zb

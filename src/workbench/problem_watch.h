@@ -1,0 +1,91 @@
+#pragma once
+
+#include "lint/finding_tally.h"
+#include "lint/live_messages.h"
+#include "lint/live_model.h"
+#include "lint/silencings.h"
+#include "platform/tree/node_tree.h"
+
+#include <functional>
+#include <memory>
+
+namespace zb {
+
+class Desktop;
+class Tree;
+class TRModelStore;
+struct ModuleState;
+
+/// A finding, and the root node of the message that it is about; null for findings of anything else.
+struct Problem {
+    Finding finding;
+    const Node* root = nullptr;
+    bool isSilenced = false;
+
+    bool operator==(const Problem&) const = default;
+};
+
+/// Checks the open project between the actions of the user, in slices of some milliseconds: all of it after
+/// it was opened, and then what an action has changed. It changes nothing in the project.
+class ProblemWatch final : private NodeTreeListener {
+public:
+    /// `messages` is the tree of the editor.
+    ProblemWatch(Desktop& desktop, ModuleState& state, Tree& messages);
+    ~ProblemWatch() override;
+
+    /// Another project is open: begins anew.
+    void restart();
+    /// The modeler has done, undone or redone a step.
+    void modelStepped();
+    /// Does all that is left to do. For users who wait until it is done.
+    void finish();
+    bool isDone() const { return messages_.isDone() && model_.isDone(); }
+
+    /// Whether the rules of the standards check are checked, too.
+    bool checksStandard() const { return standard_; }
+    void setStandard(bool on);
+
+    const Silencings& silencings() const { return silencings_; }
+    void setSilencings(Silencings silencings);
+    /// What was found in the file that was read last.
+    void setImport(Findings findings);
+
+    /// Without the silenced ones; those of the file are among them.
+    const FindingTally& tally() const { return tally_; }
+    /// The messages in tree order, the model, the file.
+    void visit(const std::function<void(const Problem& problem)>& visit) const;
+
+    /// After a slice in which findings have come or gone, or the check has come to its end.
+    std::function<void()> onChange;
+
+private:
+    void afterInsert(Node& node) override;
+    void beforeRemove(Node& node) override;
+    void nodeChanged(Node& node) override;
+    void afterFill() override;
+
+    void restartModel();
+    void schedule();
+    void runSlice();
+    bool work();
+    void report();
+    void note(const Findings& gone, const Findings& come);
+    void countAgain();
+
+    Desktop& desktop_;
+    ModuleState& state_;
+    Tree& tree_;
+    LiveMessages messages_;
+    LiveModel model_;
+    Findings import_;
+    Silencings silencings_;
+    FindingTally tally_;
+    const TRModelStore* modelStore_ = nullptr; // that is being checked
+    int projectType_ = 0;
+    bool standard_ = false;
+    bool hasChanged_ = false;
+    /// Goes with this object: a slice that comes later finds it gone.
+    std::shared_ptr<bool> isScheduled_ = std::make_shared<bool>(false);
+};
+
+} // namespace zb
