@@ -10,7 +10,7 @@ inline constexpr const char* kHtmlStyle = R"css(
   :root { --ink: #e4e9f0; --paper: #14181e; --soft: #9aa6b4; --line: #3a4450; --band: #1e252e; --link: #8ab8f0; }
 }
 * { box-sizing: border-box; }
-body { margin: 0 auto; max-width: 60rem; padding: 1rem; background: var(--paper); color: var(--ink);
+body { margin: 0 auto; max-width: 72rem; padding: 1rem; background: var(--paper); color: var(--ink);
   font: 1rem/1.5 system-ui, sans-serif; overflow-wrap: anywhere; }
 h1 { margin: 0.5rem 0; }
 h2 { margin-top: 2.5rem; border-bottom: 2px solid var(--line); }
@@ -21,12 +21,12 @@ a { color: var(--link); }
 code, .value { font-family: ui-monospace, monospace; font-size: 0.9em; }
 .soft { color: var(--soft); }
 .scroll { overflow-x: auto; margin: 0.5rem 0; }
-table { border-collapse: collapse; width: 100%; font-size: 0.9rem; }
+table { border-collapse: collapse; width: 100%; font-size: 0.9rem; overflow-wrap: break-word; }
 th, td { border: 1px solid var(--line); padding: 0.25rem 0.5rem; text-align: left; vertical-align: top; }
-th { background: var(--band); }
-td.name { white-space: nowrap; }
+th { background: var(--band); white-space: nowrap; }
+figure { margin: 1.5rem 0; }
 pre { margin: 0; white-space: pre-wrap; }
-svg { display: block; width: 100%; max-width: 40rem; height: auto; }
+svg { display: block; width: 100%; max-width: 34rem; height: auto; }
 svg text { fill: currentColor; font: 13px system-ui, sans-serif; text-anchor: middle; }
 svg .party { font-weight: bold; }
 svg .life { stroke: var(--line); stroke-width: 2; }
@@ -43,6 +43,7 @@ svg a text { fill: var(--link); }
   thead { display: table-header-group; }
   a { text-decoration: none; }
   .scroll { overflow: visible; }
+  table { overflow-wrap: anywhere; }
 }
 )css";
 

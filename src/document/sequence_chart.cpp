@@ -8,12 +8,12 @@ namespace zb {
 
 namespace {
 
-constexpr std::size_t kWidth = 640;
-constexpr std::size_t kHostX = 80;
+constexpr std::size_t kWidth = 440;
+constexpr std::size_t kHostX = 50;
 constexpr std::size_t kEquipmentX = kWidth - kHostX;
 constexpr std::size_t kTop = 40;
 constexpr std::size_t kStep = 44;
-constexpr std::size_t kLongestLabel = 56;
+constexpr std::size_t kLongestLabel = 40;
 
 std::string number(std::size_t value) {
     return std::to_string(value);
