@@ -1,0 +1,119 @@
+// The checks between the actions of the user: what an edit costs more because of them, and how long a slice
+// of the first check keeps the window busy. Processor time.
+#include "bench/generated_model.h"
+#include "bench/generated_project.h"
+#include "support/temporary_folder.h"
+#include "unit/shell/program.h"
+#include "workbench/problems_pane.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <ctime>
+#include <fstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace zb::bench {
+namespace {
+
+double processorSeconds() {
+    std::timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+}
+
+struct Desk {
+    explicit Desk(std::int64_t messages) {
+        const auto count = static_cast<std::size_t>(messages);
+        std::ofstream(path, std::ios::binary) << projectText(count) << modelText(count / 10);
+        program.application.start(path.string());
+        runSlices();
+        checkStandard();
+    }
+
+    void checkStandard() { pane.chkCheckStandard.setChecked(true); }
+
+    /// Runs what is to be called at once, as the event loop does. The time of the longest call.
+    double runSlices() {
+        double longest = 0;
+        for (;;) {
+            std::vector<test::SilentScreen::Later> now;
+            now.swap(program.screen.later);
+            std::erase_if(now, [](const auto& later) { return later.delay.count() > 0; });
+            if (now.empty())
+                return longest;
+            for (const auto& later : now) {
+                const double start = processorSeconds();
+                later.run();
+                longest = std::max(longest, processorSeconds() - start);
+            }
+        }
+    }
+
+    test::TemporaryFolder folder;
+    std::filesystem::path path = folder / "Large.zbp";
+    SystemFileLayer files;
+    test::Program program{files};
+    ProblemsPane& pane = program.application.frmWorkbench.problems;
+};
+
+void firstCheck(benchmark::State& state) {
+    Desk desk(state.range(0));
+    double longest = 1;
+    for (auto _ : state) {
+        desk.pane.watch.restart();
+        const double start = processorSeconds();
+        const double slice = desk.runSlices();
+        state.SetIterationTime(processorSeconds() - start);
+        longest = std::min(longest, slice); // the machine is busy
+    }
+    state.counters["longest_slice_ms"] = longest * 1000;
+    state.counters["findings"] = desk.pane.watch.tally().of(Severity::Warning);
+}
+BENCHMARK(firstCheck)
+    ->Name("ProblemsFirstCheck")
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+/// Changes the node of a message that is `below` lines after its head, and checks what that concerns.
+void checkEdits(benchmark::State& state, int below, std::string first, std::string second) {
+    Desk desk(state.range(0));
+    if (state.range(1) != 0)
+        desk.pane.open();
+    desk.runSlices();
+    NodeTree& tree = desk.program.application.frmSECSEditor.liveTree();
+    Node* node =
+        tree.at(tree.find(messageName(static_cast<std::size_t>(state.range(0)) / 2))->index() + below);
+    for (auto _ : state) {
+        const double start = processorSeconds();
+        node->setText(first);
+        desk.runSlices();
+        state.SetIterationTime(processorSeconds() - start);
+        std::swap(first, second);
+    }
+}
+
+void itemEdit(benchmark::State& state) {
+    checkEdits(state, 2, "U4 1 CEID 70000000000", "U4 1 CEID 7");
+}
+BENCHMARK(itemEdit)
+    ->Name("ProblemsItemEdit")
+    ->ArgsProduct({{1'000, 10'000}, {0, 1}})
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
+
+void headEdit(benchmark::State& state) {
+    checkEdits(state, 0, "Middle: S1 F1 W H<-E", "Middle: S2 F3 W H<-E");
+}
+BENCHMARK(headEdit)
+    ->Name("ProblemsHeadEdit")
+    ->ArgsProduct({{1'000, 10'000}, {0, 1}})
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace zb::bench
