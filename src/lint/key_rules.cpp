@@ -1,6 +1,7 @@
 #include "lint/message_rules.h"
 #include "lint/rule.h"
 #include "lint/rule_context.h"
+#include "platform/code_page.h"
 
 #include <algorithm>
 
@@ -95,6 +96,20 @@ void checkKeyPlace(const MessageContext& context, Report& report) {
         const bool repeats = item.isList() && !item.record.isFixed();
         if (item.record.isKey() && (repeats || message.variableListsAround(item) > 0))
             report.tell(message.place(item), "An item that is repeated cannot be the key");
+    }
+}
+
+// A driver compares all bytes of an item.
+void checkKeyLength(const MessageContext& context, Report& report) {
+    for (const CheckedItem& item : context.message.items) {
+        const SECSItemRecord& record = item.record;
+        if (!record.isKey() || !record.isFixed() || itemKind(record.getType()) != ItemKind::Quoted)
+            continue;
+        const auto length = static_cast<long>(context.codePage.ansiByteLength(record.getValue()));
+        if (length < record.getCount())
+            report.tell(context.message.place(item),
+                        "The key text has " + std::to_string(length) + " bytes, and the item always " +
+                            std::to_string(record.getCount()) + ", so that no message matches");
     }
 }
 

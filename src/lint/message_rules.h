@@ -23,6 +23,7 @@ void checkKeyKept(const MessageContext& context, Report& report);
 // Rules of the key item.
 
 void checkKeyPlace(const MessageContext& context, Report& report);
+void checkKeyLength(const MessageContext& context, Report& report);
 void checkKeySingle(const MessageContext& context, Report& report);
 
 } // namespace zb

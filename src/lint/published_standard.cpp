@@ -13,17 +13,16 @@ namespace {
 constexpr int kFirstOwnStream = 64;
 constexpr int kFirstOwnFunction = 64;
 
-/// Functions of a stream that are assigned, also where no layout comes with the program.
+/// Functions of a stream that newer editions have assigned; no layout comes with the program.
 struct AssignedRange {
     int stream;
+    int first;
     int last;
 };
-constexpr std::array kAssigned{AssignedRange{1, 24},  AssignedRange{2, 68},  AssignedRange{3, 36},
-                               AssignedRange{4, 42},  AssignedRange{5, 18},  AssignedRange{6, 30},
-                               AssignedRange{7, 44},  AssignedRange{8, 4},   AssignedRange{12, 20},
-                               AssignedRange{13, 16}, AssignedRange{14, 28}, AssignedRange{15, 54},
-                               AssignedRange{16, 30}, AssignedRange{17, 14}, AssignedRange{18, 16},
-                               AssignedRange{19, 20}, AssignedRange{20, 36}, AssignedRange{21, 20}};
+constexpr std::array kAssigned{
+    AssignedRange{1, 21, 24},  AssignedRange{2, 65, 68},  AssignedRange{3, 15, 36},  AssignedRange{7, 37, 44},
+    AssignedRange{14, 19, 28}, AssignedRange{15, 49, 54}, AssignedRange{16, 11, 30}, AssignedRange{18, 1, 16},
+    AssignedRange{19, 1, 20},  AssignedRange{20, 1, 36},  AssignedRange{21, 1, 20}};
 
 bool isWithin(const std::string_view range, double value) {
     // A sign in front belongs to the first number.
@@ -73,7 +72,7 @@ bool isAssigned(int stream, int function) {
     if (function == 0)
         return true;
     return std::any_of(kAssigned.begin(), kAssigned.end(), [&](const AssignedRange& range) {
-        return range.stream == stream && function <= range.last;
+        return range.stream == stream && function >= range.first && function <= range.last;
     });
 }
 

@@ -61,6 +61,8 @@ using Category = RuleCategory;
 // Sorted by category and id.
 constexpr std::array kRules{
     ofLink("key.equal", Category::Definition, "Two messages have the same key value", checkKeysDiffer),
+    ofMessage("key.length", Category::Definition, "The text of a key is shorter than its item",
+              checkKeyLength),
     ofLink("key.lost", Category::Definition, "A key item has lost its mark", checkKeyKept),
     ofLink("key.missing", Category::Definition, "No key item tells two messages apart", checkToldApart),
     ofMessage("key.repeated", Category::Definition, "The key is within a variable list", checkKeyPlace),

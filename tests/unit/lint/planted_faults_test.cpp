@@ -102,6 +102,7 @@ constexpr Plant kInMessages[] = {
     {"U4 1 ALID 3011", "L 0", "std.structure: Alarm: 1/2"},
     {"    L 3\n        B 1 ALCD 132\n        U4 1 ALID 3011\n        A 80V ALTX 'Pressure'",
      "    L 2\n        B 1 ALCD 132\n        U4 1 ALID 3011", "std.structure: Alarm: 1"},
+    {"A 4 RCMD 'STOP' [K]", "A 8 RCMD 'STOP' [K]", "key.length: Stop: 1/1"},
     {"RCMD 'STOP' [K]", "RCMD 'STOP'", "key.lost: Stop: 1/1"},
     {"A 4 RCMD 'STOP' [K]", "A 5 RCMD 'START' [K]", "key.equal: Stop: 1/1"},
     {"U4 1 ALID 3011", "U4 1 ALID 4294967296", "smd.value.range: Alarm: 1/2"},
