@@ -10,8 +10,9 @@
 
 namespace zb {
 
-class Window;
 class Control;
+class PopupMenu;
+class Window;
 
 /// What a store reports to its screen: enough to know what to read again.
 enum class Change {
@@ -84,6 +85,13 @@ public:
     std::function<void(KeyEvent)> onKeyDown;
     std::function<void(KeyEvent)> onKeyUp;
 
+    /// The pop-up that a right click on a list or tree opens, for one whose own handlers open none; null for
+    /// none. Whether the click selects is up to those handlers.
+    /// @{
+    PopupMenu* contextMenu() const { return contextMenu_; }
+    void setContextMenu(PopupMenu* menu) { contextMenu_ = menu; }
+    /// @}
+
     /// Starts of a drag on the control as a whole, and drops on it. Trees and lists have separate ones for
     /// their members.
     std::function<std::optional<DragData>()> onDragData;
@@ -102,6 +110,7 @@ private:
     bool leavesFocus_ = false;
     Window& window_;
     Control* pane_;
+    PopupMenu* contextMenu_ = nullptr;
     std::string name_;
     std::string caption_;
     std::string toolTip_;

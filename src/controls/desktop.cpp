@@ -9,6 +9,16 @@
 
 namespace zb {
 
+namespace {
+
+void ringWithCompanion(const PopupMenu& menu) {
+    menu.ring(Change::State);
+    if (menu.companion() != nullptr)
+        menu.companion()->ring(Change::State);
+}
+
+} // namespace
+
 Window* Desktop::find(std::string_view name) const {
     const auto found = std::find_if(windows_.rbegin(), windows_.rend(),
                                     [&](const Window* window) { return window->name() == name; });
@@ -140,8 +150,11 @@ Answer Desktop::showBox(Box box) {
 
 void Desktop::popup(PopupMenu& menu) {
     closePopup();
+    fire(menu.onOpen);
+    if (menu.companion() != nullptr)
+        fire(menu.companion()->onOpen);
     popup_ = &menu;
-    menu.ring(Change::State);
+    ringWithCompanion(menu);
     screen_.openPopup(menu);
 }
 
@@ -150,7 +163,9 @@ void Desktop::closePopup() {
         return;
     PopupMenu& menu = *popup_;
     popup_ = nullptr;
-    menu.ring(Change::State);
+    ringWithCompanion(menu);
+    if (menu.companion() != nullptr)
+        fire(menu.companion()->onClosed);
     fire(menu.onClosed);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/key_commands.h"
 #include "controls/notices.h"
 #include "controls/screen.h"
 #include "controls/user_steps.h"
@@ -87,6 +88,10 @@ public:
     /// Where notices go from now on; null for nowhere.
     void showNoticesIn(Notices* place) { notices_ = place; }
 
+    /// The keys of commands that are in no menu bar.
+    KeyCommands& keys() { return keys_; }
+
+    /// The menu that was opened; its companion is open with it.
     PopupMenu* openPopup() const { return popup_; }
     void popup(PopupMenu& menu);
     void closePopup();
@@ -150,6 +155,7 @@ private:
 
     Screen& screen_;
     UserSteps steps_;
+    KeyCommands keys_;
     std::vector<Window*> windows_; // the one shown last is at the end
     std::vector<ModalEntry> modal_;
     Window* active_ = nullptr;

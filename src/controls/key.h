@@ -23,13 +23,17 @@ inline constexpr int kKeyTab = 9;
 inline constexpr int kKeyEnter = 13;
 inline constexpr int kKeyEscape = 27;
 inline constexpr int kKeySpace = 32;
+inline constexpr int kKeyPageUp = 33;
+inline constexpr int kKeyPageDown = 34;
 inline constexpr int kKeyEnd = 35;
 inline constexpr int kKeyHome = 36;
 inline constexpr int kKeyLeft = 37;
 inline constexpr int kKeyUp = 38;
 inline constexpr int kKeyRight = 39;
 inline constexpr int kKeyDown = 40;
+inline constexpr int kKeyInsert = 45;
 inline constexpr int kKeyDelete = 46;
+inline constexpr int kKeyF1 = 112;
 inline constexpr int kKeyF3 = 114;
 /// A text that no key of a US keyboard enters: from another layout, a dead key or an input method.
 inline constexpr int kKeyForeignText = 229;

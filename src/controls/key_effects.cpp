@@ -106,12 +106,12 @@ Node* arrowTarget(const Tree& tree, int code) {
     }
 }
 
-void moveInTree(Tree& tree, int code) {
-    if (code < kKeyEnd || code > kKeyDown)
+void moveInTree(Tree& tree, KeyEvent key) {
+    if (key.code < kKeyEnd || key.code > kKeyDown)
         return;
-    Node* target = arrowTarget(tree, code);
+    Node* target = arrowTarget(tree, key.code);
     if (target != nullptr && target != tree.nodes().selected())
-        reachNode(tree, *target);
+        reachNode(tree, *target, key.shift);
 }
 
 /// The position, from 1, to which a key leads; nothing for other keys.
@@ -178,7 +178,8 @@ MenuEntry* entryOfKey(const Control& control, KeyEvent key) {
     return nullptr;
 }
 
-void reachNode(Tree& tree, Node& node) {
+void reachNode(Tree& tree, Node& node, int shift) {
+    fire(tree.onMarking, node, shift);
     tree.nodes().select(&node);
     const Desktop::FocusStays stays(tree.window().desktop());
     fire(tree.onReached ? tree.onReached : tree.onNodeClick, node);
@@ -233,7 +234,7 @@ void applyKey(Control& control, KeyEvent key) {
         moveInList(static_cast<List&>(control), key);
         break;
     case Kind::Tree:
-        moveInTree(static_cast<Tree&>(control), key.code);
+        moveInTree(static_cast<Tree&>(control), key);
         break;
     default:
         break;

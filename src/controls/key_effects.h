@@ -19,10 +19,10 @@ void applyKey(Control& control, KeyEvent key);
 /// fields handle their editing keys themselves. Whether the entry can be used now is not checked.
 MenuEntry* entryOfKey(const Control& control, KeyEvent key);
 
-/// The keyboard has come to a node or row: it is selected, and shown as by a click on it. Only the focus
-/// stays where it is.
+/// The keyboard has come to a node or row, with these modifier keys held: it is selected, and shown as by a
+/// click on it. Only the focus stays where it is.
 /// @{
-void reachNode(Tree& tree, Node& node);
+void reachNode(Tree& tree, Node& node, int shift = 0);
 void reachRow(List& list, ListRow& row);
 /// @}
 

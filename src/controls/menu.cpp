@@ -5,12 +5,26 @@
 
 namespace zb {
 
+PopupMenu::~PopupMenu() {
+    if (companion_ != nullptr)
+        companion_->host_ = nullptr;
+    if (host_ != nullptr)
+        host_->companion_ = nullptr;
+}
+
+void PopupMenu::setCompanion(PopupMenu& companion) {
+    companion_ = &companion;
+    companion.host_ = this;
+    companion.setLeavesFocus();
+}
+
 void PopupMenu::open() {
     window().desktop().popup(*this);
 }
 
 bool PopupMenu::isOpen() const {
-    return window().desktop().openPopup() == this;
+    const PopupMenu* open = window().desktop().openPopup();
+    return open != nullptr && (open == this || open == host_);
 }
 
 PopupMenu* MenuEntry::popup() const {

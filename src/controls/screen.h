@@ -31,6 +31,14 @@ struct FileDialog {
     std::string folder;
 };
 
+/// What is on the clipboard that all programs share.
+struct SharedClipboard {
+    std::string text; ///< plain text; empty when there is none
+    /// Messages or items that this program, or another instance of it, has put there: texts that lose
+    /// nothing. Empty when another program put something there.
+    std::string nodes;
+};
+
 /// The services of a screen. A script and the desktop program each have one.
 class Screen {
 public:
@@ -57,6 +65,11 @@ public:
     /// never does.
     // NOLINTNEXTLINE(performance-unnecessary-value-param): a screen with a clock keeps the function.
     virtual void callLater(std::chrono::milliseconds /*delay*/, std::function<void()> /*function*/) {}
+    /// A screen without a clipboard has an empty one.
+    /// @{
+    virtual void putOnClipboard(const SharedClipboard& /*contents*/) {}
+    virtual SharedClipboard clipboard() { return {}; }
+    /// @}
     /// The local time, as "19:46".
     virtual std::string timeOfDay();
 };

@@ -56,9 +56,11 @@ void Tree::Listeners::afterFill() {
 
 void Tree::replaceNodes(std::unique_ptr<NodeTree> fresh) {
     nodes_->setListener(nullptr);
+    marks_.clear();
     std::swap(nodes_, fresh);
     // The old nodes are destroyed only after all views have released them.
     fire(onReplaced);
+    marks_.follow(*nodes_);
     nodes_->setListener(told());
     for (NodeTreeListener* watcher : watchers_)
         watcher->afterFill();

@@ -2,6 +2,7 @@
 
 #include "controls/control.h"
 #include "controls/drag.h"
+#include "controls/tree_marks.h"
 #include "platform/tree/node_tree.h"
 
 #include <functional>
@@ -15,7 +16,10 @@ namespace zb {
 class Tree : public Control {
 public:
     Tree(Window& window, std::string name, Control* pane = nullptr)
-        : Control(Kind::Tree, window, std::move(name), pane), nodes_(std::make_unique<NodeTree>()) {}
+        : Control(Kind::Tree, window, std::move(name), pane), nodes_(std::make_unique<NodeTree>()) {
+        marks_.follow(*nodes_);
+        addWatcher(marks_);
+    }
 
     NodeTree& nodes() { return *nodes_; }
     const NodeTree& nodes() const { return *nodes_; }
@@ -44,6 +48,12 @@ public:
     /// @}
     /// The recorder of the current tree. A replacement has none until this is called again.
     void setRecorder(NodeTreeRecorder* recorder) { nodes_->setRecorder(recorder); }
+    TreeMarks& marks() { return marks_; }
+    const TreeMarks& marks() const { return marks_; }
+    /// The user presses a node with the left button, or comes to it by a key, with these modifier keys held;
+    /// it is selected afterwards. For trees with marks.
+    std::function<void(Node& node, int shift)> onMarking;
+
     /// The whole tree was replaced.
     std::function<void()> onReplaced;
 
@@ -85,6 +95,7 @@ private:
     NodeTreeListener* listener_ = nullptr;
     std::vector<NodeTreeListener*> watchers_;
     Listeners listeners_;
+    TreeMarks marks_;
 };
 
 } // namespace zb

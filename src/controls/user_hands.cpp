@@ -20,9 +20,20 @@ namespace {
 
 using Kind = Control::Kind;
 
-bool isOpenPopupEntry(const Control& control, const PopupMenu* popup) {
-    return popup != nullptr && control.kind() == Kind::MenuEntry &&
-           static_cast<const MenuEntry&>(control).popup() == popup;
+PopupMenu* popupOf(const Control& control) {
+    return control.kind() == Kind::MenuEntry ? static_cast<const MenuEntry&>(control).popup() : nullptr;
+}
+
+/// The window that must be in reach for the control to be: entries of a companion are part of the menu that
+/// they are shown in.
+const Window& shownIn(const Control& control) {
+    const PopupMenu* popup = popupOf(control);
+    return popup != nullptr && popup->host() != nullptr ? popup->host()->window() : control.window();
+}
+
+bool leavesFocus(const Control& control) {
+    const PopupMenu* popup = popupOf(control);
+    return control.leavesFocus() || (popup != nullptr && popup->leavesFocus());
 }
 
 /// What must be usable for the control to be usable: its pane, or the menu of an entry. For the entries of a
@@ -50,7 +61,7 @@ UserHands::Refusal UserHands::whyOutOfReach(const Window& window) const {
 }
 
 UserHands::Refusal UserHands::whyNot(const Control& control) const {
-    if (Refusal refusal = whyOutOfReach(control.window()); !refusal.empty())
+    if (Refusal refusal = whyOutOfReach(shownIn(control)); !refusal.empty())
         return refusal;
     for (const Control* part = &control; part != nullptr; part = above(*part)) {
         if (!part->visible())
@@ -71,9 +82,9 @@ UserHands::Refusal UserHands::whyNot(const Target& target) const {
 
 UserHands::Refusal UserHands::approach(const Target& target) {
     Window& window = target.control->window();
-    if (Refusal refusal = whyOutOfReach(window); !refusal.empty())
+    if (Refusal refusal = whyOutOfReach(shownIn(*target.control)); !refusal.empty())
         return refusal;
-    if (target.control->leavesFocus())
+    if (leavesFocus(*target.control))
         return whyNot(target);
     const int index = indexOf(target);
     // The tool bar of a frame is there for the document in front, and leaves the focus in it.
@@ -96,7 +107,7 @@ UserHands::Refusal UserHands::begin(const Target& target) {
 
 UserHands::Refusal UserHands::beginUncounted(const Target& target) {
     Control& control = *target.control;
-    if (!isOpenPopupEntry(control, desktop_.openPopup()))
+    if (const PopupMenu* popup = popupOf(control); popup == nullptr || !popup->isOpen())
         desktop_.closePopup();
     const int index = indexOf(target);
     if (Refusal refusal = approach(target); !refusal.empty())
@@ -200,8 +211,10 @@ void UserHands::pressPart(const Target& target, MouseButton button, KeyEvent mod
     if (control.kind() == Kind::Tree) {
         auto& tree = as<Tree>(control);
         pressedIndex_ = indexOf(target);
-        if (button == MouseButton::Left && target.node != nullptr)
+        if (button == MouseButton::Left && target.node != nullptr) {
+            fire(tree.onMarking, *target.node, modifiers.shift);
             tree.nodes().select(target.node);
+        }
         fire(tree.onMouseDown, static_cast<int>(button), target.node);
     } else if (control.kind() == Kind::List && !target.column) {
         pressRow(as<List>(control), target.row, button, modifiers);
@@ -248,6 +261,8 @@ void UserHands::mouseUp(const Target& target, MouseButton button, KeyEvent modif
     } else if (control.kind() == Kind::Pane && whyNot(control).empty()) {
         fire(as<Pane>(control).onClick);
     }
+    if (!left && control.contextMenu() != nullptr && desktop_.openPopup() == nullptr)
+        control.contextMenu()->open();
 }
 
 UserHands::Refusal UserHands::doubleClick(const Target& target) {
@@ -351,12 +366,12 @@ UserHands::Refusal UserHands::choose(Control& control, std::string_view text) {
     return {};
 }
 
-UserHands::Refusal UserHands::reach(Tree& tree, Node& node) {
+UserHands::Refusal UserHands::reach(Tree& tree, Node& node, KeyEvent modifiers) {
     const UserSteps::Action action(desktop_.steps(), &tree);
     if (Refusal refusal = begin(Target::whole(tree)); !refusal.empty())
         return refusal;
     if (tree.nodes().selected() != &node)
-        reachNode(tree, node);
+        reachNode(tree, node, modifiers.shift);
     return {};
 }
 

@@ -102,6 +102,11 @@ public:
     /// The same, wherever the focus is.
     Refusal keyDownHere(Control& control, KeyEvent key, const KeyAction& effect = {});
     void keyUp(Control& control, KeyEvent key);
+    /// A key that no control has a use for, in that window: runs its command. False when it has none there.
+    bool runCommandKey(Window& window, KeyEvent key);
+    /// Whether the next keys are struck on a keyboard; a script's are not. Some commands of keys are only for
+    /// a keyboard.
+    void setAtKeyboard(bool atKeyboard) { atKeyboard_ = atKeyboard; }
     /// A text that no key enters, from a dead key or an input method: key down and key up of the code for all
     /// such texts, with an insertion between them unless the field is locked by then.
     Refusal enterText(TextField& field, std::string_view text);
@@ -115,7 +120,7 @@ public:
     Refusal extendTo(List& list, ListRow& row);
     /// A key that only the screen can interpret, such as Page Down, moves the selection here, as the arrow
     /// keys do.
-    Refusal reach(Tree& tree, Node& node);
+    Refusal reach(Tree& tree, Node& node, KeyEvent modifiers = {});
     Refusal reach(List& list, ListRow& row);
     /// @}
 
@@ -141,13 +146,15 @@ private:
     void pressRow(List& list, ListRow* row, MouseButton button, KeyEvent modifiers);
     bool stillThere(const Target& target) const;
     bool takesUndoKey(Control& control, KeyEvent key);
+    bool takesCommandKey(Control& control, KeyEvent key);
     Refusal runMenuEntry(Control& control);
 
     Desktop& desktop_;
     int begun_ = 0;
     Refusal lastRefusal_;
     int pressedIndex_ = 0; // of the node under the button that was pressed last
-    int heldUndoKey_ = 0;  // the code of a key that went to the history; its key up goes nowhere
+    bool atKeyboard_ = false;
+    int heldCommandKey_ = 0; // the code of a key that ran a command; its key up goes nowhere
 };
 
 } // namespace zb

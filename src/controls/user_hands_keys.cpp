@@ -31,7 +31,8 @@ UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key, const 
     fire(control.onKeyDown, key);
     if (Refusal refusal = whyNot(control); !refusal.empty())
         return refusal;
-    if (takesUndoKey(control, key))
+    heldCommandKey_ = 0;
+    if (takesUndoKey(control, key) || takesCommandKey(control, key))
         return {};
     if (effect)
         effect();
@@ -42,7 +43,7 @@ UserHands::Refusal UserHands::keyDownHere(Control& control, KeyEvent key, const 
 
 void UserHands::keyUp(Control& control, KeyEvent key) {
     const UserSteps::Action action(desktop_.steps(), &control);
-    if (key.code == std::exchange(heldUndoKey_, 0))
+    if (key.code == std::exchange(heldCommandKey_, 0))
         return;
     if (control.window().visible())
         fire(control.onKeyUp, key);
@@ -59,12 +60,34 @@ bool hasOwnHistory(const Control& control) {
 
 // The key of a command never reaches the control again, as with the shortcuts of a menu.
 bool UserHands::takesUndoKey(Control& control, KeyEvent key) {
-    heldUndoKey_ = 0;
     const UndoKey wish = undoKeyOf(key);
     if (wish == UndoKey::None || hasOwnHistory(control) || !desktop_.steps().move(control.window(), wish))
         return false;
-    heldUndoKey_ = key.code;
+    heldCommandKey_ = key.code;
     return true;
+}
+
+bool UserHands::takesCommandKey(Control& control, KeyEvent key) {
+    const KeyCommand* command = desktop_.keys().find(control.window(), &control, key);
+    if (command == nullptr || (command->forKeyboard && !atKeyboard_) ||
+        (desktop_.modalWindow() != nullptr && command->place.window == nullptr))
+        return false;
+    // The command may destroy what it was found in.
+    const std::function<bool()> run = command->run;
+    if (!run())
+        return false;
+    heldCommandKey_ = key.code;
+    return true;
+}
+
+bool UserHands::runCommandKey(Window& window, KeyEvent key) {
+    const UserSteps::Action action(desktop_.steps(), nullptr);
+    const KeyCommand* command = desktop_.keys().find(window, nullptr, key);
+    if (command == nullptr || !desktop_.acceptsInput(window) ||
+        (desktop_.modalWindow() != nullptr && command->place.window == nullptr))
+        return false;
+    const std::function<bool()> run = command->run;
+    return run();
 }
 
 void UserHands::undo(Control& control) {

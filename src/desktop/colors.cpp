@@ -63,13 +63,25 @@ QColor readable(QColor text, const QColor& background) {
     return text;
 }
 
-QColor restingHighlight(const QPalette& palette) {
-    constexpr float kShare = 0.35F;
+namespace {
+
+/// The highlight of the palette with the background of its fields.
+QColor mixedHighlight(const QPalette& palette, float share) {
     const QColor highlight = palette.color(QPalette::Highlight);
     const QColor base = palette.color(QPalette::Base);
-    const auto mix = [](float left, float right) { return kShare * left + (1 - kShare) * right; };
+    const auto mix = [share](float left, float right) { return share * left + (1 - share) * right; };
     return QColor::fromRgbF(mix(highlight.redF(), base.redF()), mix(highlight.greenF(), base.greenF()),
                             mix(highlight.blueF(), base.blueF()));
+}
+
+} // namespace
+
+QColor restingHighlight(const QPalette& palette) {
+    return mixedHighlight(palette, 0.35F);
+}
+
+QColor markedRow(const QPalette& palette) {
+    return mixedHighlight(palette, 0.2F);
 }
 
 QColor readable(const Color& text, const OptionalColor& back) {

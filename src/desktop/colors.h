@@ -28,4 +28,7 @@ QColor readable(QColor text, const QColor& background);
 /// focus is distinct.
 QColor restingHighlight(const QPalette& palette);
 
+/// The background of a row that is marked beside the selected one.
+QColor markedRow(const QPalette& palette);
+
 } // namespace zb

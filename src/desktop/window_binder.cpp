@@ -14,6 +14,7 @@
 #include "desktop/binders/simple_binders.h"
 #include "desktop/binders/text_field_binder.h"
 #include "desktop/binders/tree_binder.h"
+#include "desktop/key_codes.h"
 #include "desktop/models/node_tree_view.h"
 #include "desktop/qt_text.h"
 
@@ -128,6 +129,12 @@ void WindowBinder::showState() {
         onChange();
 }
 
+// A key that reached no control: the focus is on a part of the window that has no store.
+bool WindowBinder::runCommandOf(const QKeyEvent& event) {
+    const auto key = meaningOf(event).key;
+    return key && binding_.hands.runCommandKey(window_, *key);
+}
+
 bool WindowBinder::eventFilter(QObject* watched, QEvent* event) {
     if (watched != &form_)
         return false;
@@ -143,7 +150,7 @@ bool WindowBinder::eventFilter(QObject* watched, QEvent* event) {
             binding_.hands.click(Target::whole(*cancel));
         return cancel != nullptr;
     }
-    return false;
+    return event->type() == QEvent::KeyPress && runCommandOf(static_cast<QKeyEvent&>(*event));
 }
 
 } // namespace zb

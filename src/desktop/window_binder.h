@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+class QKeyEvent;
+
 namespace zb {
 
 class Window;
@@ -36,6 +38,7 @@ public:
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool runCommandOf(const QKeyEvent& event);
     void bindControls();
     std::unique_ptr<Binder> bind(Control& control, QWidget& widget);
     void showState();

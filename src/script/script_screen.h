@@ -20,11 +20,14 @@ public:
     void runModal(Window& window) override { onModal(window); }
     void bringToFront(Window& /*window*/) override {}
     void openPopup(PopupMenu& /*menu*/) override {}
+    void putOnClipboard(const SharedClipboard& contents) override { clipboard_ = contents; }
+    SharedClipboard clipboard() override { return clipboard_; }
     /// Scripts run alike at every time of the day.
     std::string timeOfDay() override { return "12:00"; }
 
 private:
     PreparedAnswers& prepared_;
+    SharedClipboard clipboard_;
 };
 
 } // namespace zb

@@ -20,7 +20,14 @@ QWindow* AccessibleNode::window() const {
 }
 
 QString AccessibleNode::text(QAccessible::Text text) const {
+    if (text == QAccessible::Description)
+        return isMarked() ? QStringLiteral("marked") : QString();
     return text == QAccessible::Name ? toQt(node_->text()) : QString();
+}
+
+bool AccessibleNode::isMarked() const {
+    const auto& model = static_cast<const NodeTreeModel&>(*tree_.view().model());
+    return model.store().marks().holds(*node_);
 }
 
 QAccessible::State AccessibleNode::state() const {
@@ -31,7 +38,9 @@ QAccessible::State AccessibleNode::state() const {
     state.disabled = !view.isEnabled();
     state.selectable = true;
     state.focusable = true;
-    state.selected = isSelected;
+    state.selected = isSelected || isMarked();
+    state.multiSelectable =
+        static_cast<bool>(static_cast<const NodeTreeModel&>(*view.model()).store().onMarking);
     state.focused = isSelected && view.hasFocus();
     state.expandable = node_->child() != nullptr;
     state.expanded = state.expandable && view.isOpen(*node_);

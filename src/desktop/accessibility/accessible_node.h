@@ -29,6 +29,8 @@ public:
     QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
 
 private:
+    bool isMarked() const;
+
     const AccessibleTree& tree_;
     const Node* node_;
 };

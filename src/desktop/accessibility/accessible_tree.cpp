@@ -32,6 +32,13 @@ void AccessibleTree::reportSelection(NodeTreeView& view) {
     QAccessible::updateAccessibility(&event);
 }
 
+void AccessibleTree::reportMarks(NodeTreeView& view) {
+    if (!QAccessible::isActive())
+        return;
+    QAccessibleEvent event(&view, QAccessible::SelectionWithin);
+    QAccessible::updateAccessibility(&event);
+}
+
 AccessibleTree::AccessibleTree(NodeTreeView& view) : QAccessibleWidget(&view, QAccessible::Tree) {
     // The address of a node that goes may come back as that of another one.
     if (const QAbstractItemModel* model = view.model()) {

@@ -22,6 +22,8 @@ public:
     static void install();
     /// Reports that another node has been selected, when a screen reader listens.
     static void reportSelection(NodeTreeView& view);
+    /// Other nodes are marked than before.
+    static void reportMarks(NodeTreeView& view);
 
     NodeTreeView& view() const;
     /// Null for no node.

@@ -1,5 +1,6 @@
 #include "desktop/binders/binder.h"
 
+#include "controls/desktop.h"
 #include "controls/key_effects.h"
 #include "controls/simple_controls.h"
 #include "controls/text_field.h"
@@ -92,7 +93,11 @@ bool Binder::filterKeys(QEvent& event) {
 
 bool Binder::keyPressed(QKeyEvent& event) {
     const KeyMeaning meaning = meaningOf(event);
-    if (!meaning.key || (meaning.key->shift & kAltKey) != 0)
+    if (!meaning.key)
+        return false;
+    // Keys with Alt belong to the menus and buttons, unless a command is on them.
+    if ((meaning.key->shift & kAltKey) != 0 &&
+        binding_.desktop.keys().find(control_.window(), &control_, *meaning.key) == nullptr)
         return false;
     const QPointer<Binder> alive(this);
     pressKey(event, *meaning.key);
@@ -128,6 +133,7 @@ void Binder::pressDefaultButton() {
 void Binder::pressKey(const QKeyEvent& event, KeyEvent key, const UserHands::KeyAction& effect) {
     // The handlers of the key may destroy this binder's window.
     const QPointer<Binder> alive(this);
+    hands().setAtKeyboard(event.spontaneous());
     const auto refusal = binding_.keysStay ? hands().keyDownHere(control_, key, effect)
                                            : hands().keyDown(control_, key, effect);
     if (!refusal.empty() || !alive)

@@ -3,12 +3,14 @@
 #include "controls/control.h"
 #include "controls/user_hands.h"
 
+#include <QMenu>
 #include <QObject>
 #include <QPoint>
 #include <QPointer>
 #include <QWidget>
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -17,6 +19,7 @@ class QKeyEvent;
 namespace zb {
 
 class Pictures;
+class PopupMenu;
 
 /// Shared by all binders of one desktop.
 struct Binding {
@@ -39,6 +42,8 @@ struct Binding {
     std::function<void()> searchAgain;
     /// Where a pop-up opens that was requested by a key; otherwise it opens at the pointer.
     std::optional<QPoint> popupPlace;
+    /// The menus of all pop-ups.
+    std::map<const PopupMenu*, QPointer<QMenu>> popups;
 };
 
 /// Marks a scope in which widgets follow the stores.

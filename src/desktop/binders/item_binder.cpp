@@ -1,6 +1,8 @@
 #include "desktop/binders/item_binder.h"
 
+#include "controls/desktop.h"
 #include "desktop/binders/dragging.h"
+#include "desktop/key_codes.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -195,6 +197,11 @@ void ItemBinder::scrollAtEdge(const QPoint& place) {
 
 bool ItemBinder::keyPressed(QKeyEvent& event) {
     flush();
+    const auto key = meaningOf(event).key;
+    const bool isCommand =
+        key && binding().desktop.keys().find(control().window(), &control(), *key) != nullptr;
+    if (isCommand && Binder::keyPressed(event))
+        return true;
     if (dragByKey(event) || mouseByKey(event) || Binder::keyPressed(event))
         return true;
     // What is left must not reach the view: it would move the highlight without the store.

@@ -55,6 +55,7 @@ void MenuBinder::addPopup(PopupMenu& popup) {
     auto* menu = new QMenu(&widget_);
     menu->setObjectName(widgetName(popup.name()));
     menus_[&popup] = menu;
+    binding_.popups[&popup] = menu;
     // A click on an entry closes the menu before the click is reported; the store's pop-up stays open until
     // then.
     connect(menu, &QMenu::aboutToHide, this, [this, &popup] {
@@ -73,8 +74,21 @@ void MenuBinder::addPopup(PopupMenu& popup) {
 }
 
 void MenuBinder::open(PopupMenu& popup) {
-    if (QMenu* menu = menuOf(popup))
-        menu->popup(binding_.popupPlace.value_or(QCursor::pos()));
+    QMenu* menu = menuOf(popup);
+    if (menu == nullptr)
+        return;
+    if (popup.companion() != nullptr)
+        appendEntriesOf(*popup.companion(), *menu);
+    menu->popup(binding_.popupPlace.value_or(QCursor::pos()));
+}
+
+// The companion may belong to a window that is bound later than this one.
+void MenuBinder::appendEntriesOf(const PopupMenu& companion, QMenu& menu) {
+    const QMenu* more = binding_.popups[&companion];
+    if (more == nullptr || more->isEmpty() || menu.actions().contains(more->actions().constFirst()))
+        return;
+    menu.addSeparator();
+    menu.addActions(more->actions());
 }
 
 void MenuBinder::addEntry(MenuEntry& entry) {
@@ -131,7 +145,8 @@ void MenuBinder::insert(MenuEntry& entry, QAction& action) {
 
 void MenuBinder::showEntry(const MenuEntry& entry) {
     QAction* action = actionOf(entry);
-    action->setText(toQt(entry.caption()));
+    const bool showsKey = entry.popup() != nullptr && !entry.shortcut().empty();
+    action->setText(toQt(showsKey ? entry.caption() + "\t" + entry.shortcut() : entry.caption()));
     action->setEnabled(entry.enabled());
     action->setVisible(entry.visible());
     if (entry.checked())

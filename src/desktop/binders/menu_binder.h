@@ -30,11 +30,12 @@ public:
     /// The action or menu of an entry or a pop-up; null for other controls.
     QAction* actionOf(const Control& control) const;
     QMenu* menuOf(const Control& control) const;
-    /// Opens a pop-up at the pointer.
+    /// Opens a pop-up at the pointer, with the entries of its companion below its own.
     void open(PopupMenu& popup);
 
 private:
     void addPopup(PopupMenu& popup);
+    void appendEntriesOf(const PopupMenu& companion, QMenu& menu);
     void addEntry(MenuEntry& entry);
     void addMenu(MenuEntry& entry);
     void addCommand(MenuEntry& entry);

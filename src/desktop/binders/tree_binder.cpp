@@ -28,6 +28,8 @@ TreeBinder::~TreeBinder() {
 }
 
 void TreeBinder::show(Change change) {
+    if (change == Change::Selection)
+        view_.showMarks();
     if (change != Change::State)
         return;
     const OptionalColor& back = tree_.backColor();
@@ -106,7 +108,7 @@ bool TreeBinder::moveByPage(const QKeyEvent& event) {
                        ? tree_.nodes().firstRoot()
                        : view_.nodeBeside(*selected, event.key() == Qt::Key_PageDown ? page : -page);
     if (target != nullptr)
-        hands().reach(tree_, *target);
+        hands().reach(tree_, *target, {0, event.modifiers().testFlag(Qt::ShiftModifier) ? kShiftKey : 0});
     return true;
 }
 

@@ -59,11 +59,20 @@ void NodeTreeView::paintEvent(QPaintEvent* event) {
 }
 
 void NodeTreeView::paintRow(QPainter& painter, const Node& node, const QRect& row) {
+    if (nodes_->store().marks().holds(node))
+        paintMark(painter, row);
     if (!withoutLines_)
         paintLines(painter, node, row);
     if (node.child() != nullptr)
         paintBox(painter, node, row);
     paintText(painter, node, row);
+}
+
+// A tint of the whole row, and a bar that is seen without colours.
+void NodeTreeView::paintMark(QPainter& painter, const QRect& row) const {
+    constexpr int kBar = 4;
+    painter.fillRect(row, markedRow(palette()));
+    painter.fillRect(QRect(row.topLeft(), QSize(kBar, row.height())), palette().color(QPalette::Highlight));
 }
 
 void NodeTreeView::paintLines(QPainter& painter, const Node& node, const QRect& row) const {
@@ -124,6 +133,8 @@ void NodeTreeView::paintText(QPainter& painter, const Node& node, const QRect& r
                          hasFocus() ? palette().color(QPalette::Highlight) : restingHighlight(palette()));
         color = hasFocus() ? palette().color(group, QPalette::HighlightedText)
                            : readable(color, restingHighlight(palette()));
+    } else if (nodes_->store().marks().holds(node)) {
+        color = readable(color, markedRow(palette()));
     }
     painter.setPen(color);
     painter.drawText(place.adjusted(kTextPadding, 0, 0, 0),

@@ -227,6 +227,11 @@ void NodeTreeView::selectionMoved() {
     viewport()->update();
 }
 
+void NodeTreeView::showMarks() {
+    AccessibleTree::reportMarks(*this);
+    viewport()->update();
+}
+
 void NodeTreeView::showSelected() {
     Node* selected = nodes_ == nullptr ? nullptr : nodes_->store().nodes().selected();
     setAccessibleDescription(selected == nullptr ? QString() : toQt(selected->text()));

@@ -18,6 +18,8 @@ public:
     explicit NodeTreeView(QWidget* parent = nullptr);
 
     void setNodes(NodeTreeModel& model);
+    /// Other nodes are marked than before.
+    void showMarks();
     void forgetNodes();
     /// The node at that position of the viewport; null below all nodes.
     Node* nodeAt(const QPoint& place) const;
@@ -84,6 +86,7 @@ private:
     int textLeft(const Node& node) const;
     void paintRow(QPainter& painter, const Node& node, const QRect& row);
     void paintLines(QPainter& painter, const Node& node, const QRect& row) const;
+    void paintMark(QPainter& painter, const QRect& row) const;
     void paintBox(QPainter& painter, const Node& node, const QRect& row) const;
     void paintText(QPainter& painter, const Node& node, const QRect& row);
     void widenTo(int width);

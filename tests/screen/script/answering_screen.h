@@ -23,6 +23,8 @@ public:
     void bringToFront(Window& window) override { shown_.bringToFront(window); }
     void openPopup(PopupMenu& menu) override { shown_.openPopup(menu); }
     void forget(Window& window) override { shown_.forget(window); }
+    void putOnClipboard(const SharedClipboard& contents) override { shown_.putOnClipboard(contents); }
+    SharedClipboard clipboard() override { return shown_.clipboard(); }
     std::string timeOfDay() override { return prepared_.timeOfDay(); }
 
 protected:

@@ -9,6 +9,7 @@
 #include "desktop/models/list_model.h"
 #include "desktop/models/node_tree_model.h"
 #include "desktop/qt_text.h"
+#include "screen/script/spots.h"
 #include "script/address.h"
 
 #include <QAbstractButton>
@@ -178,11 +179,14 @@ Value ScreenEyes::shownByControl(const Place& place, std::string_view name) {
 
 Value ScreenEyes::shownByEntry(const Place& place, std::string_view name) {
     MenuBinder& menus = screen_.binderOf(*place.window)->menus();
-    if (place.target.control->kind() == Kind::PopupMenu)
-        return name == "visible" ? Value(menus.menuOf(*place.target.control)->isVisible()) : std::nullopt;
+    if (place.target.control->kind() == Kind::PopupMenu) {
+        const QMenu* shown = menuWithEntriesOf(screen_, static_cast<const PopupMenu&>(*place.target.control));
+        return name == "visible" ? Value(shown->isVisible()) : std::nullopt;
+    }
     const QAction* action = menus.actionOf(*place.target.control);
+    // The key of an entry comes after a tab.
     if (name == "caption")
-        return text(action->text());
+        return text(action->text().section(QLatin1Char('\t'), 0, 0));
     // A hidden action reports itself as disabled; its own flag is visible when it is shown again.
     if (name == "enabled")
         return action->isVisible() ? Value(action->isEnabled()) : std::nullopt;

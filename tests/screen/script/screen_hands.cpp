@@ -118,7 +118,7 @@ Hands::Refusal ScreenHands::clickEntry(const Target& target) {
             return;
         }
         QAction* action = menus.actionOf(*entry);
-        QMenu* popup = entry->popup() == nullptr ? nullptr : menus.menuOf(*entry->popup());
+        QMenu* popup = entry->popup() == nullptr ? nullptr : menuWithEntriesOf(screen_, *entry->popup());
         if (popup == nullptr || !popup->isVisible()) {
             action->trigger();
             return;
@@ -130,7 +130,7 @@ Hands::Refusal ScreenHands::clickEntry(const Target& target) {
 }
 
 Hands::Refusal ScreenHands::controlClick(const Target& target) {
-    if (target.row == nullptr)
+    if (target.row == nullptr && target.node == nullptr)
         return click(target);
     return act(target, [&] { clickSpot(spotOf(screen_, target), Qt::LeftButton, Qt::ControlModifier); });
 }

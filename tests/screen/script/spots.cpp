@@ -2,6 +2,7 @@
 
 #include "controls/bars.h"
 #include "controls/list.h"
+#include "controls/menu.h"
 #include "controls/tree.h"
 #include "controls/window.h"
 #include "desktop/binders/bar_binders.h"
@@ -89,6 +90,12 @@ Spot spotOf(const DesktopScreen& screen, const Target& target) {
     default:
         return {&widget, widget.rect().center()};
     }
+}
+
+QMenu* menuWithEntriesOf(const DesktopScreen& screen, const PopupMenu& popup) {
+    const PopupMenu* host = popup.host();
+    const PopupMenu& shown = host != nullptr && host->isOpen() ? *host : popup;
+    return screen.binderOf(shown.window())->menus().menuOf(shown);
 }
 
 } // namespace zb::test

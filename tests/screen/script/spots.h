@@ -8,7 +8,10 @@
 
 namespace zb {
 class DesktopScreen;
-}
+class PopupMenu;
+} // namespace zb
+
+class QMenu;
 
 namespace zb::test {
 
@@ -23,5 +26,8 @@ Spot spotOf(const DesktopScreen& screen, const Target& target);
 
 /// What ties a control to its widget.
 Binder& binderOf(const DesktopScreen& screen, const Control& control);
+
+/// The menu that shows the entries of a pop-up: that of its host while the host is open.
+QMenu* menuWithEntriesOf(const DesktopScreen& screen, const PopupMenu& popup);
 
 } // namespace zb::test

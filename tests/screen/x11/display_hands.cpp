@@ -66,7 +66,8 @@ void DisplayHands::settle() {
 void DisplayHands::closePopupBefore(const Target& target) {
     const PopupMenu* popup = program_.desktop().openPopup();
     const auto* entry = dynamic_cast<const MenuEntry*>(target.control);
-    if (popup != nullptr && (entry == nullptr || entry->popup() != popup))
+    const bool isInPopup = entry != nullptr && entry->popup() != nullptr && entry->popup()->isOpen();
+    if (popup != nullptr && !isInPopup)
         dismiss();
     // A combo's list that a letter has opened.
     else if (popup == nullptr && QApplication::activePopupWidget() != nullptr)
@@ -116,7 +117,7 @@ Hands::Refusal DisplayHands::clickTarget(const Target& target, int mostJitter) {
 }
 
 Hands::Refusal DisplayHands::controlClick(const Target& target) {
-    if (target.row == nullptr)
+    if (target.row == nullptr && target.node == nullptr)
         return click(target);
     return act(target, [&]() -> Refusal {
         display_.clickWith(kControlSymbol, spotOf(screen_, target), mostJitterOn(target));

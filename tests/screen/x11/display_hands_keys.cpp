@@ -8,6 +8,7 @@
 #include "controls/window.h"
 #include "desktop/binders/combo_binder.h"
 #include "desktop/qt_text.h"
+#include "screen/script/spots.h"
 #include "screen/x11/display_hands.h"
 #include "screen/x11/key_symbols.h"
 #include "script/program.h"
@@ -229,7 +230,8 @@ Hands::Refusal DisplayHands::openMenuOf(const MenuEntry& entry) {
         if (Refusal refusal = openMenuOf(*above); !refusal.empty())
             return refusal;
     }
-    QMenu* menu = menus.menuOf(*entry.menu());
+    const auto* popup = dynamic_cast<const PopupMenu*>(entry.menu());
+    QMenu* menu = popup == nullptr ? menus.menuOf(*entry.menu()) : menuWithEntriesOf(screen_, *popup);
     QAction* action = menus.actionOf(entry);
     if (!menu->isVisible())
         return entry.menu()->name() + " is not open";

@@ -1,0 +1,35 @@
+#include "controls/tree_marks.h"
+
+#include "controls/control.h"
+
+#include <utility>
+
+namespace zb {
+
+void TreeMarks::set(const std::vector<Node*>& nodes) {
+    std::unordered_set<const Node*> marked(nodes.begin(), nodes.end());
+    if (marked == marked_)
+        return;
+    marked_ = std::move(marked);
+    fire(onChange);
+}
+
+void TreeMarks::beforeRemove(Node& node) {
+    const auto isLeaving = [&](const Node* marked) {
+        while (marked != nullptr && marked != &node)
+            marked = marked->parent();
+        return marked != nullptr;
+    };
+    if (std::erase_if(marked_, isLeaving) > 0)
+        fire(onChange);
+}
+
+void TreeMarks::selectionChanged() {
+    const Node* selected = tree_ == nullptr ? nullptr : tree_->selected();
+    const bool kept = std::exchange(keptFor_, nullptr) == selected;
+    if (selected == nullptr || (!kept && !holds(*selected)))
+        clear();
+    fire(onSelected);
+}
+
+} // namespace zb
