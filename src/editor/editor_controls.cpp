@@ -1,5 +1,8 @@
 #include "editor/editor_controls.h"
 
+#include "controls/key_commands.h"
+#include "editor/editor_keys.h"
+
 #include <array>
 
 namespace zb {
@@ -45,8 +48,10 @@ void EditorControls::addTypeButtons() {
         {"JIS8", "JIS-8 text (J)"},
         {"Any", "Any text (X)"},
     }};
+    int number = 0;
     for (const TypeButton& button : kButtons)
-        tbritemType.addButton(button.key, button.toolTip);
+        tbritemType.addButton(button.key,
+                              std::string(button.toolTip) + " (" + nameOfKey(keyOfType(++number)) + ")");
 }
 
 void EditorControls::setToolTips() {

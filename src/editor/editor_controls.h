@@ -63,6 +63,8 @@ public:
     Option optBoth{*this, "optBoth", "Both", directions, &picMsg};
     Button cmdMsgAdd{*this, "cmdMsgAdd", "&Add", &picMsg};
     Button cmdMsgChange{*this, "cmdMsgChange", "&Change", &picMsg};
+    /// Says which message the pane shows while another one is selected; hidden otherwise.
+    Label lblStale{*this, "lblStale", {}, &picMsg};
 
     Pane picItem{*this, "picItem"};
     Label lblItemName{*this, "lblItemName", "Item Name", &picItem};

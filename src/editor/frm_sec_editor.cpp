@@ -1,6 +1,7 @@
 #include "editor/frm_sec_editor.h"
 
 #include "controls/desktop.h"
+#include "editor/editor_keys.h"
 #include "platform/number.h"
 #include "project/module_state.h"
 #include "project/project_messages.h"
@@ -14,6 +15,7 @@ frmSECSEditor::frmSECSEditor(Desktop& desktop, ModuleState& state, ProjectComman
     mnuExpand.onClick = [this] { toggleExpand(); };
     mnuFind.onClick = [this] { fire(onFind); };
     wireTreeWidth();
+    addEditorKeys(*this);
     TreeView_ForeColor();
 }
 
@@ -23,6 +25,7 @@ void frmSECSEditor::newEditorProject() {
     cboSECSMessage.clear();
     replaceTree();
     state_.SECSMessageStore = std::make_unique<SECSMessageStore>();
+    shownMessage.isNone();
 }
 
 void frmSECSEditor::openEditorProject(MessageTree messages) {
@@ -35,6 +38,7 @@ void frmSECSEditor::openEditorProject(MessageTree messages) {
     for (const std::string& name : messages.names)
         InsertCbo(name);
     TreeView_ForeColor();
+    shownMessage.isNone();
     cboFirstSelect();
 }
 
@@ -45,6 +49,7 @@ std::string frmSECSEditor::buildMessageText(WalkMode mode) {
     SmdWriter writer(state_.codePage,
                      [this](const SECSMessageRecord& record) { display_DefSECSMsg(record); });
     WalkOutcome outcome = writer.buildMessageText(mode, liveTree(), *state_.SECSMessageStore);
+    shownMessage.isEmptied();
     if (outcome.fault)
         showFault(*outcome.fault);
     return std::move(outcome.status);

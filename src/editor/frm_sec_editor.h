@@ -1,9 +1,14 @@
 #pragma once
 
 #include "editor/editor_controls.h"
+#include "editor/item_entry.h"
 #include "editor/item_pane.h"
 #include "editor/library_pane.h"
+#include "editor/marked_changes.h"
+#include "editor/marked_nodes.h"
 #include "editor/message_pane.h"
+#include "editor/node_moves.h"
+#include "editor/shown_message.h"
 #include "editor/splitter.h"
 #include "editor/tree_commands.h"
 #include "editor/tree_interaction.h"
@@ -87,6 +92,11 @@ public:
     ItemPane itemPane;
     TreeCommands treeCommands{*this};
     TreeInteraction treeInteraction{*this};
+    ShownMessage shownMessage{*this};
+    MarkedNodes markedNodes{*this};
+    MarkedChanges markedChanges{*this};
+    NodeMoves nodeMoves{*this};
+    ItemEntry itemEntry{*this};
     LibraryPane libraryPane{*this};
 };
 

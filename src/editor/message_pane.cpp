@@ -204,6 +204,7 @@ void MessagePane::applyMessageChange(int index) {
     if (window_.txtMsgName.text() != oldName)
         window_.liveTree().setKey(*message, window_.txtMsgName.text());
     message->setText(nodeText());
+    window_.shownMessage.isSelected();
     if (window_.txtMsgName.text() != oldName)
         fire(onRenamed, oldName, window_.txtMsgName.text());
 }

@@ -2,6 +2,7 @@
 
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
+#include "editor/node_copies.h"
 #include "editor/step_names.h"
 #include "messages/item_names.h"
 #include "messages/message_nodes.h"
@@ -10,6 +11,7 @@
 #include "platform/wildcard.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace zb {
@@ -42,6 +44,8 @@ std::string textOf(const Node* node) {
 
 } // namespace
 
+TreeCommands::~TreeCommands() = default;
+
 TreeCommands::TreeCommands(frmSECSEditor& window) : window_(window) {
     wire(window_.editEntries);
     wire(window_.popEntries);
@@ -65,33 +69,67 @@ void TreeCommands::wire(StructureEntries& entries) {
     entries.child.onClick = [this] { addSubItem(); };
 }
 
+std::vector<Node*> TreeCommands::targets() {
+    std::vector<Node*> marked = window_.markedNodes.units();
+    if (Node* selected = window_.liveTree().selected(); marked.empty() && selected != nullptr)
+        marked.push_back(selected);
+    return marked;
+}
+
 void TreeCommands::cut() {
-    if (Node* selected = window_.liveTree().selected(); selected != nullptr) {
-        copyNodeToTemp(*selected);
-        deleteSelectedNode();
-    }
+    if (targets().empty())
+        return;
+    copy();
+    deleteTargets();
 }
 
 void TreeCommands::copy() {
-    if (Node* selected = window_.liveTree().selected(); selected != nullptr)
-        copyNodeToTemp(*selected);
+    const std::vector<Node*> nodes = targets();
+    if (nodes.empty())
+        return;
+    std::vector<std::unique_ptr<NodeTree>> copies;
+    for (Node* node : nodes) {
+        copies.push_back(std::make_unique<NodeTree>());
+        copyTo(*node, *copies.back());
+    }
+    takeCopies(std::move(copies));
+}
+
+void TreeCommands::takeCopies(std::vector<std::unique_ptr<NodeTree>> copies) {
+    copies_ = std::move(copies);
+    window_.clipboard().clear();
+    if (!copies_.empty())
+        copyAll(*copies_.front(), window_.clipboard());
+    fire(onCopied);
 }
 
 void TreeCommands::nameStep(std::string_view command) {
-    if (Node* selected = window_.liveTree().selected(); selected != nullptr)
+    const std::string several = window_.markedNodes.count();
+    Node* selected = window_.liveTree().selected();
+    if (!several.empty())
+        window_.desktop().steps().name(std::string(command) + several);
+    else if (selected != nullptr)
         window_.desktop().steps().name(std::string(command) + nameForSteps(*selected));
 }
 
+// Copies of several come after the last of them.
 void TreeCommands::duplicate() {
     nameStep("Duplicate ");
     copy();
+    if (const std::vector<Node*> marked = window_.markedNodes.units(); !marked.empty())
+        window_.liveTree().select(marked.back());
     pasteFromTemp(PastePosition::Next);
 }
 
-// Keys are not copied: pasting takes the name from the Text.
 void TreeCommands::copyNodeToTemp(Node& node) {
-    NodeTree& clipboard = window_.clipboard();
-    clipboard.clear();
+    std::vector<std::unique_ptr<NodeTree>> copies;
+    copies.push_back(std::make_unique<NodeTree>());
+    copyTo(node, *copies.back());
+    takeCopies(std::move(copies));
+}
+
+// Keys are not copied: pasting takes the name from the Text.
+void TreeCommands::copyTo(Node& node, NodeTree& clipboard) {
     Node* source = &node;
     if (node.parent() == nullptr) {
         source = messageOf(node).message;
@@ -106,26 +144,31 @@ void TreeCommands::copyNodeToTemp(Node& node) {
         sayError();
 }
 
+void TreeCommands::deleteTargets() {
+    Node* neighbour = nullptr;
+    for (Node* node : targets())
+        neighbour = node->parent() == nullptr ? removeMessage(*node) : removeItem(*node);
+    selectAndShow(neighbour);
+}
+
 void TreeCommands::deleteSelectedNode() {
     Node* selected = window_.liveTree().selected();
     if (selected == nullptr)
         window_.desktop().showBox("No selected message");
-    else if (selected->parent() == nullptr)
-        deleteMessage(*selected);
     else
-        deleteItem(*selected);
+        selectAndShow(selected->parent() == nullptr ? removeMessage(*selected) : removeItem(*selected));
 }
 
-void TreeCommands::deleteItem(Node& item) {
+Node* TreeCommands::removeItem(Node& item) {
     Node* parent = item.parent();
     Node* neighbour = item.next() != nullptr ? item.next() : item.previous();
     window_.liveTree().remove(item);
     if (isFixedList(*parent))
         updateListCount(*parent);
-    selectAndShow(neighbour != nullptr ? neighbour : parent);
+    return neighbour != nullptr ? neighbour : parent;
 }
 
-void TreeCommands::deleteMessage(Node& root) {
+Node* TreeCommands::removeMessage(Node& root) {
     NodeTree& tree = window_.liveTree();
     // The separator before the node that was found; a tree without it keeps its nodes.
     Node* separator = &root;
@@ -135,13 +178,13 @@ void TreeCommands::deleteMessage(Node& root) {
         separator = root.previous();
     Node* message = siblingAt(separator, 2);
     if (message == nullptr)
-        return;
+        return nullptr;
     Node* neighbour = siblingAt(separator, 3) != nullptr ? siblingAt(separator, 5) : separator->previous();
     window_.messagePane.removeCbo(message->key());
     tree.remove(*message);
     tree.remove(*separator->next());
     tree.remove(*separator);
-    selectAndShow(neighbour != nullptr ? neighbour : tree.at(1));
+    return neighbour != nullptr ? neighbour : tree.at(1);
 }
 
 void TreeCommands::selectAndShow(Node* node) {
@@ -159,48 +202,70 @@ void TreeCommands::updateListCount(Node& list) {
     list.setText(join(words, " "));
 }
 
+void TreeCommands::nameStepOfPaste() {
+    Node& first = *window_.clipboard().firstRoot();
+    const bool isMessage = holdsMessage(window_.clipboard());
+    std::string name = isMessage ? nameForSteps(first) : nameOfItem(first);
+    if (copies_.size() > 1)
+        name = std::to_string(copies_.size()) + (isMessage ? " messages" : " items");
+    window_.desktop().steps().name("Paste " + name);
+}
+
 void TreeCommands::pasteFromTemp(PastePosition position) {
     if (window_.clipboard().empty())
         return;
-    Node& copied = *window_.clipboard().firstRoot();
-    window_.desktop().steps().name(
-        "Paste " + (holdsMessage(window_.clipboard()) ? nameForSteps(copied) : nameOfItem(copied)));
+    nameStepOfPaste();
+    if (copies_.size() < 2) {
+        paste(window_.clipboard(), position);
+        return;
+    }
+    // Each comes directly after the selected node, so that the last one goes first.
+    const std::size_t count = copies_.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t place = position == PastePosition::Next ? count - 1 - i : i;
+        if (!paste(*copies_[place], position))
+            return;
+    }
+}
+
+bool TreeCommands::paste(const NodeTree& source, PastePosition position) {
     Node* selected = window_.liveTree().selected();
-    if (selected == nullptr)
-        refusePaste();
-    else if (holdsMessage(window_.clipboard()))
-        pasteMessage(*selected, position);
-    else
-        pasteItem(*selected, position);
+    if (selected != nullptr)
+        return holdsMessage(source) ? pasteMessage(source, *selected, position)
+                                    : pasteItem(source, *selected, position);
+    refusePaste();
+    return false;
 }
 
 void TreeCommands::refusePaste() {
     window_.desktop().showBox("You cannot paste");
 }
 
-void TreeCommands::pasteMessage(Node& selected, PastePosition position) {
+bool TreeCommands::pasteMessage(const NodeTree& source, Node& selected, PastePosition position) {
     if (selected.parent() != nullptr)
-        return;
+        return false;
     Node* message = messageOf(selected).message;
     if (position == PastePosition::Child || message == nullptr) {
         refusePaste();
-        return;
+        return false;
     }
     Node* before = siblingAt(message, -2);
-    addMessageCopy(position == PastePosition::Previous && before != nullptr ? *before : *message, position);
+    addMessageCopy(source, position == PastePosition::Previous && before != nullptr ? *before : *message,
+                   position);
     window_.TreeView_ForeColor();
+    return true;
 }
 
-void TreeCommands::addMessageCopy(Node& relative, PastePosition position) {
+void TreeCommands::addMessageCopy(const NodeTree& clipboard, Node& relative, PastePosition position) {
     NodeTree& tree = window_.liveTree();
-    Node& source = *siblingAt(window_.clipboard().firstRoot(), 2);
+    Node& source = *siblingAt(clipboard.firstRoot(), 2);
     const std::string oldName(nameInText(source.text()));
     const std::string newName = isMessageKeyUsed(tree, oldName, 0) ? makeNewMessageName(oldName) : oldName;
     std::string text = source.text();
     if (!isBlank(oldName))
         text = replaceAll(text, oldName + ":", newName + ":");
 
-    Node& separator = tree.add(&relative, relationOf(position), window_.clipboard().firstRoot()->text());
+    Node& separator = tree.add(&relative, relationOf(position), clipboard.firstRoot()->text());
     Node& description = tree.add(&separator, Relation::Next, source.previous()->text());
     description.setBold(true);
     Node& message = tree.add(&description, Relation::Next, std::move(text));
@@ -219,42 +284,42 @@ std::string TreeCommands::makeNewMessageName(std::string_view name) {
     return made;
 }
 
-void TreeCommands::pasteItem(Node& selected, PastePosition position) {
+bool TreeCommands::pasteItem(const NodeTree& source, Node& selected, PastePosition position) {
     Node* parent = selected.parent();
-    if (position == PastePosition::Child) {
-        pasteItemBelow(selected);
-        return;
-    }
+    if (position == PastePosition::Child)
+        return pasteItemBelow(source, selected);
     const bool directItem = parent != nullptr && parent->parent() == nullptr;
     if (parent == nullptr || (!directItem && !isFixedList(*parent))) {
         refusePaste();
-        return;
+        return false;
     }
-    if (!addItemCopy(selected, position))
-        return;
+    if (!addItemCopy(source, selected, position))
+        return false;
     if (!directItem)
         updateListCount(*parent);
     window_.TreeView_ForeColor();
+    return true;
 }
 
-void TreeCommands::pasteItemBelow(Node& selected) {
+bool TreeCommands::pasteItemBelow(const NodeTree& source, Node& selected) {
     const bool root = selected.parent() == nullptr;
     Node* relative = root ? messageOf(selected).message : &selected;
     const bool room = root || isFixedList(selected) || (isList(selected) && selected.child() == nullptr);
     if (relative == nullptr || !room) {
         refusePaste();
-        return;
+        return false;
     }
-    if (!addItemCopy(*relative, PastePosition::Child))
-        return;
+    if (!addItemCopy(source, *relative, PastePosition::Child))
+        return false;
     if (!root && isFixedList(selected))
         updateListCount(selected);
     window_.TreeView_ForeColor();
+    return true;
 }
 
-bool TreeCommands::addItemCopy(Node& relative, PastePosition position) {
+bool TreeCommands::addItemCopy(const NodeTree& clipboard, Node& relative, PastePosition position) {
     NodeTree& tree = window_.liveTree();
-    const Node& source = *window_.clipboard().firstRoot();
+    const Node& source = *clipboard.firstRoot();
     std::string text = MessageItemNames(relative).uniqueItemText(source.text());
     if (text.empty()) {
         sayError();

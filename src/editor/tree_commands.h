@@ -1,12 +1,16 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zb {
 
 class frmSECSEditor;
 class Node;
+class NodeTree;
 class StructureEntries;
 
 enum class PastePosition { Previous, Next, Child };
@@ -16,14 +20,25 @@ enum class PastePosition { Previous, Next, Child };
 class TreeCommands {
 public:
     explicit TreeCommands(frmSECSEditor& window);
+    ~TreeCommands();
 
+    /// These three work on all marked nodes when there are some.
+    /// @{
     void cut();
     void copy();
     void duplicate();
+    /// @}
     void insertItem();
     void addSubItem();
-    /// Adds a copy of the clipboard where that is allowed, and otherwise reports that it is not.
+    /// Adds a copy of the clipboard where that is allowed, and otherwise reports that it is not. Several
+    /// marked nodes that were copied last are all added, in their order.
     void pasteFromTemp(PastePosition position);
+    /// What was copied last: one message or item each, as in the window's clipboard, which holds the first.
+    const std::vector<std::unique_ptr<NodeTree>>& copies() const { return copies_; }
+    /// Takes these as what was copied last.
+    void takeCopies(std::vector<std::unique_ptr<NodeTree>> copies);
+    /// Something else was copied.
+    std::function<void()> onCopied;
 
     /// Replaces the clipboard by a copy of the node's message, or of the item.
     void copyNodeToTemp(Node& node);
@@ -39,19 +54,31 @@ private:
     /// Names the step of a command on the selected node.
     void nameStep(std::string_view command);
     void refusePaste();
-    void pasteMessage(Node& selected, PastePosition position);
-    void pasteItem(Node& selected, PastePosition position);
-    void pasteItemBelow(Node& selected);
-    void addMessageCopy(Node& relative, PastePosition position);
-    /// False when nothing was added.
-    bool addItemCopy(Node& relative, PastePosition position);
-    void deleteItem(Node& item);
-    void deleteMessage(Node& root);
+    /// What the commands work on: the marked nodes, or the selected one.
+    std::vector<Node*> targets();
+    void copyTo(Node& node, NodeTree& clipboard);
+    void deleteTargets();
+    void nameStepOfPaste();
+    /// Each of these adds a copy of `source`, and is false when it added nothing.
+    /// @{
+    bool paste(const NodeTree& source, PastePosition position);
+    bool pasteMessage(const NodeTree& source, Node& selected, PastePosition position);
+    bool pasteItem(const NodeTree& source, Node& selected, PastePosition position);
+    bool pasteItemBelow(const NodeTree& source, Node& selected);
+    bool addItemCopy(const NodeTree& source, Node& relative, PastePosition position);
+    /// @}
+    void addMessageCopy(const NodeTree& source, Node& relative, PastePosition position);
+    /// Each returns the node to select next; null for none.
+    /// @{
+    Node* removeItem(Node& item);
+    Node* removeMessage(Node& root);
+    /// @}
     void selectAndShow(Node* node);
     std::string newItemText(const Node& place);
     void sayError();
 
     frmSECSEditor& window_;
+    std::vector<std::unique_ptr<NodeTree>> copies_;
 };
 
 } // namespace zb

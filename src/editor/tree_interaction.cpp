@@ -66,6 +66,7 @@ void TreeInteraction::nodeClick() {
         rootClick(*node);
     else
         itemClick(*node);
+    window_.shownMessage.isSelected();
     if (window_.desktop().steps().wantsName(kNormalize) && node->text() != before)
         window_.desktop().steps().rename(kNormalize + (" " + nameForSteps(*node)));
 }
@@ -101,6 +102,7 @@ void TreeInteraction::showAgain(Node* node) {
     } else {
         showItemAgain(*node);
     }
+    window_.shownMessage.isSelected();
 }
 
 void TreeInteraction::showRootAgain(Node& node) {

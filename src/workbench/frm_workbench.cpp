@@ -7,7 +7,7 @@
 namespace zb {
 
 frmWorkbench::frmWorkbench(Desktop& desktop, WorkbenchServices services)
-    : Window(desktop, "frmWorkbench"), services_(services) {
+    : Window(desktop, "frmWorkbench"), services_(services), treeMore(*this, services.editor) {
     setCaption("Workbench");
     for (Button* button : {&cmdUndo, &cmdRedo, &cmdClosePane})
         button->setLeavesFocus();
@@ -18,6 +18,7 @@ frmWorkbench::frmWorkbench(Desktop& desktop, WorkbenchServices services)
     cmdClosePane.onClick = [this] { closePane(); };
     setCancelButton(cmdClosePane);
     notices.onPosted = [this](const std::string& time, const std::string& text) { log.add(time, text); };
+    treeMore.mnuShowMarks.onClick = [this] { marks.open(); };
     desktop.showNoticesIn(&notices);
 }
 

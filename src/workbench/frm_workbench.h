@@ -3,10 +3,13 @@
 #include "controls/simple_controls.h"
 #include "controls/window.h"
 #include "workbench/history_pane.h"
+#include "workbench/keys_pane.h"
 #include "workbench/log_pane.h"
+#include "workbench/marks_pane.h"
 #include "workbench/notice_bar.h"
 #include "workbench/problems_pane.h"
 #include "workbench/rename_offer.h"
+#include "workbench/tree_more.h"
 
 #include <vector>
 
@@ -63,6 +66,10 @@ public:
     HistoryPane history{*this};
     LogPane log{*this};
     ProblemsPane problems{*this};
+    KeysPane keys{*this};
+    MarksPane marks{*this};
+
+    TreeMore treeMore;
 
     NoticeBar notices{*this};
     Button cmdUndo{*this, "cmdUndo", "Undo"};

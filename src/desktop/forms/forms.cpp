@@ -21,7 +21,9 @@
 #include "ui_frmTRModeler.h"
 #include "ui_frmWorkbench.h"
 #include "ui_pnlHistory.h"
+#include "ui_pnlKeys.h"
 #include "ui_pnlLog.h"
+#include "ui_pnlMarks.h"
 #include "ui_pnlProblems.h"
 
 #include <QAbstractButton>
@@ -74,6 +76,8 @@ constexpr std::array kPanes{
     Form{"pnlHistory", &make<Ui::pnlHistory>},
     Form{"pnlLog", &make<Ui::pnlLog>},
     Form{"pnlProblems", &make<Ui::pnlProblems>},
+    Form{"pnlKeys", &make<Ui::pnlKeys>},
+    Form{"pnlMarks", &make<Ui::pnlMarks>},
 };
 
 struct Share {

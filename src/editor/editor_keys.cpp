@@ -1,0 +1,124 @@
+#include "editor/editor_keys.h"
+
+#include "controls/desktop.h"
+#include "editor/frm_sec_editor.h"
+
+#include <array>
+#include <utility>
+
+namespace zb {
+
+namespace {
+
+constexpr const char* kTree = "the message tree";
+constexpr const char* kPane = "the item pane";
+
+class Keys {
+public:
+    explicit Keys(frmSECSEditor& window) : window_(window) {}
+
+    /// A command that always takes its key.
+    void add(KeyEvent key, std::vector<const Control*> controls, const char* where, std::string purpose,
+             std::function<void()> run, bool forKeyboard = false) {
+        window_.desktop().keys().add({key,
+                                      {&window_, std::move(controls)},
+                                      where,
+                                      std::move(purpose),
+                                      [run = std::move(run)] {
+                                          run();
+                                          return true;
+                                      },
+                                      forKeyboard});
+    }
+
+    void addTreeKeys() {
+        const std::vector<const Control*> tree{&window_.tvwEdit};
+        ItemEntry& entry = window_.itemEntry;
+        add({kKeyInsert, 0}, tree, kTree, "Inserts an item after the selected one, and goes to its name",
+            [&entry] { entry.insertAfter(); });
+        add({kKeyInsert, kShiftKey}, tree, kTree,
+            "Adds an item to the selected list or message, and goes to its name",
+            [&entry] { entry.addChild(); });
+        add(
+            {kKeyEnter, 0}, tree, kTree, "Goes to the name of the selected item or message",
+            [&entry] { entry.edit(); }, true);
+        add({kKeySpace, kControlKey}, tree, kTree,
+            "Marks the selected message or item, or takes its mark away",
+            [&marks = window_.markedNodes] { marks.toggleSelected(); });
+        addMove(kKeyUp, NodeMove::Up, "Moves the message or item up");
+        addMove(kKeyDown, NodeMove::Down, "Moves the message or item down");
+        addMove(kKeyLeft, NodeMove::Out, "Moves the item out of its list");
+        addMove(kKeyRight, NodeMove::In, "Moves the item into the list above it");
+    }
+
+    void addPaneKeys() {
+        ItemEntry& entry = window_.itemEntry;
+        const std::vector<const Control*> before{&window_.txtItemName, &window_.txtItemCount, &window_.chkFix,
+                                                 &window_.chkIsItemKey};
+        std::vector<const Control*> all = before;
+        all.push_back(&window_.txtInit);
+        add(
+            {kKeyEnter, 0}, before, kPane, "Goes to the initial value; of a list to its first item",
+            [&entry] { entry.goOn(); }, true);
+        add(
+            {kKeyEnter, 0}, {&window_.txtInit}, kPane, "Goes to the next item of the list",
+            [&entry] { entry.editNext(); }, true);
+        add({kKeyEnter, kControlKey}, all, kPane, "Inserts an item after this one, and goes to its name",
+            [&entry] { entry.insertAfter(); });
+        add({kKeyEnter, kControlKey | kShiftKey}, all, kPane,
+            "Adds an item to this list, and goes to its name", [&entry] { entry.addChild(); });
+        addTypes(all);
+        addEscape();
+    }
+
+private:
+    void addMove(int code, NodeMove way, const char* purpose) {
+        add({code, kAltKey}, {&window_.tvwEdit}, kTree, purpose,
+            [&moves = window_.nodeMoves, way] { moves.move(way); });
+    }
+
+    void addTypes(std::vector<const Control*> places) {
+        places.push_back(&window_.tvwEdit);
+        for (const ToolbarButton& button : window_.tbritemType.buttons()) {
+            const KeyEvent key = keyOfType(button.index());
+            window_.desktop().keys().add(
+                {key,
+                 {&window_, places},
+                 kPane,
+                 "Type: " + button.toolTip().substr(0, button.toolTip().rfind(" (Ctrl")),
+                 [&entry = window_.itemEntry, number = button.index()] { return entry.chooseType(number); }});
+        }
+    }
+
+    // A field that a script types into may hear of the key as of any other.
+    void addEscape() {
+        window_.desktop().keys().add({{kKeyEscape, 0},
+                                      {&window_},
+                                      "the editor",
+                                      "Returns to the message tree",
+                                      [&window = window_] {
+                                          if (window.tvwEdit.focused())
+                                              return false;
+                                          window.itemEntry.backToTree();
+                                          return true;
+                                      },
+                                      true});
+    }
+
+    frmSECSEditor& window_;
+};
+
+} // namespace
+
+KeyEvent keyOfType(int button) {
+    constexpr int kDigits = 10;
+    return {'0' + button % kDigits, button > kDigits ? kControlKey | kShiftKey : kControlKey};
+}
+
+void addEditorKeys(frmSECSEditor& window) {
+    Keys keys(window);
+    keys.addTreeKeys();
+    keys.addPaneKeys();
+}
+
+} // namespace zb
