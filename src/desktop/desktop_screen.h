@@ -5,6 +5,7 @@
 #include "desktop/layout_memory.h"
 #include "desktop/pictures/pictures.h"
 #include "desktop/plain_labels.h"
+#include "desktop/system_clipboard.h"
 #include "desktop/window_binder.h"
 
 #include <QMainWindow>
@@ -57,6 +58,8 @@ public:
     void openPopup(PopupMenu& menu) override;
     void forget(Window& window) override;
     bool showSystemInformation() override;
+    void putOnClipboard(const SharedClipboard& contents) override { putOnSystemClipboard(contents); }
+    SharedClipboard clipboard() override { return systemClipboard(); }
     void callLater(std::chrono::milliseconds delay, std::function<void()> function) override;
 
 private:

@@ -42,6 +42,12 @@ public:
         add(
             {kKeyEnter, 0}, tree, kTree, "Goes to the name of the selected item or message",
             [&entry] { entry.edit(); }, true);
+        add({'V', kControlKey | kShiftKey}, tree, kTree,
+            "Pastes messages from the clipboard: SML, or a list such as S1F1, S1F2",
+            [&shared = window_.sharedNodes] { shared.paste(); });
+        // The entry with this key is disabled while nothing was copied here.
+        add({'V', kControlKey}, tree, kTree, "Pastes what was copied here, or else from the clipboard",
+            [&shared = window_.sharedNodes] { shared.paste(); });
         add({kKeySpace, kControlKey}, tree, kTree,
             "Marks the selected message or item, or takes its mark away",
             [&marks = window_.markedNodes] { marks.toggleSelected(); });

@@ -8,6 +8,7 @@
 #include "editor/marked_nodes.h"
 #include "editor/message_pane.h"
 #include "editor/node_moves.h"
+#include "editor/shared_nodes.h"
 #include "editor/shown_message.h"
 #include "editor/splitter.h"
 #include "editor/tree_commands.h"
@@ -98,6 +99,7 @@ public:
     NodeMoves nodeMoves{*this};
     ItemEntry itemEntry{*this};
     LibraryPane libraryPane{*this};
+    SharedNodes sharedNodes{*this};
 };
 
 } // namespace zb

@@ -29,6 +29,8 @@ public:
     /// Adds the messages of a library's text (for the formats 1001 and 1002) or of a file (1003 to 1005). The
     /// status is blank when at least one message was read; everything else is in `findings`.
     std::string load(const std::string& textOrPath, int formatCode);
+    /// Adds the messages of a text of SML.
+    void loadSml(std::string_view text);
 
     /// In the order in which they were loaded.
     Records getMessages() const;
@@ -41,7 +43,6 @@ private:
     std::string loadText(std::string_view text, int formatCode);
     void loadSmd(std::string_view text);
     void loadMdf(std::string_view text);
-    void loadSml(std::string_view text);
     void add(SECSMessageRecord record);
 
     CodePage codePage_;

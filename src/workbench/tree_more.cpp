@@ -14,6 +14,7 @@ TreeMore::TreeMore(Window& window, frmSECSEditor& editor)
       mnuMoveDown(window, "mnuMoveDown", "Move Down", &mnuTreeMore),
       mnuMoveOut(window, "mnuMoveOut", "Move Out", &mnuTreeMore),
       mnuMoveIn(window, "mnuMoveIn", "Move In", &mnuTreeMore),
+      mnuPasteShared(window, "mnuPasteShared", "Paste from Clipboard", &mnuTreeMore),
       mnuToggleMark(window, "mnuToggleMark", "Mark", &mnuTreeMore),
       mnuShowMarks(window, "mnuShowMarks", "Change All Marked", &mnuTreeMore), editor_(editor) {
     editor_.mnuPopup.setCompanion(mnuTreeMore);
@@ -25,6 +26,9 @@ TreeMore::TreeMore(Window& window, frmSECSEditor& editor)
     mnuAddChildAndEdit.onClick = [this] { editor_.itemEntry.addChild(); };
     mnuEditName.onClick = [this] { editor_.itemEntry.edit(); };
     mnuEditNext.onClick = [this] { editor_.itemEntry.editNext(); };
+    mnuPasteShared.setShortcut("Ctrl+Shift+V");
+    mnuPasteShared.onClick = [this] { editor_.sharedNodes.paste(); };
+    mnuPasteShared.withSeparatorAbove();
     mnuToggleMark.setShortcut("Ctrl+Space");
     mnuToggleMark.onClick = [this] { editor_.markedNodes.toggleSelected(); };
     mnuToggleMark.withSeparatorAbove();

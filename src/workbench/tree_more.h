@@ -21,6 +21,7 @@ public:
     MenuEntry mnuMoveDown;
     MenuEntry mnuMoveOut;
     MenuEntry mnuMoveIn;
+    MenuEntry mnuPasteShared;
     MenuEntry mnuToggleMark;
     MenuEntry mnuShowMarks;
 

@@ -3,6 +3,7 @@
 #include "desktop/forms/cell_editor.h"
 #include "desktop/forms/editor_splitter.h"
 #include "desktop/forms/shared_splitter.h"
+#include "desktop/forms/stale_tint.h"
 #include "editor/frm_sec_editor.h"
 #include "modeler/frm_array_info.h"
 
@@ -158,8 +159,10 @@ void finishForm(Window& window, QWidget& form) {
     }
     if (auto* dialog = dynamic_cast<frmArrayInfo*>(&window))
         new CellEditor(*dialog, form);
-    if (auto* editor = dynamic_cast<frmSECSEditor*>(&window))
+    if (auto* editor = dynamic_cast<frmSECSEditor*>(&window)) {
         new EditorSplitter(*editor, form);
+        new StaleTint(form);
+    }
 }
 
 } // namespace zb

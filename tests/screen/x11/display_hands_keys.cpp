@@ -95,6 +95,9 @@ Hands::Refusal DisplayHands::key(Control& control, KeyEvent key) {
             key.code == kKeyEnter && (key.shift & kAltKey) == 0 ? whyNoEnter(control) : Refusal();
         !refusal.empty())
         return refusal;
+    const KeyCommand* command = program_.desktop().keys().find(control.window(), &control, key);
+    if (command != nullptr && command->forKeyboard)
+        return "the key runs a command of the keyboard";
     if (!symbol)
         return "no keyboard has a key with the code " + std::to_string(key.code);
     if (Refusal refusal = hasKeyboard(control) ? Refusal() : focus(control); !refusal.empty())
