@@ -1,7 +1,6 @@
 #include "rehearsal/line_source.h"
 
-#include "platform/text_file.h"
-
+#include <algorithm>
 #include <cerrno>
 
 namespace zb::rehearsal {
@@ -9,7 +8,12 @@ namespace zb::rehearsal {
 namespace {
 
 constexpr std::size_t kChunk = std::size_t{256} << 10U;
+constexpr std::size_t kUtf16Unit = 2;
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
+bool isLeadSurrogate(char16_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
 
 } // namespace
 
@@ -21,16 +25,19 @@ Result<LineSource> LineSource::open(const std::filesystem::path& path) {
     source.file_.open(path, std::ios::binary);
     if (!source.file_)
         return systemError(errno);
-    source.fill();
-    const std::string_view start = source.buffer_;
-    if (start.starts_with("\xFF\xFE") || start.starts_with("\xFE\xFF")) {
-        Result<std::string> bytes = readBytes(path);
-        if (!bytes)
-            return bytes.error();
-        return ofText(decodeText(*std::move(bytes), CodePage(1252)));
-    }
-    if (start.starts_with(kUtf8Mark))
-        source.begin_ = source.searched_ = kUtf8Mark.size();
+    std::string mark(kUtf8Mark.size(), '\0');
+    source.file_.read(mark.data(), static_cast<std::streamsize>(mark.size()));
+    std::streamoff length = 0;
+    if (mark.starts_with("\xFF\xFE"))
+        source.utf16_ = ByteOrder::LittleEndian;
+    else if (mark.starts_with("\xFE\xFF"))
+        source.utf16_ = ByteOrder::BigEndian;
+    else if (mark == kUtf8Mark)
+        length = static_cast<std::streamoff>(kUtf8Mark.size());
+    if (source.utf16_)
+        length = kUtf16Unit;
+    source.file_.clear();
+    source.file_.seekg(length);
     return source;
 }
 
@@ -47,10 +54,26 @@ bool LineSource::fill() {
     searched_ -= begin_;
     begin_ = 0;
     const std::size_t size = buffer_.size();
-    buffer_.resize(size + kChunk);
-    file_.read(buffer_.data() + size, static_cast<std::streamsize>(kChunk));
-    buffer_.resize(size + static_cast<std::size_t>(file_.gcount()));
+    std::string& bytes = utf16_ ? undecoded_ : buffer_;
+    const std::size_t kept = bytes.size();
+    bytes.resize(kept + kChunk);
+    file_.read(bytes.data() + kept, static_cast<std::streamsize>(kChunk));
+    bytes.resize(kept + static_cast<std::size_t>(file_.gcount()));
+    if (utf16_)
+        appendUtf16();
     return buffer_.size() > size;
+}
+
+/// Converts what was read, but a character that its end may have split.
+void LineSource::appendUtf16() {
+    std::size_t end = undecoded_.size();
+    if (file_) {
+        end -= end % kUtf16Unit;
+        if (end >= kUtf16Unit && isLeadSurrogate(unitAt(undecoded_, end - kUtf16Unit, *utf16_)))
+            end -= kUtf16Unit;
+    }
+    buffer_ += decodeUtf16(std::string_view(undecoded_).substr(0, end), *utf16_).text;
+    undecoded_.erase(0, end);
 }
 
 std::optional<std::string_view> LineSource::next() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/result.h"
+#include "platform/utf16.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -30,9 +31,12 @@ public:
 
 private:
     bool fill();
+    void appendUtf16();
 
     std::ifstream file_;
     std::string buffer_;
+    std::optional<ByteOrder> utf16_; ///< the file is converted
+    std::string undecoded_;          ///< the first half of a character at the end of what was read
     std::size_t begin_ = 0;
     std::size_t searched_ = 0;
     std::size_t lineNumber_ = 0;

@@ -1,6 +1,7 @@
 #include "rehearsal/packet_reader.h"
 
 #include "rehearsal/connection.h"
+#include "rehearsal/fragment_joiner.h"
 
 #include <array>
 #include <list>
@@ -29,6 +30,7 @@ constexpr int kCookedLink2 = 276;
 constexpr std::array kLinks = {kNullLink,   kEthernetLink, kRawLink,  kOtherRawLink, kLoopLink,
                                kCookedLink, kIpv4Link,     kIpv6Link, kCookedLink2};
 
+constexpr unsigned kTcpProtocol = 6;
 constexpr std::size_t kLoopHeader = 4;
 constexpr std::size_t kCookedHeader2 = 20;
 constexpr std::size_t kMostConnections = 4096;
@@ -51,6 +53,19 @@ PduPointer internetPacket(std::string_view bytes) {
     }
 }
 
+/// The packet without a link header that the library does not know.
+std::string_view knownPart(int linkType, std::string_view bytes) {
+    switch (linkType) {
+    case kCookedLink2:
+        return bytes.substr(std::min(bytes.size(), kCookedHeader2));
+    case kNullLink:
+    case kLoopLink:
+        return bytes.substr(std::min(bytes.size(), kLoopHeader));
+    default:
+        return bytes;
+    }
+}
+
 PduPointer parsePacket(int linkType, std::string_view bytes) {
     const auto* const data = reinterpret_cast<const std::uint8_t*>(bytes.data());
     const auto size = static_cast<std::uint32_t>(bytes.size());
@@ -59,14 +74,39 @@ PduPointer parsePacket(int linkType, std::string_view bytes) {
         return std::make_unique<Tins::EthernetII>(data, size);
     case kCookedLink:
         return std::make_unique<Tins::SLL>(data, size);
-    case kCookedLink2:
-        return internetPacket(bytes.substr(std::min(bytes.size(), kCookedHeader2)));
-    case kNullLink:
-    case kLoopLink:
-        return internetPacket(bytes.substr(std::min(bytes.size(), kLoopHeader)));
     default:
         return internetPacket(bytes);
     }
+}
+
+/// The fragment header of an IPv6 packet and what comes before it.
+struct FragmentHeader {
+    std::size_t begin = 0; ///< in the IPv6 packet
+    std::size_t offset = 0;
+    bool isLast = false;
+    std::uint32_t identification = 0;
+};
+
+std::optional<FragmentHeader> fragmentHeaderOf(const Tins::IPv6& packet) {
+    constexpr std::size_t kInternetHeader = 40;
+    constexpr std::size_t kTypeAndLength = 2;
+    constexpr std::size_t kFragmentData = 6;
+    FragmentHeader found{kInternetHeader};
+    for (const Tins::IPv6::ext_header& header : packet.headers()) {
+        if (header.option() != Tins::IPv6::FRAGMENT) {
+            found.begin += header.data_size() + kTypeAndLength;
+            continue;
+        }
+        if (header.data_size() != kFragmentData)
+            return std::nullopt;
+        const std::string data(header.data_ptr(), header.data_ptr() + kFragmentData);
+        const std::uint32_t place = secs2::bigEndian32(data) >> 16U;
+        found.offset = place & 0xFFF8U;
+        found.isLast = (place & 1U) == 0;
+        found.identification = secs2::bigEndian32(std::string_view(data).substr(2));
+        return found;
+    }
+    return std::nullopt;
 }
 
 /// The address and port of one end.
@@ -105,8 +145,9 @@ public:
     void add(int linkType, std::string_view bytes, const std::optional<RecordedTime>& time,
              std::size_t number) {
         try {
-            const PduPointer packet = parsePacket(linkType, bytes);
-            if (packet && isWhole(*packet))
+            const std::string_view known = knownPart(linkType, bytes);
+            const PduPointer packet = parsePacket(linkType, known);
+            if (packet && isWhole(*packet) && joinFragments(*packet, known))
                 addPacket(*packet, time, number);
         } catch (const Tins::exception_base&) {
             // Other traffic than that of the link, or a packet that was cut: its bytes are missed later.
@@ -135,6 +176,31 @@ private:
             fragments_ = 0;
         }
         return false;
+    }
+
+    /// Puts the segment that several IPv6 packets carried into the last of them; false when some are missing
+    /// yet. The library joins those of IPv4 only.
+    bool joinFragments(Tins::PDU& packet, std::string_view bytes) {
+        auto* const internet = packet.find_pdu<Tins::IPv6>();
+        const auto header = internet == nullptr ? std::nullopt : fragmentHeaderOf(*internet);
+        if (!header)
+            return true;
+        std::size_t begin = header->begin;
+        for (const Tins::PDU* outer = &packet; outer != internet; outer = outer->inner_pdu())
+            begin += outer->header_size();
+        const auto* const piece = internet->find_pdu<Tins::RawPDU>();
+        const bool isTcp = begin < bytes.size() && static_cast<unsigned char>(bytes[begin]) == kTcpProtocol;
+        if (piece == nullptr || !isTcp)
+            return false;
+        const auto& data = piece->payload();
+        const auto whole = fragments6_.add(
+            {internet->src_addr().to_string(), internet->dst_addr().to_string(), header->identification},
+            {header->offset, header->isLast, {reinterpret_cast<const char*>(data.data()), data.size()}});
+        if (!whole)
+            return false;
+        internet->inner_pdu(Tins::TCP(reinterpret_cast<const std::uint8_t*>(whole->data()),
+                                      static_cast<std::uint32_t>(whole->size())));
+        return true;
     }
 
     void addPacket(const Tins::PDU& packet, const std::optional<RecordedTime>& time, std::size_t number) {
@@ -205,6 +271,7 @@ private:
 
     RecordingOptions options_;
     Tins::IPv4Reassembler reassembler_;
+    FragmentJoiner fragments6_;
     std::size_t fragments_ = 0;
     Connections connections_;
     std::list<Key> ages_; // of the connections, the oldest first

@@ -49,6 +49,40 @@ TEST(Capture, ReadsBothFormsAndBothNetworks) {
         }
 }
 
+/// The packets that carry one IPv6 packet in pieces of `size` bytes.
+std::vector<std::string> fragmentsOf(const std::string& packet, std::size_t size) {
+    constexpr std::size_t kLinkAndInternet = 14 + 40;
+    const std::string data = packet.substr(kLinkAndInternet);
+    std::vector<std::string> fragments;
+    for (std::size_t at = 0; at < data.size(); at += size) {
+        const std::string piece = data.substr(at, size);
+        const std::size_t place = at | (at + size < data.size() ? 1U : 0U);
+        std::string fragment = packet.substr(0, kLinkAndInternet);
+        fragment[18] = static_cast<char>((piece.size() + 8) >> 8U);
+        fragment[19] = static_cast<char>((piece.size() + 8) & 0xFFU);
+        fragment[20] = 44;
+        fragment.append({6, 0, static_cast<char>(place >> 8U), static_cast<char>(place & 0xFFU)});
+        fragments.push_back(fragment.append({0, 0, 0, 9}).append(piece));
+    }
+    return fragments;
+}
+
+TEST(Capture, JoinsTheFragmentsOfIpv6) {
+    CaptureWriter capture(CaptureWriter::Form::Pcap, CaptureWriter::Network::V6);
+    auto link = capture.open(40000, 5000);
+    std::vector<std::string> fragments =
+        fragmentsOf(capture.packet(link, 0, frame(1, 1, true, 7, std::string(100, 'a'))), 48);
+    std::swap(fragments.front(), fragments.back());
+    for (const std::string& fragment : fragments)
+        capture.add(fragment);
+    capture.send(link, 1, frame(1, 2, false, 7, "b"));
+    const Recorded recorded = readFile(capture.bytes());
+    EXPECT_THAT(withoutTimes(recorded.messages),
+                ElementsAre("H->E S1F1 W 7 <A [100] \"" + std::string(100, 'a') + "\">",
+                            "H<-E S1F2 7 <A [1] \"b\">"));
+    EXPECT_THAT(recorded.faults, IsEmpty());
+}
+
 TEST(Capture, JoinsAndCutsSegments) {
     CaptureWriter capture;
     auto link = capture.open(40000, 5000);
