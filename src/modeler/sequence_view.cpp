@@ -8,25 +8,31 @@
 
 namespace zb {
 
-void SequenceView::change(const std::function<void()>& command) {
+SequenceView::Range SequenceView::sequenceOf(std::size_t at) const {
+    return {sequences_.headOf(at).value_or(0), sequences_.endOfItems(at)};
+}
+
+void SequenceView::change(Range range, const std::function<void()>& command) {
     if (recorder_ == nullptr) {
         command();
         return;
     }
-    const SequenceRows before = rows(0, list_.count());
+    // Only the rows that may change are compared, so that recording takes no longer in a long list.
+    const SequenceRows before = rows(range.first, range.end - range.first);
+    const std::size_t after = list_.count() - range.end;
     command();
-    const SequenceRows after = rows(0, list_.count());
-    const std::size_t shorter = std::min(before.size(), after.size());
+    const SequenceRows now = rows(range.first, list_.count() - after - range.first);
+    const std::size_t shorter = std::min(before.size(), now.size());
     std::size_t head = 0;
-    while (head < shorter && before[head] == after[head])
+    while (head < shorter && before[head] == now[head])
         ++head;
     std::size_t tail = 0;
-    while (tail < shorter - head && before[before.size() - 1 - tail] == after[after.size() - 1 - tail])
+    while (tail < shorter - head && before[before.size() - 1 - tail] == now[now.size() - 1 - tail])
         ++tail;
     const auto place = [&](std::size_t at) { return before.begin() + static_cast<std::ptrdiff_t>(at); };
     SequenceRows old(place(head), place(before.size() - tail));
-    if (!old.empty() || after.size() > head + tail)
-        recorder_->afterChange(head, after.size() - head - tail, std::move(old));
+    if (!old.empty() || now.size() > head + tail)
+        recorder_->afterChange(range.first + head, now.size() - head - tail, std::move(old));
 }
 
 void SequenceView::setRecorder(SequenceRecorder* recorder) {
@@ -84,26 +90,29 @@ void SequenceView::change(const Sequences& wanted) {
 }
 
 void SequenceView::clear() {
-    change([this] {
+    change({0, list_.count()}, [this] {
         sequences_.clear();
         list_.clear();
     });
 }
 
 void SequenceView::addSequence(std::string name) {
-    change([&] { list_.select(&insertRow(sequences_.addSequence(std::move(name)))); });
+    const Range end{list_.count(), list_.count()};
+    change(end, [&] { list_.select(&insertRow(sequences_.addSequence(std::move(name)))); });
 }
 
 void SequenceView::insertItem(const ListRow& row, std::string direction, std::string message) {
-    change([&] {
-        const std::size_t at = sequences_.insertItem(indexOf(row), std::move(direction), std::move(message));
+    const std::size_t before = indexOf(row);
+    change(sequenceOf(before), [&] {
+        const std::size_t at = sequences_.insertItem(before, std::move(direction), std::move(message));
         list_.select(&insertRow(at));
         showOrdinals(at);
     });
 }
 
 void SequenceView::remove(const ListRow& row) {
-    change([&] { removeFrom(indexOf(row)); });
+    const std::size_t at = indexOf(row);
+    change(sequenceOf(at), [&] { removeFrom(at); });
 }
 
 void SequenceView::removeFrom(std::size_t at) {

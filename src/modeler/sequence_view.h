@@ -61,8 +61,15 @@ public:
     void setRecorder(SequenceRecorder* recorder);
 
 private:
-    /// Runs the command and reports the rows that it changed.
-    void change(const std::function<void()>& command);
+    /// The rows from `first` up to `end`, without it.
+    struct Range {
+        std::size_t first = 0;
+        std::size_t end = 0;
+    };
+    /// The sequence that the row at `at` belongs to.
+    Range sequenceOf(std::size_t at) const;
+    /// Runs a command that changes no row outside of the range, and reports the rows that it changed.
+    void change(Range range, const std::function<void()>& command);
     void removeFrom(std::size_t at);
     std::size_t indexOf(const ListRow& row) const;
     ListRow& insertRow(std::size_t at);
