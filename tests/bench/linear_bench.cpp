@@ -1,6 +1,7 @@
 // What must grow in proportion to its input, however much of it there is: each row at one size and at twice
 // that size.
 #include "console/message_source.h"
+#include "lint/silencings.h"
 #include "platform/settings_file.h"
 #include "platform/xml_element.h"
 #include "support/temporary_folder.h"
@@ -54,9 +55,45 @@ void SelectMessagesByName(benchmark::State& state) {
     }
 }
 
+Finding findingAt(std::int64_t number) {
+    return {
+        Severity::Warning,
+        FindingPlace::inMessage("Message" + std::to_string(number / 10), std::to_string(number % 10 + 1), 0),
+        "the data item is longer than allowed", "std.item.length"};
+}
+
+/// Silences the finding at each of so many places.
+Silencings silencingsOf(std::int64_t places) {
+    Silencings silencings;
+    for (std::int64_t number = 0; number < places; ++number)
+        silencings.add(Silencing::placeOf(findingAt(number)));
+    return silencings;
+}
+
+void SilenceFindings(benchmark::State& state) {
+    for (auto _ : state) {
+        const Silencings silencings = silencingsOf(state.range(0));
+        std::int64_t silenced = 0;
+        for (std::int64_t number = 0; number < state.range(0) * 2; ++number)
+            silenced += silencings.silences(findingAt(number)) ? 1 : 0;
+        if (silenced != state.range(0))
+            state.SkipWithError("the wrong findings are silenced");
+    }
+}
+
+void ReadSilencings(benchmark::State& state) {
+    const std::string text = silencingsOf(state.range(0)).text();
+    for (auto _ : state) {
+        if (!Silencings::parse(text).silences(findingAt(state.range(0) - 1)))
+            state.SkipWithError("the last line is not read");
+    }
+}
+
 BENCHMARK(ReadASetting)->Arg(20'000)->Arg(40'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(SetAttributes)->Arg(20'000)->Arg(40'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(SelectMessagesByName)->Arg(5'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ReadSilencings)->Arg(20'000)->Arg(40'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(SilenceFindings)->Arg(20'000)->Arg(40'000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace zb::bench
