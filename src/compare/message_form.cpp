@@ -119,13 +119,13 @@ void readHead(Entry& entry, const Node& message) {
     SECSMessageRecord record;
     record.parseNodeText(message.text(), description == nullptr ? "" : description->text());
     entry.name = record.getName();
-    entry.set("stream", record.getStreamText());
-    entry.set("function", record.getFunctionText());
+    entry.set("stream", std::string(record.getStreamText()));
+    entry.set("function", std::string(record.getFunctionText()));
     entry.set("wait", wordOfTruth(record.getWait()));
     entry.set("reply", wordOfTruth(record.getReply()));
     entry.set("nologging", wordOfTruth(record.getNoLogging()));
-    entry.set("direction", record.getDirection());
-    entry.set("description", record.getDescription());
+    entry.set("direction", std::string(record.getDirection()));
+    entry.set("description", std::string(record.getDescription()));
     // What follows the name in a damaged head is kept as it is; a blank is trimmed when it is read again.
     const std::string rest = message.text().substr(std::min(entry.name.size(), message.text().size()));
     entry.set(kHead, record.composeNodeText() == message.text() ? "" : rest.empty() ? " " : rest);
@@ -179,8 +179,7 @@ public:
                 head.remove_suffix(1);
             SECSMessageRecord record;
             record.parseNodeText(head, {});
-            return "S" + record.getStreamText() + " F" + record.getFunctionText() + " " +
-                   record.getDirection();
+            return record.getNumbersText(" ").append(" ").append(record.getDirection());
         }
         return {};
     }

@@ -32,7 +32,7 @@ std::vector<std::string> entriesOf(SECSLibraryStore::Records records) {
     });
     std::vector<std::string> entries;
     for (const SECSMessageRecord* record : records)
-        entries.push_back("S" + record->getStreamText() + " F" + record->getFunctionText());
+        entries.push_back(record->getNumbersText(" "));
     return entries;
 }
 
@@ -58,7 +58,7 @@ public:
     bool reportedDuplicates() const { return reported_; }
 
 private:
-    void reportDuplicate(const std::string& name) {
+    void reportDuplicate(std::string_view name) {
         err_ << printable(file_) << ": " << printable(name) << " already exists.\n";
         reported_ = true;
     }

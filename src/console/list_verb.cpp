@@ -23,12 +23,9 @@ std::size_t itemCount(const SECSMessageRecord& record) {
 }
 
 std::vector<std::string> rowOf(const SECSMessageRecord& record) {
-    return {record.getName(),
-            "S" + record.getStreamText() + "F" + record.getFunctionText(),
-            record.getWait() ? "W" : "-",
-            record.getDirection(),
-            std::to_string(itemCount(record)),
-            record.getDescription()};
+    return {std::string(record.getName()),     record.getNumbersText(),
+            record.getWait() ? "W" : "-",      std::string(record.getDirection()),
+            std::to_string(itemCount(record)), std::string(record.getDescription())};
 }
 
 void printTable(std::ostream& out, const SECSLibraryStore::Records& messages) {

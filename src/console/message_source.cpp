@@ -108,7 +108,7 @@ const MessageSource::ByName& MessageSource::byName() const {
         return byName_;
     for (const SECSMessageRecord* record : messages_) {
         const std::string name = upper(record->getName());
-        const std::string numbers = upper("S" + record->getStreamText() + "F" + record->getFunctionText());
+        const std::string numbers = upper(record->getNumbersText());
         byName_[name].push_back(record);
         if (numbers != name)
             byName_[numbers].push_back(record);
@@ -120,7 +120,7 @@ const MessageSource::ByName& MessageSource::byNumbers() const {
     if (!byNumbers_.empty())
         return byNumbers_;
     for (const SECSMessageRecord* record : messages_)
-        byNumbers_["S" + record->getStreamText() + " F" + record->getFunctionText()].push_back(record);
+        byNumbers_[record->getNumbersText(" ")].push_back(record);
     return byNumbers_;
 }
 

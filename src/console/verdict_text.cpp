@@ -72,7 +72,7 @@ std::string itemsText(const Verdict& verdict) {
 }
 
 /// A column of a table whose other rows are not known yet.
-void appendColumn(std::string& line, const std::string& text, std::size_t width) {
+void appendColumn(std::string& line, std::string_view text, std::size_t width) {
     const std::string shown = printable(text);
     line += shown;
     line.append(std::max(width, codePointCount(shown)) - codePointCount(shown) + 2, ' ');

@@ -45,7 +45,7 @@ private:
         const auto* published = standard_.message(parsed.stream, parsed.function);
         DocumentedMessage message;
         message.name = record.getName();
-        message.streamFunction = "S" + record.getStreamText() + "F" + record.getFunctionText();
+        message.streamFunction = record.getNumbersText();
         message.title = published == nullptr ? "" : std::string(published->layout.title);
         message.description = record.getDescription();
         message.direction = record.getDirection();

@@ -264,7 +264,7 @@ void LibraryPane::addMessages(const DropStep& step) {
         window_.display_DefSECSMsg(*record);
         if (!addMessageToTree(window_.liveTree(), *record).empty()) {
             if (step.reportsDuplicates)
-                window_.desktop().showBox(record->getName() + " already exists.");
+                window_.desktop().showBox(std::string(record->getName()) + " already exists.");
             continue;
         }
         window_.InsertCbo(record->getName());

@@ -28,7 +28,7 @@ SECSMessageRecord recordOf(const Node& message) {
 
 std::string headOf(const SECSMessageRecord& record, bool wait, bool reply, bool noLogging,
                    std::string_view direction) {
-    std::string text = record.getName() + ": S" + record.getStreamText() + " F" + record.getFunctionText();
+    std::string text = std::string(record.getName()) + ": " + record.getNumbersText(" ");
     for (const auto& [set, word] : {std::pair{wait, " W"}, {reply, " <R>"}, {noLogging, " <NL>"}}) {
         if (set)
             text += word;
@@ -113,7 +113,10 @@ std::vector<MarkedChanges::Renamed> MarkedChanges::preview(std::string_view patt
         NameParts parts;
         if (node->parent() == nullptr) {
             const SECSMessageRecord record = recordOf(*node);
-            parts = {trim(nameInText(node->text())), record.getStreamText(), record.getFunctionText(), {}};
+            parts = {trim(nameInText(node->text())),
+                     std::string(record.getStreamText()),
+                     std::string(record.getFunctionText()),
+                     {}};
         } else {
             SECSItemRecord record;
             record.parseText(node->text());

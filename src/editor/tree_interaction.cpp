@@ -30,7 +30,7 @@ constexpr const char* kStandIn = "90";
 constexpr int kMostStream = 128;
 constexpr int kMostFunction = 255;
 
-bool isBadNumber(const std::string& text) {
+bool isBadNumber(std::string_view text) {
     return !isNumeric(text) || valueOf(text) < 0;
 }
 
@@ -109,8 +109,8 @@ void TreeInteraction::showRootAgain(Node& node) {
     window_.picItem.setEnabled(false);
     window_.cmdMsgChange.setEnabled(true);
     const SECSMessageRecord record = recordOf(messageOf(node));
-    const auto good = [](const std::string& number, int most) {
-        return isBadNumber(number) || valueOf(number) > most ? std::string() : number;
+    const auto good = [](std::string_view number, int most) {
+        return isBadNumber(number) || valueOf(number) > most ? std::string_view() : number;
     };
     window_.txtStream.setText(good(record.getStreamText(), kMostStream));
     window_.txtFunction.setText(good(record.getFunctionText(), kMostFunction));
@@ -137,7 +137,7 @@ void TreeInteraction::showItemAgain(Node& node) {
     showKeyAndValue(node, record);
 }
 
-void TreeInteraction::showNumber(TextField& field, const std::string& number, const std::string& what,
+void TreeInteraction::showNumber(TextField& field, std::string_view number, const std::string& what,
                                  const Node* message) {
     if (!isBadNumber(number)) {
         field.setText(number);

@@ -28,8 +28,7 @@ public:
 private:
     void rootClick(Node& node);
     /// Shows a message's stream or function; one that is not a number is replaced in the tree, with a box.
-    void showNumber(TextField& field, const std::string& number, const std::string& what,
-                    const Node* message);
+    void showNumber(TextField& field, std::string_view number, const std::string& what, const Node* message);
     void showRootAgain(Node& node);
     void showItemAgain(Node& node);
     void itemClick(Node& node);

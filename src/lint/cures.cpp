@@ -51,8 +51,13 @@ std::optional<Cure> messageNameCure(const Node& message, const NodeTree& tree) {
 
 Cure waitCure(const Node& message, bool wait) {
     const SECSMessageRecord record = messageRecordOf(message);
-    const SECSMessageHead head{record.getName(),  record.getStream(),    record.getFunction(), wait,
-                               record.getReply(), record.getNoLogging(), record.getDirection()};
+    const SECSMessageHead head{std::string(record.getName()),
+                               record.getStream(),
+                               record.getFunction(),
+                               wait,
+                               record.getReply(),
+                               record.getNoLogging(),
+                               std::string(record.getDirection())};
     return {wait ? "Set W" : "Remove W",
             TextCure{message.index(), SECSMessageRecord::fromParts(head, {}, {}).composeNodeText()}};
 }
@@ -135,7 +140,7 @@ void apply(const Cure& cure, NodeTree& tree) {
     const auto& added = std::get<AddedMessageCure>(cure.step);
     Node* before = tree.at(added.nodeIndex);
     Node& message = addMessageNodes(tree, before, added.message.getName(), added.message.composeNodeText(),
-                                    added.message.getDescription());
+                                    std::string(added.message.getDescription()));
     addItems(tree, message, added.message);
 }
 

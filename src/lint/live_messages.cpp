@@ -51,7 +51,7 @@ std::string messageBefore(const Node& root) {
         return {};
     SECSMessageRecord record;
     record.parseNodeText(node->text(), "");
-    return record.getName();
+    return std::string(record.getName());
 }
 
 } // namespace

@@ -70,7 +70,7 @@ private:
             writeItem(item);
         closeTo(1);
         sml_.text.append(".\r\n\r\n");
-        note(record.getName(), items);
+        note(std::string(record.getName()), items);
     }
 
     void writeItem(const SECSItemRecord& item) {

@@ -52,17 +52,19 @@ SECSLibraryStore::Records SECSLibraryStore::getByStreamFunction(std::string_view
 SECSLibraryStore::Records SECSLibraryStore::getMessages() const {
     Records records;
     records.reserve(records_.size());
-    for (const auto& record : records_)
-        records.push_back(record.get());
+    for (const SECSMessageRecord& record : records_)
+        records.push_back(&record);
     return records;
 }
 
 std::vector<std::string> SECSLibraryStore::getRows() const {
     std::vector<std::string> rows;
     rows.reserve(records_.size());
-    for (const auto& record : records_)
-        rows.push_back(record->getName() + "\\" + record->getStreamText() + "\\" + record->getFunctionText() +
-                       "\\" + record->getDescription());
+    for (const SECSMessageRecord& record : records_) {
+        std::string& row = rows.emplace_back(record.getName());
+        row.append("\\").append(record.getStreamText()).append("\\").append(record.getFunctionText());
+        row.append("\\").append(record.getDescription());
+    }
     return rows;
 }
 
@@ -122,26 +124,24 @@ void SECSLibraryStore::loadMdf(std::string_view text) {
 
 void SECSLibraryStore::loadSml(std::string_view text) {
     SmlLibrary library = readSml(text, codePage_);
-    records_.reserve(records_.size() + library.messages.size());
-    for (SmlMessage& message : library.messages) {
-        SECSMessageHead head{std::move(message.name),
-                             message.stream,
-                             message.function,
-                             message.wait,
-                             message.autoReply,
-                             message.noLogging,
-                             std::move(message.direction)};
-        add(SECSMessageRecord::fromParts(std::move(head), std::move(message.description),
-                                         std::move(message.body)));
+    SECSMessageHead head;
+    for (const SmlMessage& message : library.messages) {
+        head.name = message.name;
+        head.stream = message.stream;
+        head.function = message.function;
+        head.wait = message.wait;
+        head.reply = message.autoReply;
+        head.noLogging = message.noLogging;
+        head.direction = message.direction;
+        add(SECSMessageRecord::fromParts(head, message.description, message.body));
     }
     unread_ += library.unread;
     std::move(library.findings.begin(), library.findings.end(), std::back_inserter(findings_));
 }
 
 void SECSLibraryStore::add(SECSMessageRecord record) {
-    auto owned = std::make_unique<SECSMessageRecord>(std::move(record));
-    byStreamFunction_[streamFunctionKey(owned->getStream(), owned->getFunction())].push_back(owned.get());
-    records_.push_back(std::move(owned));
+    const SECSMessageRecord& added = records_.emplace_back(std::move(record));
+    byStreamFunction_[streamFunctionKey(added.getStream(), added.getFunction())].push_back(&added);
 }
 
 } // namespace zb

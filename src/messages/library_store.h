@@ -6,7 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -46,7 +46,7 @@ private:
     void add(SECSMessageRecord record);
 
     CodePage codePage_;
-    std::vector<std::unique_ptr<SECSMessageRecord>> records_;
+    std::deque<SECSMessageRecord> records_; ///< which keeps their addresses
     std::unordered_map<std::uint64_t, Records> byStreamFunction_;
     Findings findings_;
     std::size_t unread_ = 0;

@@ -73,8 +73,8 @@ std::string unescaped(std::string_view line) {
     return text;
 }
 
-std::string_view marksOf(const SECSMessageRecord& record, const std::string& head) {
-    std::string_view nodeText = std::string_view(head).substr(record.getDescription().size() + 2);
+std::string_view marksOf(const SECSMessageRecord& record) {
+    const std::string_view nodeText = record.getNodeText();
     const std::size_t colon = nodeText.find(": ");
     return colon == std::string_view::npos ? std::string_view() : nodeText.substr(colon + 2);
 }
@@ -200,10 +200,9 @@ private:
 };
 
 void appendMessage(std::string& text, const SECSMessageRecord& record) {
-    const std::string head = record.getHeadText();
     text.append("\r\nMESSAGE ").append(escaped(record.getName())).append("\r\n");
     text.append("DESCRIPTION ").append(escaped(record.getDescription())).append("\r\n");
-    text.append("HEAD ").append(escaped(marksOf(record, head))).append("\r\n");
+    text.append("HEAD ").append(escaped(marksOf(record))).append("\r\n");
     const std::string body = record.getBodyText();
     LineReader lines(body);
     while (const std::optional<std::string_view> line = lines.next()) {

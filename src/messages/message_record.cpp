@@ -14,10 +14,15 @@ namespace zb {
 
 namespace {
 
-int numberOf(const std::string& word) {
+constexpr std::string_view kToEquipment = "H->E";
+constexpr std::string_view kToHost = "H<-E";
+constexpr std::string_view kBothWays = "H<->E";
+
+int numberOf(std::string_view word) {
     // Most are one to three digits; the rest may be any form of a number.
     constexpr std::size_t kUsual = 3;
-    if (!word.empty() && word.size() <= kUsual && word.find_first_not_of("0123456789") == std::string::npos) {
+    if (!word.empty() && word.size() <= kUsual &&
+        word.find_first_not_of("0123456789") == std::string_view::npos) {
         int number = 0;
         for (const char digit : word)
             number = number * 10 + (digit - '0');
@@ -60,21 +65,54 @@ std::string checkBody(std::string_view body) {
 
 } // namespace
 
+SECSMessageRecord::Direction SECSMessageRecord::directionOf(std::string_view word) {
+    if (word == kToEquipment)
+        return Direction::ToEquipment;
+    return word == kToHost ? Direction::ToHost : Direction::Both;
+}
+
+SECSMessageRecord::Part SECSMessageRecord::partOf(std::string_view view) const {
+    if (view.empty())
+        return {};
+    return {static_cast<std::uint32_t>(view.data() - text_.data()), static_cast<std::uint32_t>(view.size())};
+}
+
+SECSMessageRecord::Part SECSMessageRecord::append(std::string_view text) {
+    const Part added{static_cast<std::uint32_t>(text_.size()), static_cast<std::uint32_t>(text.size())};
+    text_ += text;
+    return added;
+}
+
 int SECSMessageRecord::getStream() const {
-    return numberOf(streamText_);
+    return numberOf(getStreamText());
 }
 
 int SECSMessageRecord::getFunction() const {
-    return numberOf(functionText_);
+    return numberOf(getFunctionText());
+}
+
+std::string SECSMessageRecord::getNumbersText(std::string_view separator) const {
+    return std::string("S").append(getStreamText()).append(separator).append("F").append(getFunctionText());
+}
+
+std::string_view SECSMessageRecord::getDirection() const {
+    switch (direction_) {
+    case Direction::ToEquipment:
+        return kToEquipment;
+    case Direction::ToHost:
+        return kToHost;
+    default:
+        return kBothWays;
+    }
 }
 
 std::string SECSMessageRecord::getHeadText() const {
-    return description_ + "\r\n" + nodeText_;
+    return std::string(getDescription()).append("\r\n").append(getNodeText());
 }
 
 template<typename Visit>
 void SECSMessageRecord::visitItems(Visit visit) const {
-    const std::string_view body = std::string_view(source_).substr(bodyStart_, bodyLength_);
+    const std::string_view body = part(body_);
     SmdItemText item;
     if (!bodyIsNumbered_) {
         SmdBodyReader reader(body);
@@ -91,7 +129,7 @@ void SECSMessageRecord::visitItems(Visit visit) const {
 
 std::string SECSMessageRecord::getBodyText() const {
     std::string text;
-    text.reserve(bodyLength_ + bodyLength_ / 8);
+    text.reserve(body_.length + body_.length / 8);
     visitItems([&text](int level, std::string_view item) {
         text.append(std::to_string(level)).append(" ").append(item).append("\r\n");
     });
@@ -110,45 +148,55 @@ std::vector<SECSItemRecord> SECSMessageRecord::getItems() const {
 
 std::string SECSMessageRecord::parseTexts(std::string_view nodeText, std::string_view description,
                                           std::string_view bodyText) {
-    std::string status = parseNodeText(nodeText, description);
-    source_ = bodyText;
-    bodyLength_ = source_.size();
+    SECSMessageRecord record;
+    record.text_.reserve(nodeText.size() + description.size() + bodyText.size());
+    record.nodeText_ = record.append(nodeText);
+    record.description_ = record.append(description);
+    record.body_ = record.append(bodyText);
+    *this = std::move(record);
+    std::string status = takeHead();
     bodyIsNumbered_ = true;
     return status;
 }
 
-SECSMessageRecord SECSMessageRecord::fromParts(SECSMessageHead head, std::string description,
-                                               std::string bodyText) {
+SECSMessageRecord SECSMessageRecord::fromParts(const SECSMessageHead& head, std::string_view description,
+                                               std::string_view bodyText) {
     SECSMessageRecord record;
-    record.name_ = std::move(head.name);
-    record.streamText_ = std::to_string(head.stream);
-    record.functionText_ = std::to_string(head.function);
     record.wait_ = head.wait;
     record.reply_ = head.reply;
     record.noLogging_ = head.noLogging;
-    record.direction_ = std::move(head.direction);
-    record.nodeText_ = record.composeNodeText();
-    record.description_ = std::move(description);
-    record.source_ = std::move(bodyText);
-    record.bodyLength_ = record.source_.size();
+    record.direction_ = directionOf(head.direction);
+    // What a node text has beside the name: the numbers, all marks and the signs between them.
+    constexpr std::size_t kMost = 48;
+    record.text_.reserve(head.name.size() + kMost + description.size() + bodyText.size());
+    record.name_ = record.append(head.name);
+    record.append(": S");
+    record.stream_ = record.append(std::to_string(head.stream));
+    record.append(" F");
+    record.function_ = record.append(std::to_string(head.function));
+    record.append(record.marks());
+    record.nodeText_ = record.partOf(record.text_);
+    record.description_ = record.append(description);
+    record.body_ = record.append(bodyText);
     record.bodyIsNumbered_ = true;
     return record;
 }
 
-std::string SECSMessageRecord::composeNodeText() const {
-    std::string text;
-    text.reserve(name_.size() + 32);
-    text.append(name_).append(": S").append(streamText_).append(" F").append(functionText_);
-    text.append(wait_ ? " W" : "").append(reply_ ? " <R>" : "").append(noLogging_ ? " <NL>" : "");
-    text.append(" ").append(direction_);
+std::string SECSMessageRecord::marks() const {
+    std::string text = wait_ ? " W" : "";
+    text.append(reply_ ? " <R>" : "").append(noLogging_ ? " <NL>" : "");
+    text.append(" ").append(getDirection());
     return text;
 }
 
+std::string SECSMessageRecord::composeNodeText() const {
+    std::string text;
+    text.reserve(name_.length + 32);
+    return text.append(getName()).append(": ").append(getNumbersText(" ")).append(marks());
+}
+
 std::string SECSMessageRecord::parseNodeText(std::string_view nodeText, std::string_view description) {
-    *this = SECSMessageRecord();
-    nodeText_ = nodeText;
-    description_ = description;
-    return takeHead();
+    return parseTexts(nodeText, description, {});
 }
 
 std::string SECSMessageRecord::parseSmd(std::string_view text, int formatCode) {
@@ -168,16 +216,15 @@ std::string SECSMessageRecord::parseSmd(std::string_view text, int formatCode) {
 
 std::string SECSMessageRecord::takeSmd(std::string_view text, BodyCheck check) {
     *this = SECSMessageRecord();
-    source_ = text;
+    text_ = text;
     Findings findings;
-    SmdTextSplitter splitter(source_, &findings);
+    SmdTextSplitter splitter(text_, &findings);
     const std::optional<SmdMessageText> message = splitter.next();
     if (!message)
         return "There is no message";
-    description_ = message->description;
-    nodeText_ = message->head;
-    bodyStart_ = static_cast<std::size_t>(message->body.data() - source_.data());
-    bodyLength_ = message->body.size();
+    description_ = partOf(message->description);
+    nodeText_ = partOf(message->head);
+    body_ = partOf(message->body);
     std::string status = takeHead();
     if (!status.empty())
         return status;
@@ -190,24 +237,31 @@ std::string SECSMessageRecord::takeSmd(std::string_view text, BodyCheck check) {
 
 /// Reports faults of the head. An unknown word is reported, and the others are used.
 std::string SECSMessageRecord::takeHead() {
-    const std::size_t colon = nodeText_.find(": ");
-    name_ = trimmed(std::string_view(nodeText_).substr(0, colon));
-    direction_ = "H<->E";
-    if (colon == std::string::npos)
+    const std::string_view nodeText = getNodeText();
+    const std::size_t colon = nodeText.find(": ");
+    name_ = partOf(trimmed(nodeText.substr(0, colon)));
+    if (colon == std::string_view::npos)
         return "The head has no \": \" behind the message name";
-    std::string tail = trim(std::string_view(nodeText_).substr(colon + 2));
+    const std::string_view written = trimmed(nodeText.substr(colon + 2));
+    std::string tail(written);
     std::replace(tail.begin(), tail.end(), '\t', ' ');
     std::string_view rest = tail;
     const std::string_view stream = takeWord(rest);
     const std::string_view function = takeWord(rest);
-    streamText_ = afterLetter(stream);
-    functionText_ = afterLetter(function);
+    const auto numberIn = [&](std::string_view word) {
+        const std::string_view number = afterLetter(word);
+        return number.empty() ? Part()
+                              : partOf(written.substr(static_cast<std::size_t>(number.data() - tail.data()),
+                                                      number.size()));
+    };
+    stream_ = numberIn(stream);
+    function_ = numberIn(function);
     std::string status;
-    if (name_.empty())
+    if (name_.length == 0)
         status = "The message has no name";
-    else if (!startsWith(stream, 'S', 's') || !isNumeric(streamText_))
+    else if (!startsWith(stream, 'S', 's') || !isNumeric(getStreamText()))
         status = "The stream is not \"S\" and a number";
-    else if (!startsWith(function, 'F', 'f') || !isNumeric(functionText_))
+    else if (!startsWith(function, 'F', 'f') || !isNumeric(getFunctionText()))
         status = "The function is not \"F\" and a number";
     bool hasDirection = false;
     while (!rest.empty()) {
@@ -229,8 +283,8 @@ std::string SECSMessageRecord::takeMark(std::string_view word) {
         reply_ = true;
     else if (word == "<NL>")
         noLogging_ = true;
-    else if (word == "H->E" || word == "H<-E" || word == "H<->E")
-        direction_ = word;
+    else if (word == kToEquipment || word == kToHost || word == kBothWays)
+        direction_ = directionOf(word);
     else if (!word.empty())
         return "\"" + std::string(word) + "\" is no mark of a message head";
     return {};

@@ -29,9 +29,9 @@ std::string hexOf(std::string_view bytes) {
 
 /// Characters that XML cannot hold, such as the control characters in strings of real equipment, are written
 /// in hexadecimal under another name: no value may be lost.
-void setText(XmlElement& element, const std::string& name, const std::string& text) {
+void setText(XmlElement& element, const std::string& name, std::string_view text) {
     if (isXmlText(text))
-        setElementAttribute(element, name, text);
+        setElementAttribute(element, name, std::string(text));
     else
         setElementAttribute(element, name + "Hex", hexOf(text));
 }
@@ -44,7 +44,7 @@ XmlElement headOf(const SECSMessageRecord& message) {
     setElementAttribute(block, "Wait", std::string(flag(message.getWait())));
     setElementAttribute(block, "Reply", std::string(flag(message.getReply())));
     setElementAttribute(block, "NoLogging", std::string(flag(message.getNoLogging())));
-    setElementAttribute(block, "Direction", message.getDirection());
+    setElementAttribute(block, "Direction", std::string(message.getDirection()));
     return block;
 }
 

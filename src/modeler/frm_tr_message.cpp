@@ -208,7 +208,7 @@ void frmTRMessage::fillSECSMessageCombo(Partner partner) {
     cmbSECSMessage.clear();
     for (const SECSMessageRecord* message : state_.SECSMessageStore->getMessages()) {
         if (isOffered(*message, partner))
-            cmbSECSMessage.add(message->getName());
+            cmbSECSMessage.add(std::string(message->getName()));
     }
 }
 

@@ -27,7 +27,7 @@ std::string directionText(int direction) {
 }
 
 std::string streamFunction(const SECSMessageRecord& message) {
-    return "S" + message.getStreamText() + "F" + message.getFunctionText();
+    return message.getNumbersText();
 }
 
 class TransactionChecker {

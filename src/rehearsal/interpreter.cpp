@@ -95,7 +95,7 @@ Interpreter::candidates(const secs2::Header& header) const {
 }
 
 bool Interpreter::fits(const Definition& definition, Direction direction) {
-    const std::string& arrow = definition.record.getDirection();
+    const std::string_view arrow = definition.record.getDirection();
     return direction == Direction::Unknown || arrow == arrowOf(direction) ||
            (arrow != "H->E" && arrow != "H<-E");
 }
@@ -156,10 +156,10 @@ void Interpreter::reportMismatch(const RecordedMessage& message, Interpretation&
         std::all_of(result.differences.begin(), result.differences.end(),
                     [](const Difference& difference) { return difference.kind == Difference::Kind::Key; });
     for (const Difference& difference : result.differences)
-        result.findings.push_back({onlyKeys ? "key-item" : "structure",
-                                   "no definition fits; " + result.nearest->getName() + " is the nearest: " +
-                                       (difference.path.empty() ? "" : difference.path + ": ") +
-                                       difference.text});
+        result.findings.push_back(
+            {onlyKeys ? "key-item" : "structure",
+             "no definition fits; " + std::string(result.nearest->getName()) + " is the nearest: " +
+                 (difference.path.empty() ? "" : difference.path + ": ") + difference.text});
 }
 
 Interpretation Interpreter::interpret(const RecordedMessage& message) const {
@@ -205,8 +205,9 @@ void Interpreter::chooseReceived(const Definition& definition, const ReceivedDat
         result.transaction = taken->record;
         addItems(*taken, data, result);
     } else if (!definition.received.empty()) {
-        result.findings.push_back({"no-transaction", "no condition of the TR messages of " +
-                                                         definition.record.getName() + " applies"});
+        result.findings.push_back(
+            {"no-transaction",
+             "no condition of the TR messages of " + std::string(definition.record.getName()) + " applies"});
     }
 }
 

@@ -27,10 +27,11 @@ void renameBlock(TRMessageRecord& record, const std::string& to) {
         return;
     const SECSMessageRecord& block = *record.DataBlock();
     const std::size_t colon = block.getNodeText().find(':');
-    if (colon == std::string::npos)
+    if (colon == std::string_view::npos)
         return;
     SECSMessageRecord renamed;
-    renamed.parseTexts(to + block.getNodeText().substr(colon), block.getDescription(), block.getBodyText());
+    renamed.parseTexts(std::string(to).append(block.getNodeText().substr(colon)), block.getDescription(),
+                       block.getBodyText());
     record.setDataBlock(std::move(renamed));
 }
 

@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     }
     std::set<std::string> names;
     for (const zb::SECSMessageRecord& record : learner.records()) {
-        demand(names.insert(record.getName()).second, "names are unique");
+        demand(names.emplace(record.getName()).second, "names are unique");
         for (const zb::SECSItemRecord& item : record.getItems())
             demand(!item.getType().empty(), "every item has a type");
     }

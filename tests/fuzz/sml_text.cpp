@@ -19,8 +19,8 @@ bool isDirection(std::string_view direction) {
 std::vector<zb::SECSMessageRecord> recordsOf(const zb::SmlLibrary& library) {
     std::vector<zb::SECSMessageRecord> records;
     for (const zb::SmlMessage& message : library.messages) {
-        const std::string head = message.name + ": S" + std::to_string(message.stream) + " F" +
-                                 std::to_string(message.function) + " " + message.direction;
+        const std::string head = std::string(message.name) + ": S" + std::to_string(message.stream) + " F" +
+                                 std::to_string(message.function) + " " + std::string(message.direction);
         demand(records.emplace_back().parseTexts(head, message.description, message.body).empty(),
                "a message that was read has a head");
         for (zb::SECSItemRecord& item : records.back().getItems())
@@ -40,8 +40,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     std::set<std::string> names;
     for (const zb::SmlMessage& message : library.messages) {
         demand(names.insert(zb::upper(message.name)).second, "names are unique");
-        demand(message.name.find_first_of(": \r\n") == std::string::npos, "a name is one word");
-        demand(message.description.find_first_of(":\r\n") == std::string::npos, "a description is one line");
+        demand(message.name.find_first_of(": \r\n") == std::string_view::npos, "a name is one word");
+        demand(message.description.find_first_of(":\r\n") == std::string_view::npos,
+               "a description is one line");
         demand(isDirection(message.direction), "a message has a direction");
     }
     const std::vector<zb::SECSMessageRecord> records = recordsOf(library);

@@ -122,7 +122,7 @@ TEST_F(Examples, EtcherShowsEveryTypeAndDirection) {
     std::set<std::string> directions;
     std::set<int> streams;
     for (const SECSMessageRecord* record : store_.getMessages()) {
-        directions.insert(record->getDirection());
+        directions.emplace(record->getDirection());
         streams.insert(record->getStream());
         for (const SECSItemRecord& item : record->getItems())
             types.insert(item.getType());

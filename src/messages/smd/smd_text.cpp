@@ -30,8 +30,7 @@ public:
 
     void write(const SECSMessageRecord& record) {
         writeComment(record.getDescription());
-        const std::string head = record.getHeadText();
-        text_.append(head.substr(record.getDescription().size() + 2));
+        text_.append(record.getNodeText());
         const std::string body = record.getBodyText();
         const std::vector<ItemLine> items = itemLines(body);
         text_.append(items.empty() ? ".\r\n" : "\r\n");
@@ -40,7 +39,7 @@ public:
     }
 
 private:
-    void writeComment(const std::string& description) {
+    void writeComment(std::string_view description) {
         const std::string banner = build_ ? std::string(70, '*') + "\r\n" : std::string();
         text_.append(banner).append("* ").append(description).append("\r\n").append(banner);
     }

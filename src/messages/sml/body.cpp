@@ -4,7 +4,6 @@
 #include "platform/number.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 
 namespace zb::sml {
@@ -224,37 +223,49 @@ std::string_view Body::nameFor(std::size_t index, const Form& form, FindingColle
     return uniqueName(item, (element.empty() ? "LIST" : element) + "COUNT", findings);
 }
 
-void Body::appendLine(const Item& item, const Form& form, std::string_view name) {
-    // Level, type and count have at most seven characters each; both numbers are bounded.
-    std::array<char, 32> head;
-    char* const bound = head.data() + head.size();
-    char* end = std::to_chars(head.data(), bound, item.level).ptr;
-    *end++ = ' ';
-    end = std::ranges::copy(typeWord(item.type), end).out;
-    *end++ = ' ';
-    end = std::to_chars(end, bound, form.count).ptr;
-    if (form.variable)
-        *end++ = 'V';
-    lines_.append(head.data(), end);
-    if (!name.empty()) {
-        lines_ += ' ';
-        lines_ += name;
-    }
+namespace {
+
+char* put(char* at, std::string_view text) {
+    return std::ranges::copy(text, at).out;
+}
+
+} // namespace
+
+// Writes to the end of the lines in one go: a call for each piece would take longer than the piece.
+void Body::appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const {
+    // What is written beside the name and the value; level, type and count have at most seven characters
+    // each, since both numbers are bounded.
+    constexpr std::size_t kMost = 40;
     const std::string_view text = value(item);
-    if (isQuotedType(item.type)) {
-        lines_ += " '";
-        lines_ += text;
-        lines_ += '\'';
-    } else if (!text.empty()) {
-        lines_ += ' ';
-        lines_ += text;
+    const std::size_t before = lines.size();
+    lines.resize(before + kMost + name.size() + text.size());
+    char* const bound = lines.data() + lines.size();
+    char* at = std::to_chars(lines.data() + before, bound, item.level).ptr;
+    *at++ = ' ';
+    at = put(at, typeWord(item.type));
+    *at++ = ' ';
+    at = std::to_chars(at, bound, form.count).ptr;
+    if (form.variable)
+        *at++ = 'V';
+    if (!name.empty()) {
+        *at++ = ' ';
+        at = put(at, name);
     }
-    lines_ += item.key ? " [K]\r\n" : "\r\n";
+    const bool quoted = isQuotedType(item.type);
+    if (quoted || !text.empty())
+        *at++ = ' ';
+    if (quoted)
+        *at++ = '\'';
+    at = put(at, text);
+    if (quoted)
+        *at++ = '\'';
+    at = put(at, item.key ? " [K]\r\n" : "\r\n");
+    lines.resize(static_cast<std::size_t>(at - lines.data()));
 }
 
 bool Body::compose(std::string& lines, FindingCollector& findings) {
     namesInUse_.clear();
-    lines_.clear();
+    lines.clear();
     for (std::size_t i = 0; i < items_.size(); ++i) {
         const Item& item = items_[i];
         if (item.leftOut)
@@ -270,12 +281,11 @@ bool Body::compose(std::string& lines, FindingCollector& findings) {
                                            std::to_string(form.count) + " was lowered to that");
             form.count = kMostCount;
         }
-        appendLine(item, form, nameFor(i, form, findings));
+        appendLine(lines, item, form, nameFor(i, form, findings));
         if (form.onlyFirstChild && item.children > 1)
             for (std::size_t rest = items_[i + 1].end; rest < item.end; ++rest)
                 items_[rest].leftOut = true;
     }
-    lines = lines_;
     return true;
 }
 

@@ -60,8 +60,8 @@ public:
     std::string_view name(const Item& item) const;
     std::string_view value(const Item& item) const;
 
-    /// One line per item: level, blank, item Text, CR LF. All lists are closed. Returns nothing, with an
-    /// error among the findings, when an item contains more than a count can express.
+    /// Replaces `lines`: one line per item with level, blank, item Text, CR LF. All lists are closed. False,
+    /// with an error among the findings, when an item contains more than a count can express.
     bool compose(std::string& lines, FindingCollector& findings);
 
 private:
@@ -80,13 +80,12 @@ private:
     /// The view is valid until the next name is requested; the same holds for `nameFor`.
     std::string_view uniqueName(const Item& item, std::string_view wanted, FindingCollector& findings);
     std::string_view nameFor(std::size_t index, const Form& form, FindingCollector& findings);
-    void appendLine(const Item& item, const Form& form, std::string_view name);
+    void appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const;
 
     std::vector<Item> items_;
     std::vector<std::size_t> openLists_;
     std::string names_;
     std::string values_;
-    std::string lines_; // those of `compose`, here to keep the memory from message to message
     UniqueNames namesInUse_;
 };
 

@@ -5,6 +5,10 @@
 namespace zb::sml {
 
 bool atDirective(std::string_view text, std::size_t offset) {
+    // Asked for at every message, and nearly never so.
+    constexpr std::string_view kFirstCharacters = "#IE";
+    if (offset >= text.size() || kFirstCharacters.find(upperLetter(text[offset])) == std::string_view::npos)
+        return false;
     FindingCollector unused(text);
     Scanner scanner(text, unused);
     scanner.moveTo(offset);

@@ -49,7 +49,7 @@ std::size_t parseCount(std::string_view digits) {
 }
 
 bool isDigits(std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+    return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
 }
 
 } // namespace

@@ -16,31 +16,17 @@ struct Spelling {
 // The first spelling of a type is that of an item Text. The rarer ones are last, since the search starts at
 // the top.
 constexpr std::array kSpellings = {
-    Spelling{"L", ItemType::List},
-    Spelling{"A", ItemType::Ascii},
-    Spelling{"J", ItemType::Jis8},
-    Spelling{"X", ItemType::Any},
-    Spelling{"B", ItemType::Binary},
-    Spelling{"BOOLEAN", ItemType::Boolean},
-    Spelling{"I1", ItemType::I1},
-    Spelling{"I2", ItemType::I2},
-    Spelling{"I4", ItemType::I4},
-    Spelling{"I8", ItemType::I8},
-    Spelling{"U1", ItemType::U1},
-    Spelling{"U2", ItemType::U2},
-    Spelling{"U4", ItemType::U4},
-    Spelling{"U8", ItemType::U8},
-    Spelling{"F4", ItemType::F4},
-    Spelling{"F8", ItemType::F8},
-    Spelling{"V", ItemType::Any},
-    Spelling{"BOOL", ItemType::Boolean},
-    Spelling{"LIST", ItemType::List},
-    Spelling{"ASCII", ItemType::Ascii},
-    Spelling{"JIS8", ItemType::Jis8},
-    Spelling{"BINARY", ItemType::Binary},
-    Spelling{"BIN", ItemType::Binary},
-    // Text with a number for its encoding; a definition has no such type.
-    Spelling{"W", ItemType::Any},
+    Spelling{"L", ItemType::List},        Spelling{"A", ItemType::Ascii},
+    Spelling{"J", ItemType::Jis8},        Spelling{"X", ItemType::Any},
+    Spelling{"B", ItemType::Binary},      Spelling{"BOOLEAN", ItemType::Boolean},
+    Spelling{"I1", ItemType::I1},         Spelling{"I2", ItemType::I2},
+    Spelling{"I4", ItemType::I4},         Spelling{"I8", ItemType::I8},
+    Spelling{"U1", ItemType::U1},         Spelling{"U2", ItemType::U2},
+    Spelling{"U4", ItemType::U4},         Spelling{"U8", ItemType::U8},
+    Spelling{"F4", ItemType::F4},         Spelling{"F8", ItemType::F8},
+    Spelling{"BOOL", ItemType::Boolean},  Spelling{"LIST", ItemType::List},
+    Spelling{"ASCII", ItemType::Ascii},   Spelling{"JIS8", ItemType::Jis8},
+    Spelling{"BINARY", ItemType::Binary}, Spelling{"BIN", ItemType::Binary},
 };
 
 constexpr int codeOf(char letter, char bytes) {
@@ -76,12 +62,35 @@ std::optional<ItemType> numberTypeOf(char letter, char bytes) {
     }
 }
 
+// Half of the items have a type of one letter.
+std::optional<ItemType> letterTypeOf(char letter) {
+    using enum ItemType;
+    switch (letter) {
+    case 'L':
+        return List;
+    case 'A':
+        return Ascii;
+    case 'J':
+        return Jis8;
+    case 'B':
+        return Binary;
+    case 'X':
+    case 'V':
+    case 'W': // text with a number for its encoding; a definition has no such type
+        return Any;
+    default:
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 std::optional<ItemType> itemTypeOf(std::string_view word) {
     constexpr std::size_t kLongest = 7;
     if (word.empty() || word.size() > kLongest)
         return std::nullopt;
+    if (word.size() == 1)
+        return letterTypeOf(upperLetter(word[0]));
     if (word.size() == 2)
         return numberTypeOf(upperLetter(word[0]), word[1]);
     const char first = upperLetter(word[0]);

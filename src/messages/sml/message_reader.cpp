@@ -58,12 +58,12 @@ bool Reader::checkNumbers(const Head& head) {
 void Reader::readMessage(const Head& head) {
     ReadMessage read;
     read.offset = scanner_.offset();
-    read.message.name = head.name;
+    read.name = head.name;
     read.message.stream = static_cast<int>(head.stream);
     read.message.function = static_cast<int>(head.function);
     read.message.wait = head.wait;
     if (leadingComment_.size() <= kLongestDescription)
-        read.message.description = leadingComment_;
+        read.description = leadingComment_;
     else
         findings_.note(leadingOffset_, "a comment of this length is no description, and has no place");
     leadingComment_.clear();
@@ -84,18 +84,21 @@ void Reader::readMessage(const Head& head) {
 void Reader::finish(ReadMessage& read) {
     SmlMessage& message = read.message;
     items_.reportComments();
-    if (!body_.compose(message.body, findings_)) {
+    if (!body_.compose(lines_, findings_)) {
         ++unread_;
         return;
     }
     if (message.wait && message.function % 2 == 0)
         findings_.warn(read.offset, "W is set on an even function, which is a reply");
-    if (message.name.empty())
-        message.name = title_;
-    else if (message.description.empty())
-        message.description = title_;
+    if (read.name.empty())
+        read.name = title_;
+    else if (read.description.empty())
+        read.description = title_;
+    message.name = kept(read.name);
+    message.description = kept(read.description);
+    message.body = kept(lines_);
     makeRoom(read.offset);
-    messages_.push_back(std::move(message));
+    messages_.push_back(message);
     offsets_.push_back(read.offset);
     lastWasRead_ = true;
 }
@@ -123,7 +126,7 @@ Reader::Step Reader::endWithoutPoint() {
 
 void Reader::applyHeadComment(ReadMessage& read, const Comment& comment) {
     const std::string words = commentWords(comment.text);
-    std::string& description = read.message.description;
+    std::string& description = read.description;
     if (words.empty() || applyMarks(read.message, words) || words == description)
         return;
     if (description.size() + words.size() + 2 > kLongestDescription)
@@ -161,7 +164,7 @@ Reader::Step Reader::readMark(ReadMessage& read) {
     if (c == '=') {
         scanner_.advance();
         scanner_.skip();
-        read.message.name.clear();
+        read.name.clear();
     }
     if (isWordStart(scanner_.peek()) || isDigit(scanner_.peek()))
         return readMarkWord(read);
@@ -220,9 +223,9 @@ Reader::Step Reader::readMarkWord(ReadMessage& read) {
         scanner_.moveTo(offset);
         return endWithoutPoint();
     } else {
-        if (!read.message.name.empty())
-            read.message.name += ' ';
-        read.message.name += word;
+        if (!read.name.empty())
+            read.name += ' ';
+        read.name += word;
     }
     return Step::Next;
 }

@@ -5,7 +5,6 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace zb::sml {
 
@@ -14,20 +13,22 @@ namespace {
 // The names of messages, whatever the case of their letters, also of those beyond ASCII.
 class Names {
 public:
-    // The name, or the name with a number after it.
-    void take(std::string& name) {
-        if (isAscii(name)) {
-            const std::string_view taken = names_.take(name);
-            name += taken.substr(name.size());
-            return;
-        }
+    // Of the name, or of the name with the number that must follow it, what follows; empty for a free name.
+    // Valid until the next call.
+    std::string_view take(std::string_view name) {
+        if (isAscii(name))
+            return names_.take(name).substr(name.size());
         const std::string capitals = upper(name);
-        name += names_.take(capitals).substr(capitals.size());
+        return names_.take(capitals).substr(capitals.size());
     }
 
 private:
     UniqueNames names_{"_"};
 };
+
+std::string_view joined(std::pmr::memory_resource& texts, std::string_view name, std::string_view number) {
+    return keepText(texts, std::string(name).append(number));
+}
 
 bool isAllowedName(std::string_view name) {
     return std::none_of(name.begin(), name.end(),
@@ -73,50 +74,69 @@ std::string allowedDescription(std::string_view description) {
     return trim(allowed);
 }
 
-void describe(SmlMessage& message, std::size_t offset, FindingCollector& findings) {
-    std::string& description = message.description;
-    if (isAllowedDescription(description))
+/// What is needed to give the messages of a library their names.
+struct Naming {
+    std::pmr::memory_resource& texts;
+    FindingCollector& findings;
+    Names names;
+};
+
+void describe(SmlMessage& message, std::size_t offset, Naming& naming) {
+    if (isAllowedDescription(message.description))
         return;
-    std::string allowed = allowedDescription(description);
-    if (allowed.find('-') != std::string::npos && contains(description, ":"))
-        findings.note(offset, "a description cannot contain a colon; it was replaced by a dash");
-    description = std::move(allowed);
+    const std::string allowed = allowedDescription(message.description);
+    if (allowed.find('-') != std::string::npos && contains(message.description, ":"))
+        naming.findings.note(offset, "a description cannot contain a colon; it was replaced by a dash");
+    message.description = keepText(naming.texts, allowed);
 }
 
-void nameAsWritten(SmlMessage& message, std::size_t offset, Names& names, FindingCollector& findings) {
-    std::string written;
-    if (!isAllowedName(message.name))
-        written = std::exchange(message.name, allowedName(message.name));
-    const std::size_t length = message.name.size();
-    names.take(message.name);
-    if (message.name.size() != length)
-        findings.warn(offset, "a second message is named " + message.name.substr(0, length) + "; it became " +
-                                  message.name);
-    else if (!written.empty())
-        findings.note(offset, "the name " + written + " became " + message.name);
-    if (!written.empty() && message.description.empty())
-        message.description = std::move(written);
+void nameAsWritten(SmlMessage& message, std::size_t offset, Naming& naming) {
+    const std::string_view written = message.name;
+    const bool isAllowed = isAllowedName(written);
+    if (!isAllowed)
+        message.name = keepText(naming.texts, allowedName(written));
+    const std::string_view wanted = message.name;
+    const std::string_view number = naming.names.take(wanted);
+    if (!number.empty()) {
+        message.name = joined(naming.texts, wanted, number);
+        naming.findings.warn(offset, "a second message is named " + std::string(wanted) + "; it became " +
+                                         std::string(message.name));
+    } else if (!isAllowed) {
+        naming.findings.note(offset,
+                             "the name " + std::string(written) + " became " + std::string(message.name));
+    }
+    if (!isAllowed && message.description.empty())
+        message.description = written;
+}
+
+void nameByNumbers(SmlMessage& message, Naming& naming) {
+    const std::string wanted = "S" + std::to_string(message.stream) + "F" + std::to_string(message.function);
+    message.name = joined(naming.texts, wanted, naming.names.take(wanted));
 }
 
 } // namespace
 
+std::string_view keepText(std::pmr::memory_resource& texts, std::string_view text) {
+    if (text.empty())
+        return {};
+    auto* const kept = static_cast<char*>(texts.allocate(text.size(), 1));
+    return {kept, text.copy(kept, text.size())};
+}
+
 void nameMessages(std::vector<SmlMessage>& messages, const std::vector<std::size_t>& offsets,
-                  FindingCollector& findings) {
-    Names names;
+                  std::pmr::memory_resource& texts, FindingCollector& findings) {
+    Naming naming{texts, findings, Names()};
     std::vector<std::size_t> nameless;
     for (std::size_t i = 0; i < messages.size(); ++i) {
         if (messages[i].name.empty())
             nameless.push_back(i);
         else
-            nameAsWritten(messages[i], offsets[i], names, findings);
+            nameAsWritten(messages[i], offsets[i], naming);
     }
-    for (const std::size_t i : nameless) {
-        SmlMessage& message = messages[i];
-        message.name = "S" + std::to_string(message.stream) + "F" + std::to_string(message.function);
-        names.take(message.name);
-    }
+    for (const std::size_t i : nameless)
+        nameByNumbers(messages[i], naming);
     for (std::size_t i = 0; i < messages.size(); ++i)
-        describe(messages[i], offsets[i], findings);
+        describe(messages[i], offsets[i], naming);
 }
 
 } // namespace zb::sml

@@ -7,8 +7,8 @@ namespace zb::sml {
 SmlLibrary Reader::read() {
     for (skipBetween(); !scanner_.atEnd(); skipBetween())
         readTopLevel();
-    nameMessages(messages_, offsets_, findings_);
-    return {std::move(messages_), unread_, findings_.take()};
+    nameMessages(messages_, offsets_, *texts_, findings_);
+    return {std::move(messages_), unread_, findings_.take(), std::move(texts_)};
 }
 
 void Reader::skipBetween() {
@@ -28,7 +28,7 @@ void Reader::applyTrailingComment(const Comment& comment) {
     if (words.empty() || applyMarks(message, words) || message.description == words)
         return;
     if (message.description.empty())
-        message.description = words;
+        message.description = kept(words);
     else
         findings_.note(comment.offset, "the message has a description already; this comment has no place");
 }

@@ -10,11 +10,16 @@
 
 namespace zb::sml {
 
-/// A message with the name that its file gives it; empty when there is none.
+/// A message while it is read. The name is the one that its file gives it; empty when there is none.
 struct ReadMessage {
     SmlMessage message;
+    std::string name;
+    std::string description;
     std::size_t offset = 0;
 };
+
+/// A copy of the text in the memory of `texts`.
+std::string_view keepText(std::pmr::memory_resource& texts, std::string_view text);
 
 /// Reads a whole text, message by message.
 class Reader {
@@ -56,6 +61,7 @@ private:
     Step endWithoutPoint();
     void passBroken();
     void finish(ReadMessage& read);
+    std::string_view kept(std::string_view text) { return keepText(*texts_, text); }
     void makeRoom(std::size_t offset);
 
     FindingCollector findings_;
@@ -63,6 +69,9 @@ private:
     Defines defines_;
     Body body_;
     ItemReader items_;
+    std::string lines_; // the body of the current message
+    std::unique_ptr<std::pmr::memory_resource> texts_ =
+        std::make_unique<std::pmr::monotonic_buffer_resource>();
     std::vector<SmlMessage> messages_;
     std::vector<std::size_t> offsets_; // of the messages
     std::size_t unread_ = 0;           // messages with a fault
@@ -79,6 +88,6 @@ bool applyMarks(SmlMessage& message, std::string_view words);
 /// Gives every message a name that no other has: first those that have one in the file, then the rest by
 /// stream and function. What a name or a description cannot hold is replaced.
 void nameMessages(std::vector<SmlMessage>& messages, const std::vector<std::size_t>& offsets,
-                  FindingCollector& findings);
+                  std::pmr::memory_resource& texts, FindingCollector& findings);
 
 } // namespace zb::sml

@@ -3,6 +3,8 @@
 #include "platform/finding.h"
 
 #include <cstddef>
+#include <memory>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,18 +15,18 @@ namespace zb {
 
 class CodePage;
 
-/// A message in the grammar of the message tree.
+/// A message in the grammar of the message tree. The views are valid as long as its library.
 struct SmlMessage {
-    std::string name; // unique among the messages read, without case
-    std::string description;
+    std::string_view name; // unique among the messages read, without case
+    std::string_view description;
     int stream = 0;
     int function = 0;
     bool wait = false;
     bool autoReply = false;
     bool noLogging = false;
-    std::string direction = "H<->E"; // or "H->E", "H<-E"
+    std::string_view direction = "H<->E"; // or "H->E", "H<-E"
     /// One line per item, ended by CR LF: its level, which is 1 for a direct item, a blank, its item Text.
-    std::string body;
+    std::string_view body;
 
     bool operator==(const SmlMessage&) const = default;
 };
@@ -33,6 +35,8 @@ struct SmlLibrary {
     std::vector<SmlMessage> messages; // in the order of the file
     std::size_t unread = 0;           // messages that could not be read
     Findings findings;                // in the order of the file, with line and column
+    /// Holds the texts of all messages: one allocation for each of them would take as long as reading it.
+    std::unique_ptr<std::pmr::memory_resource> texts;
 };
 
 /// Reads every message that can be read. `text` is UTF-8 without a mark; the code page measures texts and

@@ -60,7 +60,8 @@ std::size_t UniqueNames::slotOf(std::string_view name, std::uint32_t hash) const
 }
 
 std::string_view UniqueNames::add(std::string_view name, std::uint32_t hash, std::size_t slot) {
-    entries_.push_back({hash, slot, texts_.size(), name.size()});
+    entries_.push_back({hash, static_cast<std::uint32_t>(slot), static_cast<std::uint32_t>(texts_.size()),
+                        static_cast<std::uint32_t>(name.size())});
     texts_ += name;
     slots_[slot] = static_cast<std::uint32_t>(entries_.size());
     if (entries_.size() * 2 > slots_.size())
@@ -76,7 +77,7 @@ void UniqueNames::grow() {
         while (slots_[slot] != 0)
             slot = (slot + 1) & mask;
         slots_[slot] = static_cast<std::uint32_t>(i + 1);
-        entries_[i].slot = slot;
+        entries_[i].slot = static_cast<std::uint32_t>(slot);
     }
 }
 

@@ -22,11 +22,12 @@ public:
     std::string_view take(std::string_view wanted);
 
 private:
+    /// In 32 bits, since a library has very many names; together they never have 4 GiB.
     struct Entry {
         std::uint32_t hash = 0;
-        std::size_t slot = 0;
-        std::size_t begin = 0, length = 0; // in `texts_`
-        std::size_t lastNumber = 1;
+        std::uint32_t slot = 0;
+        std::uint32_t begin = 0, length = 0; // in `texts_`
+        std::uint32_t lastNumber = 1;
     };
     std::string_view textOf(const Entry& entry) const {
         return std::string_view(texts_).substr(entry.begin, entry.length);

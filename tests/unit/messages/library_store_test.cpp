@@ -34,7 +34,7 @@ protected:
     static Lines names(const SECSLibraryStore::Records& records) {
         Lines all;
         for (const SECSMessageRecord* record : records)
-            all.push_back(record->getName());
+            all.emplace_back(record->getName());
         return all;
     }
     void loadSemi() {

@@ -61,7 +61,7 @@ TEST(MdfText, ReportsWhatBreaksTheGrammarAndGoesOn) {
                  findings);
     std::vector<std::string> names;
     for (const SECSMessageRecord& record : records)
-        names.push_back(record.getName());
+        names.emplace_back(record.getName());
     EXPECT_THAT(names, ElementsAre("B", "C"));
     std::vector<std::size_t> lines;
     for (const Finding& finding : findings)

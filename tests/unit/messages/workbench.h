@@ -53,7 +53,7 @@ struct Workbench {
     WalkOutcome walk(WalkMode mode) {
         store = std::make_unique<SECSMessageStore>();
         SmdWriter writer(codePage, [this](const SECSMessageRecord& record) {
-            calls.push_back("record " + record.getName());
+            calls.push_back("record " + std::string(record.getName()));
         });
         WalkOutcome outcome = writer.buildMessageText(mode, tree, *store);
         if (outcome.fault)

@@ -61,8 +61,8 @@ const std::string& nastyPiece(std::mt19937& random) {
     return kPieces[std::uniform_int_distribution<std::size_t>(0, kPieces.size() - 1)(random)];
 }
 
-std::string quoted(const std::string& text) {
-    return "[" + text + "]\n";
+std::string quoted(std::string_view text) {
+    return std::string("[").append(text).append("]\n");
 }
 
 std::string described(const XmlElement& element) {

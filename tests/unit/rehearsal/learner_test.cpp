@@ -19,7 +19,7 @@ std::vector<std::string> learned(const std::string& log) {
         learner.add(message);
     std::vector<std::string> texts;
     for (const SECSMessageRecord& record : learner.records()) {
-        texts.push_back(record.getNodeText());
+        texts.emplace_back(record.getNodeText());
         for (const SECSItemRecord& item : record.getItems())
             texts.back() += "|" + std::to_string(item.getLevel()) + " " + composeItemText(item);
     }

@@ -20,11 +20,12 @@ std::string linesOf(const std::string& bytes) {
     const TemporaryFolder folder;
     const auto path = folder / "recording";
     std::ofstream(path, std::ios::binary) << bytes;
-    auto source = rehearsal::LineSource::open(path);
-    if (!source)
-        return source.error().description;
+    auto opened = rehearsal::LineSource::open(path);
+    if (!opened)
+        return opened.error().description;
+    rehearsal::LineSource source = *std::move(opened);
     std::string text;
-    while (const auto line = source->next())
+    while (const auto line = source.next())
         text.append(*line).append("\n");
     return text;
 }

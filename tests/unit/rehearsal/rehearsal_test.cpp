@@ -126,7 +126,7 @@ std::vector<std::string> rehearse(const Project& project, const std::string& log
     std::vector<std::string> lines;
     while (const auto verdict = rehearsal.take()) {
         const auto& result = verdict->interpretation;
-        std::string line = result.definition ? result.definition->getName() : "-";
+        std::string line(result.definition ? result.definition->getName() : "-");
         line += result.transaction ? " " + result.transaction->Name() : " -";
         if (verdict->sequence)
             line += " " + verdict->sequence->name + " " + std::to_string(verdict->sequence->step);

@@ -8,13 +8,13 @@ namespace zb::test {
 std::string dump(const std::vector<SmlMessage>& messages) {
     std::string text;
     for (const SmlMessage& message : messages) {
-        text +=
-            message.name + ": S" + std::to_string(message.stream) + " F" + std::to_string(message.function);
+        text.append(message.name).append(": S").append(std::to_string(message.stream));
+        text.append(" F").append(std::to_string(message.function));
         text += message.wait ? " W" : "";
         text += message.autoReply ? " <R>" : "";
         text += message.noLogging ? " <NL>" : "";
-        text += " " + message.direction;
-        text += message.description.empty() ? "\n" : " | " + message.description + "\n";
+        text.append(" ").append(message.direction);
+        text.append(message.description.empty() ? "" : " | ").append(message.description).append("\n");
         text += replaceAll(message.body, "\r\n", "\n");
     }
     return text;
