@@ -57,6 +57,7 @@ void NoticeBar::post(Notice notice) {
     notices_.push_back({number, std::move(notice)});
     show();
     fire(onPosted, desktop_.screen().timeOfDay(), lblNotice.text());
+    fire(onNews);
 }
 
 void NoticeBar::withdraw(std::string_view topic) {
@@ -67,6 +68,30 @@ void NoticeBar::withdraw(std::string_view topic) {
 void NoticeBar::remove(int number) {
     if (std::erase_if(notices_, [&](const Shown& shown) { return shown.number == number; }) > 0)
         show();
+}
+
+std::vector<NoticeBar::Waiting> NoticeBar::waiting() const {
+    std::vector<Waiting> waiting;
+    for (const auto& [number, notice] : notices_) {
+        if (notice.stays != Notice::Stays::UntilClosed || notice.actions.empty())
+            continue;
+        waiting.push_back({number, notice.text, {}});
+        for (const NoticeAction& action : notice.actions)
+            waiting.back().actions.push_back(action.caption);
+    }
+    std::sort(waiting.begin(), waiting.end(),
+              [](const Waiting& left, const Waiting& right) { return left.number < right.number; });
+    return waiting;
+}
+
+bool NoticeBar::turnTo(int number) {
+    const auto found = std::find_if(notices_.begin(), notices_.end(),
+                                    [&](const Shown& shown) { return shown.number == number; });
+    if (found == notices_.end())
+        return false;
+    std::rotate(found, found + 1, notices_.end());
+    show();
+    return true;
 }
 
 void NoticeBar::runAction(std::size_t position) {
@@ -88,6 +113,7 @@ void NoticeBar::show() {
         cmdNotice[i].setVisible(used);
     }
     cmdCloseNotice.setVisible(!notices_.empty());
+    fire(onChanged);
 }
 
 } // namespace zb

@@ -23,6 +23,21 @@ public:
     void post(Notice notice) override;
     void withdraw(std::string_view topic) override;
 
+    /// A notice that stays until it is closed, with the captions of its buttons.
+    struct Waiting {
+        int number;
+        std::string text;
+        std::vector<std::string> actions;
+    };
+    /// What waits for a decision of the user: notices that stay and have buttons, the first one first.
+    std::vector<Waiting> waiting() const;
+    /// Shows the notice in place of the latest one; false when it has gone.
+    bool turnTo(int number);
+    /// Called when a new notice is shown.
+    std::function<void()> onNews;
+    /// Called when notices come, go or change their places.
+    std::function<void()> onChanged;
+
     /// Called for each notice, with the local time ("19:46") and the text as it is shown.
     std::function<void(const std::string& time, const std::string& text)> onPosted;
 

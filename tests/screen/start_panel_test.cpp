@@ -21,6 +21,7 @@
 namespace zb::test {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::UnorderedElementsAre;
 
@@ -191,6 +192,39 @@ TEST_F(Start, TheKeyboardReachesEveryWayAndEnterTakesIt) {
     press(Qt::Key_Return);
     program.settle();
     EXPECT_EQ(program.application.ProjectName, "Etcher");
+}
+
+TEST_F(Start, WhatWaitsForADecisionIsOfferedHereAsInTheStrip) {
+    start("");
+    std::string done;
+    const auto post = [&](const std::string& name) {
+        program.application.desktop.post({"Unsaved work on " + name + " was found after a crash",
+                                          {{"Recover", [&done, name] { done = "recover " + name; }},
+                                           {"Discard", [&done, name] { done = "discard " + name; }}},
+                                          name,
+                                          Notice::Stays::UntilClosed});
+    };
+    post("Etcher");
+    post("<b>Line</b>");
+    program.application.desktop.post({"Saved"});
+    program.settle();
+    std::vector<std::string> texts;
+    for (const QWidget* offer : panel().findChildren<QWidget*>("startOffer"))
+        texts.push_back(offer->findChild<QLabel*>()->text().toStdString());
+    EXPECT_THAT(texts, ElementsAre("Unsaved work on Etcher was found after a crash",
+                                   "Unsaved work on <b>Line</b> was found after a crash"));
+    EXPECT_EQ(focused(), "startRecover") << "the first offer has the keyboard";
+    // The first offer is not the notice that the strip shows.
+    way("startDiscard").click();
+    program.settle();
+    EXPECT_EQ(done, "discard Etcher");
+    ASSERT_EQ(panel().findChildren<QWidget*>("startOffer").size(), 1);
+    EXPECT_EQ(focused(), "startRecover");
+    way("startRecover").click();
+    program.settle();
+    EXPECT_EQ(done, "recover <b>Line</b>");
+    EXPECT_EQ(panel().findChildren<QWidget*>("startOffer").size(), 0);
+    EXPECT_EQ(focused(), "startNew");
 }
 
 TEST_F(Start, TheEditorShownWithoutAProjectTakesThePlace) {

@@ -3,10 +3,12 @@
 #include "controls/desktop.h"
 #include "desktop/binders/binder.h"
 #include "desktop/message_boxes.h"
+#include "desktop/qt_text.h"
 #include "desktop/start/example_project.h"
 #include "desktop/start/start_panel.h"
 #include "platform/text.h"
 #include "shell/frm_main.h"
+#include "workbench/frm_workbench.h"
 
 #include <utility>
 
@@ -22,9 +24,39 @@ StartPage::StartPage(frmMain& main, QWidget& place, Binding& binding) : main_(ma
     };
     StartPanel::Ways ways{choose(main.mnuNew), choose(main.mnuOpen), [this] { openExample(); }};
     panel_ = std::make_unique<StartPanel>(place, binding.pictures, std::move(ways));
+    if (frmWorkbench* strip = workbench(); strip != nullptr)
+        strip->notices.onChanged = [this] { showOffers(); };
+    showOffers();
 }
 
-StartPage::~StartPage() = default;
+StartPage::~StartPage() {
+    if (frmWorkbench* strip = workbench(); strip != nullptr)
+        strip->notices.onChanged = nullptr;
+}
+
+frmWorkbench* StartPage::workbench() const {
+    return dynamic_cast<frmWorkbench*>(binding_.desktop.find("frmWorkbench"));
+}
+
+void StartPage::showOffers() {
+    std::vector<StartPanel::Offer> offers;
+    if (const frmWorkbench* strip = workbench(); strip != nullptr) {
+        for (const NoticeBar::Waiting& waiting : strip->notices.waiting()) {
+            offers.push_back({toQt(waiting.text), {}});
+            for (std::size_t action = 0; action < waiting.actions.size(); ++action)
+                offers.back().ways.emplace_back(
+                    toQt(waiting.actions[action]),
+                    [this, number = waiting.number, action] { choose(number, action); });
+        }
+    }
+    panel_->setOffers(std::move(offers));
+}
+
+void StartPage::choose(int notice, std::size_t action) {
+    NoticeBar& notices = workbench()->notices;
+    if (notices.turnTo(notice))
+        binding_.hands.click(Target::whole(notices.cmdNotice[action]));
+}
 
 bool StartPage::projectIsOpen() const {
     const StatusPanel* panel = main_.stbMain.find("ProjectName");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -10,9 +11,11 @@ namespace zb {
 
 class StartPanel;
 class frmMain;
+class frmWorkbench;
 struct Binding;
 
-/// The start page of the empty main window. Each of its actions goes through a menu entry, as a user would.
+/// The start page of the empty main window. Each of its actions goes through a menu entry or a button of the
+/// strip, as a user would: what the strip asks the user to decide is asked here as well.
 class StartPage {
 public:
     /// The panel covers the place of the documents and is destroyed with this object.
@@ -30,6 +33,10 @@ public:
 private:
     bool projectIsOpen() const;
     void openExample();
+    /// Looked up each time: it ends before the main window does. Null when it has ended.
+    frmWorkbench* workbench() const;
+    void showOffers();
+    void choose(int notice, std::size_t action);
 
     frmMain& main_;
     Binding& binding_;

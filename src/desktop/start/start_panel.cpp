@@ -4,8 +4,10 @@
 
 #include <QCommandLinkButton>
 #include <QEvent>
+#include <QFrame>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zb {
@@ -59,6 +61,8 @@ StartPanel::StartPanel(QWidget& place, const Pictures& pictures, Ways ways) : QS
     column->setSpacing(4);
     column->addStretch(2);
     addHead(*column, pictures);
+    offers_ = new QVBoxLayout;
+    column->addLayout(offers_);
     first_ = addWay(*column, QStringLiteral("startNew"), pictures.icon("new"), QStringLiteral("&New project"),
                     QStringLiteral("An empty one, in a folder of its own (Ctrl+N)"), std::move(ways.makeNew));
     addWay(*column, QStringLiteral("startOpen"), pictures.icon("open"), QStringLiteral("&Open project"),
@@ -108,13 +112,59 @@ void StartPanel::setShown(bool shown) {
         setGeometry(parentWidget()->rect());
         raise();
         show();
-        first_->setFocus(Qt::OtherFocusReason);
+        firstButton()->setFocus(Qt::OtherFocusReason);
         return;
     }
     // Focus that is lost by hiding would move on as if the user had pressed Tab.
     if (QWidget* focused = window()->focusWidget(); focused != nullptr && isAncestorOf(focused))
         focused->clearFocus();
     hide();
+}
+
+void StartPanel::setOffers(std::vector<Offer> offers) {
+    const QWidget* focused = focusWidget();
+    const bool hadFocus = focused != nullptr && isAncestorOf(focused) && !isHidden();
+    // One of the buttons may be the one whose click is being handled.
+    for (QWidget* old : findChildren<QWidget*>(QStringLiteral("startOffer"))) {
+        offers_->removeWidget(old);
+        old->hide();
+        old->deleteLater();
+        old->setObjectName({});
+    }
+    for (Offer& offer : offers)
+        addOffer(std::move(offer));
+    if (hadFocus)
+        firstButton()->setFocus(Qt::OtherFocusReason);
+}
+
+void StartPanel::addOffer(Offer offer) {
+    auto* frame = new QFrame;
+    frame->setObjectName(QStringLiteral("startOffer"));
+    frame->setFrameShape(QFrame::StyledPanel);
+    auto* rows = new QVBoxLayout(frame);
+    auto* text = new QLabel(offer.text);
+    text->setTextFormat(Qt::PlainText);
+    text->setForegroundRole(QPalette::Text);
+    text->setWordWrap(true);
+    rows->addWidget(text);
+    auto* buttons = new QHBoxLayout;
+    rows->addLayout(buttons);
+    for (auto& [caption, way] : offer.ways) {
+        auto* button = new QPushButton(caption);
+        button->setObjectName(QStringLiteral("start") + caption);
+        button->setAccessibleDescription(offer.text);
+        button->setAutoDefault(true);
+        connect(button, &QAbstractButton::clicked, this, std::move(way));
+        buttons->addWidget(button);
+    }
+    buttons->addStretch();
+    offers_->addWidget(frame);
+}
+
+QWidget* StartPanel::firstButton() const {
+    const QWidget* offer = offers_->isEmpty() ? nullptr : offers_->itemAt(0)->widget();
+    auto* button = offer == nullptr ? nullptr : offer->findChild<QPushButton*>();
+    return button == nullptr ? first_ : button;
 }
 
 bool StartPanel::eventFilter(QObject* watched, QEvent* event) {

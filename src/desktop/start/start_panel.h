@@ -3,6 +3,8 @@
 #include <QScrollArea>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 class QLabel;
 class QVBoxLayout;
@@ -21,11 +23,19 @@ public:
         std::function<void()> openExample;
     };
 
+    /// Something that waits for a decision, such as unsaved work of a program that was killed.
+    struct Offer {
+        QString text;
+        std::vector<std::pair<QString, std::function<void()>>> ways; ///< caption, and what it does
+    };
+
     /// Covers the place at any size.
     StartPanel(QWidget& place, const Pictures& pictures, Ways ways);
 
     /// When shown, it has the keyboard focus until something else takes it.
     void setShown(bool shown);
+    /// Shown above the ways to begin.
+    void setOffers(std::vector<Offer> offers);
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -33,6 +43,10 @@ private:
     QWidget* addWay(QVBoxLayout& column, const QString& name, const QIcon& icon, const QString& caption,
                     const QString& meaning, std::function<void()> way);
 
+    void addOffer(Offer offer);
+    QWidget* firstButton() const;
+
+    QVBoxLayout* offers_ = nullptr;
     QWidget* first_ = nullptr;
 };
 
