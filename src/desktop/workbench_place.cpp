@@ -3,12 +3,15 @@
 #include "controls/desktop.h"
 #include "controls/simple_controls.h"
 #include "controls/window.h"
+#include "desktop/accessibility/accessible_notice.h"
 #include "desktop/binders/binder.h"
 #include "desktop/layout_memory.h"
 #include "desktop/qt_text.h"
+#include "workbench/frm_workbench.h"
 
 #include <QApplication>
 #include <QEvent>
+#include <QLabel>
 #include <QLayout>
 #include <QMainWindow>
 #include <QShortcut>
@@ -57,9 +60,14 @@ WorkbenchPlace::WorkbenchPlace(Window& workbench, QWidget& form, QMainWindow& ma
     splitter_.setHandleWidth(0);
     form_.setFixedHeight(strip_.height());
     addKeys(main);
+    if (auto* strip = dynamic_cast<frmWorkbench*>(&workbench_); strip != nullptr)
+        strip->notices.onNews = [this] { AccessibleNotice::report(part<QLabel>(form_, "lblNotice")); };
 }
 
 WorkbenchPlace::~WorkbenchPlace() {
+    // The window may have ended before.
+    if (auto* strip = dynamic_cast<frmWorkbench*>(binding_.desktop.find("frmWorkbench")); strip != nullptr)
+        strip->notices.onNews = nullptr;
     if (opened_ != nullptr)
         layout_.rememberHeight(memoryOf(*opened_), form_.height() - strip_.height());
 }

@@ -149,6 +149,50 @@ TEST_F(ScreenReader, ACommandOfTheToolBarIsAButtonAndNoCheckBox) {
     EXPECT_THAT(checkBoxes, ElementsAre("tbrMain_Editor"));
 }
 
+/// Listens as a screen reader does, for as long as it exists.
+class Listener {
+public:
+    Listener() {
+        heard().clear();
+        QAccessible::setActive(true);
+        before_ = QAccessible::installUpdateHandler(&hear);
+    }
+    ~Listener() {
+        QAccessible::installUpdateHandler(before_);
+        QAccessible::setActive(false);
+    }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    /// The names of the notifications that were shown.
+    static std::vector<std::string>& heard() {
+        static std::vector<std::string> names;
+        return names;
+    }
+
+private:
+    static void hear(QAccessibleEvent* event) {
+        QAccessibleInterface* source = event->accessibleInterface();
+        if (event->type() == QAccessible::ObjectShow && source != nullptr &&
+            source->role() == QAccessible::Notification)
+            heard().push_back(fromQt(source->text(QAccessible::Name)));
+    }
+
+    QAccessible::UpdateHandler before_ = nullptr;
+};
+
+TEST_F(ScreenReader, HearsEachNewNoticeOnce) {
+    const Listener listener;
+    Desktop& desktop = program.application.desktop;
+    desktop.post({"Saved Etcher.zbp", {}, "save"});
+    desktop.post({"Etcher.zbp was changed by another program", {{"Reload", [] {}}}, "disk"});
+    EXPECT_THAT(Listener::heard(),
+                ElementsAre("Saved Etcher.zbp", "Etcher.zbp was changed by another program"));
+    // The earlier notice comes back when the later one goes; it is no news.
+    desktop.withdraw("disk");
+    EXPECT_EQ(Listener::heard().size(), 2U);
+}
+
 struct TabOrder : ScreenReader {
     /// The names of the widgets at which Tab stops, from one to another.
     std::vector<std::string> stops(const Window& window, const char* from, const char* to) {

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QAccessibleWidget>
+
+class QLabel;
+
+namespace zb {
+
+/// What a screen reader finds in the place of the notices: a notification, which it reads out when it is
+/// shown, wherever the keyboard is.
+class AccessibleNotice final : public QAccessibleWidget {
+public:
+    explicit AccessibleNotice(QLabel& label);
+
+    /// Makes Qt find the interface of labels that have the property `isNotice`. Further calls do nothing.
+    static void install();
+    /// Reports that the label shows another notice, when a screen reader listens.
+    static void report(QLabel& label);
+
+    QString text(QAccessible::Text text) const override;
+};
+
+} // namespace zb
