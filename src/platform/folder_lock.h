@@ -18,10 +18,13 @@ public:
     /// Another program had the lock all the time, and this one does not have it. A folder that cannot be
     /// locked at all (there is none, or its file system has no locks) is not busy.
     bool isBusy() const { return busy_; }
+    /// This object has the lock.
+    bool isHeld() const { return held_; }
 
 private:
     int descriptor_;
     bool busy_ = false;
+    bool held_ = false;
 };
 
 } // namespace zb

@@ -2,6 +2,7 @@
 
 #include "platform/file_layer.h"
 #include "platform/file_replacer.h"
+#include "platform/process_start.h"
 #include "platform/text_file.h"
 #include "platform/this_host.h"
 
@@ -9,6 +10,7 @@
 #include <cerrno>
 #include <charconv>
 #include <chrono>
+#include <cstdint>
 
 namespace zb {
 
@@ -20,9 +22,22 @@ constexpr const char* kNote = "session";
 constexpr const char* kWork = "work.zbp";
 constexpr int kMostAtOnce = 1000;
 
-// Process, host, and path of the project, each on a line of its own; the path is last and may hold anything.
+// Process with its start, host, and path of the project, each on a line of its own; the path is last and may
+// hold anything.
 std::string noteOf(long process, const std::string& project) {
-    return std::to_string(process) + "\n" + hostName() + "\n" + project;
+    return std::to_string(process) + " " + std::to_string(processStart(process).value_or(0)) + "\n" +
+           hostName() + "\n" + project;
+}
+
+// Where folders cannot be locked, as in some network file systems, a program of this machine is recognised by
+// its process, and one of another machine by its note, which it writes again from time to time.
+bool mayRun(const SessionTrace& trace, std::uint64_t start) {
+    constexpr std::chrono::minutes kSilence{2};
+    if (trace.host == hostName())
+        return processStart(trace.process) == start;
+    std::error_code error;
+    const auto written = fs::last_write_time(trace.folder / kNote, error);
+    return !error && fs::file_time_type::clock::now() - written < kSilence;
 }
 
 } // namespace
@@ -53,10 +68,16 @@ Result<void> ProjectSession::enter(const std::string& project) {
             return noted.error();
         }
         folder_ = folder;
+        project_ = project;
         lock_ = std::move(lock);
         return {};
     }
     return systemError(EEXIST);
+}
+
+void ProjectSession::refresh() {
+    if (lock_ != nullptr && !lock_->isHeld())
+        static_cast<void>(replacePrivateFile(files_, folder_ / kNote, noteOf(files_.processId(), project_)));
 }
 
 void ProjectSession::leave() {
@@ -88,9 +109,15 @@ std::optional<SessionTrace> ProjectSession::readTrace(const fs::path& folder) co
         return std::nullopt;
     SessionTrace trace;
     trace.folder = folder;
-    std::from_chars(note->data(), note->data() + first, trace.process);
+    const char* end = note->data() + first;
+    const auto process = std::from_chars(note->data(), end, trace.process);
+    std::uint64_t start = 0;
+    if (process.ptr != end)
+        std::from_chars(process.ptr + 1, end, start);
     trace.host = note->substr(first + 1, second - first - 1);
     trace.project = note->substr(second + 1);
+    const FolderLock lock(folder, std::chrono::milliseconds(0));
+    trace.isRunning = lock.isBusy() || (!lock.isHeld() && mayRun(trace, start));
     std::error_code error;
     if (fs::is_regular_file(folder / kWork, error)) {
         trace.work = folder / kWork;
@@ -110,7 +137,6 @@ std::vector<SessionTrace> ProjectSession::others() {
         // A program that has just made the folder has not written its note yet.
         if (!trace)
             continue;
-        trace->isRunning = FolderLock(trace->folder, std::chrono::milliseconds(0)).isBusy();
         if (!trace->isRunning && trace->work.empty())
             removeFolder(trace->folder);
         else
@@ -134,7 +160,7 @@ std::vector<SessionTrace> ProjectSession::others() {
 }
 
 void ProjectSession::remove(const SessionTrace& trace) {
-    if (!FolderLock(trace.folder, std::chrono::milliseconds(0)).isBusy())
+    if (const auto now = readTrace(trace.folder); now && !now->isRunning)
         removeFolder(trace.folder);
 }
 

@@ -29,7 +29,8 @@ struct SessionTrace {
 
 /// The trace that this program leaves in the state folder while it has a project open: who it is, and its
 /// unsaved work. The trace is removed when the project is closed. One that a killed program left is
-/// recognised by its lock, which goes with the process. Only the user can read it.
+/// recognised by its lock, which goes with the process, or by its process where folders cannot be locked.
+/// Only the user can read it.
 class ProjectSession {
 public:
     /// An empty folder leaves no trace.
@@ -37,6 +38,9 @@ public:
 
     /// The program has opened this project, and closed the one before.
     Result<void> enter(const std::string& project);
+    /// Call this once a minute, or more often: for other machines the program no longer runs when it is
+    /// silent.
+    void refresh();
     /// The project is closed in the regular way: nothing of it is left.
     void leave();
     /// True between `enter` and `leave`, unless no trace could be left.
@@ -61,6 +65,7 @@ private:
     FileLayer& files_;
     std::filesystem::path root_;
     std::filesystem::path folder_; // of this program
+    std::string project_;
     std::unique_ptr<FolderLock> lock_;
 };
 

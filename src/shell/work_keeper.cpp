@@ -3,6 +3,7 @@
 #include "controls/desktop.h"
 #include "messages/smd/smd_writer.h"
 #include "platform/local_time.h"
+#include "platform/shared_folder.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "project/project_files.h"
@@ -44,7 +45,10 @@ fs::path sessionFolder(const ApplicationFolders& folders) {
 } // namespace
 
 WorkKeeper::WorkKeeper(Application& application, const ApplicationFolders& folders)
-    : app_(application), session_(application.files, sessionFolder(folders)) {}
+    : app_(application), session_(application.files, sessionFolder(folders)),
+      note_(application.files, [isKept = !sessionFolder(folders).empty()](const fs::path& folder) {
+          return isKept && isSharedFolder(folder);
+      }) {}
 
 WorkKeeper::~WorkKeeper() {
     if (writing_.valid())
@@ -59,8 +63,16 @@ void WorkKeeper::start() {
 void WorkKeeper::schedule() {
     app_.desktop.screen().callLater(kInterval, [this] {
         look();
+        refresh();
         schedule();
     });
+}
+
+// Not while the session is used by the writing.
+void WorkKeeper::refresh() {
+    if (!writing_.valid())
+        session_.refresh();
+    note_.refresh();
 }
 
 WorkKeeper::Fingerprint WorkKeeper::fingerprintOf(std::string_view text) {
@@ -88,6 +100,7 @@ void WorkKeeper::projectOpened() {
     kept_.reset();
     actionsSeen_ = app_.desktop.actions();
     report(session_.enter(project_));
+    note_.enter(project_);
     lookForOthers();
 }
 
@@ -103,6 +116,7 @@ void WorkKeeper::projectSaved(std::string_view text) {
 void WorkKeeper::projectClosed() {
     finishWriting();
     session_.leave();
+    note_.leave();
     project_.clear();
     saved_.reset();
     kept_.reset();
@@ -167,18 +181,24 @@ void WorkKeeper::offerOfOtherProjects() {
 
 void WorkKeeper::lookForOthers() {
     app_.desktop.withdraw(kOtherProgram);
+    for (const ProjectHolder& other : note_.others())
+        reportOther(other);
     for (const SessionTrace& trace : session_.others()) {
         if (trace.project != project_)
             continue;
         if (trace.isRunning)
-            app_.desktop.post({nameOf(project_) + " is also open in another program (process " +
-                                   std::to_string(trace.process) + " on " + trace.host + ")",
-                               {},
-                               kOtherProgram,
-                               Notice::Stays::UntilClosed});
+            reportOther({trace.host, trace.process});
         else
             offer(trace);
     }
+}
+
+void WorkKeeper::reportOther(const ProjectHolder& other) {
+    app_.desktop.post({nameOf(project_) + " is also open in another program (process " +
+                           std::to_string(other.process) + " on " + other.host + ")",
+                       {},
+                       kOtherProgram,
+                       Notice::Stays::UntilClosed});
 }
 
 void WorkKeeper::offer(const SessionTrace& trace) {

@@ -2,6 +2,7 @@
 
 #include "platform/result.h"
 #include "project/project_session.h"
+#include "project/shared_note.h"
 
 #include <chrono>
 #include <cstddef>
@@ -64,17 +65,20 @@ private:
     static Fingerprint fingerprintOf(std::string_view text);
     void schedule();
     void look();
+    void refresh();
     Kept keep(const std::string& work, const OptionalFingerprint& saved, const OptionalFingerprint& kept);
     void take(const Kept& kept);
     void report(const Result<void>& kept);
     void offerOfOtherProjects();
     void lookForOthers();
+    void reportOther(const ProjectHolder& other);
     void offer(const SessionTrace& trace);
     void recover(const SessionTrace& trace);
     void discard(const SessionTrace& trace);
 
     Application& app_;
     ProjectSession session_;
+    SharedNote note_;
     std::string project_; // of the session
     OptionalFingerprint saved_;
     OptionalFingerprint kept_;

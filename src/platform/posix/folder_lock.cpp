@@ -14,7 +14,10 @@ FolderLock::FolderLock(const std::filesystem::path& folder, std::chrono::millise
     // Short, so that one who asks often does not always come before those who wait.
     constexpr std::chrono::milliseconds kTurn{1};
     const auto end = std::chrono::steady_clock::now() + longestWait;
-    while (descriptor_ >= 0 && ::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+    while (descriptor_ >= 0) {
+        held_ = ::flock(descriptor_, LOCK_EX | LOCK_NB) == 0;
+        if (held_)
+            return;
         if (errno == EINTR)
             continue;
         if (errno != EWOULDBLOCK)
