@@ -3,6 +3,7 @@
 #include "console/library_bytes.h"
 #include "console/message_files.h"
 #include "console/message_source.h"
+#include "console/output_guard.h"
 #include "console/printable.h"
 #include "messages/bare_sml.h"
 #include "platform/file_replacer.h"
@@ -55,7 +56,8 @@ public:
 private:
     /// Empty when the options fit together.
     std::string misuse() const;
-    int write(const SECSLibraryStore::Records& records, ConsoleStreams streams) const;
+    int write(const OutputGuard& guard, const SECSLibraryStore::Records& records,
+              ConsoleStreams streams) const;
     int split(const SECSLibraryStore::Records& records, ConsoleStreams streams) const;
     std::string bytesOf(const SECSLibraryStore::Records& records, SourceKind kind, std::ostream& err) const;
 
@@ -114,6 +116,7 @@ int ConvertVerb::run(ConsoleStreams streams) {
         streams.err << printable(out_) << ": is there already: zbc add puts messages into a project\n";
         return kExitFault;
     }
+    const OutputGuard guard(out_);
     MessageSource source;
     const int status = source.load(in_, streams);
     if (status != kExitDone && source.messages().empty())
@@ -121,11 +124,16 @@ int ConvertVerb::run(ConsoleStreams streams) {
     SECSLibraryStore::Records records = source.messages();
     if (!selection_.empty() && !takeSelection(source, in_, selection_, records, streams.err))
         return kExitFault;
-    const int written = folder_.empty() ? write(records, streams) : split(records, streams);
+    const int written = folder_.empty() ? write(guard, records, streams) : split(records, streams);
     return written == kExitDone ? status : written;
 }
 
-int ConvertVerb::write(const SECSLibraryStore::Records& records, ConsoleStreams streams) const {
+int ConvertVerb::write(const OutputGuard& guard, const SECSLibraryStore::Records& records,
+                       ConsoleStreams streams) const {
+    if (!guard.isUnchanged()) {
+        streams.err << printable(out_) << ": was changed by another program meanwhile: nothing is written\n";
+        return kExitFileFault;
+    }
     if (const Result<void> written = replaceFile(out_, bytesOf(records, sourceKind(out_), streams.err));
         !written) {
         streams.err << printable(out_) << ": cannot be written: " << printable(written.error().description)

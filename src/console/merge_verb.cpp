@@ -2,6 +2,7 @@
 
 #include "compare/project_merge.h"
 #include "console/difference_json.h"
+#include "console/output_guard.h"
 #include "console/printable.h"
 #include "console/project_loading.h"
 #include "platform/file_access.h"
@@ -64,7 +65,7 @@ public:
 
 private:
     std::optional<Project> read(const std::string& path, ConsoleStreams streams) const;
-    int write(ProjectFileWriter& writer, const Result<std::string>& before, const std::string& text,
+    int write(ProjectFileWriter& writer, const OutputGuard& guard, const std::string& text,
               ConsoleStreams streams) const;
     int finish(const std::vector<MergeConflict>& conflicts, ConsoleStreams streams) const;
 
@@ -122,7 +123,7 @@ int MergeVerb::run(ConsoleStreams streams) {
         streams.err << printable(out_) << ": cannot be written: another program keeps writing it\n";
         return kExitFileFault;
     }
-    const Result<std::string> before = readBytes(out_);
+    const OutputGuard guard(out_);
     const auto base = read(base_, streams);
     const auto ours = read(ours_, streams);
     const auto theirs = read(theirs_, streams);
@@ -130,18 +131,15 @@ int MergeVerb::run(ConsoleStreams streams) {
         return kExitFileFault;
     const ProjectMerge merge =
         mergeProjects(*base, *ours, *theirs, takeTheirs_ ? Preferred::Theirs : Preferred::Ours);
-    const int status = write(writer, before, composeProject(merge.project), streams);
+    const int status = write(writer, guard, composeProject(merge.project), streams);
     if (status != kExitDone)
         return status;
     return finish(takeOurs_ || takeTheirs_ ? std::vector<MergeConflict>() : merge.conflicts, streams);
 }
 
-int MergeVerb::write(ProjectFileWriter& writer, const Result<std::string>& before, const std::string& text,
+int MergeVerb::write(ProjectFileWriter& writer, const OutputGuard& guard, const std::string& text,
                      ConsoleStreams streams) const {
-    // A program that takes no lock may have written since.
-    const Result<std::string> now = readBytes(out_);
-    const bool isSame = now && before ? *now == *before : !now && !before && now.error() == before.error();
-    if (!isSame) {
+    if (!guard.isUnchanged()) {
         streams.err << printable(out_) << ": was changed by another program meanwhile: nothing is written\n";
         return kExitFileFault;
     }
