@@ -1,0 +1,158 @@
+#!/usr/bin/env python3
+"""The real program at a display: it has unsaved work, and is ended by the system or killed. The next start
+offers that work, and what is recovered and saved is what was there.
+
+  on_display.sh recovery_at_display.py ZELTOBENCH PROJECT
+"""
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+PROGRAM, PROJECT = sys.argv.pop(1), pathlib.Path(sys.argv.pop(1))
+LONGEST = 60  # seconds, on a machine with other work
+DELETED = "AreYouThere: S1 F1"
+
+
+def xdotool(*words):
+    done = subprocess.run(["xdotool", *map(str, words)], capture_output=True, text=True, check=False)
+    return done.stdout.strip()
+
+
+def text_of(path):
+    return path.read_bytes().decode("utf-16")
+
+
+class Program:
+    """A running program and its main window."""
+
+    def __init__(self, home, settings, *arguments, **variables):
+        environment = dict(os.environ, **variables, HOME=str(home), XDG_CONFIG_HOME=str(home / settings),
+                           XDG_STATE_HOME=str(home / "state"), QT_QPA_PLATFORM="xcb")
+        self.process = subprocess.Popen([PROGRAM, *map(str, arguments)], env=environment, cwd=home)
+        self.window = self.until(self.find_window, "a main window")
+
+    def until(self, look, what):
+        end = time.monotonic() + LONGEST
+        while time.monotonic() < end:
+            found = look()
+            if found:
+                return found
+            time.sleep(0.1)
+        raise AssertionError(f"there is never {what}; the title is {self.title()!r}")
+
+    def find_window(self):
+        found = xdotool("search", "--onlyvisible", "--pid", self.process.pid, "--name", "Zeltobench").split()
+        return found[0] if found else None
+
+    def title(self):
+        return xdotool("getwindowname", self.window) if hasattr(self, "window") else ""
+
+    def wait_for_title(self, ending):
+        self.until(lambda: ending in self.title(), f"a title with {ending!r}")
+
+    def key(self, key):
+        xdotool("windowactivate", "--sync", self.window)
+        xdotool("key", "--clearmodifiers", key)
+
+    def end(self, number):
+        self.process.send_signal(number)
+        return self.process.wait(LONGEST)
+
+
+class Recovery(unittest.TestCase):
+    def setUp(self):
+        self.home = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.home)
+        self.project = self.home / "Line" / "Line.zbp"
+        self.project.parent.mkdir()
+        shutil.copy(PROJECT, self.project)
+        self.before = self.project.read_bytes()
+        self.programs = []
+        self.addCleanup(self.stop)
+
+    def stop(self):
+        for program in self.programs:
+            if program.process.poll() is None:
+                program.process.kill()
+                program.process.wait()
+
+    def start(self, settings, *arguments, **variables):
+        self.programs.append(Program(self.home, settings, *arguments, **variables))
+        return self.programs[-1]
+
+    def kept(self):
+        return list((self.home / "state").glob("**/work.zbp"))
+
+    def delete_first_message(self, **variables):
+        program = self.start("first", self.project, **variables)
+        program.wait_for_title("Line")
+        # The first message is selected; Delete acts on it wherever the focus is but in a field.
+        program.until(lambda: self.press_delete(program), "unsaved work after Delete")
+        return program
+
+    @staticmethod
+    def press_delete(program):
+        if "*" not in program.title():
+            xdotool("mousemove", "--window", program.window, 60, 160, "click", 1)
+            program.key("Delete")
+            time.sleep(1)
+        return "*" in program.title()
+
+    def recover(self):
+        work = self.kept()
+        self.assertEqual(len(work), 1, "one file of unsaved work")
+        expected = work[0].read_bytes()
+        self.assertEqual(self.project.read_bytes(), self.before, "the project file is as it was")
+        self.assertIn(DELETED, text_of(self.project))
+        self.assertNotIn(DELETED, text_of(work[0]))
+        # With other settings no project opens: the start page offers the work, and its button has the keyboard.
+        program = self.start("second")
+        time.sleep(1)
+        program.until(lambda: program.key("Return") or "Line*" in program.title(), "the recovered project")
+        self.assertEqual(self.project.read_bytes(), self.before, "nothing is saved yet")
+        program.key("ctrl+s")
+        program.until(lambda: "*" not in program.title(), "a saved project")
+        self.assertEqual(self.project.read_bytes(), expected)
+        self.assertEqual(self.kept(), [])
+
+    def test_a_request_to_terminate(self):
+        self.assertEqual(self.delete_first_message().end(signal.SIGTERM), -signal.SIGTERM)
+        self.recover()
+
+    def test_a_closed_terminal(self):
+        self.assertEqual(self.delete_first_message().end(signal.SIGHUP), -signal.SIGHUP)
+        self.recover()
+
+    def test_a_kill_after_half_a_minute(self):
+        program = self.delete_first_message()
+        program.until(self.kept, "kept work")
+        self.assertEqual(program.end(signal.SIGKILL), -signal.SIGKILL)
+        self.recover()
+
+    def test_the_end_of_the_session(self):
+        manager = subprocess.Popen([sys.executable, pathlib.Path(__file__).with_name("session_manager.py")],
+                                   stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self.addCleanup(manager.wait)
+        self.addCleanup(manager.kill)
+        program = self.delete_first_message(SESSION_MANAGER=manager.stdout.readline().strip())
+        manager.stdin.write("end\n")
+        manager.stdin.flush()
+        program.process.wait(LONGEST)
+        self.recover()
+
+    def test_a_saved_project_leaves_nothing(self):
+        program = self.delete_first_message()
+        program.key("ctrl+s")
+        program.until(lambda: "*" not in program.title(), "a saved project")
+        program.end(signal.SIGTERM)
+        self.assertEqual(self.kept(), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
