@@ -40,8 +40,9 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
       frmTRItem(desktop, *this, frmTRModeler), frmNewProject(desktop, *this, folders.application),
       frmOption(desktop, settingsOfProgram), frmResult(desktop), frmAbout(desktop),
       frmWorkbench(desktop, {*this, frmMain, frmSECSEditor, frmTRModeler, versions}), projects(*this),
-      builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); }}), work(*this, folders),
-      generator_(generator), folders_(std::move(folders)) {
+      builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); },
+                     [this] { frmWorkbench.problems.open(); }}),
+      work(*this, folders), generator_(generator), folders_(std::move(folders)) {
     frmSECSEditor.setFrame(frmMain);
     frmTRModeler.setFrame(frmMain);
     frmTRModeler.useDialogs(frmTRMessage, frmTRItem);

@@ -74,7 +74,10 @@ void BuildCommands::reportTmd(const std::string& target, const TmdContent& conte
     std::string text = fileNameOf(target) + " holds only ";
     for (std::size_t i = 0; i < content.leftOut.size(); ++i)
         text += (i == 0 ? "" : ", ") + content.leftOut[i];
-    windows_.desktop.post({text, {}, "left out", Notice::Stays::UntilClosed});
+    windows_.desktop.post({text + "; see Problems",
+                           {{"Problems", windows_.showProblems}},
+                           "left out",
+                           Notice::Stays::UntilClosed});
 }
 
 bool BuildCommands::buildTmd() {

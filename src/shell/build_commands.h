@@ -19,6 +19,8 @@ struct BuildWindows {
     frmSECSEditor& editor;
     ModelerControls& modeler;
     std::function<void()> showModeler;
+    /// Opens the pane that lists what is wrong with the project.
+    std::function<void()> showProblems;
 };
 
 /// The builds, reachable from all windows.
