@@ -3,7 +3,6 @@
 #include "controls/desktop.h"
 #include "controls/menu.h"
 #include "controls/window.h"
-#include "desktop/accessibility/accessible_notice.h"
 #include "desktop/accessibility/accessible_tree.h"
 #include "desktop/dialog_places.h"
 #include "desktop/forms/forms.h"
@@ -42,7 +41,6 @@ void DesktopScreen::attach(Desktop& desktop, const std::string& layoutFile) {
     binding_ = std::make_unique<Binding>(desktop, pictures_);
     timers_ = std::make_unique<QObject>();
     layout_.open(layoutFile);
-    AccessibleNotice::install();
     AccessibleTree::install();
     // The main window is first: the others are inside it or in front of it.
     if (Window* main = desktop.find("frmMain"))

@@ -60,6 +60,7 @@ WorkbenchPlace::WorkbenchPlace(Window& workbench, QWidget& form, QMainWindow& ma
     splitter_.setHandleWidth(0);
     form_.setFixedHeight(strip_.height());
     addKeys(main);
+    AccessibleNotice::install();
     if (auto* strip = dynamic_cast<frmWorkbench*>(&workbench_); strip != nullptr)
         strip->notices.onNews = [this] { AccessibleNotice::report(part<QLabel>(form_, "lblNotice")); };
 }
