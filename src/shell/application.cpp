@@ -66,7 +66,9 @@ void Application::wireHistories() {
     desktop.steps().historyOf = [this](const Window& window) { return historyOf(window); };
     desktop.onActivated = [this] {
         showSteps();
-        versions.userReturned();
+        // A menu of the main window may be about to save, which has its own look.
+        if (desktop.activeWindow() != &frmMain)
+            versions.userReturned();
     };
     frmWorkbench.cmdUndo.onClick = [this] { desktop.steps().move(frmMain, UndoKey::Undo); };
     frmWorkbench.cmdRedo.onClick = [this] { desktop.steps().move(frmMain, UndoKey::Redo); };

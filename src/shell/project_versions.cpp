@@ -43,9 +43,14 @@ void ProjectVersions::showModeler() {
 
 void ProjectVersions::projectOpened() {
     watched_ = app_.projectFilePath();
-    watch_.take(watched_);
+    takeAsSeen();
     app_.desktop.withdraw(kDisk);
     app_.frmWorkbench.history.refresh();
+}
+
+void ProjectVersions::takeAsSeen() {
+    watch_.take(watched_);
+    reported_ = watch_;
 }
 
 bool ProjectVersions::isChangedOnDisk(const std::string& path) const {
@@ -56,12 +61,12 @@ void ProjectVersions::userReturned() {
     if (isBlank(app_.ProjectName) || watched_ != app_.projectFilePath() ||
         app_.desktop.modalWindow() != nullptr)
         return;
-    const DiskWatch::State state = watch_.look();
+    const DiskWatch::State state = reported_.look();
     if (state == DiskWatch::State::Same)
         return;
     const bool isGone = state == DiskWatch::State::Gone;
-    // Each change is reported once.
-    watch_.take(watched_);
+    // Each change is reported once. A save still reports what it replaces, unless the user has decided.
+    reported_.take(watched_);
     Notice notice{nameOf(watched_) +
                       (isGone ? " was removed by another program" : " was changed by another program"),
                   {},
@@ -69,13 +74,14 @@ void ProjectVersions::userReturned() {
                   Notice::Stays::UntilClosed};
     if (!isGone)
         notice.actions.push_back({"Reload", [this] { reload(); }});
-    notice.actions.push_back({"Keep mine", [] {}});
+    notice.actions.push_back({"Keep mine", [this] { takeAsSeen(); }});
     app_.desktop.post(std::move(notice));
 }
 
 void ProjectVersions::saved(const std::string& path, std::string_view text, bool replaced) {
     watched_ = path;
     watch_.takeWritten(path, encodeUtf16(text));
+    reported_ = watch_;
     app_.desktop.withdraw(kDisk);
     app_.frmWorkbench.history.refresh();
     if (!replaced)
@@ -133,7 +139,7 @@ void ProjectVersions::reload() {
     const std::string name = nameOf(watched_);
     if (!show(watched_, {"Reload " + name, "Reloaded " + name}))
         return;
-    watch_.take(watched_);
+    takeAsSeen();
     app_.work.takeAsSaved();
     app_.markSaved();
 }

@@ -40,6 +40,8 @@ public:
 private:
     ProjectHistory history() const;
     void reload();
+    /// The file is as it should be.
+    void takeAsSeen();
     void bringBack(int number);
     int keepOpenWork();
     /// What a file takes the place of the open project for.
@@ -51,7 +53,8 @@ private:
     bool show(const std::string& path, const Replacement& replacement);
 
     Application& app_;
-    DiskWatch watch_;
+    DiskWatch watch_;    // the file as it was opened, saved, or kept by the user's word
+    DiskWatch reported_; // the file as the user last heard of it
     std::string watched_;
 };
 

@@ -129,6 +129,15 @@ TEST_F(VersionsTest, ASaveKeepsTheChangeOfAnotherProgramAndBringsItBack) {
     EXPECT_FALSE(application.work.isSaved());
 }
 
+TEST_F(VersionsTest, ASaveWithoutADecisionStillSaysWhatItReplaces) {
+    changeByAnother();
+    application.versions.userReturned();
+    addMessage("1");
+    ASSERT_TRUE(application.projects.saveProject());
+    hands.click(Target::whole(application.frmWorkbench.notices.cmdCloseNotice));
+    EXPECT_THAT(shown(), HasSubstr("The save replaced a change of another program"));
+}
+
 TEST_F(VersionsTest, AnOrdinarySaveSaysNothingOfOthers) {
     addMessage("1");
     ASSERT_TRUE(application.projects.saveProject());
