@@ -23,12 +23,13 @@ struct Box {
     BoxButtons buttons = BoxButtons::OK;
 };
 
-/// An open-file dialog. `filter` is pairs of description and pattern, joined by "|".
+/// A dialog that asks for a file. `filter` is pairs of description and pattern, joined by "|".
 struct FileDialog {
     std::string title;
     std::string filter;
     std::string extension;
     std::string folder;
+    bool saves = false; ///< asks for the name of a file to write, and whether one that exists is replaced
 };
 
 /// What is on the clipboard that all programs share.
@@ -61,6 +62,8 @@ public:
     virtual void forget(Window& /*window*/) {}
     /// Starts the system information tool of the platform; false when there is none.
     virtual bool showSystemInformation() { return false; }
+    /// Shows a file in the program that the user has for it, such as the browser; false when there is none.
+    virtual bool openFile(const std::string& /*path*/) { return false; }
     /// Runs the function once, after this time, between two actions of the user. A screen without a clock
     /// never does.
     // NOLINTNEXTLINE(performance-unnecessary-value-param): a screen with a clock keeps the function.

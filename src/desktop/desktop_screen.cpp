@@ -18,6 +18,7 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QDesktopServices>
 #include <QEventLoop>
 #include <QMainWindow>
 #include <QMdiArea>
@@ -25,6 +26,7 @@
 #include <QMenuBar>
 #include <QScopeGuard>
 #include <QTimer>
+#include <QUrl>
 #include <QWindow>
 
 #include <algorithm>
@@ -389,6 +391,10 @@ void DesktopScreen::flush() {
 
 bool DesktopScreen::showSystemInformation() {
     return startSystemInformation();
+}
+
+bool DesktopScreen::openFile(const std::string& path) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(path)));
 }
 
 void DesktopScreen::callLater(std::chrono::milliseconds delay, std::function<void()> function) {

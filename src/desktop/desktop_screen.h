@@ -60,6 +60,7 @@ public:
     bool showSystemInformation() override;
     void putOnClipboard(const SharedClipboard& contents) override { putOnSystemClipboard(contents); }
     SharedClipboard clipboard() override { return systemClipboard(); }
+    bool openFile(const std::string& path) override;
     void callLater(std::chrono::milliseconds delay, std::function<void()> function) override;
 
 private:

@@ -81,7 +81,9 @@ Answer askBox(const Box& box, QWidget* parent) {
 
 std::string askFile(const FileDialog& dialog, QWidget* parent) {
     QFileDialog shown(parent, toQt(dialog.title), toQt(dialog.folder));
-    shown.setFileMode(QFileDialog::ExistingFile);
+    shown.setFileMode(dialog.saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (dialog.saves)
+        shown.setAcceptMode(QFileDialog::AcceptSave);
     shown.setNameFilters(filtersOf(toQt(dialog.filter)));
     shown.setDefaultSuffix(toQt(dialog.extension));
     if (shown.exec() != QDialog::Accepted || shown.selectedFiles().isEmpty())

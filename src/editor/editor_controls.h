@@ -38,7 +38,6 @@ public:
     Label lblLibraryFile{*this, "lblLibraryFile"};
     Label lblLibraryNotice{*this, "lblLibraryNotice"};
     Button cmdLibraryFindings{*this, "cmdLibraryFindings", "Show"};
-    List lvwLibraryFindings{*this, "lvwLibraryFindings"};
     /// @}
     /// The messages of the loaded library.
     List lvwSource{*this, "lvwSource", nullptr, List::Selection::Many};

@@ -10,9 +10,6 @@ namespace zb {
 
 namespace {
 
-constexpr const char* kShow = "Show";
-constexpr const char* kHide = "Hide";
-
 std::string counted(std::size_t number, const std::string& thing) {
     return std::to_string(number) + " " + thing + (number == 1 ? "" : "s");
 }
@@ -32,30 +29,21 @@ std::string summaryOf(const SECSLibraryStore& library) {
     return faults == 0 ? "" : read + ", " + counted(faults, "finding");
 }
 
-std::string orNothing(std::size_t number) {
-    return number == 0 ? "" : std::to_string(number);
-}
-
 } // namespace
 
 LibraryNotice::LibraryNotice(EditorControls& window) : window_(window) {
-    List& list = window_.lvwLibraryFindings;
-    list.addColumn("Line", 600);
-    list.addColumn("Column", 800);
-    list.addColumn("Finding", 6000);
-    window_.cmdLibraryFindings.onClick = [this] { toggleFindings(); };
+    window_.cmdLibraryFindings.setToolTip("Show what was found in the file");
+    window_.cmdLibraryFindings.onClick = [this] { fire(onShow); };
     clear();
 }
 
 void LibraryNotice::clear() {
-    window_.lvwLibraryFindings.clear();
     window_.lblLibraryFile.setText("");
     window_.lblLibraryNotice.setText("");
-    window_.cmdLibraryFindings.setCaption(kShow);
-    for (Control* control :
-         std::initializer_list<Control*>{&window_.lblLibraryFile, &window_.lblLibraryNotice,
-                                         &window_.cmdLibraryFindings, &window_.lvwLibraryFindings})
+    for (Control* control : std::initializer_list<Control*>{
+             &window_.lblLibraryFile, &window_.lblLibraryNotice, &window_.cmdLibraryFindings})
         control->setVisible(false);
+    fire(onFindings, Findings());
 }
 
 void LibraryNotice::showFile(const std::string& path) {
@@ -64,30 +52,17 @@ void LibraryNotice::showFile(const std::string& path) {
     window_.lblLibraryFile.setVisible(true);
 }
 
-void LibraryNotice::showFindings(const SECSLibraryStore& library) {
+void LibraryNotice::showFindings(const std::string& path, const SECSLibraryStore& library) {
+    Findings findings = library.findings();
+    for (Finding& finding : findings)
+        finding.place.message = std::filesystem::path(path).filename().string();
+    fire(onFindings, findings);
     const std::string summary = summaryOf(library);
     if (summary.empty())
         return;
-    fillFindings(library);
     window_.lblLibraryNotice.setText(summary);
     window_.lblLibraryNotice.setVisible(true);
     window_.cmdLibraryFindings.setVisible(true);
-}
-
-void LibraryNotice::fillFindings(const SECSLibraryStore& library) {
-    for (const Finding& finding : library.findings()) {
-        if (isNote(finding))
-            continue;
-        ListRow& row = window_.lvwLibraryFindings.add(orNothing(finding.place.line));
-        row.setCell(1, orNothing(finding.place.column));
-        row.setCell(2, finding.text);
-    }
-}
-
-void LibraryNotice::toggleFindings() {
-    const bool shown = !window_.lvwLibraryFindings.visible();
-    window_.lvwLibraryFindings.setVisible(shown);
-    window_.cmdLibraryFindings.setCaption(shown ? kHide : kShow);
 }
 
 } // namespace zb

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/finding.h"
+
+#include <functional>
 #include <string>
 
 namespace zb {
@@ -7,8 +10,8 @@ namespace zb {
 class EditorControls;
 class SECSLibraryStore;
 
-/// Says over the list of the library from which file it was loaded, how many of its messages could not be
-/// read, and where the faults are. The stores are hidden while there is nothing to say.
+/// Says over the list of the library from which file it was loaded and how many of its messages could not be
+/// read. The stores are hidden while there is nothing to say. Where the faults are is shown elsewhere.
 class LibraryNotice {
 public:
     /// Sets the handler of cmdLibraryFindings.
@@ -19,12 +22,15 @@ public:
     /// A library was loaded from a file with this path.
     void showFile(const std::string& path);
     /// What was found in a file. Nothing is shown when each of its messages was read without a warning.
-    void showFindings(const SECSLibraryStore& library);
+    void showFindings(const std::string& path, const SECSLibraryStore& library);
+
+    /// What was found in the file that was read last; none of a built-in library. Places have the name of the
+    /// file as their message.
+    std::function<void(const Findings& findings)> onFindings;
+    /// The user wants to see them.
+    std::function<void()> onShow;
 
 private:
-    void fillFindings(const SECSLibraryStore& library);
-    void toggleFindings();
-
     EditorControls& window_;
 };
 

@@ -187,14 +187,14 @@ void LibraryPane::openFile(MenuEntry& entry, const FileLibrary& kind) {
     if (isBlank(library_->load(path, kind.formatCode))) {
         listLibrary(kind.formatCode);
         notice_.showFile(path);
-        notice_.showFindings(*library_);
+        notice_.showFindings(path, *library_);
         return;
     }
     window_.desktop().showBox(std::string(kind.notInFormat));
     // The faults of the file are worth a look even though the standard library is shown in its place.
     const auto refused = std::move(library_);
     openSemi();
-    notice_.showFindings(*refused);
+    notice_.showFindings(path, *refused);
 }
 
 void LibraryPane::beginLibrary(MenuEntry& entry) {

@@ -33,9 +33,9 @@ std::string whereText(const Finding& finding) {
     std::string where = place.message;
     if (!place.item.empty())
         where += " " + place.item;
-    if (!where.empty() || place.line == 0)
+    if (place.line == 0)
         return where;
-    where = "line " + std::to_string(place.line);
+    where += (where.empty() ? "line " : " line ") + std::to_string(place.line);
     return place.column == 0 ? where : where + ":" + std::to_string(place.column);
 }
 

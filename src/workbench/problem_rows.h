@@ -14,17 +14,17 @@ class ListRow;
 
 /// Which problems are shown.
 struct ProblemFilter {
-    std::array<bool, kSeverities> severities{true, true, true};
-    std::array<bool, kFindingKinds> kinds{true, true, true, true, true};
-    bool silenced = false; ///< also silenced ones
-    std::string text;      ///< within any column, in any case
+    std::array<bool, kSeverities> severities{true, true, true};          ///< by Severity
+    std::array<bool, kFindingKinds> kinds{true, true, true, true, true}; ///< by FindingKind
+    bool silenced = false;                                               ///< also silenced ones
+    std::string text;                                                    ///< within any column, in any case
 
     bool lets(const Problem& problem) const;
 };
 
 /// "error", "warning" or "note".
 std::string severityWord(Severity severity);
-/// "StepCompleted 2/1", "Received1 LOTID", "Start 3", "line 4:12".
+/// "StepCompleted 2/1", "Received1 LOTID", "Start 3", "tool.sml line 4:12".
 std::string whereText(const Finding& finding);
 
 /// The rows of a list that shows problems. Rows whose problems stay are kept, with the selection.

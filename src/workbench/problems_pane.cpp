@@ -4,6 +4,7 @@
 #include "controls/key.h"
 #include "editor/frm_sec_editor.h"
 #include "project/module_state.h"
+#include "workbench/document_command.h"
 #include "workbench/frm_workbench.h"
 #include "workbench/problem_places.h"
 
@@ -14,6 +15,7 @@ namespace zb {
 namespace {
 
 constexpr int kRightButton = 2;
+constexpr int kKeyF8 = 119;
 
 /// The order of the toggles.
 constexpr std::array kSeverityOrder{Severity::Error, Severity::Warning, Severity::Note};
@@ -53,9 +55,10 @@ ProblemsPane::ProblemsPane(frmWorkbench& workbench)
               toggle(window(), "chkKind", 3, pane), toggle(window(), "chkKind", 4, pane),
               toggle(window(), "chkKind", 5, pane)} {
     const auto wire = [this](CheckBox& box) { box.onChange = [this] { showRows(); }; };
-    for (CheckBox& box : chkSeverity) {
-        box.setChecked(true);
-        wire(box);
+    // Notes say only how a file was read.
+    for (std::size_t at = 0; at < kSeverities; ++at) {
+        chkSeverity[at].setChecked(kSeverityOrder[at] != Severity::Note);
+        wire(chkSeverity[at]);
     }
     for (CheckBox& box : chkKind) {
         box.setChecked(true);
@@ -69,11 +72,32 @@ ProblemsPane::ProblemsPane(frmWorkbench& workbench)
         commands.askForStandard(chkCheckStandard.checked());
         watch.setStandard(chkCheckStandard.checked());
     };
+    cmdDocument.setToolTip("Write the interface document, which one hands to the other side");
+    cmdDocument.onClick = [this] { writeInterfaceDocument(this->workbench()); };
     txtProblemFilter.setToolTip("Lists only rows with this text");
     txtProblemFilter.onChange = [this] { showRows(); };
     watch.onChange = [this] { show(); };
+    LibraryNotice& library = workbench.services().editor.libraryPane.notice();
+    library.onFindings = [this](const Findings& findings) { watch.setImport(findings); };
+    library.onShow = [this] {
+        chkKind[static_cast<std::size_t>(FindingKind::Import)].setChecked(true);
+        open();
+    };
     wireList();
+    wireKeys();
     showCounts();
+}
+
+void ProblemsPane::wireKeys() {
+    KeyCommands& keys = window().desktop().keys();
+    const auto add = [&](int modifiers, const char* purpose, Way way) {
+        keys.add({{kKeyF8, modifiers}, {}, "anywhere", purpose, [this, way] {
+                      goOn(way);
+                      return true;
+                  }});
+    };
+    add(0, "Goes to the next problem", Way::Next);
+    add(kShiftKey, "Goes to the previous problem", Way::Previous);
 }
 
 void ProblemsPane::wireList() {

@@ -36,6 +36,7 @@ public:
     std::array<CheckBox, kFindingKinds> chkKind;   ///< `chkKind[1]` to `[5]`: in the order of FindingKind
     CheckBox chkCheckStandard{window(), "chkCheckStandard", "Check the &standards", &pane};
     CheckBox chkShowSilenced{window(), "chkShowSilenced", "Show s&ilenced", &pane};
+    Button cmdDocument{window(), "cmdDocument", "&Document...", &pane};
     Label lblProblemCount{window(), "lblProblemCount", {}, &pane};
     List lvwProblems{window(), "lvwProblems", &pane};
     ProblemCommands commands{workbench(), watch};
@@ -43,6 +44,7 @@ public:
 private:
     void opened() override { show(); }
     void wireList();
+    void wireKeys();
     void show();
     void showCounts();
     void showRows();

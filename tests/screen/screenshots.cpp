@@ -70,6 +70,22 @@ void photographWorkbench(ProgramOnScreen& program, Photographer& camera) {
     zb::UserHands(program.application.desktop).click(zb::Target::whole(workbench.notices.cmdCloseNotice));
 }
 
+/// With two faults, which go again.
+void photographProblems(ProgramOnScreen& program, Photographer& camera) {
+    zb::NodeTree& tree = program.application.frmSECSEditor.liveTree();
+    zb::ProblemsPane& problems = program.application.frmWorkbench.problems;
+    zb::Node* alarm = tree.find("AlarmReport");
+    zb::Node* list = alarm->child();
+    const std::string text = list->text();
+    list->setText("L 4");
+    problems.finish();
+    problems.open();
+    camera.take(*program.screen.mainWindow(), QStringLiteral("problems"));
+    list->setText(text);
+    problems.finish();
+    problems.close();
+}
+
 void photograph(ProgramOnScreen& program, Photographer& camera) {
     zb::Application& application = program.application;
     QMainWindow& main = *program.screen.mainWindow();
@@ -80,6 +96,7 @@ void photograph(ProgramOnScreen& program, Photographer& camera) {
     selectSomething(application);
     camera.take(main, QStringLiteral("editor"));
     photographWorkbench(program, camera);
+    photographProblems(program, camera);
     application.frmFind.showFind();
     application.frmFind.txtFindWhat.setText("S6F11");
     camera.take(program.form(application.frmFind), QStringLiteral("find"));
