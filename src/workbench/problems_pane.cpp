@@ -91,7 +91,7 @@ ProblemsPane::ProblemsPane(frmWorkbench& workbench)
 void ProblemsPane::wireKeys() {
     KeyCommands& keys = window().desktop().keys();
     const auto add = [&](int modifiers, const char* purpose, Way way) {
-        keys.add({{kKeyF8, modifiers}, {}, "anywhere", purpose, [this, way] {
+        keys.add({{kKeyF8, modifiers}, {}, "everywhere", purpose, [this, way] {
                       goOn(way);
                       return true;
                   }});

@@ -293,5 +293,37 @@ TEST_F(ProblemCommandsTest, AProjectWithoutAFileHasNoPlaceForSilencings) {
     EXPECT_EQ(pane.commands.mnuSilencePlace.caption(), "Silence This &Place (save the project first)");
 }
 
+TEST_F(ProblemCommandsTest, TheInterfaceDocumentNeverTakesThePlaceOfAProject) {
+    open(kMessages);
+    const std::string path = (folder / "P.zbp").string();
+    const std::string before = readBytes(path).value();
+    program.screen.picks.push_back(path);
+    ASSERT_EQ(hands.click(Target::whole(pane.cmdDocument)), "");
+    EXPECT_EQ(readBytes(path).value(), before);
+    EXPECT_EQ(application.frmWorkbench.notices.lblNotice.text(),
+              "P.zbp is the name of a project, and not of a document");
+}
+
+TEST_F(ProblemCommandsTest, TheInterfaceDocumentHasWhatWasNotSavedYet) {
+    open(kMessages);
+    editor.liveTree().find("Report")->child()->child()->setText("U4 1 FRESH 0");
+    const std::string path = (folder / "P.md").string();
+    program.screen.picks.push_back(path);
+    ASSERT_EQ(hands.click(Target::whole(pane.cmdDocument)), "");
+    EXPECT_THAT(readBytes(path).value(), testing::HasSubstr("FRESH"));
+    EXPECT_EQ(application.frmWorkbench.notices.cmdNotice[0].caption(), "Open");
+}
+
+TEST_F(ProblemsPaneTest, F8GoesOnFromWhereverTheFocusIs) {
+    open(kMessages);
+    pane.close();
+    ASSERT_EQ(hands.key(editor.txtStream, {119, 0}), "");
+    EXPECT_TRUE(editor.txtItemCount.focused());
+    ASSERT_EQ(hands.key(editor.txtItemCount, {119, 0}), "");
+    EXPECT_TRUE(editor.txtItemName.focused());
+    ASSERT_EQ(hands.key(editor.txtItemName, {119, kShiftKey}), "");
+    EXPECT_TRUE(editor.txtItemCount.focused());
+}
+
 } // namespace
 } // namespace zb::test
