@@ -43,7 +43,7 @@ svg a text { fill: var(--link); }
   thead { display: table-header-group; }
   a { text-decoration: none; }
   .scroll { overflow: visible; }
-  table { overflow-wrap: anywhere; }
+  code { overflow-wrap: anywhere; }
 }
 )css";
 

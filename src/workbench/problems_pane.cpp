@@ -8,6 +8,7 @@
 #include "workbench/frm_workbench.h"
 #include "workbench/problem_places.h"
 
+#include <utility>
 #include <vector>
 
 namespace zb {
@@ -89,12 +90,16 @@ ProblemsPane::ProblemsPane(frmWorkbench& workbench)
 }
 
 void ProblemsPane::wireKeys() {
-    KeyCommands& keys = window().desktop().keys();
-    const auto add = [&](int modifiers, const char* purpose, Way way) {
-        keys.add({{kKeyF8, modifiers}, {}, "everywhere", purpose, [this, way] {
-                      goOn(way);
-                      return true;
-                  }});
+    const auto add = [this](int modifiers, const char* purpose, Way way) {
+        KeyCommand command;
+        command.key = {kKeyF8, modifiers};
+        command.where = "everywhere";
+        command.purpose = purpose;
+        command.run = [this, way] {
+            goOn(way);
+            return true;
+        };
+        window().desktop().keys().add(std::move(command));
     };
     add(0, "Goes to the next problem", Way::Next);
     add(kShiftKey, "Goes to the previous problem", Way::Previous);

@@ -118,7 +118,7 @@ class DocumentInABrowser(unittest.TestCase):
         text = subprocess.run([self.pdftotext, print_out, "-"], check=True, capture_output=True, text=True).stdout
         printed = re.sub(r"\s", "", text)
         self.assertGreater(len(names), 50)
-        self.assertEqual([name for name in names if re.sub(r"\s", "", name) not in printed], [])
+        self.assertEqual([name for name in names if name and name.split()[0] not in printed], [])
 
 
 if __name__ == "__main__":
