@@ -53,7 +53,7 @@ std::optional<std::string> rangeFault(const SECSItemRecord& item) {
             continue;
         const auto number = toNumber(word);
         if (!number || *number < range->least || *number > range->most)
-            return word + " does not fit into " + type;
+            return std::string(word).append(" does not fit into ").append(type);
     }
     return std::nullopt;
 }
