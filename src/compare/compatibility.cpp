@@ -131,16 +131,16 @@ Judgement judgeItem(const Difference& difference, const Heads& heads) {
     const bool wasKey = isKey(difference.lineBefore);
     const bool isNowKey = isKey(difference.lineAfter);
     switch (difference.change) {
-    case Change::Added:
+    case ChangeKind::Added:
         return {Compatibility::BreaksBoth, "compat.item.added", "The other side has one item fewer"};
-    case Change::Removed:
+    case ChangeKind::Removed:
         return {Compatibility::BreaksBoth, "compat.item.removed", "The other side has one item more"};
-    case Change::Moved:
+    case ChangeKind::Moved:
         return {Compatibility::BreaksBoth, "compat.item.order",
                 "The other side has the items in another order"};
-    case Change::Renamed:
+    case ChangeKind::Renamed:
         return {};
-    case Change::Changed:
+    case ChangeKind::Changed:
         break;
     }
     if (difference.field == "type")
@@ -227,12 +227,12 @@ public:
 private:
     Judgement judgeMessage(const Difference& difference) {
         switch (difference.change) {
-        case Change::Added:
+        case ChangeKind::Added:
             return {Compatibility::Extension, "compat.message.added", "The message is new"};
-        case Change::Removed:
+        case ChangeKind::Removed:
             return {Compatibility::BreaksBoth, "compat.message.removed",
                     "A side that sends the message is refused, and the other one waits for it in vain"};
-        case Change::Changed:
+        case ChangeKind::Changed:
             return judgeHead(difference, headsOf(difference));
         default:
             return {};
@@ -256,7 +256,8 @@ private:
     /// Whether another message is now what this one was. Its own new form does not count: with the same items
     /// in another order it looks the same, and means something else.
     bool isKept(const Difference& difference) {
-        const bool isRemoved = difference.change == Change::Removed && difference.kind == PartKind::Message;
+        const bool isRemoved =
+            difference.change == ChangeKind::Removed && difference.kind == PartKind::Message;
         const std::string& own = difference.place.name;
         const auto [known, isNew] = kept_.try_emplace(difference.placeBefore.name + '\0' + own, false);
         if (!isNew)

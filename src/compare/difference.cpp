@@ -1,6 +1,19 @@
 #include "compare/difference.h"
 
+#include <utility>
+
 namespace zb {
+
+Difference inverted(Difference difference) {
+    if (difference.change == ChangeKind::Added)
+        difference.change = ChangeKind::Removed;
+    else if (difference.change == ChangeKind::Removed)
+        difference.change = ChangeKind::Added;
+    std::swap(difference.placeBefore, difference.place);
+    std::swap(difference.before, difference.after);
+    std::swap(difference.lineBefore, difference.lineAfter);
+    return difference;
+}
 
 std::string_view wordOf(PartKind kind) {
     switch (kind) {
@@ -20,17 +33,17 @@ std::string_view wordOf(PartKind kind) {
     return "project";
 }
 
-std::string_view wordOf(Change change) {
+std::string_view wordOf(ChangeKind change) {
     switch (change) {
-    case Change::Added:
+    case ChangeKind::Added:
         return "added";
-    case Change::Removed:
+    case ChangeKind::Removed:
         return "removed";
-    case Change::Renamed:
+    case ChangeKind::Renamed:
         return "renamed";
-    case Change::Moved:
+    case ChangeKind::Moved:
         return "moved";
-    case Change::Changed:
+    case ChangeKind::Changed:
         break;
     }
     return "changed";

@@ -17,7 +17,7 @@ enum class PartKind {
     Project,   ///< the side, or a section of another program
 };
 
-enum class Change { Added, Removed, Changed, Renamed, Moved };
+enum class ChangeKind { Added, Removed, Changed, Renamed, Moved };
 
 /// A place in one of two compared projects.
 struct DifferencePlace {
@@ -35,7 +35,7 @@ struct DifferencePlace {
 /// whatever is in it.
 struct Difference {
     PartKind kind = PartKind::Message;
-    Change change = Change::Changed;
+    ChangeKind change = ChangeKind::Changed;
     /// Where it is in the first and in the second project. For a part that only one of them has, both are the
     /// place in that one.
     /// @{
@@ -66,9 +66,12 @@ struct Difference {
 
 using Differences = std::vector<Difference>;
 
+/// The same difference from the second project to the first one.
+Difference inverted(Difference difference);
+
 /// "message", "item", "tr-message", "tr-item", "sequence", "project".
 std::string_view wordOf(PartKind kind);
 /// "added", "removed", "changed", "renamed", "moved".
-std::string_view wordOf(Change change);
+std::string_view wordOf(ChangeKind change);
 
 } // namespace zb

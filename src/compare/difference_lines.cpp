@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::array kKinds{PartKind::Project,   PartKind::Message, PartKind::Item,
                             PartKind::TrMessage, PartKind::TrItem,  PartKind::Sequence};
-constexpr std::array kChanges{Change::Added, Change::Removed, Change::Changed, Change::Renamed,
-                              Change::Moved};
+constexpr std::array kChanges{ChangeKind::Added, ChangeKind::Removed, ChangeKind::Changed,
+                              ChangeKind::Renamed, ChangeKind::Moved};
 
 /// The kind of the part that a difference is listed with.
 PartKind ownerOf(PartKind kind) {
@@ -30,7 +30,7 @@ bool isItem(const Difference& difference) {
 }
 
 bool isChange(const Difference& difference) {
-    return difference.change == Change::Changed || difference.change == Change::Renamed;
+    return difference.change == ChangeKind::Changed || difference.change == ChangeKind::Renamed;
 }
 
 /// Whether the field is a word of the line that the difference has.
@@ -63,7 +63,7 @@ public:
     }
 
     void whole(const Difference& difference) {
-        const bool isAdded = difference.change == Change::Added;
+        const bool isAdded = difference.change == ChangeKind::Added;
         const PartKind owner = ownerOf(difference.kind);
         const std::string text = (isAdded ? difference.after : difference.before).value_or(std::string());
         // The text of a message names it; the lines of the others do in ways that only files need.
@@ -75,11 +75,11 @@ public:
     void take(const Difference& difference, const Difference* previous) {
         const std::string at = isItem(difference) ? difference.place.path + ": " : std::string();
         const std::string atBefore = isItem(difference) ? difference.placeBefore.path + ": " : std::string();
-        if (difference.change == Change::Added)
+        if (difference.change == ChangeKind::Added)
             return lines('+', at, difference.after.value_or(std::string()));
-        if (difference.change == Change::Removed)
+        if (difference.change == ChangeKind::Removed)
             return lines('-', atBefore, difference.before.value_or(std::string()));
-        if (difference.change == Change::Moved)
+        if (difference.change == ChangeKind::Moved)
             return add('~', at + difference.lineAfter + (difference.lineAfter.empty() ? "" : " ") +
                                 "(moved from " + difference.before.value_or("") + " to " +
                                 difference.after.value_or("") + ")");
@@ -140,7 +140,7 @@ std::vector<std::string> differenceCounts(const Differences& differences) {
     std::vector<std::string> lines;
     for (const PartKind kind : kKinds) {
         std::string line;
-        for (const Change change : kChanges) {
+        for (const ChangeKind change : kChanges) {
             std::size_t count = 0;
             for (const Difference& difference : differences)
                 count += difference.kind == kind && difference.change == change ? 1U : 0U;

@@ -1,6 +1,7 @@
 #include "compare/difference_page.h"
 
-#include "platform/printable.h"
+#include "compare/aligned_page.h"
+#include "compare/html_text.h"
 
 #include <string_view>
 
@@ -10,6 +11,11 @@ namespace {
 
 constexpr std::string_view kStyle = R"(:root { color-scheme: light dark; }
 body { font-family: sans-serif; margin: 1.5em; }
+main { display: grid; gap: 1.5em; }
+@media (min-width: 90em) { main { grid-template-columns: 2fr 3fr; } }
+section { min-width: 0; }
+summary { font-family: monospace; overflow-wrap: anywhere; }
+details details { margin-left: 1em; }
 table { border-collapse: collapse; width: 100%; table-layout: fixed; margin-bottom: 1.5em; }
 td { font-family: monospace; white-space: pre-wrap; overflow-wrap: anywhere; vertical-align: top; padding: 0 0.5em; }
 td.both { font-weight: bold; background: #e4e8ee; color: #16202c; }
@@ -21,27 +27,10 @@ td.after { background: #ddf2e0; color: #0e4a1c; }
   td.after { background: #1c3f26; color: #d3f5da; }
 })";
 
-std::string escaped(std::string_view text) {
-    std::string html;
-    for (const char character : printable(text)) {
-        if (character == '&')
-            html += "&amp;";
-        else if (character == '<')
-            html += "&lt;";
-        else if (character == '>')
-            html += "&gt;";
-        else if (character == '"')
-            html += "&quot;";
-        else
-            html += character;
-    }
-    return html;
-}
-
 std::string cell(const char* kind, const DifferenceLine* line) {
     if (line == nullptr)
         return "<td></td>";
-    return std::string("<td class=\"") + kind + "\">" + line->sign + " " + escaped(line->text) + "</td>";
+    return std::string("<td class=\"") + kind + "\">" + line->sign + " " + htmlText(line->text) + "</td>";
 }
 
 /// Removed lines beside the added ones that follow them.
@@ -49,7 +38,7 @@ void appendBlock(std::string& html, const DifferenceBlock& block) {
     html += "<table>\n";
     for (std::size_t at = 0; at < block.size();) {
         if (block[at].sign == '~') {
-            html += "<tr><td class=\"both\" colspan=\"2\">~ " + escaped(block[at++].text) + "</td></tr>\n";
+            html += "<tr><td class=\"both\" colspan=\"2\">~ " + htmlText(block[at++].text) + "</td></tr>\n";
             continue;
         }
         std::size_t added = at;
@@ -73,16 +62,19 @@ void appendBlock(std::string& html, const DifferenceBlock& block) {
 } // namespace
 
 std::string differencePage(const std::string& before, const std::string& after,
-                           const std::vector<DifferenceBlock>& blocks) {
+                           const std::vector<DifferenceBlock>& blocks, const AlignedProjects& whole) {
     std::string html = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>";
-    html += escaped(before) + " and " + escaped(after) + "</title>\n<style>\n";
+    html += htmlText(before) + " and " + htmlText(after) + "</title>\n<style>\n";
     html.append(kStyle).append("\n</style>\n</head>\n<body>\n<h1>Differences</h1>\n");
-    html += "<p>- " + escaped(before) + "<br>+ " + escaped(after) + "</p>\n";
+    html += "<p>- " + htmlText(before) + "<br>+ " + htmlText(after) + "</p>\n";
     if (blocks.empty())
         html += "<p>There are no differences.</p>\n";
+    html += "<main>\n<section>\n<h2>What differs</h2>\n";
     for (const DifferenceBlock& block : blocks)
         appendBlock(html, block);
-    return html + "</body>\n</html>\n";
+    html += "</section>\n<section>\n<h2>The whole projects</h2>\n";
+    appendAligned(html, whole);
+    return html + "</section>\n</main>\n</body>\n</html>\n";
 }
 
 } // namespace zb

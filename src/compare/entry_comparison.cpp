@@ -19,7 +19,7 @@ public:
 
     void run() {
         if (before_.name != after_.name)
-            add(form_.kind(), Change::Renamed, {}, {}, "name", before_.name, after_.name);
+            add(form_.kind(), ChangeKind::Renamed, {}, {}, "name", before_.name, after_.name);
         compareFields(form_.kind(), {}, {}, before_, after_);
         compareParts();
         compareItems(form_, before_, after_, differences_);
@@ -31,12 +31,12 @@ private:
         for (const EntryField& field : before.fields) {
             const EntryField* other = after.find(field.key);
             if ((other == nullptr ? std::string() : other->stored) != field.stored)
-                add(kind, Change::Changed, pathBefore, path, field.key, field.value,
+                add(kind, ChangeKind::Changed, pathBefore, path, field.key, field.value,
                     other == nullptr ? std::string() : other->value);
         }
         for (const EntryField& field : after.fields) {
             if (before.find(field.key) == nullptr && !field.stored.empty())
-                add(kind, Change::Changed, pathBefore, path, field.key, std::string(), field.value);
+                add(kind, ChangeKind::Changed, pathBefore, path, field.key, std::string(), field.value);
         }
     }
 
@@ -46,7 +46,7 @@ private:
         for (std::size_t left = 0; left < before_.parts.size(); ++left) {
             const Entry& part = before_.parts[left];
             if (matching.ofLeft[left] == kNoBlock)
-                add(PartKind::TrItem, Change::Removed, part.name, part.name, {}, shownPart(part),
+                add(PartKind::TrItem, ChangeKind::Removed, part.name, part.name, {}, shownPart(part),
                     std::nullopt);
         }
         for (std::size_t right = 0; right < after_.parts.size(); ++right) {
@@ -57,7 +57,8 @@ private:
         for (std::size_t right = 0, known = 0; right < after_.parts.size(); ++right) {
             const Entry& part = after_.parts[right];
             if (matching.ofRight[right] == kNoBlock)
-                add(PartKind::TrItem, Change::Added, part.name, part.name, {}, std::nullopt, shownPart(part));
+                add(PartKind::TrItem, ChangeKind::Added, part.name, part.name, {}, std::nullopt,
+                    shownPart(part));
             else
                 comparePart(matching.ofRight[right], right, rising[known++]);
         }
@@ -67,14 +68,15 @@ private:
         const Entry& before = before_.parts[left];
         const Entry& after = after_.parts[right];
         if (before.name != after.name)
-            add(PartKind::TrItem, Change::Renamed, before.name, after.name, "name", before.name, after.name);
+            add(PartKind::TrItem, ChangeKind::Renamed, before.name, after.name, "name", before.name,
+                after.name);
         if (!stayed)
-            add(PartKind::TrItem, Change::Moved, before.name, after.name, "position",
+            add(PartKind::TrItem, ChangeKind::Moved, before.name, after.name, "position",
                 std::to_string(left + 1), std::to_string(right + 1));
         compareFields(PartKind::TrItem, before.name, after.name, before, after);
     }
 
-    void add(PartKind kind, Change change, const std::string& pathBefore, const std::string& path,
+    void add(PartKind kind, ChangeKind change, const std::string& pathBefore, const std::string& path,
              std::string field, std::optional<std::string> before, std::optional<std::string> after) {
         Difference difference;
         difference.kind = kind;

@@ -59,7 +59,7 @@ private:
             const bool isName = &base == &baseName;
             if (ours.stored == base.stored) {
                 const MergeStep step{kind,
-                                     isName ? Change::Renamed : Change::Changed,
+                                     isName ? ChangeKind::Renamed : ChangeKind::Changed,
                                      {base_.name, pathBefore},
                                      {theirs_.name, path},
                                      base.key};
@@ -107,7 +107,7 @@ private:
         order.takesMove = [&](std::size_t element) {
             const PartVersions& part = versions[element];
             return context_.takesStep({PartKind::TrItem,
-                                       Change::Moved,
+                                       ChangeKind::Moved,
                                        {base_.name, part.base->name},
                                        {theirs_.name, part.theirs->name},
                                        "position"});
@@ -164,7 +164,7 @@ private:
         if (isSame(left, *part.base)) {
             const DifferencePlace place{base_.name, part.base->name};
             const bool removes =
-                !isOurs || context_.takesStep({PartKind::TrItem, Change::Removed, place, place, {}});
+                !isOurs || context_.takesStep({PartKind::TrItem, ChangeKind::Removed, place, place, {}});
             return removes ? std::nullopt : std::optional(left);
         }
         reportPart(part, left.name);
@@ -176,7 +176,7 @@ private:
             return *part.ours;
         if (part.ours == nullptr) {
             const DifferencePlace place{theirs_.name, part.theirs->name};
-            const bool takes = context_.takesStep({PartKind::TrItem, Change::Added, place, place, {}});
+            const bool takes = context_.takesStep({PartKind::TrItem, ChangeKind::Added, place, place, {}});
             return takes ? std::optional(*part.theirs) : std::nullopt;
         }
         if (!isSame(*part.ours, *part.theirs))

@@ -46,7 +46,7 @@ public:
             if (node != ItemTree::kRoot)
                 takeNode(node);
             for (const std::size_t removed : removedAfter[node])
-                add(Change::Removed, removed, kNoNode, {}, subtreeText(left_, removed), std::nullopt);
+                add(ChangeKind::Removed, removed, kNoNode, {}, subtreeText(left_, removed), std::nullopt);
         }
     }
 
@@ -91,11 +91,11 @@ private:
         const std::size_t partner = matching_.ofRight[node];
         if (partner == kNoNode) {
             if (matching_.ofRight[right_.at(node).parent] != kNoNode)
-                add(Change::Added, kNoNode, node, {}, std::nullopt, subtreeText(right_, node));
+                add(ChangeKind::Added, kNoNode, node, {}, std::nullopt, subtreeText(right_, node));
             return;
         }
         if (moved_[node])
-            add(Change::Moved, partner, node, "position", left_.path(partner), right_.path(node));
+            add(ChangeKind::Moved, partner, node, "position", left_.path(partner), right_.path(node));
         if (left_.at(partner).text != right_.at(node).text)
             compareTexts(partner, node);
     }
@@ -106,7 +106,8 @@ private:
         if (before == after)
             return;
         if (!form_.itemsHaveNames())
-            return add(Change::Changed, left, right, "row", form_.shownItem(before), form_.shownItem(after));
+            return add(ChangeKind::Changed, left, right, "row", form_.shownItem(before),
+                       form_.shownItem(after));
         const bool bothFollow = countFollowsItems(left_, left) && countFollowsItems(right_, right);
         bool told = false;
         for (const ItemField& field : fieldsOf(left_.at(left).text, right_.at(right).text)) {
@@ -114,19 +115,19 @@ private:
             if (field.before == field.after || (isCount && bothFollow))
                 continue;
             const bool isName = std::string_view(field.key) == "name";
-            add(isName ? Change::Renamed : Change::Changed, left, right, field.key, field.before,
+            add(isName ? ChangeKind::Renamed : ChangeKind::Changed, left, right, field.key, field.before,
                 field.after);
             told = true;
         }
         if (!told)
-            add(Change::Changed, left, right, "text", left_.at(left).text, right_.at(right).text);
+            add(ChangeKind::Changed, left, right, "text", left_.at(left).text, right_.at(right).text);
     }
 
     std::string subtreeText(const ItemTree& tree, std::size_t node) const {
         return form_.itemsHaveNames() ? tree.subtreeText(node) : form_.shownItem(tree.at(node).text);
     }
 
-    void add(Change change, std::size_t left, std::size_t right, std::string field,
+    void add(ChangeKind change, std::size_t left, std::size_t right, std::string field,
              std::optional<std::string> before, std::optional<std::string> after) {
         Difference difference;
         difference.kind = form_.itemKind();

@@ -97,7 +97,7 @@ private:
             return ours;
         if (ours == base) {
             const MergeStep step{
-                form_.itemKind(), Change::Changed, basePlace(nodes.base), theirPlace(nodes.theirs), {}};
+                form_.itemKind(), ChangeKind::Changed, basePlace(nodes.base), theirPlace(nodes.theirs), {}};
             return context_.takesStep(step) ? theirs : ours;
         }
         MergeConflict conflict;
@@ -155,7 +155,7 @@ private:
         };
         order.takesMove = [&](std::size_t element) {
             const ItemNodes& nodes = elements[element];
-            return context_.takesStep({form_.itemKind(), Change::Moved, basePlace(nodes.base),
+            return context_.takesStep({form_.itemKind(), ChangeKind::Moved, basePlace(nodes.base),
                                        theirPlace(nodes.theirs), "position"});
         };
         const MergedOrder merged = mergeOrder(order);
@@ -225,7 +225,7 @@ private:
             return false;
         if (inOurs && ourHashes_[nodes.ours] == baseHashes_[nodes.base])
             return !context_.takesStep(
-                {form_.itemKind(), Change::Removed, basePlace(nodes.base), basePlace(nodes.base), {}});
+                {form_.itemKind(), ChangeKind::Removed, basePlace(nodes.base), basePlace(nodes.base), {}});
         if (inTheirs && theirHashes_[nodes.theirs] == baseHashes_[nodes.base])
             return false;
         reportWhole(nodes);
@@ -235,7 +235,7 @@ private:
     bool decideAdded(ItemNodes& nodes, const ItemNodes& list) {
         if (nodes.ours == kNoNode)
             return list.ours == kNoNode || context_.takesStep({form_.itemKind(),
-                                                               Change::Added,
+                                                               ChangeKind::Added,
                                                                theirPlace(nodes.theirs),
                                                                theirPlace(nodes.theirs),
                                                                {}});

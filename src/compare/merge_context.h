@@ -30,7 +30,7 @@ enum class Preferred { Ours, Theirs };
 /// A change of the other side that could be taken.
 struct MergeStep {
     PartKind kind = PartKind::Message;
-    Change change = Change::Changed;
+    ChangeKind change = ChangeKind::Changed;
     DifferencePlace placeBefore; ///< in the base; the other side's for an added part
     DifferencePlace place;       ///< on the other side; the base's for a removed part
     std::string_view field;

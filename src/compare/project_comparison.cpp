@@ -38,23 +38,23 @@ public:
         std::size_t known = 0;
         for (std::size_t right = 0; right <= after_.size(); ++right) {
             for (const std::size_t left : removedAfter[right])
-                addWhole(Change::Removed, before_[left]);
+                addWhole(ChangeKind::Removed, before_[left]);
             if (right == after_.size())
                 break;
             if (matching_.ofRight[right] == kNoBlock)
-                addWhole(Change::Added, after_[right]);
+                addWhole(ChangeKind::Added, after_[right]);
             else
                 comparePair(matching_.ofRight[right], right, rising[known++]);
         }
     }
 
 private:
-    void addWhole(Change change, const Block& block) {
+    void addWhole(ChangeKind change, const Block& block) {
         Difference difference;
         difference.kind = form_.kind();
         difference.change = change;
         difference.placeBefore.name = difference.place.name = block.name;
-        (change == Change::Added ? difference.after : difference.before) = shownBlock(block.text);
+        (change == ChangeKind::Added ? difference.after : difference.before) = shownBlock(block.text);
         differences_.push_back(std::move(difference));
     }
 
@@ -64,7 +64,7 @@ private:
         if (!stayed) {
             Difference difference;
             difference.kind = form_.kind();
-            difference.change = Change::Moved;
+            difference.change = ChangeKind::Moved;
             difference.placeBefore.name = before.name;
             difference.place.name = after.name;
             difference.field = "position";

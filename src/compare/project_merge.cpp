@@ -1,6 +1,7 @@
 #include "compare/project_merge.h"
 
 #include "compare/project_parts.h"
+#include "compare/rename_following.h"
 #include "compare/section_merge.h"
 #include "model/model_reader.h"
 #include "model/sequence_lines.h"
@@ -19,8 +20,8 @@ Side mergeSides(const ProjectParts& base, const ProjectParts& ours, const Projec
     const Side side = ours.project().side;
     if (side != base.project().side || theirs.project().side == base.project().side)
         return side;
-    return context.takesStep({PartKind::Project, Change::Changed, {}, {}, "side"}) ? theirs.project().side
-                                                                                   : side;
+    return context.takesStep({PartKind::Project, ChangeKind::Changed, {}, {}, "side"}) ? theirs.project().side
+                                                                                       : side;
 }
 
 Project mergeParts(const ProjectParts& base, const ProjectParts& ours, const ProjectParts& theirs,
@@ -40,20 +41,22 @@ Project mergeParts(const ProjectParts& base, const ProjectParts& ours, const Pro
         merged.messages = ProjectMessages(std::move(sections[ProjectParts::Messages]));
     merged.model->setProjectType(projectTypeOf(merged.side));
     readModel({sections[ProjectParts::Model]}, *merged.model);
+    if (!context.takes)
+        followRenames(merged, base, ours, theirs);
     merged.sequences = readSequences(sections[ProjectParts::SequenceTable]);
     merged.foreign = ForeignSections::parse({sections[ProjectParts::Foreign]});
     // What only becomes one section, one line or one message when it is read again must be so at once.
     return parseProject(composeProject(merged));
 }
 
-std::string keyOf(PartKind kind, const DifferencePlace& place, Change change, std::string_view field) {
+std::string keyOf(PartKind kind, const DifferencePlace& place, ChangeKind change, std::string_view field) {
     // Items are taken as a whole.
     const bool isItem = kind == PartKind::Item ||
                         ((kind == PartKind::TrItem || kind == PartKind::Sequence) && !place.path.empty());
     std::string key(wordOf(kind));
     key.append(1, '\0').append(place.name).append(1, '\0').append(place.path).append(1, '\0');
-    if (change == Change::Renamed)
-        change = Change::Changed;
+    if (change == ChangeKind::Renamed)
+        change = ChangeKind::Changed;
     key.append(wordOf(change)).append(1, '\0');
     return isItem && kind != PartKind::TrItem ? key : key.append(field);
 }
@@ -75,20 +78,20 @@ ProjectMerge mergeProjects(const Project& base, const Project& ours, const Proje
 Project takeDifferences(const Project& project, const Project& other, const Differences& differences) {
     std::unordered_set<std::string> taken;
     for (const Difference& difference : differences) {
-        const bool isAdded = difference.change == Change::Added;
+        const bool isAdded = difference.change == ChangeKind::Added;
         const DifferencePlace& place = isAdded ? difference.place : difference.placeBefore;
         taken.insert(keyOf(difference.kind, place, difference.change, difference.field));
         // The same words name the items of TR messages and those of their data blocks.
         if (difference.kind == PartKind::TrItem)
             taken.insert(keyOf(difference.kind, place, difference.change, {}));
-        if (difference.change == Change::Moved && !place.path.empty()) {
-            taken.insert(keyOf(difference.kind, difference.placeBefore, Change::Removed, {}));
-            taken.insert(keyOf(difference.kind, difference.place, Change::Added, {}));
+        if (difference.change == ChangeKind::Moved && !place.path.empty()) {
+            taken.insert(keyOf(difference.kind, difference.placeBefore, ChangeKind::Removed, {}));
+            taken.insert(keyOf(difference.kind, difference.place, ChangeKind::Added, {}));
         }
     }
     MergeContext context;
     context.takes = [&taken](const MergeStep& step) {
-        const bool isAdded = step.change == Change::Added;
+        const bool isAdded = step.change == ChangeKind::Added;
         return taken.contains(
             keyOf(step.kind, isAdded ? step.place : step.placeBefore, step.change, step.field));
     };

@@ -42,8 +42,11 @@ public:
         order_.orderedBy = [this](std::size_t element) -> std::string_view { return parts_[element].name; };
         order_.takesMove = [this](std::size_t element) {
             const PartMerge& part = parts_[element];
-            return context_.takesStep(
-                {form_.kind(), Change::Moved, {part.base->name, {}}, {part.theirs->name, {}}, "position"});
+            return context_.takesStep({form_.kind(),
+                                       ChangeKind::Moved,
+                                       {part.base->name, {}},
+                                       {part.theirs->name, {}},
+                                       "position"});
         };
         const MergedOrder merged = mergeOrder(order_);
         for (const std::size_t element : merged.disputed)
@@ -107,7 +110,7 @@ private:
         return element;
     }
 
-    MergeStep stepOf(Change change, const Block& before, const Block& after) const {
+    MergeStep stepOf(ChangeKind change, const Block& before, const Block& after) const {
         return {form_.kind(), change, {before.name, {}}, {after.name, {}}, {}};
     }
 
@@ -125,7 +128,7 @@ private:
             return;
         const bool isOurs = part.ours != nullptr;
         const Block& left = isOurs ? *part.ours : *part.theirs;
-        bool stays = isOurs && !context_.takesStep(stepOf(Change::Removed, *part.base, *part.base));
+        bool stays = isOurs && !context_.takesStep(stepOf(ChangeKind::Removed, *part.base, *part.base));
         if (left.text != part.base->text) {
             report(part, {});
             stays = (context_.preferred == Preferred::Ours) == isOurs;
@@ -136,7 +139,7 @@ private:
 
     void decideAdded(PartMerge& part) {
         if (part.ours == nullptr) {
-            if (context_.takesStep(stepOf(Change::Added, *part.theirs, *part.theirs)))
+            if (context_.takesStep(stepOf(ChangeKind::Added, *part.theirs, *part.theirs)))
                 take(part, *part.theirs);
             return;
         }

@@ -1,18 +1,18 @@
 #include "console/compared_project.h"
 
-#include "console/git.h"
 #include "console/message_source.h"
 #include "messages/smd/smd_text.h"
 #include "platform/file_layer.h"
+#include "platform/git.h"
 #include "platform/printable.h"
 #include "platform/text_file.h"
 #include "platform/user_folders.h"
 #include "project/project_files.h"
 #include "project/project_history.h"
 #include "project/project_text.h"
+#include "project/version_name.h"
 
 #include <algorithm>
-#include <charconv>
 #include <ostream>
 
 namespace zb {
@@ -34,9 +34,9 @@ std::optional<ComparedProject> loadFile(const std::string& name, const std::stri
     return ComparedProject{std::move(file.value().project), CompareScope::Whole};
 }
 
-std::optional<ComparedProject> loadLibrary(const std::string& name, ConsoleStreams streams) {
-    MessageSource library;
-    const int status = library.load(name, streams);
+/// What a library has given; `status` is what reading it has returned.
+std::optional<ComparedProject> takeLibrary(const std::string& name, const MessageSource& library, int status,
+                                           ConsoleStreams streams) {
     if (status != kExitDone && library.messages().empty())
         return std::nullopt;
     reportColons(library.messages(), name, streams.err);
@@ -46,34 +46,31 @@ std::optional<ComparedProject> loadLibrary(const std::string& name, ConsoleStrea
     return compared;
 }
 
-/// The number after the last "@" of a name; 0 when there is none.
-int versionIn(const std::string& name) {
-    const std::size_t at = name.rfind('@');
-    int number = 0;
-    if (at == std::string::npos || at == 0)
-        return 0;
-    const char* end = name.data() + name.size();
-    const auto [stop, error] = std::from_chars(name.data() + at + 1, end, number);
-    return error == std::errc() && stop == end && number > 0 ? number : 0;
-}
-
-std::optional<ComparedProject> loadVersion(const std::string& name, int number, ConsoleStreams streams) {
+std::optional<ComparedProject> loadVersion(const std::string& name, const VersionName& wanted,
+                                           ConsoleStreams streams) {
     SystemFileLayer files;
-    const auto versions = ProjectHistory(files, stateFolder()).versions(name.substr(0, name.rfind('@')));
+    const auto versions = ProjectHistory(files, stateFolder()).versions(wanted.path);
     const auto found = std::find_if(versions.begin(), versions.end(),
-                                    [number](const auto& version) { return version.number == number; });
+                                    [&](const auto& version) { return version.number == wanted.number; });
     if (found == versions.end())
-        return refuse(streams, name, "cannot be read: there is no version " + std::to_string(number));
+        return refuse(streams, name, "cannot be read: there is no version " + std::to_string(wanted.number));
     return loadFile(name, found->path.string(), streams);
 }
 
-std::optional<ComparedProject> loadRevision(const std::string& name, ConsoleStreams streams) {
+bool isLibrary(const std::string& name) {
     const SourceKind kind = sourceKind(name);
-    if (kind == SourceKind::Smd || kind == SourceKind::Mdf || kind == SourceKind::Sml)
-        return refuse(streams, name, "cannot be read: only projects are read from a git revision");
-    const auto bytes = readGitObject(name);
+    return kind == SourceKind::Smd || kind == SourceKind::Mdf || kind == SourceKind::Sml;
+}
+
+std::optional<ComparedProject> loadRevision(const std::string& name, ConsoleStreams streams) {
+    auto bytes = readGitObject(name);
     if (!bytes)
         return refuse(streams, name, "cannot be read: " + bytes.error().text);
+    if (isLibrary(name)) {
+        MessageSource library;
+        const int status = library.loadBytes(name, *std::move(bytes), streams);
+        return takeLibrary(name, library, status, streams);
+    }
     const ProjectText decoded = decodeProject(*bytes);
     if (!decoded.fault.empty())
         return refuse(streams, name, "not a project file: " + decoded.fault);
@@ -87,15 +84,17 @@ std::optional<ComparedProject> loadRevision(const std::string& name, ConsoleStre
 
 std::optional<ComparedProject> loadCompared(const std::string& name, ConsoleStreams streams) {
     if (!isFile(name)) {
-        if (const int number = versionIn(name); number > 0)
-            return loadVersion(name, number, streams);
+        if (const auto version = versionName(name))
+            return loadVersion(name, *version, streams);
         if (name.find(':') != std::string::npos)
             return loadRevision(name, streams);
     }
     const SourceKind kind = sourceKind(name);
     if (kind == SourceKind::Project || kind == SourceKind::Unknown)
         return loadFile(name, name, streams);
-    return loadLibrary(name, streams);
+    MessageSource library;
+    const int status = library.load(name, streams);
+    return takeLibrary(name, library, status, streams);
 }
 
 } // namespace zb

@@ -1,5 +1,6 @@
 #include "console/verbs.h"
 
+#include "compare/aligned_rows.h"
 #include "compare/difference_lines.h"
 #include "compare/difference_page.h"
 #include "console/compared_project.h"
@@ -46,6 +47,7 @@ public:
 
 private:
     int printText(ConsoleStreams streams) const;
+    int writePage(const AlignedProjects& projects, ConsoleStreams streams) const;
     int report(const Differences& differences, ConsoleStreams streams) const;
 
     std::string a_;
@@ -71,7 +73,8 @@ void DiffVerb::declare(CLI::App& app) {
     auto* second = app.add_option("B", b_, "The second project")->type_name("FILE");
     auto* json = app.add_flag("--json", json_, "Print one JSON object per difference");
     auto* html =
-        app.add_option("--html", html_, "Write a page that shows both side by side")->type_name("FILE");
+        app.add_option("--html", html_, "Write a page that shows what differs beside the whole projects")
+            ->type_name("FILE");
     auto* stat = app.add_flag("--stat", stat_, "Print only the number of differences of each kind");
     auto* text = app.add_flag("--textconv", textconv_, "Print the text of A alone, as git diff needs it");
     json->excludes(html)->excludes(stat)->excludes(text);
@@ -92,22 +95,28 @@ int DiffVerb::run(ConsoleStreams streams) {
     if (!first || !second)
         return kExitFileFault;
     const bool whole = first->scope == CompareScope::Whole && second->scope == CompareScope::Whole;
-    const Differences differences = compareProjects(first->project, second->project,
-                                                    whole ? CompareScope::Whole : CompareScope::Messages);
-    return report(differences, streams);
+    const CompareScope scope = whole ? CompareScope::Whole : CompareScope::Messages;
+    if (!html_.empty())
+        return writePage(alignProjects(first->project, {&second->project}, scope, AlignedExtent::All),
+                         streams);
+    return report(compareProjects(first->project, second->project, scope), streams);
+}
+
+int DiffVerb::writePage(const AlignedProjects& projects, ConsoleStreams streams) const {
+    const Differences& differences = projects.differences[0];
+    const Result<void> written =
+        replaceFile(html_, differencePage(a_, b_, differenceBlocks(differences), projects));
+    if (!written) {
+        streams.err << printable(html_) << ": cannot be written: " << printable(written.error().description)
+                    << '\n';
+        return kExitFileFault;
+    }
+    streams.out << printable(html_) << ": " << counted(differences.size(), "difference") << '\n';
+    return differences.empty() ? kExitDone : kExitFault;
 }
 
 int DiffVerb::report(const Differences& differences, ConsoleStreams streams) const {
-    if (!html_.empty()) {
-        const Result<void> written =
-            replaceFile(html_, differencePage(a_, b_, differenceBlocks(differences)));
-        if (!written) {
-            streams.err << printable(html_)
-                        << ": cannot be written: " << printable(written.error().description) << '\n';
-            return kExitFileFault;
-        }
-        streams.out << printable(html_) << ": " << counted(differences.size(), "difference") << '\n';
-    } else if (json_) {
+    if (json_) {
         for (const Difference& difference : differences)
             printJsonLine(streams.out, jsonOf(difference));
     } else if (stat_) {

@@ -1,7 +1,7 @@
 #include "console/verbs.h"
 
-#include "console/git.h"
 #include "platform/file_replacer.h"
+#include "platform/git.h"
 #include "platform/printable.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
@@ -32,8 +32,8 @@ constexpr std::array<ConfigLine, 6> kConfig{
      {"diff.zeltobench.cachetextconv", "false"},
      {"merge.zeltobench.name", "Zeltobench projects"},
      {"merge.zeltobench.driver", "zbc merge %O %A %B -o %A --path %P"},
-     {"mergetool.zeltobench.cmd", "zeltobench \"$MERGED\""},
-     {"mergetool.zeltobench.trustExitCode", "false"}}};
+     {"mergetool.zeltobench.cmd", "zeltobench --merge \"$BASE\" \"$LOCAL\" \"$REMOTE\" \"$MERGED\""},
+     {"mergetool.zeltobench.trustExitCode", "true"}}};
 
 /// `zbc git-setup [--global]`
 class GitSetupVerb final : public Verb {

@@ -1,7 +1,7 @@
 #include "console/verbs.h"
 
+#include "compare/conflict_file.h"
 #include "compare/project_merge.h"
-#include "console/difference_json.h"
 #include "console/output_guard.h"
 #include "console/printable.h"
 #include "console/project_loading.h"
@@ -22,22 +22,7 @@ namespace zb {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 constexpr std::chrono::seconds kLongestWait{30};
-
-std::string conflictsAsJson(const std::vector<MergeConflict>& conflicts) {
-    Json list = Json::array();
-    for (const MergeConflict& conflict : conflicts)
-        list.push_back({{"kind", wordOf(conflict.kind)},
-                        {"name", conflict.place.name},
-                        {"path", conflict.place.path},
-                        {"field", conflict.field},
-                        {"base", jsonOf(conflict.base)},
-                        {"ours", jsonOf(conflict.ours)},
-                        {"theirs", jsonOf(conflict.theirs)}});
-    return list.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
-}
 
 std::string shownValue(const std::optional<std::string>& value) {
     return value ? "\"" + printable(*value) + "\"" : "nothing";
@@ -156,10 +141,10 @@ int MergeVerb::write(ProjectFileWriter& writer, const OutputGuard& guard, const 
 /// Writes the conflicts, or removes those of an earlier merge.
 int MergeVerb::finish(const std::vector<MergeConflict>& conflicts, ConsoleStreams streams) const {
     const std::string& project = path_.empty() ? out_ : path_;
-    const std::string file = project + ".conflicts";
+    const std::string file = project + kConflictsEnding;
     SystemFileLayer files;
     const Result<void> written =
-        conflicts.empty() ? deleteFileIfExists(files, file) : replaceFile(file, conflictsAsJson(conflicts));
+        conflicts.empty() ? deleteFileIfExists(files, file) : replaceFile(file, composeConflicts(conflicts));
     for (const MergeConflict& conflict : conflicts)
         printConflict(streams.err, project, conflict);
     if (!written) {

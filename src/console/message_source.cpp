@@ -74,13 +74,23 @@ int MessageSource::loadLibrary(const std::string& name, SourceKind kind, Console
         for (const std::string& block : semiLibraryBlocks())
             library_->load(block, kFormatSemi);
     } else {
-        if (const auto bytes = readBytes(name); !bytes) {
+        auto bytes = readBytes(name);
+        if (!bytes) {
             streams.err << printable(name) << ": cannot be read: " << printable(bytes.error().description)
                         << '\n';
             return kExitFileFault;
         }
-        status = library_->load(name, formatOf(kind));
+        status = library_->loadBytes(*std::move(bytes), formatOf(kind));
     }
+    return takeLibrary(name, status, streams);
+}
+
+int MessageSource::loadBytes(const std::string& name, std::string bytes, ConsoleStreams streams) {
+    library_ = std::make_unique<SECSLibraryStore>(codePageOfUser());
+    return takeLibrary(name, library_->loadBytes(std::move(bytes), formatOf(sourceKind(name))), streams);
+}
+
+int MessageSource::takeLibrary(const std::string& name, const std::string& status, ConsoleStreams streams) {
     messages_ = library_->getMessages();
     bool faulty = !status.empty();
     for (const Finding& finding : library_->findings()) {

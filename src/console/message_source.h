@@ -26,6 +26,8 @@ public:
     /// Reports what is wrong with the file, one line each. Returns the exit status: kExitFault when some of
     /// its messages are faulty; the others are then available.
     int load(const std::string& name, ConsoleStreams streams);
+    /// The same for the bytes of a library file, whose kind follows from the ending of its name.
+    int loadBytes(const std::string& name, std::string bytes, ConsoleStreams streams);
 
     const SECSLibraryStore::Records& messages() const { return messages_; }
     /// By name or as "S1F13", compared without case; empty when there is none.
@@ -39,6 +41,7 @@ private:
     const ByName& byName() const;
     const ByName& byNumbers() const;
     int loadLibrary(const std::string& name, SourceKind kind, ConsoleStreams streams);
+    int takeLibrary(const std::string& name, const std::string& status, ConsoleStreams streams);
     int loadProject(const std::string& name, ConsoleStreams streams);
 
     std::unique_ptr<SECSLibraryStore> library_;

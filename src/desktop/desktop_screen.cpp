@@ -231,7 +231,11 @@ void DesktopScreen::showMenus() {
         if (frames_.contains(window) && (shows || (front == nullptr && kindOf(*window) == FrameKind::Main)))
             front = window;
     }
-    if (front == menusOf_ || front == nullptr)
+    // A document without menus leaves those of the main window.
+    const bool hasMenus = front != nullptr && !frames_.at(front).binder->menus().barActions().empty();
+    if (!hasMenus)
+        front = binding_->desktop.find("frmMain");
+    if (front == menusOf_ || front == nullptr || !frames_.contains(front))
         return;
     menusOf_ = front;
     main_->menuBar()->clear();

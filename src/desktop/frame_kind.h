@@ -12,8 +12,9 @@ inline FrameKind kindOf(const Window& window) {
         return FrameKind::Main;
     if (window.name() == "frmWorkbench")
         return FrameKind::Part;
-    return window.name() == "frmSECSEditor" || window.name() == "frmTRModeler" ? FrameKind::Document
-                                                                               : FrameKind::Dialog;
+    const bool isDocument =
+        window.name() == "frmSECSEditor" || window.name() == "frmTRModeler" || window.name() == "frmCompare";
+    return isDocument ? FrameKind::Document : FrameKind::Dialog;
 }
 
 } // namespace zb

@@ -24,6 +24,19 @@ std::string commandLine() {
     return zb::fromQt(QApplication::arguments().mid(1).join(QLatin1Char(' ')));
 }
 
+/// `--merge BASE OURS THEIRS OUT`: OUT is opened, and the conflicts of the merge are shown.
+bool isMerge() {
+    constexpr qsizetype kWords = 6; // with the program's name
+    const QStringList words = QApplication::arguments();
+    return words.size() == kWords && words[1] == QLatin1String("--merge");
+}
+
+void startMerge(zb::Application& application) {
+    const QStringList words = QApplication::arguments();
+    application.start(zb::fromQt(words[5]));
+    application.comparisons.solveMerge(zb::fromQt(words[2]), zb::fromQt(words[3]), zb::fromQt(words[4]));
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -65,9 +78,15 @@ int main(int argc, char* argv[]) {
     // Boxes at the start need the event loop.
     QTimer::singleShot(0, &qt, [&] {
         const zb::BusyPointer busy(application.frmMain);
-        application.start(commandLine());
+        if (isMerge())
+            startMerge(application);
+        else
+            application.start(commandLine());
     });
-    const int result = QApplication::exec();
+    int result = QApplication::exec();
+    // Git takes the status for whether the file is merged.
+    if (result == 0 && isMerge() && application.comparisons.hasConflicts())
+        result = 1;
     qt.onOutOfMemory = nullptr;
     screen.detach();
     return result;

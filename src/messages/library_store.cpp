@@ -74,7 +74,11 @@ std::string SECSLibraryStore::load(const std::string& textOrPath, int formatCode
     Result<std::string> bytes = readBytes(textOrPath);
     if (!bytes)
         return bytes.error().description;
-    return loadText(decodeText(*std::move(bytes), codePage_), formatCode);
+    return loadBytes(*std::move(bytes), formatCode);
+}
+
+std::string SECSLibraryStore::loadBytes(std::string bytes, int formatCode) {
+    return loadText(decodeText(std::move(bytes), codePage_), formatCode);
 }
 
 std::string SECSLibraryStore::loadText(std::string_view text, int formatCode) {

@@ -31,6 +31,8 @@ public:
     std::string load(const std::string& textOrPath, int formatCode);
     /// Adds the messages of a text of SML.
     void loadSml(std::string_view text);
+    /// The same for the bytes of a file (1003 to 1005).
+    std::string loadBytes(std::string bytes, int formatCode);
 
     /// In the order in which they were loaded.
     Records getMessages() const;

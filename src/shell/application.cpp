@@ -39,7 +39,8 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
       frmTRModeler(desktop, *this, *this), frmTRMessage(desktop, *this, frmTRModeler),
       frmTRItem(desktop, *this, frmTRModeler), frmNewProject(desktop, *this, folders.application),
       frmOption(desktop, settingsOfProgram), frmResult(desktop), frmAbout(desktop),
-      frmWorkbench(desktop, {*this, frmMain, frmSECSEditor, frmTRModeler, versions}), projects(*this),
+      frmWorkbench(desktop, {*this, frmMain, frmSECSEditor, frmTRModeler, versions, comparisons}),
+      frmCompare(desktop, frmMain, comparisons), projects(*this),
       builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); },
                      [this] { frmWorkbench.problems.open(); }}),
       work(*this, folders), generator_(generator), folders_(std::move(folders)) {
@@ -79,7 +80,8 @@ UndoHistory* Application::historyOf(const Window& window) {
     const Window* document = holdsDocuments ? desktop.frontDocument(frmMain) : &window;
     if (document == &frmTRModeler)
         return &modelerHistory.steps;
-    return document == &frmSECSEditor ? &editorHistory.steps : nullptr;
+    // What a comparison takes is a step of both windows.
+    return document == &frmSECSEditor || document == &frmCompare ? &editorHistory.steps : nullptr;
 }
 
 void Application::showSteps() {
@@ -88,6 +90,8 @@ void Application::showSteps() {
     frmWorkbench.showRedo(history == nullptr ? std::string() : history->redoName());
     frmWorkbench.renames.review();
     frmMain.showSaved(editorHistory.steps.isSaved() && modelerHistory.steps.isSaved());
+    if (desktop.frontDocument(frmMain) == &frmCompare)
+        frmCompare.follow();
 }
 
 void Application::restartHistories() {

@@ -12,6 +12,7 @@
 #include "outputs/generator.h"
 #include "project/module_state.h"
 #include "shell/build_commands.h"
+#include "shell/comparisons.h"
 #include "shell/content_replacement.h"
 #include "shell/frm_about.h"
 #include "shell/frm_main.h"
@@ -21,6 +22,7 @@
 #include "shell/project_lifecycle.h"
 #include "shell/project_versions.h"
 #include "shell/work_keeper.h"
+#include "workbench/frm_compare.h"
 #include "workbench/frm_workbench.h"
 
 #include <string>
@@ -72,6 +74,7 @@ public:
     zb::frmResult frmResult;
     zb::frmAbout frmAbout;
     zb::frmWorkbench frmWorkbench;
+    zb::frmCompare frmCompare;
 
     EditorHistory editorHistory{frmSECSEditor};
     ModelerHistory modelerHistory{frmTRModeler};
@@ -81,6 +84,7 @@ public:
     WorkKeeper work;
     ProjectVersions versions{*this};
     ContentReplacement content{*this};
+    Comparisons comparisons{*this};
 
     /// A project was created or opened: nothing that was done before can be undone.
     void restartHistories();

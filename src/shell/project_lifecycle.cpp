@@ -98,6 +98,8 @@ void ProjectLifecycle::openRecovered(const std::string& path, Project project) {
 void ProjectLifecycle::noteOpened() {
     app_.work.projectOpened();
     app_.versions.projectOpened();
+    app_.frmCompare.forget();
+    app_.comparisons.projectOpened();
 }
 
 void ProjectLifecycle::showProject(LoadedProject loaded) {
@@ -195,6 +197,7 @@ bool ProjectLifecycle::saveProject() {
     app_.markSaved();
     app_.desktop.post(
         {"Saved " + fs::path(path).filename().string() + ", " + app_.desktop.screen().timeOfDay()});
+    app_.comparisons.projectSaved();
     return true;
 }
 

@@ -30,7 +30,11 @@ ProjectHistory ProjectVersions::history() const {
 
 std::vector<ProjectHistory::Version> ProjectVersions::versions() {
     return isBlank(app_.ProjectName) ? std::vector<ProjectHistory::Version>()
-                                     : history().versions(app_.projectFilePath());
+                                     : versionsOf(app_.projectFilePath());
+}
+
+std::vector<ProjectHistory::Version> ProjectVersions::versionsOf(const std::string& path) const {
+    return history().versions(path);
 }
 
 void ProjectVersions::showEditor() {

@@ -19,6 +19,8 @@ public:
     std::vector<ProjectHistory::Version> versions() override;
     Project content() const override;
     void replaceContent(Project content, const std::string& step) override;
+    /// Those of any project file.
+    std::vector<ProjectHistory::Version> versionsOf(const std::string& path) const;
     void restoreVersion(const ProjectHistory::Version& version) override;
     void openBeside(const ProjectHistory::Version& version) override;
     void showEditor() override;

@@ -2,6 +2,7 @@
 
 #include "controls/simple_controls.h"
 #include "controls/window.h"
+#include "workbench/compare_pane.h"
 #include "workbench/history_pane.h"
 #include "workbench/keys_pane.h"
 #include "workbench/log_pane.h"
@@ -15,6 +16,7 @@
 
 namespace zb {
 
+class CompareDoor;
 class frmSECSEditor;
 class frmTRModeler;
 class ProjectDoor;
@@ -27,6 +29,7 @@ struct WorkbenchServices {
     frmSECSEditor& editor;
     frmTRModeler& modeler;
     ProjectDoor& project;
+    CompareDoor& compare;
 };
 
 /// The workbench: a strip at the lower edge of the main window, and panes above it of which at most one is
@@ -68,6 +71,7 @@ public:
     ProblemsPane problems{*this};
     KeysPane keys{*this};
     MarksPane marks{*this};
+    ComparePane compare{*this};
 
     TreeMore treeMore;
 

@@ -4,6 +4,7 @@
 #include "platform/local_time.h"
 #include "project/project_files.h"
 #include "project/version_changes.h"
+#include "workbench/compare_door.h"
 #include "workbench/frm_workbench.h"
 #include "workbench/project_door.h"
 
@@ -45,6 +46,11 @@ HistoryPane::HistoryPane(frmWorkbench& workbench)
     cmdOpenBeside.onClick = [this] {
         if (const auto* version = chosen(); version != nullptr)
             this->workbench().services().project.openBeside(ProjectHistory::Version(*version));
+    };
+    cmdCompareVersion.setToolTip("Compare the open project with this version");
+    cmdCompareVersion.onClick = [this] {
+        if (const auto* version = chosen(); version != nullptr)
+            this->workbench().services().compare.compareWithVersion(version->number);
     };
     enableCommands();
 }
@@ -110,6 +116,7 @@ void HistoryPane::enableCommands() {
     const bool isChosen = lvwHistory.selected() != nullptr;
     cmdRestore.setEnabled(isChosen);
     cmdOpenBeside.setEnabled(isChosen);
+    cmdCompareVersion.setEnabled(isChosen);
 }
 
 } // namespace zb

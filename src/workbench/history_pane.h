@@ -22,6 +22,7 @@ public:
     List lvwHistory{window(), "lvwHistory", &pane};
     Button cmdRestore{window(), "cmdRestore", "&Restore", &pane};
     Button cmdOpenBeside{window(), "cmdOpenBeside", "Open &beside", &pane};
+    Button cmdCompareVersion{window(), "cmdCompareVersion", "&Compare", &pane};
 
 private:
     void opened() override { refresh(); }

@@ -2,6 +2,7 @@
 
 #include "desktop/forms/cell_editor.h"
 #include "desktop/forms/editor_splitter.h"
+#include "desktop/forms/paired_scrolling.h"
 #include "desktop/forms/shared_splitter.h"
 #include "desktop/forms/stale_tint.h"
 #include "editor/frm_sec_editor.h"
@@ -10,6 +11,7 @@
 #include "ui_frmAbout.h"
 #include "ui_frmAddSequence.h"
 #include "ui_frmArrayInfo.h"
+#include "ui_frmCompare.h"
 #include "ui_frmFind.h"
 #include "ui_frmMain.h"
 #include "ui_frmNewProject.h"
@@ -21,6 +23,7 @@
 #include "ui_frmTRMessage.h"
 #include "ui_frmTRModeler.h"
 #include "ui_frmWorkbench.h"
+#include "ui_pnlCompare.h"
 #include "ui_pnlHistory.h"
 #include "ui_pnlKeys.h"
 #include "ui_pnlLog.h"
@@ -70,6 +73,7 @@ constexpr std::array kForms{
     Form{"frmResult", &make<Ui::frmResult>},
     Form{"frmAbout", &make<Ui::frmAbout>},
     Form{"frmWorkbench", &make<Ui::frmWorkbench>},
+    Form{"frmCompare", &make<Ui::frmCompare>},
 };
 
 // The panes of the workbench, in the order of their buttons.
@@ -79,6 +83,7 @@ constexpr std::array kPanes{
     Form{"pnlProblems", &make<Ui::pnlProblems>},
     Form{"pnlKeys", &make<Ui::pnlKeys>},
     Form{"pnlMarks", &make<Ui::pnlMarks>},
+    Form{"pnlCompare", &make<Ui::pnlCompare>},
 };
 
 struct Share {
@@ -159,6 +164,8 @@ void finishForm(Window& window, QWidget& form) {
     }
     if (auto* dialog = dynamic_cast<frmArrayInfo*>(&window))
         new CellEditor(*dialog, form);
+    if (window.name() == "frmCompare")
+        new PairedScrolling(form);
     if (auto* editor = dynamic_cast<frmSECSEditor*>(&window)) {
         new EditorSplitter(*editor, form);
         new StaleTint(form);

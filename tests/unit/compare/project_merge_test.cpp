@@ -170,6 +170,34 @@ TEST(ProjectMerge, MergesTheModelAndTheSequences) {
               composeProject(projectOf(kHello, changed(theirs, "== 1", "== 2"))));
 }
 
+TEST(ProjectMerge, RenamesAMessageInTheTrMessagesThatTheOtherSideAdded) {
+    const std::string start = "###[TRANSACTION MODEL] 1\n";
+    const std::string added = "## [TR MESSAGE] Say\n  SECSMessage Data\n  Report False\n  Direction 2\n"
+                              "  DataBlock Data: S1 F2 H<-E\n    Item 1 U1 1 A 0\nEndTRMessage\n";
+    const Project base = projectOf(kHello + kData, start);
+    const Project renamed = projectOf(kHello + changed(kData, "Data: S1", "OnLineData: S1"), start);
+    const Project adding = projectOf(kHello + kData, start + added);
+    for (const bool renamesOurs : {true, false}) {
+        const ProjectMerge merge =
+            renamesOurs ? mergeProjects(base, renamed, adding) : mergeProjects(base, adding, renamed);
+        EXPECT_EQ(linesOf(merge.conflicts), "");
+        const TRMessageRecord* say = merge.project.model->getTRMessage("Say");
+        ASSERT_NE(say, nullptr);
+        EXPECT_EQ(say->SECSMessage(), "OnLineData");
+        ASSERT_TRUE(say->DataBlock().has_value());
+        EXPECT_EQ(say->DataBlock()->getNodeText(), "OnLineData: S1 F2 H<-E");
+    }
+}
+
+TEST(ProjectMerge, LeavesTrMessagesThatTheRenamingSideLeft) {
+    const std::string rest = "###[TRANSACTION MODEL] 1\n## [TR MESSAGE] Say\n  SECSMessage Data\n"
+                             "  Report False\n  Direction 2\nEndTRMessage\n";
+    const Project base = projectOf(kData, rest);
+    const Project renamed = projectOf(changed(kData, "Data: S1", "OnLineData: S1"), rest);
+    const ProjectMerge merge = mergeProjects(base, renamed, projectOf(kData + kHello, rest));
+    EXPECT_EQ(merge.project.model->getTRMessage("Say")->SECSMessage(), "Data");
+}
+
 TEST(ProjectMerge, ReportsItemsOfADataBlockThatTheOtherSideRemoved) {
     const std::string with = "###[TRANSACTION MODEL] 1\n## [TR MESSAGE] Say\n  SECSMessage Data\n"
                              "  Report False\n  Direction 2\n  DataBlock Data: S1 F2 H<-E\n"

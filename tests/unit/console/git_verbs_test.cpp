@@ -99,8 +99,9 @@ TEST_F(GitVerbs, SetupSaysWhatItWrites) {
                   "git config --local: diff.zeltobench.cachetextconv = false\n"
                   "git config --local: merge.zeltobench.name = Zeltobench projects\n"
                   "git config --local: merge.zeltobench.driver = zbc merge %O %A %B -o %A --path %P\n"
-                  "git config --local: mergetool.zeltobench.cmd = zeltobench \"$MERGED\"\n"
-                  "git config --local: mergetool.zeltobench.trustExitCode = false\n");
+                  "git config --local: mergetool.zeltobench.cmd = zeltobench --merge \"$BASE\" \"$LOCAL\" "
+                  "\"$REMOTE\" \"$MERGED\"\n"
+                  "git config --local: mergetool.zeltobench.trustExitCode = true\n");
     EXPECT_EQ(git({"check-attr", "merge", "Etcher.zbp"}), "Etcher.zbp: merge: zeltobench\n");
 }
 
@@ -196,9 +197,21 @@ TEST_F(GitVerbs, WhatGitDoesNotKnowCannotBeRead) {
     EXPECT_EQ(unknown.status, 3);
     EXPECT_EQ(unknown.err.find("HEAD:None.zbp: cannot be read: fatal: "), 0U) << unknown.err;
     EXPECT_EQ(runZbc({"diff", "None:Etcher.zbp", "Etcher.zbp"}).status, 3);
-    const Outcome library = runZbc({"diff", "HEAD:Etcher.smd", "Etcher.zbp"});
-    EXPECT_EQ(library.status, 3);
-    EXPECT_EQ(library.err, "HEAD:Etcher.smd: cannot be read: only projects are read from a git revision\n");
+}
+
+TEST_F(GitVerbs, LibrariesAreReadFromARevisionToo) {
+    test::writeFile("Etcher.smd", kHello);
+    test::writeFile("Broken.sml", "<<<<");
+    git({"add", "Etcher.smd", "Broken.sml"});
+    git({"commit", "--quiet", "-m", "Libraries"});
+    test::writeFile("Etcher.smd", kHello + kOurs);
+    EXPECT_EQ(runZbc({"diff", "HEAD:Etcher.smd", "Etcher.zbp"}).status, 0);
+    const Outcome diff = runZbc({"diff", "HEAD:Etcher.smd", "Etcher.smd"});
+    EXPECT_EQ(diff.status, 1);
+    EXPECT_EQ(diff.out, "+ * Ours\n+ Ours: S2 F1 H->E.\n");
+    const Outcome broken = runZbc({"diff", "HEAD:Broken.sml", "Etcher.zbp"});
+    EXPECT_EQ(broken.status, 3);
+    EXPECT_NE(broken.err.find("HEAD:Broken.sml: not a message library"), std::string::npos) << broken.err;
 }
 
 TEST_F(GitVerbs, ANameThatBeginsWithADashIsNoOptionOfGit) {

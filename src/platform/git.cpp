@@ -1,4 +1,4 @@
-#include "console/git.h"
+#include "platform/git.h"
 
 #include "platform/child_process.h"
 #include "platform/text.h"
@@ -42,18 +42,23 @@ Result<std::string, GitFault> runGit(const std::vector<std::string>& arguments) 
     return GitFault{line.empty() ? "git ended with status " + std::to_string(outcome.number) : line};
 }
 
-Result<std::string, GitFault> readGitObject(const std::string& name) {
+Result<std::string, GitFault> readGitObject(const std::string& name, const std::string& folder) {
+    const auto run = [&folder](std::vector<std::string> arguments) {
+        if (!folder.empty())
+            arguments.insert(arguments.begin(), {"-C", folder});
+        return runGit(arguments);
+    };
     // A name that begins with "-" is no option.
-    auto object = runGit({"rev-parse", "--verify", "--end-of-options", name});
+    auto object = run({"rev-parse", "--verify", "--end-of-options", name});
     if (!object)
         return object.error();
     const std::string id = firstLine(*object);
     if (!isObjectName(id))
         return GitFault{"git does not know it: " + id};
-    const auto size = runGit({"cat-file", "-s", id});
+    const auto size = run({"cat-file", "-s", id});
     if (!size)
         return size.error();
-    auto bytes = runGit({"cat-file", "blob", id});
+    auto bytes = run({"cat-file", "blob", id});
     // Warnings of git come with its output; a project must not contain any.
     if (bytes && std::to_string(bytes->size()) != firstLine(*size))
         return GitFault{"git printed more or less than the file"};

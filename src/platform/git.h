@@ -16,7 +16,8 @@ struct GitFault {
 /// printed.
 Result<std::string, GitFault> runGit(const std::vector<std::string>& arguments);
 
-/// The bytes of a file in a revision, named as git names it: "HEAD:Etcher.zbp".
-Result<std::string, GitFault> readGitObject(const std::string& name);
+/// The bytes of a file in a revision, named as git names it: "HEAD:Etcher.zbp". Git works in the folder, or
+/// without one in the working folder of this process.
+Result<std::string, GitFault> readGitObject(const std::string& name, const std::string& folder = {});
 
 } // namespace zb

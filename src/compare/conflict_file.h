@@ -1,0 +1,20 @@
+#pragma once
+
+#include "compare/merge_context.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zb {
+
+/// The ending that the file of a merged project's conflicts has after the project's own name.
+inline constexpr const char* kConflictsEnding = ".conflicts";
+
+/// The conflicts as the file beside a merged project has them: a JSON list with one object each.
+std::string composeConflicts(const std::vector<MergeConflict>& conflicts);
+/// The inverse. Nothing for a text that is no such list.
+std::optional<std::vector<MergeConflict>> readConflicts(std::string_view text);
+
+} // namespace zb
