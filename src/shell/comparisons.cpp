@@ -101,6 +101,10 @@ void Comparisons::report(const std::string& what, const std::string& why) {
 
 void Comparisons::compareWithFile(const std::string& path, const std::string& name) {
     const std::string shown = name.empty() ? fs::path(path).filename().string() : name;
+    if (!isOpen()) {
+        app_.desktop.post({"Open a project first: it is compared with " + shown});
+        return;
+    }
     const auto version = isFile(path) ? std::nullopt : versionName(path);
     if (version) {
         compareWithVersionOf(version->path, version->number, shown);

@@ -15,7 +15,7 @@ namespace zb {
 namespace {
 
 constexpr std::size_t kLongestValue = 200;
-constexpr int kKeyF7 = 118;
+constexpr int kDifferenceKey = 118; // F7
 
 std::string shownValue(const std::optional<std::string>& value) {
     if (!value)
@@ -50,7 +50,7 @@ void frmCompare::wire() {
     cmdNext.onClick = [this] { go(Way::On); };
     cmdTakeLeft.onClick = [this] { take(0); };
     cmdTakeRight.onClick = [this] { take(1); };
-    chkOnlyDifferences.onChange = [this] { refresh(); };
+    chkOnlyDifferences.onChange = [this] { showOtherRows(); };
     for (Tree* tree : {&tvwLeft, &tvwProject, &tvwRight}) {
         const auto choose = [this](Node& node) { select(static_cast<std::size_t>(node.index()) - 1); };
         tree->onNodeClick = choose;
@@ -62,7 +62,7 @@ void frmCompare::wire() {
     conflicts.onChoose = [this](const MergeConflict& conflict) { showConflict(conflict); };
     for (Control* control : controls()) {
         control->onKeyDown = [this](KeyEvent key) {
-            if (key.code == kKeyF7)
+            if (key.code == kDifferenceKey)
                 go((key.shift & kShiftKey) != 0 ? Way::Back : Way::On);
         };
     }
@@ -106,10 +106,20 @@ void frmCompare::refresh() {
         return;
     const std::optional<std::size_t> before = row_;
     row_.reset();
-    if (!align() || !before)
-        return;
-    if (!aligned_.rows.empty())
+    // What is shown would not be the open project any more.
+    if (!align())
+        forget();
+    else if (before && !row_ && !aligned_.rows.empty())
         select(std::min(*before, aligned_.rows.size() - 1));
+}
+
+void frmCompare::showOtherRows() {
+    const auto stop = row_ ? std::lower_bound(stops_.begin(), stops_.end(), *row_) : stops_.end();
+    const bool isStop = stop != stops_.end() && *stop == *row_;
+    const auto number = static_cast<std::size_t>(stop - stops_.begin());
+    refresh();
+    if (isStop && number < stops_.size())
+        select(stops_[number]);
 }
 
 const ComparedVersion& frmCompare::other(std::size_t at) const {
@@ -117,29 +127,36 @@ const ComparedVersion& frmCompare::other(std::size_t at) const {
 }
 
 bool frmCompare::align() {
-    openText_ = project_.text();
+    std::string text = project_.text();
     const auto extent = chkOnlyDifferences.checked() ? AlignedExtent::OnlyDifferences : AlignedExtent::All;
     std::vector<const Project*> versions;
     for (std::size_t at = 0; at < others(); ++at)
         versions.push_back(other(at).project.get());
+    Project open;
+    AlignedProjects aligned;
+    std::vector<CompatibilityFinding> effects;
     const bool done = desktop().screen().doLongWork("Comparing", [&](const Progress& progress) {
-        open_ = parseProject(openText_, progress.part(0, 0.3));
-        aligned_ = alignProjects(open_, versions, comparison_->scope, extent, progress.part(0.3, 0.8));
-        judge();
+        open = parseProject(text, progress.part(0, 0.3));
+        aligned = alignProjects(open, versions, comparison_->scope, extent, progress.part(0.3, 0.8));
+        effects = judge(open, aligned.differences[0]);
     });
     if (!done)
         return false;
+    openText_ = std::move(text);
+    open_ = std::move(open);
+    aligned_ = std::move(aligned);
+    effects_ = std::move(effects);
     fillTrees();
     showRow();
     conflicts.refresh(open_);
     return true;
 }
 
-void frmCompare::judge() {
+std::vector<CompatibilityFinding> frmCompare::judge(const Project& open, const Differences& toLeft) const {
     Differences changes;
-    for (const Difference& difference : aligned_.differences[0])
+    for (const Difference& difference : toLeft)
         changes.push_back(inverted(difference));
-    effects_ = judgeCompatibility(*comparison_->left.project, open_, changes);
+    return judgeCompatibility(*comparison_->left.project, open, changes);
 }
 
 void frmCompare::fillTrees() {

@@ -73,7 +73,8 @@ private:
     const ComparedVersion& other(std::size_t at) const;
     void refresh();
     bool align();
-    void judge();
+    std::vector<CompatibilityFinding> judge(const Project& open, const Differences& toLeft) const;
+    void showOtherRows();
     void fillTrees();
     void select(std::size_t row);
     void showRow();

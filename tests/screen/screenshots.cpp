@@ -1,5 +1,7 @@
 // Pictures of the windows in use: zeltobench-screenshots PROJECT.zbp FOLDER light|dark SUFFIX. The scale
 // comes from the environment (QT_SCALE_FACTOR), the platform from the make target.
+#include "platform/text.h"
+#include "project/project_text.h"
 #include "screen/pictures/modeler_pictures.h"
 #include "screen/pictures/photographer.h"
 #include "screen/support/palettes.h"
@@ -86,6 +88,16 @@ void photographProblems(ProgramOnScreen& program, Photographer& camera) {
     problems.close();
 }
 
+void photographCompare(ProgramOnScreen& program, Photographer& camera) {
+    zb::Application& application = program.application;
+    std::string text = application.work.composeWork();
+    text = zb::replaceAll(text, "AreYouThere: S1 F1 W <R>", "AreYouThere: S1 F1 <R>");
+    text = zb::replaceAll(text, "A 6 SOFTREV 'V04R21'", "A 20V SOFTREV 'V03R07'");
+    application.comparisons.compareWithProject("Version 3", zb::parseProject(text), zb::CompareScope::Whole);
+    camera.take(*program.screen.mainWindow(), QStringLiteral("compare"));
+    application.frmCompare.hide();
+}
+
 void photograph(ProgramOnScreen& program, Photographer& camera) {
     zb::Application& application = program.application;
     QMainWindow& main = *program.screen.mainWindow();
@@ -97,6 +109,7 @@ void photograph(ProgramOnScreen& program, Photographer& camera) {
     camera.take(main, QStringLiteral("editor"));
     photographWorkbench(program, camera);
     photographProblems(program, camera);
+    photographCompare(program, camera);
     application.frmFind.showFind();
     application.frmFind.txtFindWhat.setText("S6F11");
     camera.take(program.form(application.frmFind), QStringLiteral("find"));

@@ -21,6 +21,8 @@ namespace fs = std::filesystem;
 
 using ::testing::HasSubstr;
 
+constexpr int kDifferenceKey = 118; // F7
+
 struct ComparisonsTest : ::testing::Test {
     ComparisonsTest() {
         fs::create_directories(folder / "Etcher");
@@ -79,12 +81,12 @@ TEST_F(ComparisonsTest, NextAndPreviousGoThroughTheDifferences) {
                           {"* The host is alive; it has no model to name", "* One"},
                           {"* The etcher names its model and software revision", "* Two"}}));
     EXPECT_EQ(window.lblCount.text(), "1 of 3");
-    hands.key(window.tvwProject, {kKeyF7, 0});
+    hands.key(window.tvwProject, {kDifferenceKey, 0});
     EXPECT_EQ(window.lblCount.text(), "2 of 3");
     click(window.cmdNext);
     EXPECT_EQ(window.lblCount.text(), "3 of 3");
     EXPECT_FALSE(window.cmdNext.enabled());
-    hands.key(window.tvwLeft, {kKeyF7, kShiftKey});
+    hands.key(window.tvwLeft, {kDifferenceKey, kShiftKey});
     EXPECT_EQ(window.lblCount.text(), "2 of 3");
 }
 
@@ -186,7 +188,7 @@ TEST_P(TakenRowByRow, TheProjectsAreEqualAndUndoBringsAllBack) {
     for (int most = 200; window.lblCount.text() != "No differences" && most > 0; --most) {
         states.push_back(dump());
         hands.key(window.tvwProject, {kKeyHome, 0});
-        hands.key(window.tvwProject, {kKeyF7, 0});
+        hands.key(window.tvwProject, {kDifferenceKey, 0});
         click(window.cmdTakeLeft);
         ASSERT_NE(dump(), states.back()) << noticed();
     }
