@@ -284,6 +284,10 @@ void frmCompare::take(std::size_t other) {
         return;
     project_.change(takeDifferences(open_, *this->other(other).project, wanted), "Take " + nameOfRow());
     follow();
+    // On to what is next in the place of what was taken.
+    const auto next = row_ ? std::lower_bound(stops_.begin(), stops_.end(), *row_) : stops_.end();
+    if (next != stops_.end())
+        select(*next);
 }
 
 // Where the value alone does not say enough, the whole of theirs is taken.
