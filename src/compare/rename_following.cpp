@@ -6,6 +6,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace zb {
 
@@ -42,12 +43,12 @@ void renameBlock(TRMessageRecord& record, const std::string& name) {
     if (!record.DataBlock())
         return;
     const SECSMessageRecord& block = *record.DataBlock();
-    const std::string& head = block.getNodeText();
+    const std::string_view head = block.getNodeText();
     const std::size_t colon = head.find(':');
-    if (colon == std::string::npos)
+    if (colon == std::string_view::npos)
         return;
     SECSMessageRecord renamed;
-    renamed.parseTexts(name + head.substr(colon), block.getDescription(), block.getBodyText());
+    renamed.parseTexts(name + std::string(head.substr(colon)), block.getDescription(), block.getBodyText());
     record.setDataBlock(std::move(renamed));
 }
 
