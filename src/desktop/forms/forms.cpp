@@ -78,12 +78,9 @@ constexpr std::array kForms{
 
 // The panes of the workbench, in the order of their buttons.
 constexpr std::array kPanes{
-    Form{"pnlHistory", &make<Ui::pnlHistory>},
-    Form{"pnlLog", &make<Ui::pnlLog>},
-    Form{"pnlProblems", &make<Ui::pnlProblems>},
-    Form{"pnlKeys", &make<Ui::pnlKeys>},
-    Form{"pnlMarks", &make<Ui::pnlMarks>},
-    Form{"pnlCompare", &make<Ui::pnlCompare>},
+    Form{"pnlHistory", &make<Ui::pnlHistory>},   Form{"pnlLog", &make<Ui::pnlLog>},
+    Form{"pnlProblems", &make<Ui::pnlProblems>}, Form{"pnlKeys", &make<Ui::pnlKeys>},
+    Form{"pnlMarks", &make<Ui::pnlMarks>},       Form{"pnlCompare", &make<Ui::pnlCompare>},
 };
 
 struct Share {
