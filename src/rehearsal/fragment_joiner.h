@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <list>
@@ -8,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace zb::rehearsal {
 
@@ -15,7 +15,10 @@ namespace zb::rehearsal {
 struct FragmentedPacket {
     std::string from, to; ///< the addresses
     std::uint32_t identification = 0;
-    auto operator<=>(const FragmentedPacket&) const = default;
+
+    bool operator<(const FragmentedPacket& other) const {
+        return std::tie(from, to, identification) < std::tie(other.from, other.to, other.identification);
+    }
 };
 
 /// One of the pieces of a packet.

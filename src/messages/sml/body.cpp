@@ -16,8 +16,7 @@ constexpr std::size_t kValueBound = 80;
 
 bool isNameCharacter(char c, ItemType type) {
     // A point among the values of a number item would be taken for one of its values.
-    return isLetter(c) || isDigit(c) || c == '_' ||
-           (c == '.' && (type == ItemType::List || isQuotedType(type)));
+    return isPlainNameCharacter(c) || (c == '.' && (type == ItemType::List || isQuotedType(type)));
 }
 
 bool isAllowedName(std::string_view name, ItemType type) {

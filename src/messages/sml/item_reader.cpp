@@ -23,7 +23,7 @@ std::string nameFromComment(std::string_view words) {
     std::size_t count = 1;
     bool apart = false;
     for (const char c : words) {
-        if (isLetter(c) || isDigit(c) || c == '_' || c == '.') {
+        if (isPlainNameCharacter(c) || c == '.') {
             count += apart ? 1 : 0;
             name += apart ? "_" : "";
             name += c;
@@ -83,7 +83,7 @@ bool ItemReader::attachNameAlone(const Comment& comment) {
     constexpr std::size_t kLongest = 32;
     Item& item = body_.item(lastItem_);
     if (item.nameLength > 0 || word.empty() || word.size() > kLongest || !isLetter(word.front()) ||
-        !std::all_of(word.begin(), word.end(), [](char c) { return isLetter(c) || isDigit(c) || c == '_'; }))
+        !std::all_of(word.begin(), word.end(), isPlainNameCharacter))
         return false;
     body_.setName(item, word);
     return true;
@@ -312,7 +312,24 @@ ItemReader::Step ItemReader::readBrackets(std::size_t index) {
     }
 }
 
+/// "[3]", as nearly all counts are; nothing, and nothing passed, for others.
+std::optional<std::size_t> ItemReader::passPlainCount() {
+    constexpr std::size_t kMostDigits = 5;
+    std::size_t number = 0;
+    std::size_t ahead = 1;
+    for (; ahead <= kMostDigits && isDigit(scanner_.peek(ahead)); ++ahead)
+        number = number * 10 + static_cast<std::size_t>(scanner_.peek(ahead) - '0');
+    if (ahead == 1 || scanner_.peek(ahead) != ']')
+        return std::nullopt;
+    scanner_.advance(ahead + 1);
+    return number;
+}
+
 ItemReader::Step ItemReader::readBracket(std::size_t index) {
+    if (const std::optional<std::size_t> number = passPlainCount()) {
+        body_.item(index).count = {Count::Kind::Fixed, *number};
+        return Step::Next;
+    }
     constexpr std::size_t kLongest = 200;
     const std::size_t offset = scanner_.offset();
     const std::string_view reach = scanner_.text().substr(offset + 1, kLongest);

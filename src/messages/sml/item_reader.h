@@ -45,6 +45,7 @@ private:
     Step openItem();
     Step openUntypedItem(std::size_t offset, std::string_view word);
     Step readBrackets(std::size_t index);
+    std::optional<std::size_t> passPlainCount();
     Step readBracket(std::size_t index);
     bool applyBound(Item& item, std::string_view words);
     bool applyRange(Item& item, std::string_view words, std::size_t offset);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace zb::sml {
 
@@ -32,8 +33,15 @@ std::size_t Scanner::pastSpace(std::size_t offset) {
     const char* at = text_.data() + offset;
     const char* const end = text_.data() + text_.size();
     for (; at != end; ++at) {
-        if (*at == ' ')
-            continue; // most of it is indentation
+        if (*at == ' ') {
+            // Most of it is indentation, which is passed eight blanks at a time.
+            constexpr std::string_view kBlanks = "        ";
+            while (static_cast<std::size_t>(end - at) > kBlanks.size() &&
+                   std::memcmp(at, kBlanks.data(), kBlanks.size()) == 0)
+                at += kBlanks.size();
+            if (*at == ' ')
+                continue;
+        }
         if (*at == '\n') {
             passedLineEnd_ = true;
             ++lineEnds_;
