@@ -1,12 +1,14 @@
 #include "desktop/binders/dragging.h"
 
 #include "desktop/binders/binder.h"
+#include "desktop/file_drops.h"
 #include "desktop/qt_text.h"
 
 #include <QClipboard>
 #include <QDrag>
 #include <QDropEvent>
 #include <QGuiApplication>
+#include <QMainWindow>
 #include <QMimeData>
 #include <QPainter>
 #include <QPixmap>
@@ -139,7 +141,11 @@ bool followDrag(const Binding& binding, QWidget& target, QEvent& event) {
         return false;
     }
     auto& drop = static_cast<QDropEvent&>(event);
-    const bool takes = binding.drag || drop.mimeData()->hasText() || takesPicture(target, *drop.mimeData());
+    // A file of ours is meant for the window.
+    const bool opens = !binding.drag && !droppedFile(*drop.mimeData()).empty() &&
+                       qobject_cast<QMainWindow*>(target.window()) != nullptr;
+    const bool takes =
+        !opens && (binding.drag || drop.mimeData()->hasText() || takesPicture(target, *drop.mimeData()));
     if (takes)
         drop.acceptProposedAction();
     else

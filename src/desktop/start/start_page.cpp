@@ -2,6 +2,7 @@
 
 #include "controls/desktop.h"
 #include "desktop/binders/binder.h"
+#include "desktop/file_drops.h"
 #include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
 #include "desktop/start/example_project.h"
@@ -27,6 +28,7 @@ StartPage::StartPage(frmMain& main, QWidget& place, Binding& binding) : main_(ma
     if (frmWorkbench* strip = workbench(); strip != nullptr)
         strip->notices.onChanged = [this] { showOffers(); };
     showOffers();
+    drops_ = std::make_unique<FileDrops>(*place.window(), *this, binding);
 }
 
 StartPage::~StartPage() {
@@ -88,8 +90,12 @@ void StartPage::openExample() {
                                  BoxIcon::Exclamation);
         return;
     }
-    nextFile_ = copy->string();
-    binding_.hands.click(Target::whole(main_.mnuOpen));
+    openBy(main_.mnuOpen, copy->string());
+}
+
+void StartPage::openBy(Control& entry, const std::string& file) {
+    nextFile_ = file;
+    binding_.hands.click(Target::whole(entry));
     nextFile_.clear();
 }
 

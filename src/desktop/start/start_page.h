@@ -9,6 +9,8 @@ class QWidget;
 
 namespace zb {
 
+class Control;
+class FileDrops;
 class StartPanel;
 class frmMain;
 class frmWorkbench;
@@ -26,6 +28,8 @@ public:
     void follow(bool documentShown);
     /// The file that answers a file dialog instead of the user; empty to ask the user.
     std::string takeFile();
+    /// Chooses an entry whose command asks for a file, and answers with this one.
+    void openBy(Control& entry, const std::string& file);
 
     /// Asks for the folder of the example copy; empty for none.
     std::function<std::string()> pickFolder;
@@ -41,6 +45,7 @@ private:
     frmMain& main_;
     Binding& binding_;
     std::unique_ptr<StartPanel> panel_;
+    std::unique_ptr<FileDrops> drops_;
     std::string nextFile_;
 };
 

@@ -1,0 +1,77 @@
+#include "desktop/models/node_tree_view.h"
+#include "platform/text_file.h"
+#include "screen/support/program_on_screen.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMimeData>
+#include <QUrl>
+
+#include <filesystem>
+#include <fstream>
+
+namespace zb::test {
+namespace {
+
+struct FilesDropped : ::testing::Test {
+    FilesDropped() {
+        std::ofstream(folder.path() / "a.sml") << "S1F1 W\n.\n";
+        std::filesystem::create_directories(folder.path() / "P");
+        writeFile(folder.path() / "P" / "P.zbp",
+                  encodeUtf16("\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n"
+                              "A: S1 F1 H->E\r\n"));
+        program.application.start("");
+    }
+
+    QWidget& tree() {
+        return *program.widget<NodeTreeView>(program.application.frmSECSEditor, "tvwEdit").viewport();
+    }
+
+    void drop(QWidget& target, const char* name) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString((folder.path() / name).string()))});
+        const QPoint place(4, 4);
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&target, &enter);
+        QDropEvent fall(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&target, &fall);
+        program.settle();
+        QCoreApplication::processEvents();
+    }
+
+    TemporaryFolder folder;
+    ProgramOnScreen program{"/"};
+};
+
+TEST_F(FilesDropped, AProjectOpensWhereverItFalls) {
+    program.settle();
+    drop(*program.screen.mainWindow(), "P/P.zbp");
+    EXPECT_EQ(program.application.ProjectName, "P");
+    EXPECT_NE(program.application.frmSECSEditor.liveTree().find("A"), nullptr);
+}
+
+TEST_F(FilesDropped, DefinitionsOnTheTreeOpenAsTheLibrary) {
+    program.application.showEditor();
+    program.settle();
+    drop(tree(), "a.sml");
+    EXPECT_TRUE(program.application.frmSECSEditor.libraryMenu.mnuLIBSML.checked());
+    EXPECT_EQ(program.application.frmSECSEditor.lvwSource.count(), 1U);
+    EXPECT_EQ(program.application.frmSECSEditor.liveTree().count(), 0U);
+}
+
+TEST_F(FilesDropped, WithoutAnEditorThereIsNoLibraryToOpen) {
+    program.settle();
+    drop(*program.screen.mainWindow(), "a.sml");
+    EXPECT_FALSE(program.application.frmSECSEditor.libraryMenu.mnuLIBSML.checked());
+    EXPECT_EQ(program.application.frmWorkbench.notices.lblNotice.text(),
+              "A library is opened in the editor: open a project first");
+}
+
+} // namespace
+} // namespace zb::test
