@@ -74,7 +74,7 @@ void SharedNodes::pasteNodes(std::string_view nodes) {
         for (const SECSMessageRecord& record : records)
             pointers.push_back(&record);
         const std::size_t added = add(pointers);
-        report(added, records.size() - added, "their names are taken");
+        report(added, records.size() - added, added < records.size() ? "their names are taken" : "");
         return;
     }
     if (messages && selected->parent() != nullptr)
@@ -94,8 +94,11 @@ void SharedNodes::pasteText(std::string_view text) {
     const auto records = read.getMessages();
     const std::size_t added = add(records);
     std::string fault = added < records.size() ? "their names are taken" : "";
-    if (!read.findings().empty())
-        fault = textOf(read.findings().front());
+    if (const Findings& findings = read.findings(); !findings.empty()) {
+        fault = textOf(findings.front());
+        if (findings.size() > 1)
+            fault += ", and " + std::to_string(findings.size() - 1) + " more";
+    }
     report(added, records.size() - added + read.unread(), fault);
 }
 
@@ -109,7 +112,7 @@ void SharedNodes::pasteList(const std::vector<std::string>& names) {
             records.push_back(&bare.emplace_back(bareMessage(name)));
     }
     const std::size_t added = add(records);
-    report(added, records.size() - added, "their names are taken");
+    report(added, records.size() - added, added < records.size() ? "their names are taken" : "");
 }
 
 std::size_t SharedNodes::add(const std::vector<const SECSMessageRecord*>& records) {
@@ -133,7 +136,7 @@ void SharedNodes::report(std::size_t added, std::size_t left, const std::string&
     std::string text = added == 0 && left == 0 ? "Nothing pasted" : messagesText(added) + " pasted";
     if (left > 0)
         text += ", " + std::to_string(left) + " not";
-    if (!fault.empty() && (left > 0 || added == 0))
+    if (!fault.empty())
         text += ": " + fault;
     window_.desktop().post({text, {}});
 }
