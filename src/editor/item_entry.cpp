@@ -85,8 +85,10 @@ bool ItemEntry::chooseType(int button) {
     fire(window_.tbritemType.onButtonClick,
          window_.tbritemType.buttons()[static_cast<std::size_t>(button) - 1]);
     // The value of what was a list can be entered only after the item was shown again.
-    const Desktop::FocusStays stays(window_.desktop());
-    window_.treeInteraction.nodeClick();
+    if (!window_.txtInit.enabled() && window_.itemPane.getSelectedItemType() != "L") {
+        const Desktop::FocusStays stays(window_.desktop());
+        window_.treeInteraction.nodeClick();
+    }
     return true;
 }
 

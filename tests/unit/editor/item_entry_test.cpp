@@ -105,5 +105,45 @@ TEST_F(ItemEntryTest, ANameThatIsRefusedKeepsTheKeyboard) {
     EXPECT_TRUE(window.txtItemName.focused());
 }
 
+// What docs/guide.md says about the keys that a remote command takes.
+TEST_F(ItemEntryTest, ARemoteCommandWithThreeParametersTakes28KeysBesideItsNames) {
+    int keys = 0;
+    const auto strike = [&](std::initializer_list<KeyEvent> struck) {
+        for (const KeyEvent key : struck) {
+            ASSERT_EQ(hands.key(*window.focusControl(), key), "");
+            ++keys;
+        }
+    };
+    const auto name = [&](const std::string& text) { type(window.txtItemName, text); };
+    const KeyEvent list{'1', kControlKey};
+    const KeyEvent ascii{'2', kControlKey};
+    const KeyEvent after{kKeyEnter, kControlKey};
+    const KeyEvent below{kKeyEnter, kControlKey | kShiftKey};
+    strike({{kKeyInsert, 0}});
+    name("CMD");
+    strike({list, below});
+    name("RCMD");
+    strike({ascii, after});
+    name("PARAMS");
+    strike({list, below});
+    for (const std::string number : {"1", "2", "3"}) {
+        if (number != "1")
+            strike({{kKeyEscape, 0}, {kKeyLeft, 0}, {kKeyInsert, 0}});
+        name("P" + number);
+        strike({list, below});
+        name("CPNAME" + number);
+        strike({ascii, after});
+        name("CPVAL" + number);
+        strike({ascii});
+    }
+    EXPECT_EQ(keys, 28);
+    std::string texts;
+    for (int index = 7; tree().at(index) != nullptr; ++index)
+        texts += tree().at(index)->text() + "|";
+    EXPECT_EQ(texts, "L 2 CMD|A 1 RCMD ''|L 3 PARAMS|L 2 P1|A 1 CPNAME1 ''|A 1 CPVAL1 ''|L 2 P2|"
+                     "A 1 CPNAME2 ''|A 1 CPVAL2 ''|L 2 P3|A 1 CPNAME3 ''|A 1 CPVAL3 ''|");
+    expectNoBox();
+}
+
 } // namespace
 } // namespace zb
