@@ -81,6 +81,20 @@ bool ProjectLifecycle::openProject(const std::string& path) {
     return true;
 }
 
+bool ProjectLifecycle::openFile(const std::string& path) {
+    const std::pair before(app_.ProjectName, app_.ProjectPath);
+    auto [folder, name] = splitProjectPath(path);
+    app_.ProjectName = std::move(name);
+    app_.ProjectPath = std::move(folder);
+    if (!openProject(path)) {
+        std::tie(app_.ProjectName, app_.ProjectPath) = before;
+        return false;
+    }
+    app_.frmMain.enableProjectButtons();
+    app_.showEditor();
+    return true;
+}
+
 void ProjectLifecycle::openRecovered(const std::string& path, Project project) {
     auto [folder, name] = splitProjectPath(path);
     app_.ProjectName = std::move(name);

@@ -22,6 +22,9 @@ public:
     /// With a blank path it asks for one. True when a project was opened. When the user cancels the reading
     /// of a large one, the project that was open before stays open.
     bool openProject(const std::string& path = {});
+    /// Opens the project file at this path and shows it. False, with what was open before, when the user
+    /// cancels the reading.
+    bool openFile(const std::string& path);
     /// Shows unsaved work on the project file at this path, in place of the open project.
     void openRecovered(const std::string& path, Project project);
     /// Where the versions of the open project are kept; empty for one that goes with its folder.

@@ -71,15 +71,28 @@ void ProjectVersions::userReturned() {
     const bool isGone = state == DiskWatch::State::Gone;
     // Each change is reported once. A save still reports what it replaces, unless the user has decided.
     reported_.take(watched_);
-    Notice notice{nameOf(watched_) +
-                      (isGone ? " was removed by another program" : " was changed by another program"),
-                  {},
-                  kDisk,
-                  Notice::Stays::UntilClosed};
-    if (!isGone)
-        notice.actions.push_back({"Reload", [this] { reload(); }});
-    notice.actions.push_back({"Keep mine", [this] { takeAsSeen(); }});
-    app_.desktop.post(std::move(notice));
+    if (isGone)
+        app_.desktop.post({nameOf(watched_) + " was removed by another program",
+                           {{"Keep mine", [this] { takeAsSeen(); }}},
+                           kDisk,
+                           Notice::Stays::UntilClosed});
+    else
+        offerReload();
+}
+
+void ProjectVersions::offerReload() {
+    app_.desktop.post({nameOf(watched_) + " was changed by another program",
+                       {{"Reload", [this] { reload(); }},
+                        {"Compare", [this] { compareWithDisk(); }},
+                        {"Keep mine", [this] { takeAsSeen(); }}},
+                       kDisk,
+                       Notice::Stays::UntilClosed});
+}
+
+// The user still has to decide afterwards.
+void ProjectVersions::compareWithDisk() {
+    app_.comparisons.compareWithFile(watched_, nameOf(watched_) + " on disk");
+    offerReload();
 }
 
 void ProjectVersions::saved(const std::string& path, std::string_view text, bool replaced) {

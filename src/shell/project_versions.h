@@ -41,7 +41,9 @@ public:
 
 private:
     ProjectHistory history() const;
+    void offerReload();
     void reload();
+    void compareWithDisk();
     /// The file is as it should be.
     void takeAsSeen();
     void bringBack(int number);

@@ -202,12 +202,13 @@ void WorkKeeper::reportOther(const ProjectHolder& other) {
 }
 
 void WorkKeeper::offer(const SessionTrace& trace) {
-    app_.desktop.post(
-        {"Unsaved work on " + nameOf(trace.project) + " of " + localTime(trace.workTime) +
-             " was found after a crash",
-         {{"Recover", [this, trace] { recover(trace); }}, {"Discard", [this, trace] { discard(trace); }}},
-         topicOf(trace),
-         Notice::Stays::UntilClosed});
+    app_.desktop.post({"Unsaved work on " + nameOf(trace.project) + " of " + localTime(trace.workTime) +
+                           " was found after a crash",
+                       {{"Recover", [this, trace] { recover(trace); }},
+                        {"Compare", [this, trace] { compare(trace); }},
+                        {"Discard", [this, trace] { discard(trace); }}},
+                       topicOf(trace),
+                       Notice::Stays::UntilClosed});
 }
 
 void WorkKeeper::recover(const SessionTrace& trace) {
@@ -216,8 +217,7 @@ void WorkKeeper::recover(const SessionTrace& trace) {
         app_.desktop.post({"The work cannot be read: " + work.error().description});
         return;
     }
-    const bool mayReplace = isBlank(app_.ProjectName) || isSaved() || app_.projects.mayGoOn();
-    if (!mayReplace) {
+    if (!mayReplace()) {
         offer(trace);
         return;
     }
@@ -231,6 +231,22 @@ void WorkKeeper::recover(const SessionTrace& trace) {
         session_.remove(trace);
     app_.desktop.withdraw(topicOf(trace));
     app_.desktop.post({"Recovered " + nameOf(trace.project) + "; it is not saved yet"});
+}
+
+bool WorkKeeper::mayReplace() const {
+    return isBlank(app_.ProjectName) || isSaved() || app_.projects.mayGoOn();
+}
+
+// The project is opened as it is in its file. The user still has to decide afterwards.
+void WorkKeeper::compare(const SessionTrace& trace) {
+    const bool isOpen = trace.project == project_;
+    if (!isOpen && (!mayReplace() || !app_.projects.openFile(trace.project))) {
+        offer(trace);
+        return;
+    }
+    app_.comparisons.compareWithFile(trace.work.string(), "unsaved work on " + nameOf(trace.project) +
+                                                              " of " + localTime(trace.workTime));
+    offer(trace);
 }
 
 void WorkKeeper::discard(const SessionTrace& trace) {

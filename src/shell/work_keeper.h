@@ -74,6 +74,9 @@ private:
     void reportOther(const ProjectHolder& other);
     void offer(const SessionTrace& trace);
     void recover(const SessionTrace& trace);
+    void compare(const SessionTrace& trace);
+    /// Asks what becomes of unsaved work; false when the user cancels.
+    bool mayReplace() const;
     void discard(const SessionTrace& trace);
 
     Application& app_;

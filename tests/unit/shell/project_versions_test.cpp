@@ -88,6 +88,17 @@ TEST_F(VersionsTest, AChangeOnDiskIsToldOnceAndCanBeReloaded) {
     EXPECT_FALSE(application.work.isSaved());
 }
 
+TEST_F(VersionsTest, AChangeOnDiskIsComparedBeforeTheUserDecides) {
+    changeByAnother();
+    application.versions.userReturned();
+    press(1, "Compare");
+    EXPECT_TRUE(application.frmCompare.visible());
+    EXPECT_TRUE(has("AreYouThere"));
+    EXPECT_EQ(shown(), "Etcher.zbp was changed by another program");
+    press(0, "Reload");
+    EXPECT_TRUE(has("AreYouWhere"));
+}
+
 TEST_F(VersionsTest, AFileThatIsNoProjectIsNotReloaded) {
     addMessage("1");
     writeFile(project(), "no project");
@@ -103,7 +114,7 @@ TEST_F(VersionsTest, KeepMineChangesNothing) {
     changeByAnother();
     addMessage("1");
     application.versions.userReturned();
-    press(1, "Keep mine");
+    press(2, "Keep mine");
     EXPECT_TRUE(has("S99F1"));
     EXPECT_EQ(shown(), "");
     application.versions.userReturned();

@@ -136,7 +136,7 @@ TEST_F(WorkKeeperTest, DiscardRemovesTheWork) {
     wait(*program);
     program.reset();
     const auto next = start(project());
-    press(*next, 1, "Discard");
+    press(*next, 2, "Discard");
     EXPECT_EQ(kept().size(), 0U);
     EXPECT_FALSE(has(*next, "S99F1"));
     EXPECT_EQ(shown(*next), "");
@@ -249,6 +249,22 @@ TEST_F(WorkKeeperTest, ASecondProgramOnAProjectIsNamed) {
     EXPECT_EQ(shown(*first), "");
     EXPECT_THAT(shown(*second), HasSubstr("Etcher is also open in another program (process " +
                                           std::to_string(files.processId()) + " on "));
+}
+
+TEST_F(WorkKeeperTest, UnsavedWorkIsComparedWithTheFileBeforeTheUserDecides) {
+    auto program = start(project());
+    addMessage(*program, "1");
+    wait(*program);
+    program.reset();
+
+    const auto next = start({});
+    press(*next, 1, "Compare");
+    EXPECT_EQ(next->application.ProjectName, "Etcher");
+    EXPECT_FALSE(has(*next, "S99F1")) << "the file is open, and not the work";
+    EXPECT_TRUE(next->application.frmCompare.visible());
+    EXPECT_THAT(shown(*next), HasSubstr("Unsaved work on Etcher of 20"));
+    press(*next, 0, "Recover");
+    EXPECT_TRUE(has(*next, "S99F1"));
 }
 
 } // namespace
