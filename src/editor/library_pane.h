@@ -32,6 +32,8 @@ public:
     void setApplicationFolder(std::string folder) { applicationFolder_ = std::move(folder); }
 
     const SECSLibraryStore& library() const { return *library_; }
+    /// The name of the loaded library.
+    const std::string& name() const { return panelText_; }
     /// What is said of the file.
     LibraryNotice& notice() { return notice_; }
 

@@ -1,6 +1,7 @@
 #include "workbench/compare_pane.h"
 
 #include "controls/desktop.h"
+#include "editor/frm_sec_editor.h"
 #include "platform/text.h"
 #include "project/module_state.h"
 #include "workbench/compare_door.h"
@@ -13,6 +14,13 @@ ComparePane::ComparePane(frmWorkbench& workbench)
     txtComparedWith.setToolTip("A project or a library, a kept version as Etcher.zbp@3, or a file of a git "
                                "revision as HEAD:Etcher.zbp");
     cmdChooseCompared.onClick = [this] { choose(); };
+    cmdCompareLibrary.setToolTip(
+        "Compare the messages of the open project with the library that the editor lists");
+    cmdCompareLibrary.onClick = [this] {
+        const LibraryPane& library = this->workbench().services().editor.libraryPane;
+        this->workbench().services().compare.compareWithLibrary(library.name(),
+                                                                library.library().getMessages());
+    };
     cmdCompareWith.onClick = [this] { compare(); };
     txtComparedWith.onKeyUp = [this](KeyEvent key) {
         if (key.code == kKeyEnter)

@@ -15,6 +15,7 @@ public:
     TextField txtComparedWith{window(), "txtComparedWith", &pane};
     Button cmdChooseCompared{window(), "cmdChooseCompared", "&File...", &pane};
     Button cmdCompareWith{window(), "cmdCompareWith", "&Compare", &pane};
+    Button cmdCompareLibrary{window(), "cmdCompareLibrary", "With the &library", &pane};
 
 private:
     void choose();
