@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <ranges>
 #include <string>
 #include <utility>
 #include <vector>
@@ -145,8 +144,9 @@ private:
         };
         std::vector<Task> tasks;
         const auto addChildren = [&](const UnitedPlaces& list, std::size_t level) {
-            const std::vector<UnitedPlaces> children = childrenOf(list);
-            for (const UnitedPlaces& child : std::views::reverse(children))
+            std::vector<UnitedPlaces> children = childrenOf(list);
+            std::reverse(children.begin(), children.end());
+            for (const UnitedPlaces& child : children)
                 tasks.push_back({child, level});
         };
         addChildren({}, kPartLevel + 1); // the roots

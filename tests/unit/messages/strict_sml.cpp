@@ -16,12 +16,12 @@ struct Range {
 };
 
 const std::map<std::string, Range>& ranges() {
-    static const std::map<std::string, Range> known{
+    static const std::map<std::string, Range> kKnown{
         {"I1", {-128, 127}},        {"I2", {-32768, 32767}}, {"I4", {-2147483648.0, 2147483647.0}},
         {"I8", {-9.3e18, 9.3e18}},  {"U1", {0, 255}},        {"U2", {0, 65535}},
         {"U4", {0, 4294967295.0}},  {"U8", {0, 1.9e19}},     {"F4", {-3.5e38, 3.5e38}},
         {"F8", {-1.7e308, 1.7e308}}};
-    return known;
+    return kKnown;
 }
 
 class StrictReader {
