@@ -1,9 +1,8 @@
 #include "desktop/desktop_screen.h"
 #include "desktop/guarded_application.h"
-#include "desktop/keep_painting.h"
 #include "desktop/program_folders.h"
 #include "desktop/qt_text.h"
-#include "outputs/zelto_generator.h"
+#include "desktop/watched_generator.h"
 #include "platform/end_requests.h"
 #include "platform/file_layer.h"
 #include "platform/process_signals.h"
@@ -51,7 +50,7 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(screen.pictures().icon("zeltobench"));
     zb::SettingsStore settings(zb::settingsFolder());
     zb::SystemFileLayer files;
-    zb::ZeltoGenerator generator(settings, zb::keepPainting, zb::programFolder());
+    zb::WatchedGenerator generator(settings, zb::programFolder(), [&screen] { return screen.mainWindow(); });
     zb::Application application(screen, settings, files, generator, zb::programFolders());
     qt.onOutOfMemory = [&application] { application.projects.reportOutOfMemory(); };
     screen.onEnd = [] { QApplication::quit(); };

@@ -104,11 +104,8 @@ std::string ZeltoGenerator::generate(const std::string& projectFile) {
     else
         success_ = outcome.end == End::Exited && outcome.number == 0 ? Success::Yes : Success::Failed;
 
-    const CodePage codePage =
-        chooseCodePage(settings_.readRegValue(kSettingsKey, kAnsiCodePage), localeName());
     const bool cut = outcome.droppedBytes > 0;
-    std::string text =
-        plainLines(decodeText(cut ? wholeCharacters(outcome.output) : outcome.output, codePage));
+    std::string text = shown(cut ? wholeCharacters(outcome.output) : outcome.output);
     const std::string description = describe(arguments, outcome);
     if (!text.empty() && !description.empty())
         text += "\r\n";
@@ -118,13 +115,33 @@ std::string ZeltoGenerator::generate(const std::string& projectFile) {
 /// Runs the command. A generator that nobody named, and that is not on the path, is searched next to the
 /// running program.
 ProcessOutcome ZeltoGenerator::run(std::vector<std::string>& arguments) const {
-    const ProcessLimits limits{timeLimit(), kFarewell, kOutputBytes};
-    ProcessOutcome outcome = runProcess(arguments, limits, keepAlive_);
+    ProcessOutcome outcome = runWatched(arguments);
     const bool isMissing = outcome.end == ProcessOutcome::End::NotStarted && outcome.number == ENOENT;
     if (!isMissing || programs_.empty() || !commandWords(userSetting(settings_, kGeneratorCommand)).empty())
         return outcome;
     arguments.front() = (programs_ / kGeneratorProgram).string();
-    return runProcess(arguments, limits, keepAlive_);
+    return runWatched(arguments);
+}
+
+ProcessOutcome ZeltoGenerator::runWatched(const std::vector<std::string>& arguments) const {
+    std::size_t told = 0;
+    const auto watch = [&](std::string_view output) {
+        const std::size_t end = output.rfind('\n') + 1; // 0 without a line
+        std::string lines;
+        if (end > told) {
+            lines = shown(output.substr(told, end - told));
+            told = end;
+        }
+        return watch_(lines);
+    };
+    const ProcessLimits limits{timeLimit(), kFarewell, kOutputBytes};
+    return runProcess(arguments, limits, watch_ ? ProcessWatch(watch) : ProcessWatch());
+}
+
+std::string ZeltoGenerator::shown(std::string_view output) const {
+    const CodePage codePage =
+        chooseCodePage(settings_.readRegValue(kSettingsKey, kAnsiCodePage), localeName());
+    return plainLines(decodeText(std::string(output), codePage));
 }
 
 std::chrono::seconds ZeltoGenerator::timeLimit() const {
@@ -151,6 +168,8 @@ std::string ZeltoGenerator::describe(const std::vector<std::string>& arguments,
     } else if (outcome.end == End::TimedOut) {
         sentences.push_back("The generator was ended because it ran for more than " + inSeconds(timeLimit()) +
                             ".");
+    } else if (outcome.end == End::Stopped) {
+        sentences.emplace_back("The generator was stopped.");
     } else if (outcome.end == End::Signalled) {
         sentences.push_back("The generator was ended by signal " + describeSignal(outcome.number) + ".");
     } else if (outcome.number != 0) {

@@ -28,11 +28,14 @@ std::vector<std::string> commandWords(std::string_view command);
 /// after the seconds of the setting `GeneratorTimeLimit`, by default after ten minutes.
 class ZeltoGenerator final : public Generator {
 public:
-    /// `keepAlive` is called many times a second while the generator runs.
+    /// Called many times a second while the generator runs, with the lines that it has written since the last
+    /// call, as plain text; false ends it.
+    using Watch = std::function<bool(const std::string& lines)>;
+
     /// `programs` is the folder of the running program.
-    explicit ZeltoGenerator(const SettingsStore& settings, std::function<void()> keepAlive = {},
+    explicit ZeltoGenerator(const SettingsStore& settings, Watch watch = {},
                             std::filesystem::path programs = {})
-        : settings_(settings), keepAlive_(std::move(keepAlive)), programs_(std::move(programs)) {}
+        : settings_(settings), watch_(std::move(watch)), programs_(std::move(programs)) {}
 
     std::string generate(const std::string& projectFile) override;
 
@@ -42,11 +45,13 @@ public:
 
 private:
     ProcessOutcome run(std::vector<std::string>& arguments) const;
+    ProcessOutcome runWatched(const std::vector<std::string>& arguments) const;
+    std::string shown(std::string_view output) const;
     std::chrono::seconds timeLimit() const;
     std::string describe(const std::vector<std::string>& arguments, const ProcessOutcome& outcome) const;
 
     const SettingsStore& settings_;
-    std::function<void()> keepAlive_;
+    Watch watch_;
     std::filesystem::path programs_;
     Success success_ = Success::NotStarted;
 };

@@ -30,6 +30,7 @@ Result<std::string, GitFault> runGit(const std::vector<std::string>& arguments) 
     case ProcessOutcome::End::NotStarted:
         return GitFault{"git cannot be started: " + describeSystemError(outcome.number)};
     case ProcessOutcome::End::TimedOut:
+    case ProcessOutcome::End::Stopped:
         return GitFault{"git did not end within a minute"};
     case ProcessOutcome::End::Signalled:
         return GitFault{"git was ended by signal " + describeSignal(outcome.number)};

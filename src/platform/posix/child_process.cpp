@@ -139,15 +139,15 @@ public:
         return error == 0 || failed(error);
     }
 
-    void waitForEnd(const std::function<void()>& keepAlive) {
+    void waitForEnd(const ProcessWatch& watch) {
         const auto last = Clock::now() + limits_.time;
         while (!hasEnded()) {
             timedOut_ = Clock::now() >= last;
-            if (timedOut_ || signals_.hasCome()) {
-                endGroup(keepAlive);
+            if (timedOut_ || stopped_ || signals_.hasCome()) {
+                endGroup(watch);
                 break;
             }
-            turn(keepAlive);
+            turn(watch);
         }
         read();
         reap();
@@ -168,12 +168,12 @@ private:
                information.si_pid == process_;
     }
 
-    void turn(const std::function<void()>& keepAlive) {
+    void turn(const ProcessWatch& watch) {
         pollfd watched{output_.number(), POLLIN, 0};
         ::poll(&watched, output_.isOpen() ? 1 : 0, static_cast<int>(kTurn.count()));
         read();
-        if (keepAlive)
-            keepAlive();
+        if (watch && !watch(outcome_.output))
+            stopped_ = true;
     }
 
     /// Reads the contents of the pipe, for a limited time: a program that writes without end must not block
@@ -200,11 +200,11 @@ private:
         outcome_.droppedBytes += size - kept;
     }
 
-    void endGroup(const std::function<void()>& keepAlive) {
+    void endGroup(const ProcessWatch& watch) {
         ::kill(-process_, SIGTERM);
         const auto last = Clock::now() + limits_.farewell;
         while (!hasEnded() && Clock::now() < last)
-            turn(keepAlive);
+            turn(watch);
         ::kill(-process_, SIGKILL);
     }
 
@@ -212,7 +212,9 @@ private:
         int status = 0;
         while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
         }
-        if (timedOut_)
+        if (stopped_)
+            outcome_.end = ProcessOutcome::End::Stopped;
+        else if (timedOut_)
             outcome_.end = ProcessOutcome::End::TimedOut;
         else
             outcome_.end = WIFEXITED(status) ? ProcessOutcome::End::Exited : ProcessOutcome::End::Signalled;
@@ -225,19 +227,20 @@ private:
     Descriptor output_;
     pid_t process_ = -1;
     bool timedOut_ = false;
+    bool stopped_ = false;
 };
 
 } // namespace
 
 ProcessOutcome runProcess(const std::vector<std::string>& arguments, const ProcessLimits& limits,
-                          const std::function<void()>& keepAlive) {
+                          const ProcessWatch& watch) {
     ProcessOutcome outcome;
     outcome.number = ENOENT;
     if (arguments.empty() || arguments.front().empty())
         return outcome;
     Run run(limits, outcome);
     if (run.start(arguments))
-        run.waitForEnd(keepAlive);
+        run.waitForEnd(watch);
     return outcome;
 }
 

@@ -75,7 +75,13 @@ protected:
     test::TemporaryFolder folder_;
     SettingsStore settings_ = SettingsStore::inMemory();
     int turns_ = 0;
-    ZeltoGenerator generator_{settings_, [this] { ++turns_; }};
+    std::string watched_;
+    std::string stopAt_;
+    ZeltoGenerator generator_{settings_, [this](const std::string& lines) {
+                                  ++turns_;
+                                  watched_ += lines.empty() ? "" : lines + "|";
+                                  return stopAt_.empty() || watched_.find(stopAt_) == std::string::npos;
+                              }};
     double seconds_ = 0;
 };
 
@@ -228,6 +234,22 @@ TEST_F(GeneratorRun, IsNotWaitedForByItsChildren) {
 TEST_F(GeneratorRun, KeepsTheCallerAlive) {
     run("sleep 0.5");
     EXPECT_GT(turns_, 5);
+}
+
+TEST_F(GeneratorRun, ShowsItsLinesWhileItRuns) {
+    stopAt_ = "never";
+    run("echo one; sleep 0.2; printf 'two\\nthr'; sleep 0.2; echo ee; sleep 0.2");
+    EXPECT_EQ(watched_, "one|two|three|");
+}
+
+TEST_F(GeneratorRun, IsStoppedWithItsChildren) {
+    const std::string file = (folder_ / "pid").string();
+    stopAt_ = "started";
+    EXPECT_EQ(run("sleep 60 & echo $! >" + file + "; echo started; wait; echo done"),
+              "started\r\nThe generator was stopped.");
+    EXPECT_LT(seconds_, 15);
+    EXPECT_EQ(generator_.success(), Success::Failed);
+    expectEnded(file);
 }
 
 TEST_F(GeneratorRun, StartsWithOrdinarySignals) {
