@@ -11,11 +11,11 @@ class ComparePane final : public WorkbenchPane {
 public:
     explicit ComparePane(frmWorkbench& workbench);
 
-    Label lblComparedWith{window(), "lblComparedWith", "Compare the open project &with", &pane};
+    Label lblComparedWith{window(), "lblComparedWith", "Compare the open project with", &pane};
     TextField txtComparedWith{window(), "txtComparedWith", &pane};
     Button cmdChooseCompared{window(), "cmdChooseCompared", "&File...", &pane};
     Button cmdCompareWith{window(), "cmdCompareWith", "&Compare", &pane};
-    Button cmdCompareLibrary{window(), "cmdCompareLibrary", "With the &library", &pane};
+    Button cmdCompareLibrary{window(), "cmdCompareLibrary", "With the librar&y", &pane};
 
 private:
     void choose();

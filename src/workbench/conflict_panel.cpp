@@ -27,8 +27,8 @@ std::string placeText(const MergeConflict& conflict) {
 ConflictPanel::ConflictPanel(Window& window)
     : pnlConflicts(window, "pnlConflicts", "Conflicts"), lvwConflicts(window, "lvwConflicts", &pnlConflicts),
       cmdOurs(window, "cmdOurs", "Take o&urs", &pnlConflicts),
-      cmdTheirs(window, "cmdTheirs", "Take &theirs", &pnlConflicts),
-      lblByHand(window, "lblByHand", "Or by &hand:", &pnlConflicts),
+      cmdTheirs(window, "cmdTheirs", "Take th&eirs", &pnlConflicts),
+      lblByHand(window, "lblByHand", "Or by han&d:", &pnlConflicts),
       txtByHand(window, "txtByHand", &pnlConflicts, TextField::Lines::Many),
       cmdByHand(window, "cmdByHand", "&Set", &pnlConflicts) {
     pnlConflicts.setVisible(false);

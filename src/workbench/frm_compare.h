@@ -57,7 +57,7 @@ public:
     /// What differs in the selected row, and what that does to the other side.
     Label lblDifference{*this, "lblDifference"};
     CheckBox chkOnlyDifferences{*this, "chkOnlyDifferences", "&Only differences"};
-    Button cmdPrevious{*this, "cmdPrevious", "&Previous"};
+    Button cmdPrevious{*this, "cmdPrevious", "Pre&vious"};
     Button cmdNext{*this, "cmdNext", "&Next"};
     /// The place of the selected row among the differences: "2 of 5".
     Label lblCount{*this, "lblCount"};
