@@ -12,9 +12,13 @@
 #include "shell/application.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QProcess>
 #include <QSocketNotifier>
 #include <QTimer>
+
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -35,6 +39,30 @@ void startMerge(zb::Application& application) {
     application.start(zb::fromQt(words[5]));
     application.comparisons.solveMerge(zb::fromQt(words[2]), zb::fromQt(words[3]), zb::fromQt(words[4]));
 }
+
+/// The session asks the program to keep its work, and then to end. The work is kept by then, so that no
+/// question holds the session up.
+class SessionEnd final : public QObject {
+public:
+    explicit SessionEnd(std::function<void()> keep) : keep_(std::move(keep)) {}
+
+    void begin() {
+        hasBegun_ = true;
+        keep_();
+    }
+
+private:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (!hasBegun_ || event->type() != QEvent::Quit)
+            return false;
+        keep_();
+        QCoreApplication::exit();
+        return true;
+    }
+
+    std::function<void()> keep_;
+    bool hasBegun_ = false;
+};
 
 } // namespace
 
@@ -62,8 +90,10 @@ int main(int argc, char* argv[]) {
         application.work.keepNow();
         requests.obey();
     });
+    SessionEnd sessionEnd([&application] { application.work.keepNow(); });
+    qt.installEventFilter(&sessionEnd);
     QObject::connect(
-        &qt, &QGuiApplication::commitDataRequest, &qt, [&application] { application.work.keepNow(); },
+        &qt, &QGuiApplication::commitDataRequest, &qt, [&sessionEnd] { sessionEnd.begin(); },
         Qt::DirectConnection);
 
     QObject::connect(&qt, &QGuiApplication::applicationStateChanged, &qt, [&](Qt::ApplicationState state) {

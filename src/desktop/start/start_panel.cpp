@@ -130,6 +130,8 @@ void StartPanel::setOffers(std::vector<Offer> offers) {
         old->hide();
         old->deleteLater();
         old->setObjectName({});
+        for (QWidget* part : old->findChildren<QWidget*>())
+            part->setObjectName({});
     }
     for (Offer& offer : offers)
         addOffer(std::move(offer));
