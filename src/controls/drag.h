@@ -13,6 +13,7 @@ struct DragData {
     std::string text;
     Control* source = nullptr;
     Form form = Form::Text;
+    bool copied = false; ///< taken by the copy key, so that it can be put down several times
 };
 
 } // namespace zb

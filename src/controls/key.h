@@ -34,6 +34,7 @@ inline constexpr int kKeyDown = 40;
 inline constexpr int kKeyInsert = 45;
 inline constexpr int kKeyDelete = 46;
 inline constexpr int kKeyF1 = 112;
+inline constexpr int kKeyF2 = 113;
 inline constexpr int kKeyF3 = 114;
 /// A text that no key of a US keyboard enters: from another layout, a dead key or an input method.
 inline constexpr int kKeyForeignText = 229;

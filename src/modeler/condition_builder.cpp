@@ -2,6 +2,7 @@
 
 #include "controls/desktop.h"
 #include "messages/message_record.h"
+#include "model/condition.h"
 #include "model/condition_text.h"
 #include "modeler/frm_array_info.h"
 #include "platform/text.h"
@@ -9,6 +10,8 @@
 #include <algorithm>
 #include <charconv>
 #include <utility>
+#include <variant>
+#include <vector>
 
 namespace zb {
 
@@ -48,6 +51,20 @@ std::string nextId(const List& list, char letter) {
 void addRow(List& list, char letter, std::string condition) {
     const std::string id = nextId(list, letter);
     list.add(id, id).setCell(1, std::move(condition));
+}
+
+/// The id of the row with that condition, which is added when there is none.
+std::string rowOf(List& list, char letter, const std::string& condition) {
+    for (const auto& row : list.rows()) {
+        if (row->cell(1) == condition)
+            return row->text();
+    }
+    addRow(list, letter, condition);
+    return list.rows().back()->text();
+}
+
+std::string textOf(const Comparison& comparison) {
+    return simpleCondition(comparison.item.text(), comparison.isEqual ? "==" : "!=", comparison.value);
 }
 
 } // namespace
@@ -113,20 +130,73 @@ const ToolbarButton* ConditionBuilder::pressedButton(const Toolbar& bar) const {
     return pressed;
 }
 
-void ConditionBuilder::addSimpleCondition() {
+std::optional<std::string> ConditionBuilder::conditionOfFields() {
     const Combo& item = controls_.cmbDataItem;
     if (isBlank(item.text()) || isBlank(controls_.txtDataItemValue.text()))
-        return;
+        return std::nullopt;
     const ToolbarButton* comparison = pressedButton(controls_.tlbOperator1);
     if (comparison == nullptr || !formValue())
+        return std::nullopt;
+    return simpleCondition(item.text(), comparison->key(), controls_.txtDataItemValue.text());
+}
+
+void ConditionBuilder::addSimpleCondition() {
+    const std::optional<std::string> condition = conditionOfFields();
+    if (!condition)
         return;
-    const std::string condition =
-        simpleCondition(item.text(), comparison->key(), controls_.txtDataItemValue.text());
     const auto& rows = controls_.lvwSimpleCondition.rows();
-    if (std::any_of(rows.begin(), rows.end(), [&](const auto& row) { return row->cell(1) == condition; }))
-        refuseDuplicate(condition);
+    if (std::any_of(rows.begin(), rows.end(), [&](const auto& row) { return row->cell(1) == *condition; }))
+        refuseDuplicate(*condition);
     else
-        addRow(controls_.lvwSimpleCondition, 'S', condition);
+        addRow(controls_.lvwSimpleCondition, 'S', *condition);
+}
+
+bool ConditionBuilder::takeApart(std::string_view finished) {
+    const Condition condition = Condition::parse(finished);
+    if (condition.nodes().empty())
+        return false;
+    controls_.lvwSimpleCondition.clear();
+    controls_.lvwComplexCondition.clear();
+    std::vector<std::string> ids; // of the nodes
+    for (const ConditionNode& node : condition.nodes()) {
+        if (const auto* comparison = std::get_if<Comparison>(&node); comparison != nullptr) {
+            ids.push_back(rowOf(controls_.lvwSimpleCondition, 'S', textOf(*comparison)));
+        } else {
+            const auto& joined = std::get<Junction>(node);
+            const char* word = joined.word == Junction::Word::And ? " and " : " or ";
+            ids.push_back(
+                rowOf(controls_.lvwComplexCondition, 'C', ids[joined.left] + word + ids[joined.right]));
+        }
+    }
+    List& last = ids.back().starts_with('S') ? controls_.lvwSimpleCondition : controls_.lvwComplexCondition;
+    last.select(last.find(ids.back()));
+    return true;
+}
+
+bool ConditionBuilder::takeIntoFields() {
+    const ListRow* row = controls_.lvwSimpleCondition.selected();
+    if (row == nullptr)
+        return false;
+    const Condition condition = Condition::parse("(" + row->cell(1) + ")");
+    const auto* comparison =
+        condition.nodes().size() == 1 ? std::get_if<Comparison>(&condition.nodes().front()) : nullptr;
+    if (comparison == nullptr)
+        return false;
+    controls_.cmbDataItem.setText(comparison->item.text());
+    press(controls_.tlbOperator1, controls_.tlbOperator1.button(comparison->isEqual ? "==" : "!="));
+    // The apostrophes come back when the condition is made.
+    const bool quoted = conditionValueForm(typeOfDataItem()) == ConditionValueForm::Quoted;
+    controls_.txtDataItemValue.setText(quoted ? comparison->plainValue() : comparison->value);
+    controls_.txtDataItemValue.setFocus();
+    controls_.txtDataItemValue.selectAll();
+    return true;
+}
+
+void ConditionBuilder::replaceByFields() {
+    ListRow* row = controls_.lvwSimpleCondition.selected();
+    const std::optional<std::string> condition = row == nullptr ? std::nullopt : conditionOfFields();
+    if (condition)
+        row->setCell(1, *condition);
 }
 
 bool ConditionBuilder::formValue() {

@@ -51,8 +51,20 @@ public:
     /// Both in one step: the finished text of an id.
     std::optional<std::string> finishedConditionOf(std::string_view id) const;
 
+    /// Replaces the rows of both lists by those that make this finished text, and selects the row of the
+    /// whole. False, and nothing changed, for a text that cannot be understood.
+    bool takeApart(std::string_view finished);
+    /// Puts the selected simple condition into the fields that make one. False without a selected row, or
+    /// for one that cannot be understood.
+    bool takeIntoFields();
+    /// Makes a simple condition of the fields and puts it in the place of the selected one, whose id stays.
+    /// A value that does not fit is refused as when it is added.
+    void replaceByFields();
+
 private:
     void addSimpleCondition();
+    /// What the fields say; nothing, after a message, for a value that does not fit.
+    std::optional<std::string> conditionOfFields();
     void addComplexCondition();
     /// Converts the value in its field; false, after a message, when it does not fit the item's type.
     bool formValue();

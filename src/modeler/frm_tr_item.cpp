@@ -104,6 +104,15 @@ bool frmTRItem::begin(std::string_view messageName) {
     return true;
 }
 
+void frmTRItem::messageRenamed(std::string_view from, std::string_view to) {
+    if (messageName_ != from)
+        return;
+    messageName_ = to;
+    setCaption(cmdUpdate.caption() == kUpdateCaption
+                   ? "Update TRItem - " + messageName_ + "-" + txtTRItemName.text()
+                   : "Add TRItem - " + messageName_);
+}
+
 void frmTRItem::clearTRItemDialog() {
     currentNode_ = nullptr;
     for (Control* control : controls()) {
@@ -157,6 +166,7 @@ void frmTRItem::update() {
         desktop().steps().name("Change TR item " + name);
         fillRecord(*item);
         unfinished_.finish();
+        unfinished_.begin();
         views_.displayUpdatedTRItem(messageName_, item->Name());
     } else if (message == nullptr) {
         desktop().showBox("The message '" + messageName_ + "' is no longer in the model.", BoxIcon::Critical);

@@ -56,6 +56,12 @@ public:
     /// name is shown, and it is added when the dialog is accepted.
     void updateTRItem(std::string_view messageName, std::string_view itemKey);
 
+    ConditionBuilder& conditions() { return conditions_; }
+
+    /// The dialog is about to be hidden: changes are kept.
+    void keepWork() { unfinished_.putAside(); }
+    /// The message of the item has another name now.
+    void messageRenamed(std::string_view from, std::string_view to);
     /// Another project is open: what was put aside belongs to the one before.
     void forgetWork() { unfinished_.forget(); }
 

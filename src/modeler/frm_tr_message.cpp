@@ -275,6 +275,11 @@ void frmTRMessage::showCondition(const TRMessageRecord& record) {
     txtResultCondition.setText(record.Condition());
 }
 
+void frmTRMessage::takeConditionApart() {
+    if (!conditions_.takeApart(txtResultCondition.text()))
+        desktop().post({"This condition cannot be taken apart: it was not made by the lists"});
+}
+
 void frmTRMessage::takeResult(std::string_view id) {
     if (const auto condition = conditions_.finishedConditionOf(id))
         txtResultCondition.setText(*condition);

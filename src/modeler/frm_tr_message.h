@@ -58,6 +58,12 @@ public:
     void updateRcvTRMessage(std::string_view name);
     void updateSndTRMessage(std::string_view name);
 
+    /// Fills the condition lists from the result; a notice says when it cannot be understood.
+    void takeConditionApart();
+    ConditionBuilder& conditions() { return conditions_; }
+
+    /// The dialog is about to be hidden: changes are kept.
+    void keepWork() { unfinished_.putAside(); }
     /// Another project is open: what was put aside or not set belongs to the one before.
     void forgetWork();
 

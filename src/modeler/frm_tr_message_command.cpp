@@ -1,7 +1,7 @@
 // The command of the message dialog: what it refuses, and how it changes the model.
 #include "controls/desktop.h"
-#include "model/reserved_words.h"
 #include "modeler/frm_tr_message.h"
+#include "modeler/message_names.h"
 #include "modeler/model_views.h"
 #include "platform/text.h"
 #include "project/module_state.h"
@@ -48,6 +48,8 @@ void frmTRMessage::command() {
         addSndTRMessage();
     if (!chkKeepVisible.checked())
         hide();
+    else if (!adds)
+        unfinished_.begin();
 }
 
 /// Two defaults of one SECS message are detected by the checks of the build.
@@ -72,23 +74,9 @@ void frmTRMessage::refuseName(std::string text) {
 bool frmTRMessage::checkTRMessageName() {
     if (cmdUpdate.caption() != "&Add")
         return false;
-    const std::string name = trim(txtTRName.text());
-    const std::string wanted = upper(name);
-    if (checkReservedWord(wanted)) {
-        refuseName(txtTRName.text() + " is reserved word!");
+    if (const std::string fault = faultOfTRMessageName(txtTRName.text(), state_); !fault.empty()) {
+        refuseName(fault);
         return false;
-    }
-    for (const auto& record : state_.TRModelStore->TRMessages()) {
-        if (upper(record->Name()) == wanted) {
-            refuseName(record->Name() + " was already defined.");
-            return false;
-        }
-    }
-    for (const SECSMessageRecord* message : state_.SECSMessageStore->getMessages()) {
-        if (upper(message->getName()) == wanted) {
-            refuseName(name + " is used to SECS Message!");
-            return false;
-        }
     }
     return true;
 }

@@ -3,6 +3,8 @@
 #include "controls/desktop.h"
 #include "modeler/frm_tr_item.h"
 #include "modeler/frm_tr_message.h"
+#include "modeler/message_names.h"
+#include "modeler/message_rename.h"
 #include "modeler/model_nodes.h"
 #include "modeler/tool_tips.h"
 #include "modeler/tr_object_table.h"
@@ -25,7 +27,7 @@ std::unique_ptr<BusyPointer> busyUnlessAlready(Window& window) {
 
 frmTRModeler::frmTRModeler(Desktop& desktop, ModuleState& state, ProjectCommands& commands)
     : ModelerControls(desktop, commands), state_(state), sequenceView_(lvwSequence, state.sequences),
-      addSequence_(desktop, state), treeCommands_(*this), tableCommands_(*this),
+      addSequence_(desktop, state), rename_(desktop), treeCommands_(*this), tableCommands_(*this),
       sequenceCommands_(*this, addSequence_) {
     setCaption("TRModeler");
     lvwTRObject.toolTipOf = [this](const ListRow& row) { return toolTipOfObject(row); };
@@ -45,6 +47,25 @@ void frmTRModeler::useDialogs(frmTRMessage& messages, frmTRItem& items) {
 
 bool frmTRModeler::isDialogVisible() const {
     return messageDialog_->visible() || itemDialog_->visible();
+}
+
+void frmTRModeler::renameSelected(Tree& tree) {
+    Node* node = tree.nodes().selected();
+    TRModelStore* model = store();
+    if (model == nullptr || node == nullptr || levelOf(*node) != ModelLevel::Message)
+        return;
+    const auto name = std::string(node->text());
+    const std::string chosen = rename_.requestName("Rename " + name, name, [&](const std::string& wish) {
+        return faultOfTRMessageName(wish, state_, name);
+    });
+    if (chosen.empty() || model->getTRMessage(name) == nullptr)
+        return;
+    desktop().steps().name("Rename " + name + " to " + chosen);
+    model->changeTRMessage(name)->setName(chosen);
+    renameMessageNode(tree, *node, chosen);
+    renameInSequences(sequenceView_, name, chosen);
+    itemDialog_->messageRenamed(name, chosen);
+    showAgain(tree, node);
 }
 
 void frmTRModeler::editMessage(const Tree& tree, std::string_view name) {

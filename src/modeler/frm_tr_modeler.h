@@ -1,6 +1,7 @@
 #pragma once
 
 #include "modeler/frm_add_sequence.h"
+#include "modeler/frm_rename.h"
 #include "modeler/model_tree_commands.h"
 #include "modeler/model_views.h"
 #include "modeler/modeler_controls.h"
@@ -71,7 +72,14 @@ public:
     ModelSelection& current() { return current_; }
     /// Null until a project has been created or opened.
     TRModelStore* store() const { return state_.TRModelStore.get(); }
+    const ModuleState& state() const { return state_; }
     SequenceView& sequenceView() { return sequenceView_; }
+    /// The commands of the two lower lists beside their pop-ups.
+    SequenceCommands& sequenceCommands() { return sequenceCommands_; }
+    frmRename& renameDialog() { return rename_; }
+    /// Asks for another name of the message that the tree has selected, and gives it to the message, to its
+    /// nodes and to the rows of the sequences that name it: one undoable step.
+    void renameSelected(Tree& tree);
     /// The key of the tree's root.
     std::string_view rootOf(const Tree& tree) const;
     /// Opens the dialog that changes a message of that tree.
@@ -100,6 +108,7 @@ private:
     ModelSelection current_;
     SequenceView sequenceView_;
     frmAddSequence addSequence_;
+    frmRename rename_;
     frmTRMessage* messageDialog_ = nullptr;
     frmTRItem* itemDialog_ = nullptr;
     ModelTreeCommands treeCommands_;

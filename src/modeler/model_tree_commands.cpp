@@ -33,8 +33,21 @@ ModelTreeCommands::ModelTreeCommands(frmTRModeler& window) : window_(window) {
         tree->onReached = [this, tree](Node& node) { press(*tree, &node); };
         tree->onDragStart = [tree](Node& node) { return DragData{node.text(), tree}; };
     }
+    window_.desktop().keys().add({{kKeyF2, 0},
+                                  {&window_, {&window_.tvwRcvTRMsg, &window_.tvwSndTRMsg}},
+                                  "the trees of the modeler",
+                                  "Renames the selected message",
+                                  [this] { return rename(); }});
     wireReceived();
     wireSent();
+}
+
+bool ModelTreeCommands::rename() {
+    Tree& tree = window_.focusControl() == &window_.tvwSndTRMsg ? window_.tvwSndTRMsg : window_.tvwRcvTRMsg;
+    if (selectedOf(tree, ModelLevel::Message) == nullptr)
+        return false;
+    window_.renameSelected(tree);
+    return true;
 }
 
 void ModelTreeCommands::wireReceived() {

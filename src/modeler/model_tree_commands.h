@@ -41,6 +41,8 @@ private:
     /// Shows the selection in the table and in the open dialogs.
     void follow(Tree& tree, const Node* node);
     void followInDialogs(const Tree& tree, const Node& node);
+    /// Renames the message in the tree with the focus; false when none is selected.
+    bool rename();
     void keyDown(Tree& tree, KeyEvent key);
     void deleteNode(Tree& tree, Node& node);
     void openPopup(Tree& tree);

@@ -20,7 +20,7 @@ public:
     /// The selection of a tree, as a table.
     List lvwTRObject{*this, "lvwTRObject"};
     /// The sequences; see SequenceView.
-    List lvwSequence{*this, "lvwSequence"};
+    List lvwSequence{*this, "lvwSequence", nullptr, List::Selection::Many};
 
     PopupMenu mnuRcvTRMsgPopup{*this, "mnuRcvTRMsgPopup"};
     MenuEntry mnuAddRcvTRMsg{*this, "mnuAddRcvTRMsg", "&Add TRMsg", &mnuRcvTRMsgPopup};

@@ -63,6 +63,17 @@ SequenceRows SequenceView::replace(std::size_t at, std::size_t count, SequenceRo
     return old;
 }
 
+void SequenceView::exchange(std::size_t at, std::size_t count, SequenceRows rows) {
+    const std::size_t added = rows.size();
+    // The colours of the new rows are part of the exchange.
+    SequenceRecorder* recorder = recorder_;
+    setRecorder(nullptr);
+    SequenceRows old = replace(at, count, std::move(rows));
+    setRecorder(recorder);
+    if (recorder != nullptr)
+        recorder->afterChange(at, added, std::move(old));
+}
+
 void SequenceView::show(Sequences sequences) {
     list_.clear();
     sequences_ = std::move(sequences);

@@ -54,6 +54,8 @@ public:
     void remove(const ListRow& row);
 
     SequenceRows rows(std::size_t at, std::size_t count) const;
+    /// The user puts other rows in the place of `count` rows from `at` on.
+    void exchange(std::size_t at, std::size_t count, SequenceRows rows);
     /// Puts other rows in the place of `count` rows from `at` on, and returns these. No recorder is notified.
     SequenceRows replace(std::size_t at, std::size_t count, SequenceRows rows);
 

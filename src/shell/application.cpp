@@ -47,6 +47,7 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
     frmSECSEditor.setFrame(frmMain);
     frmTRModeler.setFrame(frmMain);
     frmTRModeler.useDialogs(frmTRMessage, frmTRItem);
+    frmWorkbench.modelerMore.useDialogs(frmTRMessage, frmTRItem);
     frmMain.onClose = [this] { exit(); };
     frmSECSEditor.onFind = [this] { frmFind.showFind(); };
     frmSECSEditor.libraryPane.setApplicationFolder(folders_.application);
@@ -89,6 +90,7 @@ void Application::showSteps() {
     frmWorkbench.showUndo(history == nullptr ? std::string() : history->undoName());
     frmWorkbench.showRedo(history == nullptr ? std::string() : history->redoName());
     frmWorkbench.renames.review();
+    frmWorkbench.modelFilter.refresh();
     frmMain.showSaved(editorHistory.steps.isSaved() && modelerHistory.steps.isSaved());
     if (desktop.frontDocument(frmMain) == &frmCompare)
         frmCompare.follow();
@@ -140,6 +142,8 @@ void Application::openStartedProject() {
 }
 
 void Application::showEditor() {
+    frmTRMessage.keepWork();
+    frmTRItem.keepWork();
     for (const char* dialog : {"frmTRMessage", "frmTRItem"}) {
         if (Window* window = desktop.find(dialog); window != nullptr)
             window->hide();

@@ -7,6 +7,8 @@
 #include "workbench/keys_pane.h"
 #include "workbench/log_pane.h"
 #include "workbench/marks_pane.h"
+#include "workbench/model_filter.h"
+#include "workbench/modeler_more.h"
 #include "workbench/notice_bar.h"
 #include "workbench/problems_pane.h"
 #include "workbench/rename_offer.h"
@@ -74,6 +76,9 @@ public:
     ComparePane compare{*this};
 
     TreeMore treeMore;
+
+    ModelFilter modelFilter{*this};
+    ModelerMore modelerMore{*this, services_.modeler};
 
     NoticeBar notices{*this};
     Button cmdUndo{*this, "cmdUndo", "Undo"};

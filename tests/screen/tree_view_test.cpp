@@ -41,6 +41,30 @@ struct TreeView : ::testing::Test {
     NodeTreeView view;
 };
 
+TEST_F(TreeView, NodesThatTheFilterHidesTakeNoRow) {
+    Node& root = add(nullptr, "root");
+    Node& hidden = add(&root, "hidden");
+    add(&hidden, "below hidden");
+    Node& shown = add(&root, "shown");
+    Node& last = add(nullptr, "last");
+    const int row = rectOf(last).top() - rectOf(shown).top();
+    EXPECT_EQ(rectOf(shown).top(), 3 * row);
+    store.setFilter(
+        [this](const Node& node) { return node.text() != "hidden" || store.nodes().selected() == &node; });
+    view.filterChanged();
+    EXPECT_EQ(rectOf(shown).top(), row);
+    EXPECT_EQ(rectOf(last).top(), 2 * row);
+    EXPECT_FALSE(rectOf(hidden).isValid());
+    EXPECT_EQ(view.nodeAt({5, row + 1}), &shown);
+    // The selected node is shown.
+    store.nodes().select(&hidden);
+    EXPECT_EQ(rectOf(shown).top(), 3 * row);
+    store.nodes().select(nullptr);
+    store.setFilter({});
+    view.filterChanged();
+    EXPECT_EQ(rectOf(shown).top(), 3 * row);
+}
+
 TEST_F(TreeView, TheFirstRowsStayInViewWhenTheSelectionFitsBelowThem) {
     view.resize(300, 30);
     view.show();

@@ -158,6 +158,7 @@ void takeUp(Binding& binding, const std::optional<DragData>& data) {
     if (!data)
         return;
     binding.taken = data;
+    binding.taken->copied = true;
     auto content = std::make_unique<QMimeData>();
     if (data->form == DragData::Form::Text)
         content->setText(toQt(data->text));

@@ -355,6 +355,10 @@ void TextFieldBinder::openContextMenu(const QPoint& place) {
     copy_.setEnabled(selected);
     paste_.setEnabled(changes || (field_.readOnly() && field_.onDropData));
     selectAll_.setEnabled(!field_.text().empty());
+    if (field_.contextMenu() != nullptr) {
+        openOwnMenu(place);
+        return;
+    }
     QMenu menu(&line_);
     menu.addActions({&undo_, &redo_});
     menu.addSeparator();
@@ -362,6 +366,18 @@ void TextFieldBinder::openContextMenu(const QPoint& place) {
     menu.addSeparator();
     menu.addAction(&selectAll_);
     menu.exec(place);
+}
+
+// The commands of the program come first, and those of every field below them.
+void TextFieldBinder::openOwnMenu(const QPoint& place) {
+    QMenu* menu = binding().popups[field_.contextMenu()];
+    if (menu != nullptr && !menu->actions().contains(&copy_)) {
+        menu->addSeparator();
+        menu->addActions({&copy_, &paste_, &selectAll_});
+    }
+    binding().popupPlace = place;
+    hands().rightClick(Target::whole(field_));
+    binding().popupPlace.reset();
 }
 
 TextViewBinder::TextViewBinder(TextField& field, QPlainTextEdit& view, Binding& binding)

@@ -46,6 +46,7 @@ private:
     void selectAll();
     void deleteWord(bool toStart);
     void openContextMenu(const QPoint& place);
+    void openOwnMenu(const QPoint& place);
 
     TextField& field_;
     QLineEdit& line_;

@@ -30,6 +30,8 @@ TreeBinder::~TreeBinder() {
 void TreeBinder::show(Change change) {
     if (change == Change::Selection)
         view_.showMarks();
+    if (change == Change::Rows)
+        view_.filterChanged();
     if (change != Change::State)
         return;
     const OptionalColor& back = tree_.backColor();

@@ -16,6 +16,7 @@
 #include "ui_frmMain.h"
 #include "ui_frmNewProject.h"
 #include "ui_frmOption.h"
+#include "ui_frmRename.h"
 #include "ui_frmResult.h"
 #include "ui_frmSECSEditor.h"
 #include "ui_frmSetTRItemValue.h"
@@ -32,6 +33,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QBoxLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLayout>
@@ -67,6 +69,7 @@ constexpr std::array kForms{
     Form{"frmArrayInfo", &make<Ui::frmArrayInfo>},
     Form{"frmSetTRItemValue", &make<Ui::frmSetTRItemValue>},
     Form{"frmAddSequence", &make<Ui::frmAddSequence>},
+    Form{"frmRename", &make<Ui::frmRename>},
     Form{"frmFind", &make<Ui::frmFind>},
     Form{"frmNewProject", &make<Ui::frmNewProject>},
     Form{"frmOption", &make<Ui::frmOption>},
@@ -136,6 +139,17 @@ void addPanes(QWidget& workbench) {
     }
 }
 
+// The filter of the model is a part of the workbench, and is shown above the trees that it filters. Whichever
+// form comes second finds the other one.
+void bringFilterToModeler(const QWidget& form) {
+    auto* column = form.window()->findChild<QWidget*>(QStringLiteral("modelFilterColumn"));
+    const auto* modeler = form.window()->findChild<QWidget*>(QStringLiteral("frmTRModeler"));
+    if (column == nullptr || modeler == nullptr || modeler->isAncestorOf(column))
+        return;
+    if (auto* layout = qobject_cast<QBoxLayout*>(modeler->layout()))
+        layout->insertWidget(0, column);
+}
+
 } // namespace
 
 std::unique_ptr<QWidget> makeForm(const std::string& window) {
@@ -159,6 +173,7 @@ void finishForm(Window& window, QWidget& form) {
         if (auto* splitter = form.findChild<QSplitter*>(QLatin1String(share.splitter)))
             new SharedSplitter(*splitter, share.percentOfFirst);
     }
+    bringFilterToModeler(form);
     if (auto* dialog = dynamic_cast<frmArrayInfo*>(&window))
         new CellEditor(*dialog, form);
     if (window.name() == "frmCompare")

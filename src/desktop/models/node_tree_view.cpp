@@ -40,15 +40,30 @@ bool NodeTreeView::isOpen(const Node& node) const {
 }
 
 bool NodeTreeView::isShown(const Node& node) const {
+    if (!passesFilter(node))
+        return false;
     for (const Node* above = node.parent(); above != nullptr; above = above->parent()) {
-        if (!isOpen(*above))
+        if (!isOpen(*above) || !passesFilter(*above))
             return false;
     }
     return true;
 }
 
+bool NodeTreeView::passesFilter(const Node& node) const {
+    return nodes_->store().shows(node);
+}
+
+void NodeTreeView::filterChanged() {
+    heights_.assign(heights_.size(), 0);
+    layOutLater();
+    viewport()->update();
+}
+
 Node* NodeTreeView::nextShown(const Node& node, const Node& root) const {
-    return node.child() != nullptr && isOpen(node) ? node.child() : nextBeside(node, root);
+    Node* next = node.child() != nullptr && isOpen(node) ? node.child() : nextBeside(node, root);
+    while (next != nullptr && !passesFilter(*next))
+        next = nextBeside(*next, root);
+    return next;
 }
 
 int NodeTreeView::shownRows(const Node& root) const {
@@ -222,6 +237,9 @@ void NodeTreeView::nodeLooksDifferent(Node& /*node*/) {
 }
 
 void NodeTreeView::selectionMoved() {
+    // The selected node is shown whatever the filter says.
+    if (nodes_ != nullptr && nodes_->store().isFiltered())
+        filterChanged();
     showSelected();
     AccessibleTree::reportSelection(*this);
     viewport()->update();

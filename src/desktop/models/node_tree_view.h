@@ -33,6 +33,8 @@ public:
     QPoint placeBelowAll() const;
     /// The user expands or collapses a node.
     void toggle(Node& node);
+    /// Other nodes pass the filter of the tree.
+    void filterChanged();
     /// Whether the children of a node are shown.
     bool isOpen(const Node& node) const;
     int rowsOfPage() const;
@@ -71,6 +73,7 @@ private:
     void selectionMoved() override;
 
     bool isShown(const Node& node) const;
+    bool passesFilter(const Node& node) const;
     Node* nextShown(const Node& node, const Node& root) const;
     int shownRows(const Node& root) const;
     void forgetRowsOf(const Node& node);

@@ -136,7 +136,7 @@ private:
             break;
         case 2:
             if (control.takesFocus())
-                hands_.key(control, {static_cast<int>(1 + pick(200)), static_cast<int>(pick(4))});
+                hands_.key(control, {static_cast<int>(1 + pick(200)), static_cast<int>(pick(8))});
             break;
         case 3:
             hands_.drag(member(control), member(anyOf(window)));
@@ -246,6 +246,8 @@ private:
             if (control->kind() == Control::Kind::MenuEntry &&
                 static_cast<const MenuEntry*>(control)->popup() == &popup)
                 entries.push_back(control);
+        if (popup.companion() != nullptr && pick(2) == 0)
+            return chooseFrom(*popup.companion());
         if (!entries.empty())
             hands_.click(Target::whole(*entries[pick(entries.size())]));
         fillDialogs();
@@ -270,7 +272,7 @@ private:
         for (Control* control : window.controls())
             if (control->kind() == Control::Kind::TextField)
                 hands_.paste(*control, text());
-        for (const char* name : {"cmdAdd", "cmdSet"})
+        for (const char* name : {"cmdAdd", "cmdSet", "cmdRename"})
             if (Control* button = window.find(name); button != nullptr)
                 hands_.click(Target::whole(*button));
         window.hide();
