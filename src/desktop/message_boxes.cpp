@@ -91,9 +91,10 @@ std::string askFile(const FileDialog& dialog, QWidget* parent) {
     return fromQt(shown.selectedFiles().constFirst());
 }
 
-std::string askFolder(const QString& title, const QString& button, QWidget* parent) {
-    const QDir start(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    QFileDialog shown(parent, title, start.exists() ? start.path() : QDir::homePath());
+std::string askFolder(const QString& title, const QString& button, QWidget* parent, const QString& start) {
+    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    const QString usual = documents.exists() ? documents.path() : QDir::homePath();
+    QFileDialog shown(parent, title, !start.isEmpty() && QDir(start).exists() ? start : usual);
     shown.setFileMode(QFileDialog::Directory);
     shown.setOption(QFileDialog::ShowDirsOnly);
     shown.setLabelText(QFileDialog::Accept, button);

@@ -22,7 +22,10 @@ frmFind::frmFind(Desktop& desktop, LiveTree liveTree)
     txtFindWhat.onKeyDown = [this](KeyEvent key) {
         if (key.code == kKeyEnter)
             findNext();
+        else if (key.code == kKeyUp || key.code == kKeyDown)
+            showTerm(key.code == kKeyUp);
     };
+    txtFindWhat.setToolTip("Up and Down: earlier searches");
     cmdFindNext.onClick = [this] { findNext(); };
     cmdCancel.onClick = [this] { closeByFrame(); };
     load();
@@ -36,6 +39,7 @@ void frmFind::load() {
     cmdFindNext.setEnabled(false);
     setFirstFocus(txtFindWhat);
     origin_ = 1;
+    walk_.restart();
 }
 
 void frmFind::showFind() {
@@ -51,6 +55,11 @@ void frmFind::closeByFrame() {
 
 void frmFind::takeOrigin() {
     origin_ = selectedPosition();
+}
+
+void frmFind::showTerm(bool earlier) {
+    if (terms_ != nullptr)
+        txtFindWhat.setText(walk_.step(*terms_, earlier, txtFindWhat.text()));
 }
 
 int frmFind::selectedPosition() {
@@ -69,8 +78,12 @@ void frmFind::findNext() {
                         direction(), origin_};
     search(request);
     origin_ = request.origin;
-    if (!request.what.empty())
-        last_ = request;
+    if (request.what.empty())
+        return;
+    last_ = request;
+    walk_.restart();
+    if (terms_ != nullptr)
+        terms_->remember(request.what);
 }
 
 void frmFind::findAgain() {

@@ -3,6 +3,7 @@
 #include "controls/simple_controls.h"
 #include "controls/text_field.h"
 #include "controls/window.h"
+#include "editor/find_terms.h"
 #include "messages/find_scan.h"
 
 #include <functional>
@@ -31,6 +32,8 @@ public:
     Button cmdFindNext{*this, "cmdFindNext", "&FindNext"};
     Button cmdCancel{*this, "cmdCancel", "&Cancel"};
 
+    /// Remembers what is searched for; Up and Down in the field show it again.
+    void useTerms(FindTerms& terms) { terms_ = &terms; }
     /// Shows the window beside the others, reset unless it is already visible.
     void showFind();
     /// Selects the next match, or reports that there is none.
@@ -43,12 +46,15 @@ public:
 private:
     void load();
     void takeOrigin();
+    void showTerm(bool earlier);
     int selectedPosition();
     FindDirection direction() const;
     void search(FindRequest& request);
 
     LiveTree liveTree_;
     int origin_ = 1;
+    FindTerms* terms_ = nullptr;
+    TermWalk walk_;
     /// What was looked for last; it outlasts the window's closing.
     std::optional<FindRequest> last_;
 };

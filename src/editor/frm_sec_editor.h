@@ -13,6 +13,7 @@
 #include "editor/splitter.h"
 #include "editor/tree_commands.h"
 #include "editor/tree_interaction.h"
+#include "editor/type_ahead.h"
 #include "messages/smd/smd_writer.h"
 
 #include <functional>
@@ -100,6 +101,7 @@ public:
     ItemEntry itemEntry{*this};
     LibraryPane libraryPane{*this};
     SharedNodes sharedNodes{*this};
+    TypeAhead typeAhead{*this};
 };
 
 } // namespace zb

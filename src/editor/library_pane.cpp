@@ -2,8 +2,10 @@
 
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
+#include "editor/library_rows.h"
 #include "messages/libraries/built_in.h"
 #include "messages/library_drop.h"
+#include "messages/message_nodes.h"
 #include "messages/smd/smd_reader.h"
 #include "platform/text.h"
 #include "project/module_state.h"
@@ -143,6 +145,10 @@ void LibraryPane::wireList() {
     };
     list.onMouseUp = [this](int, ListRow*) { window_.setPointer(Pointer::Default); };
     list.onDragStart = [this] { return startDrag(); };
+    list.toolTipOf = [this](const ListRow& row) {
+        const SECSMessageRecord* record = recordOf(row);
+        return record == nullptr ? std::string() : describeStructure(*record);
+    };
     window_.tvwEdit.onDrop = [this](const DragData&, Node*) { dropRows(); };
     window_.txtSourceFilter.onChange = [this] { fillList(); };
 }
@@ -231,6 +237,49 @@ void LibraryPane::fillList() {
         if (selected.count(added.key()) > 0)
             list.toggle(added);
     }
+    showInProject();
+}
+
+void LibraryPane::showInProject() {
+    markRowsInProject(window_.lvwSource, window_.liveTree());
+}
+
+const SECSMessageRecord* LibraryPane::recordOf(const ListRow& row) const {
+    for (const SECSMessageRecord* record :
+         library_->getByStreamFunction(entryOf(row.cell(kStreamFunctionColumn)))) {
+        if (record->getName() == row.key())
+            return record;
+    }
+    return nullptr;
+}
+
+SECSLibraryStore::Records LibraryPane::selectedInProject() const {
+    SECSLibraryStore::Records records;
+    for (const ListRow* row : window_.lvwSource.selectedRows()) {
+        const SECSMessageRecord* record = recordOf(*row);
+        if (record != nullptr && window_.liveTree().find(record->getName()) != nullptr)
+            records.push_back(record);
+    }
+    return records;
+}
+
+void LibraryPane::replaceSelected() {
+    const SECSLibraryStore::Records records = selectedInProject();
+    if (records.empty())
+        return;
+    const std::string what = records.size() == 1 ? std::string(records.front()->getName())
+                                                 : std::to_string(records.size()) + " messages";
+    window_.desktop().steps().name("Replace " + what + " from the library");
+    NodeTree& tree = window_.liveTree();
+    const Node* shown = tree.selected() == nullptr ? nullptr : messageOf(rootOf(*tree.selected())).message;
+    for (const SECSMessageRecord* record : records) {
+        replaceMessageInTree(tree, *record);
+        // The panes would still show what has been replaced.
+        if (Node* message = tree.find(record->getName()); message == shown)
+            window_.treeInteraction.showAgain(message);
+    }
+    window_.TreeView_ForeColor();
+    window_.desktop().post({"Replaced " + what + " from the library"});
 }
 
 std::optional<DragData> LibraryPane::startDrag() {

@@ -14,6 +14,7 @@ namespace zb {
 
 class frmSECSEditor;
 class List;
+class ListRow;
 class MenuEntry;
 struct DragData;
 struct DropStep;
@@ -37,6 +38,13 @@ public:
     /// What is said of the file.
     LibraryNotice& notice() { return notice_; }
 
+    /// Marks the rows whose messages the project has; call it when the project has changed.
+    void showInProject();
+    /// The messages of the selected rows that the project has, too.
+    SECSLibraryStore::Records selectedInProject() const;
+    /// Puts the library's messages of the selected rows in the place of the project's, as one step.
+    void replaceSelected();
+
 private:
     struct FileLibrary;
     static const FileLibrary kSmd;
@@ -54,6 +62,8 @@ private:
     void clearLibraryChecks();
     void showPanel(std::string_view libraryName);
 
+    /// Null when the library has no such message any more.
+    const SECSMessageRecord* recordOf(const ListRow& row) const;
     std::optional<DragData> startDrag();
     void dropRows();
     void addMessages(const DropStep& step);

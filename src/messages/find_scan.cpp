@@ -2,6 +2,7 @@
 
 #include "platform/text.h"
 #include "platform/tree/node_tree.h"
+#include "platform/tree/node_walk.h"
 #include "platform/wildcard.h"
 
 #include <algorithm>
@@ -96,6 +97,23 @@ FindResult findNext(const NodeTree& tree, const FindRequest& request) {
         return {};
     Node* match = scan(tree, *matcher, first->index(), request);
     return match != nullptr ? found(match) : FindResult{FindOutcome::EndOfFile, nullptr};
+}
+
+std::optional<std::vector<Node*>> findAll(const NodeTree& tree, const std::string& what,
+                                          FindCase letterCase) {
+    const auto matcher = Matcher::compile({what, letterCase, FindDirection::Down, 1});
+    if (!matcher)
+        return std::nullopt;
+    std::vector<Node*> found;
+    for (Node* root = tree.firstRoot(); root != nullptr; root = root->next()) {
+        if (matcher->matches(*root))
+            found.push_back(root);
+        for (NodeWalk walk(*root); Node* node = walk.node(); walk.next()) {
+            if (matcher->matches(*node))
+                found.push_back(node);
+        }
+    }
+    return found;
 }
 
 } // namespace zb

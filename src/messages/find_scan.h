@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace zb {
 
@@ -33,5 +35,8 @@ struct FindResult {
 /// Finds the next node after the selected one. The first step follows the links of the tree, past the start's
 /// own items; from there the search continues by flat position.
 FindResult findNext(const NodeTree& tree, const FindRequest& request);
+
+/// All nodes whose Text contains the pattern, from the top of the tree down; nothing for an invalid pattern.
+std::optional<std::vector<Node*>> findAll(const NodeTree& tree, const std::string& what, FindCase letterCase);
 
 } // namespace zb

@@ -39,7 +39,9 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
       frmTRModeler(desktop, *this, *this), frmTRMessage(desktop, *this, frmTRModeler),
       frmTRItem(desktop, *this, frmTRModeler), frmNewProject(desktop, *this, folders.application),
       frmOption(desktop, settingsOfProgram), frmResult(desktop), frmAbout(desktop),
-      frmWorkbench(desktop, {*this, frmMain, frmSECSEditor, frmTRModeler, versions, comparisons}),
+      frmWorkbench(desktop, {*this, frmMain, frmSECSEditor, frmTRModeler, versions, comparisons,
+                             [this] { showEditor(); }, [this] { showModeler(); },
+                             [this](const std::string& path) { openRecent(path); }}),
       frmCompare(desktop, frmMain, comparisons), projects(*this),
       builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); },
                      [this] { frmWorkbench.problems.open(); }}),
@@ -50,6 +52,8 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
     frmWorkbench.modelerMore.useDialogs(frmTRMessage, frmTRItem);
     frmMain.onClose = [this] { exit(); };
     frmSECSEditor.onFind = [this] { frmFind.showFind(); };
+    frmMain.tbrMain.setContextMenu(&frmWorkbench.recentEntries.mnuRecent);
+    frmFind.useTerms(frmWorkbench.search.terms);
     frmSECSEditor.libraryPane.setApplicationFolder(folders_.application);
     frmSECSEditor.libraryPane.setPanel(
         [this](std::string_view library) { frmMain.setLibraryPanel(library); });
@@ -89,15 +93,14 @@ void Application::showSteps() {
     const UndoHistory* history = historyOf(frmMain);
     frmWorkbench.showUndo(history == nullptr ? std::string() : history->undoName());
     frmWorkbench.showRedo(history == nullptr ? std::string() : history->redoName());
-    frmWorkbench.renames.review();
-    frmWorkbench.modelFilter.refresh();
+    frmWorkbench.projectChanged();
     frmMain.showSaved(editorHistory.steps.isSaved() && modelerHistory.steps.isSaved());
     if (desktop.frontDocument(frmMain) == &frmCompare)
         frmCompare.follow();
 }
 
 void Application::restartHistories() {
-    frmWorkbench.renames.forget();
+    frmWorkbench.projectReplaced();
     editorHistory.steps.clear();
     modelerHistory.steps.clear();
     frmWorkbench.problems.projectShown();
@@ -219,6 +222,12 @@ void Application::run(ProjectCommand command, Window& /*over*/) {
         frmAbout.showModal();
         break;
     }
+}
+
+void Application::openRecent(const std::string& path) {
+    const BusyPointer busy(frmMain);
+    if (projects.openRecent(path))
+        showOpened();
 }
 
 void Application::showOpened() {

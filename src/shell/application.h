@@ -105,6 +105,7 @@ private:
 
     void run(ProjectCommand command, Window& over) override;
     void showOpened();
+    void openRecent(const std::string& path);
     void buildPlugIn();
 
     Generator& generator_;

@@ -5,6 +5,7 @@
 #include "platform/text.h"
 #include "platform/text_file.h"
 #include "project/project_text.h"
+#include "project/recent_projects.h"
 #include "shell/application.h"
 #include "shell/file_error_box.h"
 #include "shell/option_settings.h"
@@ -62,7 +63,9 @@ bool ProjectLifecycle::newProject() {
 
 bool ProjectLifecycle::openProject(const std::string& path) {
     const std::pair before(app_.ProjectName, app_.ProjectPath);
-    if (isBlank(path) && !askWhatToOpen())
+    if (!isBlank(path))
+        takePlace(path);
+    else if (!askWhatToOpen())
         return false;
     makeFolders();
     const std::pair opened(app_.ProjectName, app_.ProjectPath);
@@ -83,9 +86,7 @@ bool ProjectLifecycle::openProject(const std::string& path) {
 
 bool ProjectLifecycle::openFile(const std::string& path) {
     const std::pair before(app_.ProjectName, app_.ProjectPath);
-    auto [folder, name] = splitProjectPath(path);
-    app_.ProjectName = std::move(name);
-    app_.ProjectPath = std::move(folder);
+    takePlace(path);
     if (!openProject(path)) {
         std::tie(app_.ProjectName, app_.ProjectPath) = before;
         return false;
@@ -95,10 +96,23 @@ bool ProjectLifecycle::openFile(const std::string& path) {
     return true;
 }
 
-void ProjectLifecycle::openRecovered(const std::string& path, Project project) {
+void ProjectLifecycle::takePlace(const std::string& path) {
     auto [folder, name] = splitProjectPath(path);
     app_.ProjectName = std::move(name);
     app_.ProjectPath = std::move(folder);
+}
+
+bool ProjectLifecycle::openRecent(const std::string& path) {
+    if (!isFile(path)) {
+        RecentProjects(app_.settings).remove(path);
+        app_.desktop.post({path + " is no longer there"});
+        return false;
+    }
+    return askToSave() == Goes::On && openProject(path);
+}
+
+void ProjectLifecycle::openRecovered(const std::string& path, Project project) {
+    takePlace(path);
     makeFolders();
     unread_.reset();
     MessageTree tree = project.messages.tree();
@@ -114,6 +128,12 @@ void ProjectLifecycle::noteOpened() {
     app_.versions.projectOpened();
     app_.frmCompare.forget();
     app_.comparisons.projectOpened();
+    noteRecent();
+}
+
+void ProjectLifecycle::noteRecent() {
+    if (const std::string path = app_.projectFilePath(); isFile(path))
+        RecentProjects(app_.settings).add(path);
 }
 
 void ProjectLifecycle::showProject(LoadedProject loaded) {
@@ -149,9 +169,7 @@ bool ProjectLifecycle::askWhatToOpen() {
                                projectIsOpen ? app_.ProjectPath : app_.folders().application});
     if (isBlank(path))
         return false;
-    auto [folder, name] = splitProjectPath(path);
-    app_.ProjectName = std::move(name);
-    app_.ProjectPath = std::move(folder);
+    takePlace(path);
     return true;
 }
 
@@ -208,6 +226,7 @@ bool ProjectLifecycle::saveProject() {
     writeSetting(app_.settings, kRecentProject, path);
     app_.work.projectSaved(text);
     app_.versions.saved(path, text, replaces && save.kept);
+    noteRecent();
     app_.markSaved();
     app_.desktop.post(
         {"Saved " + fs::path(path).filename().string() + ", " + app_.desktop.screen().timeOfDay()});

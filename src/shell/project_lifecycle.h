@@ -25,6 +25,9 @@ public:
     /// Opens the project file at this path and shows it. False, with what was open before, when the user
     /// cancels the reading.
     bool openFile(const std::string& path);
+    /// Opens one of the recent projects, after the question what becomes of the open one. A file that is gone
+    /// leaves the list, and nothing is opened.
+    bool openRecent(const std::string& path);
     /// Shows unsaved work on the project file at this path, in place of the open project.
     void openRecovered(const std::string& path, Project project);
     /// Where the versions of the open project are kept; empty for one that goes with its folder.
@@ -56,7 +59,10 @@ private:
     /// Nothing when the user has cancelled.
     std::optional<Result<LoadedProject>> load(const ProjectPlace& place);
     void showProject(LoadedProject loaded);
+    /// The project has its name and folder from this path.
+    void takePlace(const std::string& path);
     void noteOpened();
+    void noteRecent();
     /// Makes the folders of the open project. Shows why when it cannot, and returns false.
     bool makeFolders();
     void dropModel();

@@ -1,13 +1,16 @@
 #include "workbench/frm_workbench.h"
 
 #include "controls/desktop.h"
+#include "editor/frm_sec_editor.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zb {
 
 frmWorkbench::frmWorkbench(Desktop& desktop, WorkbenchServices services)
-    : Window(desktop, "frmWorkbench"), services_(services), treeMore(*this, services.editor) {
+    : Window(desktop, "frmWorkbench"), services_(std::move(services)),
+      treeMore(*this, services_.editor) {
     setCaption("Workbench");
     for (Button* button : {&cmdUndo, &cmdRedo, &cmdClosePane})
         button->setLeavesFocus();
@@ -17,6 +20,8 @@ frmWorkbench::frmWorkbench(Desktop& desktop, WorkbenchServices services)
     cmdClosePane.setVisible(false);
     cmdClosePane.onClick = [this] { closePane(); };
     setCancelButton(cmdClosePane);
+    mnuWhereUsed.withSeparatorAbove();
+    mnuWhereUsed.onClick = [this] { search.whereUsed(); };
     notices.onPosted = [this](const std::string& time, const std::string& text) { log.add(time, text); };
     treeMore.mnuShowMarks.onClick = [this] { marks.open(); };
     desktop.showNoticesIn(&notices);
@@ -28,6 +33,20 @@ frmWorkbench::~frmWorkbench() {
 
 void frmWorkbench::showStrip() {
     desktop().showPart(*this);
+}
+
+void frmWorkbench::projectChanged() {
+    go.projectChanged();
+    renames.review();
+    modelFilter.refresh();
+    services_.editor.libraryPane.showInProject();
+}
+
+void frmWorkbench::projectReplaced() {
+    go.projectChanged();
+    search.forget();
+    renames.forget();
+    services_.editor.libraryPane.showInProject();
 }
 
 std::size_t frmWorkbench::add(WorkbenchPane& pane) {

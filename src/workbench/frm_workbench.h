@@ -3,17 +3,23 @@
 #include "controls/simple_controls.h"
 #include "controls/window.h"
 #include "workbench/compare_pane.h"
+#include "workbench/go_pane.h"
 #include "workbench/history_pane.h"
 #include "workbench/keys_pane.h"
+#include "workbench/library_entries.h"
 #include "workbench/log_pane.h"
 #include "workbench/marks_pane.h"
 #include "workbench/model_filter.h"
 #include "workbench/modeler_more.h"
 #include "workbench/notice_bar.h"
 #include "workbench/problems_pane.h"
+#include "workbench/recent_entries.h"
 #include "workbench/rename_offer.h"
+#include "workbench/search_pane.h"
 #include "workbench/tree_more.h"
 
+#include <functional>
+#include <string>
 #include <vector>
 
 namespace zb {
@@ -32,6 +38,13 @@ struct WorkbenchServices {
     frmTRModeler& modeler;
     ProjectDoor& project;
     CompareDoor& compare;
+    /// Show the documents; the modeler only when the messages are without a fault.
+    /// @{
+    std::function<void()> showEditor;
+    std::function<void()> showModeler;
+    /// @}
+    /// Opens the project file at this path in place of the open project, as the command Open does.
+    std::function<void(const std::string& path)> openProject;
 };
 
 /// The workbench: a strip at the lower edge of the main window, and panes above it of which at most one is
@@ -45,6 +58,11 @@ public:
     /// Shows the strip; the main window is shown with it.
     void showStrip();
     const WorkbenchServices& services() const { return services_; }
+
+    /// The project was changed, or its changes were undone.
+    void projectChanged();
+    /// Another project is open.
+    void projectReplaced();
 
     /// In the order of their buttons.
     const std::vector<WorkbenchPane*>& panes() const { return panes_; }
@@ -74,8 +92,11 @@ public:
     KeysPane keys{*this};
     MarksPane marks{*this};
     ComparePane compare{*this};
+    GoPane go{*this};
+    SearchPane search{*this};
 
     TreeMore treeMore;
+    MenuEntry mnuWhereUsed{*this, "mnuWhereUsed", "Where &Used", &treeMore.mnuTreeMore};
 
     ModelFilter modelFilter{*this};
     ModelerMore modelerMore{*this, services_.modeler};
@@ -85,6 +106,8 @@ public:
     Button cmdRedo{*this, "cmdRedo", "Redo"};
 
     RenameOffer renames{*this};
+    LibraryEntries libraryEntries{*this};
+    RecentEntries recentEntries{*this};
 
 private:
     friend class WorkbenchPane;

@@ -5,6 +5,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <filesystem>
 
 namespace zb::bench {
@@ -119,6 +120,29 @@ void FindOverTheWholeTree(benchmark::State& state) {
         window.findNext();
 }
 
+/// A key in the field of the Go pane, of texts that many names match.
+void GoKey(benchmark::State& state) {
+    Edited edited(state.range(0));
+    GoPane& go = edited.program.application.frmWorkbench.go;
+    edited.press(go.button);
+    const std::array<const char*, 4> typed{"e", "et", "eti", "etim"};
+    std::size_t next = 0;
+    for (auto _ : state)
+        go.txtGo.setText(typed[next++ % typed.size()]);
+}
+
+void OpenGo(benchmark::State& state) {
+    Edited edited(state.range(0));
+    GoPane& go = edited.program.application.frmWorkbench.go;
+    for (auto _ : state) {
+        go.projectChanged();
+        go.open();
+        go.close();
+    }
+}
+
+BENCHMARK(GoKey)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenGo)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ComposeWork)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Click)->Arg(1000)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Recorded<add>)->Name("Add")->Arg(1000)->Arg(10000)->Iterations(200)->Unit(benchmark::kMicrosecond);

@@ -1,8 +1,10 @@
+#include "desktop/binders/folder_field_binder.h"
 #include "screen/support/program_on_screen.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 
+#include <QAbstractButton>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFileSystemModel>
@@ -54,6 +56,26 @@ struct FolderBrowser : ::testing::Test {
 TEST_F(FolderBrowser, ShowsWhatLiesInItsFolderAtTheFirstLook) {
     EXPECT_TRUE(comesInView());
     EXPECT_TRUE(view().isExpanded(view().currentIndex()));
+}
+
+TEST_F(FolderBrowser, TheDialogOfTheSystemChoosesAFolderToo) {
+    auto* binder =
+        dynamic_cast<FolderFieldBinder*>(program.screen.binderOf(dialog)->binderOf(dialog.dirProject));
+    ASSERT_NE(binder, nullptr);
+    std::string startedIn;
+    std::string answer;
+    binder->pickFolder = [&](const std::string& start) {
+        startedIn = start;
+        return answer;
+    };
+    auto& button = program.widget<QAbstractButton>(dialog, "dirProject_Browse");
+    button.click();
+    EXPECT_EQ(startedIn, folder.path().string());
+    EXPECT_EQ(dialog.txtLocation.text(), folder.path().string()) << "cancelled";
+    answer = (folder / "b/inner").string();
+    button.click();
+    EXPECT_EQ(dialog.dirProject.text(), answer);
+    EXPECT_EQ(dialog.txtLocation.text(), answer);
 }
 
 TEST_F(FolderBrowser, ArrowKeysPassByFoldersThatNobodyOpened) {

@@ -2,6 +2,7 @@
 #include "desktop/models/node_tree_view.h"
 #include "desktop/start/start_page.h"
 #include "desktop/start/start_panel.h"
+#include "project/recent_projects.h"
 #include "screen/support/program_on_screen.h"
 #include "support/temporary_folder.h"
 
@@ -15,6 +16,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QToolButton>
 
 #include <functional>
 
@@ -235,6 +237,36 @@ TEST_F(Start, TheEditorShownWithoutAProjectTakesThePlace) {
     program.application.frmSECSEditor.hide();
     program.settle();
     EXPECT_TRUE(panel().isVisible());
+}
+
+TEST_F(Start, RecentProjectsAreOneClickAway) {
+    const std::filesystem::path copy = folder / "Etcher/Etcher.zbp";
+    std::filesystem::create_directories(copy.parent_path());
+    std::filesystem::copy_file(kExample, copy);
+    RecentProjects(program.settings).add((folder / "gone.zbp").string());
+    RecentProjects(program.settings).add(copy.string());
+    start("");
+    auto* recent = panel().findChild<QToolButton*>(QStringLiteral("startRecent1"));
+    ASSERT_NE(recent, nullptr);
+    EXPECT_THAT(recent->text().toStdString(), HasSubstr("Etcher"));
+    EXPECT_EQ(panel().findChild<QToolButton*>(QStringLiteral("startRecent2")), nullptr) << "it is gone";
+    recent->click();
+    program.settle();
+    EXPECT_EQ(program.application.ProjectName, "Etcher");
+    EXPECT_FALSE(panel().isVisible());
+}
+
+TEST_F(Start, TheArrowBesideOpenShowsTheRecentProjects) {
+    start("");
+    auto* arrow = program.screen.mainWindow()->findChild<QToolButton*>(QStringLiteral("tbrMain_Open_Menu"));
+    ASSERT_NE(arrow, nullptr);
+    const PopupMenu& menu = program.application.frmWorkbench.recentEntries.mnuRecent;
+    EXPECT_FALSE(menu.isOpen());
+    arrow->click();
+    EXPECT_TRUE(menu.isOpen());
+    program.screen.binding().hands.dismiss();
+    program.settle();
+    EXPECT_FALSE(menu.isOpen());
 }
 
 } // namespace

@@ -101,6 +101,25 @@ TEST_F(TreeView, ANodeThatIsAddedIsBroughtIntoView) {
     EXPECT_TRUE(view.viewport()->rect().intersects(rectOf(item)));
 }
 
+TEST_F(TreeView, MessagesThatAreDroppedAreBroughtIntoViewFromTheFirstOne) {
+    view.show();
+    for (int i = 0; i < 100; ++i)
+        add(nullptr, "message");
+    QCoreApplication::processEvents();
+    const Node& first = add(nullptr, "");
+    add(nullptr, "description");
+    const Node& last = add(nullptr, "dropped");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(view.viewport()->rect().contains(rectOf(first)));
+    EXPECT_TRUE(view.viewport()->rect().contains(rectOf(last)));
+    view.verticalScrollBar()->setValue(0);
+    const Node& top = add(nullptr, "the first of many");
+    for (int i = 0; i < 50; ++i)
+        add(nullptr, "dropped");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(rectOf(top).top(), 0);
+}
+
 TEST_F(TreeView, ModelStaysTrueThroughAnyOrderOfChanges) {
     QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     std::mt19937 random(7);

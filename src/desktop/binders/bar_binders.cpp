@@ -1,6 +1,7 @@
 #include "desktop/binders/bar_binders.h"
 
 #include "controls/bars.h"
+#include "controls/menu.h"
 #include "desktop/pictures/pictures.h"
 #include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
@@ -79,9 +80,41 @@ QToolButton& ToolbarBinder::makeButton(ToolbarButton& button) {
     return *shown;
 }
 
+// The pop-up of a button opens as by a right click on it.
+QToolButton& ToolbarBinder::makeArrow(ToolbarButton& button, const QToolButton& shown) {
+    auto* arrow = new QToolButton(&widget()); // the widget owns it
+    constexpr int kArrowWidth = 14;
+    arrow->setArrowType(Qt::DownArrow);
+    arrow->setAutoRaise(true);
+    arrow->setFixedWidth(kArrowWidth);
+    arrow->setFocusPolicy(Qt::NoFocus);
+    arrow->setObjectName(shown.objectName() + QStringLiteral("_Menu"));
+    arrow->setToolTip(toQt(toolbar_.contextMenu()->toolTip()));
+    arrow->setAccessibleName(toQt(toolbar_.contextMenu()->toolTip()));
+    connect(arrow, &QToolButton::clicked, this, [this, &button, arrow] {
+        binding().popupPlace = arrow->mapToGlobal(QPoint(0, arrow->height()));
+        openMenuOf(button);
+        binding().popupPlace.reset();
+    });
+    return *arrow;
+}
+
+void ToolbarBinder::openMenuOf(ToolbarButton& button) {
+    Target target = Target::whole(toolbar_);
+    target.button = &button;
+    hands().rightClick(target);
+}
+
 void ToolbarBinder::place(QToolButton& shown, int position) {
     if (auto* bar = qobject_cast<QToolBar*>(&widget())) {
         bar->addWidget(&shown);
+        ToolbarButton& button = toolbar_.buttons()[static_cast<std::size_t>(position)];
+        if (toolbar_.contextMenu() != nullptr && bar->property("arrowBeside").toString() == toQt(button.key())) {
+            bar->addWidget(&makeArrow(button, shown));
+            shown.setContextMenuPolicy(Qt::CustomContextMenu);
+            connect(&shown, &QWidget::customContextMenuRequested, this,
+                    [this, &button] { openMenuOf(button); });
+        }
         const QStringList groupEnds = bar->property("groupEnds").toStringList();
         if (groupEnds.contains(toQt(toolbar_.buttons()[static_cast<std::size_t>(position)].key())))
             bar->addSeparator();

@@ -29,6 +29,8 @@ private:
     void show(Change change) override;
     void makeButtons();
     QToolButton& makeButton(ToolbarButton& button);
+    QToolButton& makeArrow(ToolbarButton& button, const QToolButton& shown);
+    void openMenuOf(ToolbarButton& button);
     void place(QToolButton& shown, int position);
     void showButtons();
     void showTabStop();

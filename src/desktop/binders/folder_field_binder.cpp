@@ -1,8 +1,10 @@
 #include "desktop/binders/folder_field_binder.h"
 
 #include "controls/combo.h"
+#include "desktop/message_boxes.h"
 #include "desktop/qt_text.h"
 
+#include <QAbstractButton>
 #include <QEvent>
 #include <QFileSystemModel>
 #include <QKeyEvent>
@@ -15,7 +17,22 @@ FolderFieldBinder::FolderFieldBinder(FolderField& field, QTreeView& view, Bindin
     : Binder(field, view, binding), field_(field), view_(view) {
     view_.setHeaderHidden(true);
     view_.setUniformRowHeights(true);
+    pickFolder = [this](const std::string& start) {
+        return askFolder(QStringLiteral("Location"), QStringLiteral("Choose"), view_.window(), toQt(start));
+    };
+    auto* browse =
+        view_.window()->findChild<QAbstractButton*>(view_.objectName() + QStringLiteral("_Browse"));
+    if (browse != nullptr)
+        connect(browse, &QAbstractButton::clicked, this, &FolderFieldBinder::browse);
     start();
+}
+
+// The folder dialog of the system takes paths that are typed or pasted, and makes new folders.
+void FolderFieldBinder::browse() {
+    const QPointer<Binder> alive(this);
+    const std::string folder = pickFolder(field_.text());
+    if (alive && !folder.empty())
+        hands().choose(field_, folder);
 }
 
 // The folders of the machine are read only when the field is opened.

@@ -25,11 +25,13 @@
 #include "ui_frmTRModeler.h"
 #include "ui_frmWorkbench.h"
 #include "ui_pnlCompare.h"
+#include "ui_pnlGo.h"
 #include "ui_pnlHistory.h"
 #include "ui_pnlKeys.h"
 #include "ui_pnlLog.h"
 #include "ui_pnlMarks.h"
 #include "ui_pnlProblems.h"
+#include "ui_pnlSearch.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -81,9 +83,14 @@ constexpr std::array kForms{
 
 // The panes of the workbench, in the order of their buttons.
 constexpr std::array kPanes{
-    Form{"pnlHistory", &make<Ui::pnlHistory>},   Form{"pnlLog", &make<Ui::pnlLog>},
-    Form{"pnlProblems", &make<Ui::pnlProblems>}, Form{"pnlKeys", &make<Ui::pnlKeys>},
-    Form{"pnlMarks", &make<Ui::pnlMarks>},       Form{"pnlCompare", &make<Ui::pnlCompare>},
+    Form{"pnlHistory", &make<Ui::pnlHistory>},
+    Form{"pnlLog", &make<Ui::pnlLog>},
+    Form{"pnlProblems", &make<Ui::pnlProblems>},
+    Form{"pnlKeys", &make<Ui::pnlKeys>},
+    Form{"pnlMarks", &make<Ui::pnlMarks>},
+    Form{"pnlCompare", &make<Ui::pnlCompare>},
+    Form{"pnlGo", &make<Ui::pnlGo>},
+    Form{"pnlSearch", &make<Ui::pnlSearch>},
 };
 
 struct Share {

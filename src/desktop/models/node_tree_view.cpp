@@ -181,8 +181,10 @@ void NodeTreeView::rowsInserted(const QModelIndex& parent, int start, int end) {
 }
 
 void NodeTreeView::takeAdded(Node& node) {
-    if (severalAdded_)
+    if (severalAdded_) {
+        addedLast_ = &node;
         return;
+    }
     // Nodes come in order, so that no walk up a deep tree is needed for most.
     const Node* before = std::exchange(addedLast_, &node);
     if (before != nullptr &&
@@ -196,14 +198,18 @@ void NodeTreeView::takeAdded(Node& node) {
     added_ = &node;
 }
 
-// What the user adds or pastes is one node with those below it; when a project is opened, the view stays.
+// What the user adds, pastes or drops is brought into view, of several nodes the first ones. A project that
+// is opened is a tree of its own, which is shown from the top.
 void NodeTreeView::doItemsLayout() {
     QAbstractItemView::doItemsLayout();
     Node* added = std::exchange(added_, nullptr);
+    Node* last = std::exchange(addedLast_, nullptr);
     const bool several = std::exchange(severalAdded_, false);
-    addedLast_ = nullptr;
-    if (added != nullptr && !several)
-        reveal(*added);
+    if (added == nullptr)
+        return;
+    if (several && last != nullptr)
+        reveal(*last);
+    reveal(*added);
 }
 
 void NodeTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {

@@ -100,7 +100,7 @@ private:
     mutable bool laidOut_ = false;
     std::unordered_set<const Node*> openedToShow_;
     Node* added_ = nullptr; // since the last layout, without the nodes below it
-    const Node* addedLast_ = nullptr;
+    Node* addedLast_ = nullptr;
     bool severalAdded_ = false;
     std::optional<int> unseenFrom_; // the scroll position before the moves since the last painting
     int widest_ = 0;

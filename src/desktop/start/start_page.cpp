@@ -8,6 +8,9 @@
 #include "desktop/start/example_project.h"
 #include "desktop/start/start_panel.h"
 #include "platform/text.h"
+#include "project/module_state.h"
+#include "project/project_files.h"
+#include "project/recent_projects.h"
 #include "shell/frm_main.h"
 #include "workbench/frm_workbench.h"
 
@@ -18,12 +21,14 @@ namespace zb {
 StartPage::StartPage(frmMain& main, QWidget& place, Binding& binding) : main_(main), binding_(binding) {
     pickFolder = [&place] {
         return askFolder(QStringLiteral("Folder for the Example"), QStringLiteral("Copy here"),
-                         place.window());
+                         place.window(), {});
     };
     const auto choose = [this](MenuEntry& entry) {
         return [this, &entry] { binding_.hands.click(Target::whole(entry)); };
     };
-    StartPanel::Ways ways{choose(main.mnuNew), choose(main.mnuOpen), [this] { openExample(); }};
+    StartPanel::Ways ways{choose(main.mnuNew), choose(main.mnuOpen), [this] { openExample(); },
+                          [this](const std::string& path) { openBy(main_.mnuOpen, std::string(path)); },
+                          [this] { return recentProjects(); }};
     panel_ = std::make_unique<StartPanel>(place, binding.pictures, std::move(ways));
     if (frmWorkbench* strip = workbench(); strip != nullptr)
         strip->notices.onChanged = [this] { showOffers(); };
@@ -97,6 +102,16 @@ void StartPage::openBy(Control& entry, const std::string& file) {
     nextFile_ = file;
     binding_.hands.click(Target::whole(entry));
     nextFile_.clear();
+}
+
+// Without those that are gone: there is nobody yet to tell why they cannot be opened.
+std::vector<std::string> StartPage::recentProjects() const {
+    const frmWorkbench* strip = workbench();
+    if (strip == nullptr)
+        return {};
+    std::vector<std::string> paths = RecentProjects(strip->services().state.settings).all();
+    std::erase_if(paths, [](const std::string& path) { return !isFile(path); });
+    return paths;
 }
 
 } // namespace zb

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 class QWidget;
 
@@ -41,6 +42,7 @@ private:
     frmWorkbench* workbench() const;
     void showOffers();
     void choose(int notice, std::size_t action);
+    std::vector<std::string> recentProjects() const;
 
     frmMain& main_;
     Binding& binding_;

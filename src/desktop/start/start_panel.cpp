@@ -1,14 +1,21 @@
 #include "desktop/start/start_panel.h"
 
 #include "desktop/pictures/pictures.h"
+#include "desktop/plain_labels.h"
+#include "desktop/qt_text.h"
 
 #include <QCommandLinkButton>
 #include <QEvent>
+#include <QFileInfo>
 #include <QFrame>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QToolButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
 
 namespace zb {
 
@@ -44,7 +51,8 @@ QFont fontOfMeanings(QFont font) {
 
 } // namespace
 
-StartPanel::StartPanel(QWidget& place, const Pictures& pictures, Ways ways) : QScrollArea(&place) {
+StartPanel::StartPanel(QWidget& place, const Pictures& pictures, Ways ways)
+    : QScrollArea(&place), ways_(std::move(ways)) {
     setObjectName(QStringLiteral("startPanel"));
     setAccessibleName(QStringLiteral("Start"));
     setFrameShape(QFrame::NoFrame);
@@ -64,13 +72,16 @@ StartPanel::StartPanel(QWidget& place, const Pictures& pictures, Ways ways) : QS
     offers_ = new QVBoxLayout;
     column->addLayout(offers_);
     first_ = addWay(*column, QStringLiteral("startNew"), pictures.icon("new"), QStringLiteral("&New project"),
-                    QStringLiteral("An empty one, in a folder of its own (Ctrl+N)"), std::move(ways.makeNew));
+                    QStringLiteral("An empty one, in a folder of its own (Ctrl+N)"), ways_.makeNew);
     addWay(*column, QStringLiteral("startOpen"), pictures.icon("open"), QStringLiteral("&Open project"),
-           QStringLiteral("A project file, *.zbp (Ctrl+O)"), std::move(ways.open));
+           QStringLiteral("A project file, *.zbp (Ctrl+O)"), ways_.open);
     addWay(*column, QStringLiteral("startExample"), pictures.icon("editor"),
            QStringLiteral("Open the &example"),
            QStringLiteral("A copy of the messages of a plasma etcher, in a folder of your choice"),
-           std::move(ways.openExample));
+           ways_.openExample);
+    recent_ = new QVBoxLayout;
+    recent_->setSpacing(0);
+    column->addLayout(recent_);
     column->addStretch(3);
     setWidget(sheet);
     hide();
@@ -105,10 +116,49 @@ QWidget* StartPanel::addWay(QVBoxLayout& column, const QString& name, const QIco
     return button;
 }
 
+// One line for each: name and folder, with the whole path as tool tip.
+void StartPanel::showRecent() {
+    constexpr std::size_t kMostShown = 5;
+    while (QLayoutItem* old = recent_->takeAt(0)) {
+        delete old->widget(); // NOLINT(cppcoreguidelines-owning-memory): the layout has given it back
+        delete old;           // NOLINT(cppcoreguidelines-owning-memory)
+    }
+    std::vector<std::string> paths = ways_.recent();
+    paths.resize(std::min(paths.size(), kMostShown));
+    if (paths.empty())
+        return;
+    auto* title = new QLabel(QStringLiteral("Recent projects"));
+    title->setForegroundRole(QPalette::Text);
+    title->setContentsMargins(kWayMargins, kWayMargins / 2, 0, 0);
+    recent_->addWidget(title);
+    int number = 0;
+    for (const std::string& path : paths)
+        recent_->addWidget(makeRecent(path, ++number));
+}
+
+QWidget* StartPanel::makeRecent(const std::string& path, int number) {
+    constexpr int kWidest = 420;
+    const QFileInfo file(toQt(path));
+    auto* button = new QToolButton;
+    QString text = file.completeBaseName() + QStringLiteral("  –  ") + file.path();
+    text = fontMetrics().elidedText(text, Qt::ElideMiddle, kWidest);
+    button->setText(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
+    button->setObjectName(QStringLiteral("startRecent%1").arg(number));
+    button->setToolTip(toolTipOf(path));
+    button->setAccessibleName(toQt(path));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    connect(button, &QToolButton::clicked, this, [this, path] { ways_.openRecent(path); });
+    return button;
+}
+
 void StartPanel::setShown(bool shown) {
     if (shown == !isHidden())
         return;
     if (shown) {
+        showRecent();
         setGeometry(parentWidget()->rect());
         raise();
         show();

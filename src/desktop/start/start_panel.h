@@ -3,6 +3,7 @@
 #include <QScrollArea>
 
 #include <functional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -21,6 +22,9 @@ public:
         std::function<void()> makeNew;
         std::function<void()> open;
         std::function<void()> openExample;
+        std::function<void(const std::string& path)> openRecent;
+        /// The paths of recent projects, the latest first; requested whenever the page is shown.
+        std::function<std::vector<std::string>()> recent;
     };
 
     /// Something that waits for a decision, such as unsaved work of a program that was killed.
@@ -47,7 +51,12 @@ private:
     QWidget* firstButton() const;
 
     QVBoxLayout* offers_ = nullptr;
+    void showRecent();
+    QWidget* makeRecent(const std::string& path, int number);
+
+    Ways ways_;
     QWidget* first_ = nullptr;
+    QVBoxLayout* recent_ = nullptr;
 };
 
 } // namespace zb

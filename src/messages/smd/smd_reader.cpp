@@ -2,6 +2,7 @@
 
 #include "messages/indentation.h"
 #include "messages/item_grammar.h"
+#include "messages/message_nodes.h"
 #include "messages/smd/smd_lines.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
@@ -114,6 +115,19 @@ private:
     bool isOpen_ = false;
 };
 
+void addItems(NodeTree& tree, Node& message, const SECSMessageRecord& record) {
+    ItemPlacer items(tree, &message);
+    const std::string body = record.getBodyText();
+    LineReader lines(body);
+    while (const std::optional<std::string_view> line = lines.next()) {
+        if (isBlank(*line))
+            continue;
+        std::string_view text = *line;
+        const int depth = countOf(takeWord(text));
+        items.add(depth, trim(text));
+    }
+}
+
 } // namespace
 
 void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageNameListener& onMessage,
@@ -149,18 +163,24 @@ std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record) {
         return "Key";
     if (!hasColon(nodeText))
         return {};
-    ItemPlacer items(tree, &addMessageNodes(tree, record.getName(), std::string(nodeText),
-                                            std::string_view(head).substr(0, lineEnd)));
-    const std::string body = record.getBodyText();
-    LineReader lines(body);
-    while (const std::optional<std::string_view> line = lines.next()) {
-        if (isBlank(*line))
-            continue;
-        std::string_view text = *line;
-        const int depth = countOf(takeWord(text));
-        items.add(depth, trim(text));
-    }
+    addItems(tree,
+             addMessageNodes(tree, record.getName(), std::string(nodeText),
+                             std::string(std::string_view(head).substr(0, lineEnd))),
+             record);
     return {};
+}
+
+bool replaceMessageInTree(NodeTree& tree, const SECSMessageRecord& record) {
+    Node* message = tree.find(record.getName());
+    if (message == nullptr || !hasColon(record.getNodeText()))
+        return false;
+    message->setText(std::string(record.getNodeText()));
+    if (Node* description = messageOf(*message).description; description != nullptr)
+        description->setText(std::string(record.getDescription()));
+    while (message->child() != nullptr)
+        tree.remove(*message->child());
+    addItems(tree, *message, record);
+    return true;
 }
 
 } // namespace zb

@@ -23,4 +23,8 @@ void readSmdSection(NodeTree& tree, std::string_view sectionText, const MessageN
 /// name; otherwise it is empty.
 [[nodiscard]] std::string addMessageToTree(NodeTree& tree, const SECSMessageRecord& record);
 
+/// Puts a message with its items in the place of the one of the same name; false, and nothing is changed,
+/// when the tree has none.
+bool replaceMessageInTree(NodeTree& tree, const SECSMessageRecord& record);
+
 } // namespace zb

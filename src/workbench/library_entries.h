@@ -1,0 +1,24 @@
+#pragma once
+
+#include "controls/menu.h"
+
+namespace zb {
+
+class frmWorkbench;
+
+/// The commands of the library's list, in a pop-up of its own.
+class LibraryEntries {
+public:
+    explicit LibraryEntries(frmWorkbench& workbench);
+
+    PopupMenu mnuLibraryMore;
+    MenuEntry mnuLibraryReplace;
+
+private:
+    void opened();
+    void replace();
+
+    frmWorkbench& workbench_;
+};
+
+} // namespace zb
