@@ -11,22 +11,18 @@
 #include "desktop/qt_text.h"
 #include "desktop/search_key.h"
 #include "desktop/start/start_page.h"
-#include "desktop/system_information.h"
 #include "desktop/watched_work.h"
 #include "desktop/workbench_place.h"
 #include "shell/frm_main.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
-#include <QDesktopServices>
 #include <QEventLoop>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScopeGuard>
-#include <QTimer>
-#include <QUrl>
 #include <QWindow>
 
 #include <algorithm>
@@ -391,19 +387,6 @@ void DesktopScreen::forget(Window& window) {
 void DesktopScreen::flush() {
     for (const auto& [window, frame] : frames_)
         frame.binder->flush();
-}
-
-bool DesktopScreen::showSystemInformation() {
-    return startSystemInformation();
-}
-
-bool DesktopScreen::openFile(const std::string& path) {
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(path)));
-}
-
-void DesktopScreen::callLater(std::chrono::milliseconds delay, std::function<void()> function) {
-    if (timers_ != nullptr)
-        QTimer::singleShot(delay, timers_.get(), std::move(function));
 }
 
 } // namespace zb

@@ -9,8 +9,7 @@
 namespace zb {
 
 frmWorkbench::frmWorkbench(Desktop& desktop, WorkbenchServices services)
-    : Window(desktop, "frmWorkbench"), services_(std::move(services)),
-      treeMore(*this, services_.editor) {
+    : Window(desktop, "frmWorkbench"), services_(std::move(services)), treeMore(*this, services_.editor) {
     setCaption("Workbench");
     for (Button* button : {&cmdUndo, &cmdRedo, &cmdClosePane})
         button->setLeavesFocus();

@@ -109,7 +109,8 @@ void ToolbarBinder::place(QToolButton& shown, int position) {
     if (auto* bar = qobject_cast<QToolBar*>(&widget())) {
         bar->addWidget(&shown);
         ToolbarButton& button = toolbar_.buttons()[static_cast<std::size_t>(position)];
-        if (toolbar_.contextMenu() != nullptr && bar->property("arrowBeside").toString() == toQt(button.key())) {
+        if (toolbar_.contextMenu() != nullptr &&
+            bar->property("arrowBeside").toString() == toQt(button.key())) {
             bar->addWidget(&makeArrow(button, shown));
             shown.setContextMenuPolicy(Qt::CustomContextMenu);
             connect(&shown, &QWidget::customContextMenuRequested, this,
