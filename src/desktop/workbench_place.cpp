@@ -116,9 +116,12 @@ void WorkbenchPlace::close(const QWidget& pane) {
         return;
     opened_ = nullptr;
     layout_.rememberHeight(memoryOf(pane), form_.height() - strip_.height());
+    const int all = splitter_.height();
     column_.hide();
     splitter_.setHandleWidth(0);
     form_.setFixedHeight(strip_.height());
+    // A splitter keeps the room of a part that has become smaller.
+    splitter_.setSizes({std::max(0, all - strip_.height()), strip_.height()});
 }
 
 bool WorkbenchPlace::hasKeyboard() const {

@@ -54,7 +54,7 @@ public:
         int sum = 0;
         bool own = words_.empty();
         for (std::size_t i = 0; i < words_.size(); ++i) {
-            int score = words_[i].score(index_.searchText(entry));
+            int score = scoreOf(entry, words_[i]);
             own = own || score > 0;
             if (score == 0 && ofMessage)
                 score = scoreOfMessage(entry, i) / kShareOfMessage;
@@ -66,6 +66,12 @@ public:
     }
 
 private:
+    /// A match in the name counts twice: what else the row shows is the name of another.
+    int scoreOf(const NameIndex::Entry& entry, const FuzzyWord& word) const {
+        const int inAll = word.score(index_.searchText(entry));
+        return inAll == 0 ? 0 : std::max(inAll, 2 * word.score(index_.searchName(entry)));
+    }
+
     int scoreOfMessage(const NameIndex::Entry& item, std::size_t word) {
         if (message_ != item.message) {
             message_ = item.message;

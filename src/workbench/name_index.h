@@ -43,6 +43,10 @@ public:
     SearchText searchText(const Entry& entry) const {
         return {std::string_view(folded_).substr(entry.begin, entry.length), entry.wordStarts};
     }
+    /// Its name alone.
+    SearchText searchName(const Entry& entry) const {
+        return {std::string_view(folded_).substr(entry.begin, entry.nameLength), entry.wordStarts};
+    }
 
     struct Found {
         std::vector<std::size_t> best; ///< numbers of entries, the best first

@@ -1,8 +1,10 @@
 #include "controls/bars.h"
 #include "controls/desktop.h"
+#include "desktop/accessibility/accessible_notice.h"
 #include "desktop/models/node_tree_view.h"
 #include "desktop/qt_text.h"
 #include "screen/support/program_on_screen.h"
+#include "workbench/frm_workbench.h"
 
 #include <gmock/gmock.h>
 
@@ -11,11 +13,15 @@
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QToolButton>
 
+#include <functional>
 #include <set>
+#include <string>
+#include <vector>
 
 namespace zb::test {
 namespace {
@@ -149,48 +155,50 @@ TEST_F(ScreenReader, ACommandOfTheToolBarIsAButtonAndNoCheckBox) {
     EXPECT_THAT(checkBoxes, ElementsAre("tbrMain_Editor"));
 }
 
-/// Listens as a screen reader does, for as long as it exists.
+/// Hears what the window reports of notices, for as long as it exists. Without a screen reader Qt passes no
+/// event on, so that the events are taken where Qt would get them.
 class Listener {
 public:
-    Listener() {
-        heard().clear();
-        QAccessible::setActive(true);
-        before_ = QAccessible::installUpdateHandler(&hear);
+    Listener(NoticeBar& notices, QLabel& label) : notices_(notices), windowsOwn_(notices.onNews) {
+        notices_.onNews = [this, &label] {
+            windowsOwn_();
+            AccessibleNotice::report(label, [this](QAccessibleEvent* event) { hear(*event); });
+        };
     }
-    ~Listener() {
-        QAccessible::installUpdateHandler(before_);
-        QAccessible::setActive(false);
-    }
+    ~Listener() { notices_.onNews = windowsOwn_; }
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
 
+    /// Whether the window reports news.
+    bool isConnected() const { return windowsOwn_ != nullptr; }
     /// The names of the notifications that were shown.
-    static std::vector<std::string>& heard() {
-        static std::vector<std::string> names;
-        return names;
-    }
+    const std::vector<std::string>& heard() const { return heard_; }
 
 private:
-    static void hear(QAccessibleEvent* event) {
-        QAccessibleInterface* source = event->accessibleInterface();
-        if (event->type() == QAccessible::ObjectShow && source != nullptr &&
+    void hear(QAccessibleEvent& event) {
+        QAccessibleInterface* source = event.accessibleInterface();
+        if (event.type() == QAccessible::ObjectShow && source != nullptr &&
             source->role() == QAccessible::Notification)
-            heard().push_back(fromQt(source->text(QAccessible::Name)));
+            heard_.push_back(fromQt(source->text(QAccessible::Name)));
     }
 
-    QAccessible::UpdateHandler before_ = nullptr;
+    NoticeBar& notices_;
+    std::function<void()> windowsOwn_;
+    std::vector<std::string> heard_;
 };
 
 TEST_F(ScreenReader, HearsEachNewNoticeOnce) {
-    const Listener listener;
+    frmWorkbench& workbench = program.application.frmWorkbench;
+    const Listener listener(workbench.notices, program.widget<QLabel>(workbench, "lblNotice"));
+    ASSERT_TRUE(listener.isConnected());
     Desktop& desktop = program.application.desktop;
     desktop.post({"Saved Etcher.zbp", {}, "save"});
     desktop.post({"Etcher.zbp was changed by another program", {{"Reload", [] {}}}, "disk"});
-    EXPECT_THAT(Listener::heard(),
+    EXPECT_THAT(listener.heard(),
                 ElementsAre("Saved Etcher.zbp", "Etcher.zbp was changed by another program"));
     // The earlier notice comes back when the later one goes; it is no news.
     desktop.withdraw("disk");
-    EXPECT_EQ(Listener::heard().size(), 2U);
+    EXPECT_EQ(listener.heard().size(), 2U);
 }
 
 struct TabOrder : ScreenReader {

@@ -81,9 +81,10 @@ TEST_F(KeepPainting, LeavesTheWindowsAsTheyWereAfterwards) {
 TEST_F(KeepPainting, GoesOnWhileAGeneratorRuns) {
     SettingsStore settings = SettingsStore::inMemory();
     settings.writeRegValue(kSettingsKey, kGeneratorCommand, "/bin/sh -c \"sleep 0.3; echo done\"");
-    ZeltoGenerator generator(settings, [this] {
+    ZeltoGenerator generator(settings, [this](const std::string& /*lines*/) {
         window.update();
         keepPainting();
+        return true;
     });
     EXPECT_EQ(generator.generate("/p/Line.zbp"), "done");
     EXPECT_GT(window.paints, 3);

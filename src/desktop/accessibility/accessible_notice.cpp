@@ -21,12 +21,10 @@ void AccessibleNotice::install() {
 }
 
 // Each platform listens to another one of these.
-void AccessibleNotice::report(QLabel& label) {
-    if (!QAccessible::isActive())
-        return;
+void AccessibleNotice::report(QLabel& label, const Send& send) {
     for (const auto kind : {QAccessible::NameChanged, QAccessible::ObjectShow, QAccessible::Alert}) {
         QAccessibleEvent event(&label, kind);
-        QAccessible::updateAccessibility(&event);
+        send(&event);
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <QAccessibleWidget>
 
+#include <functional>
+
 class QLabel;
 
 namespace zb {
@@ -14,8 +16,10 @@ public:
 
     /// Makes Qt find the interface of labels that have the property `isNotice`. Further calls do nothing.
     static void install();
-    /// Reports that the label shows another notice, when a screen reader listens.
-    static void report(QLabel& label);
+    /// Takes the events for screen readers.
+    using Send = std::function<void(QAccessibleEvent*)>;
+    /// Reports that the label shows another notice. Qt drops the events while no screen reader listens.
+    static void report(QLabel& label, const Send& send = &QAccessible::updateAccessibility);
 
     QString text(QAccessible::Text text) const override;
 };

@@ -238,7 +238,8 @@ bool ItemBinder::mouseByKey(const QKeyEvent& event) {
         return true;
     }
     const bool enters = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    if (!enters || !isMember(target))
+    const bool alone = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (!enters || !alone || !isMember(target))
         return false;
     if (takesDoubleClicks())
         hands().doubleClick(target);

@@ -195,11 +195,12 @@ void NodeTreeView::takeAdded(Node& node) {
             return;
     }
     severalAdded_ = added_ != nullptr;
-    added_ = &node;
+    if (!severalAdded_)
+        added_ = &node;
 }
 
-// What the user adds, pastes or drops is brought into view, of several nodes the first ones. A project that
-// is opened is a tree of its own, which is shown from the top.
+// What the user adds, pastes or drops is brought into view. Of several nodes that do not fit, the first one
+// is at the top. A project that is opened is a tree of its own, which is shown from the top.
 void NodeTreeView::doItemsLayout() {
     QAbstractItemView::doItemsLayout();
     Node* added = std::exchange(added_, nullptr);
@@ -209,7 +210,8 @@ void NodeTreeView::doItemsLayout() {
         return;
     if (several && last != nullptr)
         reveal(*last);
-    reveal(*added);
+    const bool isAbove = several && visualRect(nodes_->indexOf(added)).top() < 0;
+    reveal(*added, isAbove ? PositionAtTop : EnsureVisible);
 }
 
 void NodeTreeView::rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) {
@@ -263,7 +265,7 @@ void NodeTreeView::showSelected() {
         reveal(*selected);
 }
 
-void NodeTreeView::reveal(Node& node) {
+void NodeTreeView::reveal(Node& node, ScrollHint hint) {
     if (!isShown(node)) {
         for (const Node* above = node.parent(); above != nullptr; above = above->parent()) {
             if (!above->expanded())
@@ -272,7 +274,7 @@ void NodeTreeView::reveal(Node& node) {
         forgetRowsOf(node);
     }
     const int before = verticalScrollBar()->value();
-    scrollTo(nodes_->indexOf(&node));
+    scrollTo(nodes_->indexOf(&node), hint);
     if (!unseenFrom_ && verticalScrollBar()->value() != before)
         unseenFrom_ = before;
 }
@@ -319,7 +321,9 @@ void NodeTreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     updateGeometries();
     const int top = verticalScrollBar()->value();
     const int page = rowsOfPage();
-    if (hint == PositionAtCenter || *row < top - page || *row >= top + 2 * page)
+    if (hint == PositionAtTop)
+        verticalScrollBar()->setValue(*row);
+    else if (hint == PositionAtCenter || *row < top - page || *row >= top + 2 * page)
         verticalScrollBar()->setValue(*row - page / 2);
     else if (*row < top)
         verticalScrollBar()->setValue(*row);

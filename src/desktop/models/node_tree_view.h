@@ -28,7 +28,7 @@ public:
     /// Scrolls to the selected node. Collapsed ancestors are shown expanded, but stay collapsed in the store.
     void showSelected();
     /// Shows collapsed ancestors of a node as expanded, and scrolls to it.
-    void reveal(Node& node);
+    void reveal(Node& node, ScrollHint hint = EnsureVisible);
     /// A position below all nodes; it may be outside the viewport.
     QPoint placeBelowAll() const;
     /// The user expands or collapses a node.
@@ -99,7 +99,7 @@ private:
     mutable std::vector<int> starts_;  // row of each root node, and the total number of rows after them
     mutable bool laidOut_ = false;
     std::unordered_set<const Node*> openedToShow_;
-    Node* added_ = nullptr; // since the last layout, without the nodes below it
+    Node* added_ = nullptr; // the first one since the last layout
     Node* addedLast_ = nullptr;
     bool severalAdded_ = false;
     std::optional<int> unseenFrom_; // the scroll position before the moves since the last painting

@@ -211,6 +211,7 @@ void StartPanel::addOffer(Offer offer) {
     }
     buttons->addStretch();
     offers_->addWidget(frame);
+    frame->show(); // a button that is still hidden would not get the focus
 }
 
 QWidget* StartPanel::firstButton() const {

@@ -296,7 +296,7 @@ Hands::Refusal ScreenHands::drag(const Target& from, const Target& to) {
         if (kind == Kind::Tree || kind == Kind::List)
             press(spotOf(screen_, from), Qt::LeftButton);
         else if (kind == Kind::Pane)
-            hands().click(from);
+            hands().mouseDown(from, UserHands::MouseButton::Left); // a press that becomes a drag is no click
         else
             giveFocus(*from.control);
     });

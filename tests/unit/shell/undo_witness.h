@@ -36,7 +36,7 @@ public:
     Witness(UndoHistory& history, std::function<std::string()> dump)
         : history_(history), dump_(std::move(dump)), now_(dump_()) {
         // An action may make several steps.
-        history_.addListener([this] { look(); });
+        history_.addListener([this] { historyChanged(); });
     }
 
     /// Takes note of what an action or a step of it has left.
@@ -86,6 +86,15 @@ public:
     std::size_t steps() const { return states_.size(); }
 
 private:
+    /// A joint step is made in one document after the other. When the first one drops its redone steps, this
+    /// one does too, before its own changes are a step: what was there before them is still to be noted.
+    void historyChanged() {
+        if (!history_.hasChanged())
+            look();
+        else if (!moves_ && history_.count() < states_.size())
+            states_.resize(history_.count());
+    }
+
     UndoHistory& history_;
     std::function<std::string()> dump_;
     std::string now_;
