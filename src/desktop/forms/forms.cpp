@@ -153,6 +153,8 @@ void bringFilterToModeler(const QWidget& form) {
     const auto* modeler = form.window()->findChild<QWidget*>(QStringLiteral("frmTRModeler"));
     if (column == nullptr || modeler == nullptr || modeler->isAncestorOf(column))
         return;
+    // The row is as high as its field; the trees below it take the rest.
+    column->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     if (auto* layout = qobject_cast<QBoxLayout*>(modeler->layout()))
         layout->insertWidget(0, column);
 }
