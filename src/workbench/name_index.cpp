@@ -10,6 +10,8 @@ namespace {
 
 // What a match in the message of an item counts, against one in its own name.
 constexpr int kShareOfMessage = 4;
+// More than the lengths of two texts can differ in.
+constexpr int kNameBonus = 100;
 
 struct Hit {
     int score = 0;
@@ -66,10 +68,11 @@ public:
     }
 
 private:
-    /// A match in the name counts twice: what else the row shows is the name of another.
+    /// What a row shows beside its name may be the name of another.
     int scoreOf(const NameIndex::Entry& entry, const FuzzyWord& word) const {
         const int inAll = word.score(index_.searchText(entry));
-        return inAll == 0 ? 0 : std::max(inAll, 2 * word.score(index_.searchName(entry)));
+        const bool inName = inAll != 0 && word.score(index_.searchName(entry)) != 0;
+        return inAll + (inName ? kNameBonus : 0);
     }
 
     int scoreOfMessage(const NameIndex::Entry& item, std::size_t word) {
