@@ -15,7 +15,7 @@ public:
     explicit ItemEntry(frmSECSEditor& window) : window_(window) {}
 
     /// The commands Insert Item and Add Child Item; the new item is then selected, with the keyboard in its
-    /// name. A message stands for each of its three nodes.
+    /// name. A message means each of its three nodes.
     /// @{
     void insertAfter();
     void addChild();

@@ -18,7 +18,7 @@ struct SequenceEdit {
     RowPlaces selected;
 };
 
-// Edits of several rows at once. A head among the places stands for its whole sequence; when there is one,
+// Edits of several rows at once. A head among the places means its whole sequence; when there is one,
 // moves and copies leave out the items that are given beside it. Nothing is returned where nothing changes.
 
 enum class Step { Up, Down };

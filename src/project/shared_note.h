@@ -19,7 +19,7 @@ struct ProjectHolder {
 
 /// The note beside a project file that says which program has it open, for programs on other machines that
 /// share the folder: `.NAME.HOST-PROCESS.lock`. It is written only where the folder is shared; where it
-/// cannot be written, there is none. It is no lock: a second program is told of the first one, and may save.
+/// cannot be written, there is none. It is no lock: a second program learns of the first one, and may save.
 class SharedNote {
 public:
     using IsShared = std::function<bool(const std::filesystem::path& folder)>;
@@ -31,10 +31,10 @@ public:
     /// The program has opened this project file, and closed the one before.
     void enter(const std::string& project);
     void leave();
-    /// The program still runs: notes of other machines count as left behind when they were not written for
+    /// The program still runs: notes of other machines count as stale when they were not written for
     /// two minutes.
     void refresh();
-    /// The other programs that have the project open. What programs that no longer run have left behind is
+    /// The other programs that have the project open. What programs that no longer run have left is
     /// removed on the way.
     std::vector<ProjectHolder> others();
 

@@ -51,7 +51,7 @@ private:
     /// What a file takes the place of the open project for.
     struct Replacement {
         std::string step;   ///< "Reload Etcher.zbp"
-        std::string notice; ///< what the user is told afterwards
+        std::string notice; ///< what the user reads afterwards
     };
     /// Puts what is in the file into the open project; false when it cannot be read, and nothing has changed.
     bool show(const std::string& path, const Replacement& replacement);
