@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <limits>
 
 namespace zb::sml {
 
@@ -50,6 +51,10 @@ std::string times(std::size_t number, std::string_view what) {
     return std::to_string(number) + " " + std::string(what);
 }
 
+std::string unitsOf(const Item& item) {
+    return times(item.count.number, isQuotedType(item.type) ? "characters" : "values");
+}
+
 } // namespace
 
 void Body::clear() {
@@ -84,13 +89,13 @@ std::size_t Body::closeList() {
 void Body::setName(Item& item, std::string_view name) {
     item.nameBegin = names_.size();
     item.nameLength = name.size();
+    item.nameIsPlain = false;
     names_ += name;
 }
 
-void Body::setValue(Item& item, std::string_view value) {
-    item.valueBegin = values_.size();
-    item.valueLength = value.size();
-    values_ += value;
+void Body::setPlainName(Item& item, std::string_view name) {
+    setName(item, name);
+    item.nameIsPlain = true;
 }
 
 std::string_view Body::name(const Item& item) const {
@@ -170,7 +175,6 @@ Body::Form Body::templateForm(const Item& item) const {
 }
 
 Body::Form Body::valueForm(const Item& item, FindingCollector& findings) const {
-    const std::string_view unit = isQuotedType(item.type) ? "characters" : "values";
     const std::size_t declared = item.count.number;
     if (item.repeats || item.count.kind == Count::Kind::Open)
         return {std::max(item.values, kValueBound), true, false};
@@ -180,12 +184,12 @@ Body::Form Body::valueForm(const Item& item, FindingCollector& findings) const {
         return isTemplate ? templateForm(item) : Form{item.values, false, false};
     }
     if (declared < item.values)
-        findings.warn(item.offset, "the item is declared to hold " + times(declared, unit) + " and holds " +
+        findings.warn(item.offset, "the item is declared to hold " + unitsOf(item) + " and holds " +
                                        std::to_string(item.values) + "; the count was raised");
     if (item.count.kind == Count::Kind::UpTo)
         return {std::max(declared, item.values), true, false};
     if (declared > item.values && item.valued)
-        findings.warn(item.offset, "the item is declared to hold " + times(declared, unit) + " and holds " +
+        findings.warn(item.offset, "the item is declared to hold " + unitsOf(item) + " and holds " +
                                        std::to_string(item.values));
     return {std::max(declared, item.values), false, false};
 }
@@ -201,7 +205,7 @@ std::string_view Body::uniqueName(const Item& item, std::string_view wanted, Fin
 std::string_view Body::nameFor(std::size_t index, const Form& form, FindingCollector& findings) {
     const Item& item = items_[index];
     const std::string_view written = name(item);
-    if (isAllowedName(written, item.type))
+    if ((item.nameIsPlain && item.type != ItemType::Boolean) || isAllowedName(written, item.type))
         return uniqueName(item, written, findings);
     if (!written.empty()) {
         const std::string allowed = allowedName(written, item.type);
@@ -225,25 +229,33 @@ std::string_view Body::nameFor(std::size_t index, const Form& form, FindingColle
 namespace {
 
 char* put(char* at, std::string_view text) {
-    return std::ranges::copy(text, at).out;
+    return at + text.copy(at, text.size());
+}
+
+char* put(char* at, std::size_t number) {
+    constexpr std::size_t kMostDigits = std::numeric_limits<std::size_t>::digits10 + 1;
+    if (number >= 10)
+        return std::to_chars(at, at + kMostDigits, number).ptr;
+    *at = static_cast<char>('0' + number);
+    return at + 1;
 }
 
 } // namespace
 
-// Writes to the end of the lines in one go: a call for each piece would take longer than the piece.
-void Body::appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const {
-    // What is written beside the name and the value; level, type and count have at most seven characters
-    // each, since both numbers are bounded.
-    constexpr std::size_t kMost = 40;
+// Writes the line in one go: a call for each piece would take longer than the piece.
+std::size_t Body::appendLine(std::size_t used, const Item& item, const Form& form, std::string_view name) {
+    // What is written beside the name and the value: the level, the count, the word of the type and the
+    // marks between them.
+    constexpr std::size_t kMost = 64;
     const std::string_view text = value(item);
-    const std::size_t before = lines.size();
-    lines.resize(before + kMost + name.size() + text.size());
-    char* const bound = lines.data() + lines.size();
-    char* at = std::to_chars(lines.data() + before, bound, item.level).ptr;
+    const std::size_t needed = used + kMost + name.size() + text.size();
+    if (lines_.size() < needed)
+        lines_.resize(needed * 2);
+    char* at = put(lines_.data() + used, item.level);
     *at++ = ' ';
     at = put(at, typeWord(item.type));
     *at++ = ' ';
-    at = std::to_chars(at, bound, form.count).ptr;
+    at = put(at, form.count);
     if (form.variable)
         *at++ = 'V';
     if (!name.empty()) {
@@ -259,12 +271,12 @@ void Body::appendLine(std::string& lines, const Item& item, const Form& form, st
     if (quoted)
         *at++ = '\'';
     at = put(at, item.key ? " [K]\r\n" : "\r\n");
-    lines.resize(static_cast<std::size_t>(at - lines.data()));
+    return static_cast<std::size_t>(at - lines_.data());
 }
 
-bool Body::compose(std::string& lines, FindingCollector& findings) {
+std::optional<std::string_view> Body::compose(FindingCollector& findings) {
     namesInUse_.clear();
-    lines.clear();
+    std::size_t used = 0;
     for (std::size_t i = 0; i < items_.size(); ++i) {
         const Item& item = items_[i];
         if (item.leftOut)
@@ -272,7 +284,7 @@ bool Body::compose(std::string& lines, FindingCollector& findings) {
         if (std::max(item.values, item.children) > kMostCount) {
             findings.fail(item.offset,
                           "the item holds more than " + std::to_string(kMostCount) + " values or items");
-            return false;
+            return std::nullopt;
         }
         Form form = item.type == ItemType::List ? listForm(i, findings) : valueForm(item, findings);
         if (form.count > kMostCount) {
@@ -280,12 +292,12 @@ bool Body::compose(std::string& lines, FindingCollector& findings) {
                                            std::to_string(form.count) + " was lowered to that");
             form.count = kMostCount;
         }
-        appendLine(lines, item, form, nameFor(i, form, findings));
+        used = appendLine(used, item, form, nameFor(i, form, findings));
         if (form.onlyFirstChild && item.children > 1)
             for (std::size_t rest = items_[i + 1].end; rest < item.end; ++rest)
                 items_[rest].leftOut = true;
     }
-    return true;
+    return std::string_view(lines_).substr(0, used);
 }
 
 } // namespace zb::sml

@@ -5,6 +5,7 @@
 #include "messages/sml/unique_names.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +31,7 @@ struct Item {
     bool valued = false;  // values were written, even an empty text
     bool key = false;
     bool nameIsGiven = false; // by the language itself, not by a comment
+    bool nameIsPlain = false; // a letter, and then letters, digits and underscores
     bool leftOut = false;     // another one of the repeated item of its list
     std::size_t offset = 0;
     std::size_t level = 0;    // from 1
@@ -56,13 +58,28 @@ public:
 
     Item& item(std::size_t index) { return items_[index]; }
     void setName(Item& item, std::string_view name);
-    void setValue(Item& item, std::string_view value);
+    /// The same for a name that is known to be plain.
+    void setPlainName(Item& item, std::string_view name);
+    void setValue(Item& item, std::string_view value) {
+        const std::size_t begin = values_.size();
+        values_ += value;
+        endValue(item, begin);
+    }
+    /// A value can also be written piece by piece to the end of all values, and is ended then.
+    /// @{
+    std::string& values() { return values_; }
+    void endValue(Item& item, std::size_t begin) const {
+        item.valueBegin = begin;
+        item.valueLength = values_.size() - begin;
+    }
+    /// @}
     std::string_view name(const Item& item) const;
     std::string_view value(const Item& item) const;
 
-    /// Replaces `lines`: one line per item with level, blank, item Text, CR LF. All lists are closed. False,
-    /// with an error among the findings, when an item contains more than a count can express.
-    bool compose(std::string& lines, FindingCollector& findings);
+    /// One line per item with level, blank, item Text, CR LF. All lists are closed. The view is valid until
+    /// the next call. Nothing, with an error among the findings, when an item contains more than a count can
+    /// express.
+    std::optional<std::string_view> compose(FindingCollector& findings);
 
 private:
     struct Form {
@@ -80,12 +97,14 @@ private:
     /// The view is valid until the next name is requested; the same holds for `nameFor`.
     std::string_view uniqueName(const Item& item, std::string_view wanted, FindingCollector& findings);
     std::string_view nameFor(std::size_t index, const Form& form, FindingCollector& findings);
-    void appendLine(std::string& lines, const Item& item, const Form& form, std::string_view name) const;
+    /// Writes after the first `used` characters of the lines, and returns how many are used then.
+    std::size_t appendLine(std::size_t used, const Item& item, const Form& form, std::string_view name);
 
     std::vector<Item> items_;
     std::vector<std::size_t> openLists_;
     std::string names_;
     std::string values_;
+    std::string lines_; // the composed ones; it keeps its size from message to message
     UniqueNames namesInUse_;
 };
 

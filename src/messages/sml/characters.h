@@ -19,13 +19,15 @@ inline constexpr unsigned kOtherWordMark = 8;
 inline constexpr unsigned kQuote = 16;
 inline constexpr unsigned kLineEnd = 32;
 inline constexpr unsigned kInlineSpace = 64;
+/// White space, and what a comment can begin with.
+inline constexpr unsigned kMaySkip = 128;
 /// @}
 
 inline constexpr auto kClassesOf = [] {
     std::array<std::uint8_t, 256> classes{};
     const auto add = [&classes](std::string_view characters, unsigned of) {
         for (const char c : characters)
-            classes[static_cast<unsigned char>(c)] = static_cast<std::uint8_t>(of);
+            classes[static_cast<unsigned char>(c)] |= static_cast<std::uint8_t>(of);
     };
     using namespace std::string_view_literals;
     add("0123456789", kDigit);
@@ -35,8 +37,9 @@ inline constexpr auto kClassesOf = [] {
     for (std::size_t c = 0x80; c < classes.size(); ++c)
         classes[c] = kOtherWordMark;
     add("'\"", kQuote);
-    add("\n\r", kLineEnd);
-    add(" \t\v\f\0\x1a"sv, kInlineSpace);
+    add("\n\r", kLineEnd | kMaySkip);
+    add(" \t\v\f\0\x1a"sv, kInlineSpace | kMaySkip);
+    add("*/\\#", kMaySkip);
     return classes;
 }();
 

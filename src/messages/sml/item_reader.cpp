@@ -69,12 +69,6 @@ ItemReader::Outcome ItemReader::read() {
     return step == Step::Broken ? Outcome::Broken : Outcome::Closed;
 }
 
-void ItemReader::skip() {
-    scanner_.skip();
-    for (const Comment& comment : scanner_.comments())
-        attachComment(comment);
-}
-
 // A comment that is only a name, as most comments after items are.
 bool ItemReader::attachNameAlone(const Comment& comment) {
     if (!hasLastItem_ || comment.onOwnLine)
@@ -85,7 +79,7 @@ bool ItemReader::attachNameAlone(const Comment& comment) {
     if (item.nameLength > 0 || word.empty() || word.size() > kLongest || !isLetter(word.front()) ||
         !std::all_of(word.begin(), word.end(), isPlainNameCharacter))
         return false;
-    body_.setName(item, word);
+    body_.setPlainName(item, word);
     return true;
 }
 
@@ -255,7 +249,7 @@ ItemReader::Step ItemReader::openItem() {
     const std::optional<ItemType> type = itemTypeOf(word);
     if (!type)
         return openUntypedItem(wordOffset, word);
-    if (isWord(word, "W"))
+    if (*type == ItemType::Any && isWord(word, "W"))
         findings_.note(offset, "text with an encoding of its own became an item of any type");
     const std::size_t index = body_.add(*type, offset);
     lastItem_ = index;
@@ -302,10 +296,12 @@ ItemReader::Step ItemReader::readBrackets(std::size_t index) {
                 return step;
             continue;
         }
+        if (scanner_.peek() != ',')
+            return Step::Next;
         std::size_t ahead = 1;
         while (isInlineSpace(scanner_.peek(ahead)) && scanner_.offset() + ahead < scanner_.text().size())
             ++ahead;
-        if (scanner_.peek() != ',' || !isDigit(scanner_.peek(ahead)))
+        if (!isDigit(scanner_.peek(ahead)))
             return Step::Next;
         scanner_.advance(ahead);
         body_.item(index).count = {Count::Kind::Fixed, parseCount(scanner_.valueWord())};

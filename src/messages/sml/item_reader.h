@@ -33,7 +33,11 @@ public:
     /// Skips "= Name" after the item that was closed last; false with an error when no name follows.
     bool passGivenName();
     /// Skips white space and comments; a comment after an item on its line belongs to it.
-    void skip();
+    void skip() {
+        scanner_.skip();
+        for (const Comment& comment : scanner_.comments())
+            attachComment(comment);
+    }
     /// One finding for all comments that cannot be used.
     void reportComments();
 
@@ -79,7 +83,7 @@ private:
     Body& body_;
     const Defines& defines_;
     TextValue value_;
-    std::string words_; // the values of the current item
+    std::size_t valueBegin_ = 0; // of the current item, among all values
     std::size_t valueCount_ = 0;
     std::size_t lastItem_ = 0;
     bool hasLastItem_ = false;

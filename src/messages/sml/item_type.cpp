@@ -29,37 +29,25 @@ constexpr std::array kSpellings = {
     Spelling{"BINARY", ItemType::Binary}, Spelling{"BIN", ItemType::Binary},
 };
 
-constexpr int codeOf(char letter, char bytes) {
-    return letter * 256 + bytes;
-}
+// Only the types with a byte count have two characters, and most items have one of them. A table, since which
+// of them comes next cannot be predicted.
+constexpr std::size_t kLetters = 26;
+constexpr std::size_t kDigits = 10;
+using NumberTypes = std::array<std::array<std::optional<ItemType>, kDigits>, kLetters>;
 
-// Only the types with a byte count have two characters, and most items have one of them.
+constexpr NumberTypes kNumberTypes = [] {
+    NumberTypes types{};
+    for (const Spelling& spelling : kSpellings)
+        if (spelling.word.size() == 2)
+            types[static_cast<std::size_t>(spelling.word[0] - 'A')]
+                 [static_cast<std::size_t>(spelling.word[1] - '0')] = spelling.type;
+    return types;
+}();
+
 std::optional<ItemType> numberTypeOf(char letter, char bytes) {
-    using enum ItemType;
-    switch (codeOf(letter, bytes)) {
-    case codeOf('I', '1'):
-        return I1;
-    case codeOf('I', '2'):
-        return I2;
-    case codeOf('I', '4'):
-        return I4;
-    case codeOf('I', '8'):
-        return I8;
-    case codeOf('U', '1'):
-        return U1;
-    case codeOf('U', '2'):
-        return U2;
-    case codeOf('U', '4'):
-        return U4;
-    case codeOf('U', '8'):
-        return U8;
-    case codeOf('F', '4'):
-        return F4;
-    case codeOf('F', '8'):
-        return F8;
-    default:
-        return std::nullopt;
-    }
+    const auto row = static_cast<std::size_t>(letter - 'A');
+    const auto column = static_cast<std::size_t>(bytes - '0');
+    return row < kLetters && column < kDigits ? kNumberTypes[row][column] : std::nullopt;
 }
 
 // Half of the items have a type of one letter.

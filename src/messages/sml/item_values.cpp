@@ -7,7 +7,7 @@ namespace zb::sml {
 
 ItemReader::Step ItemReader::readValues(std::size_t index) {
     value_.begin();
-    words_.clear();
+    valueBegin_ = body_.values().size();
     valueCount_ = 0;
     Step step = Step::Next;
     while (step == Step::Next) {
@@ -136,12 +136,13 @@ ItemReader::Step ItemReader::applyQuotedWords(std::size_t index, std::size_t off
 
 ItemReader::Step ItemReader::applyValue(std::size_t index, std::string_view word, std::size_t offset) {
     const ItemType type = body_.item(index).type;
+    std::string& values = body_.values();
     if (valueCount_ > 0)
-        words_ += ' ';
-    const std::size_t before = words_.size();
-    const ValueFault fault = appendValue(words_, type, word);
+        values += ' ';
+    const std::size_t before = values.size();
+    const ValueFault fault = appendValue(values, type, word);
     if (fault != ValueFault::None)
-        reportValue(type, word, fault, words_.substr(before), offset);
+        reportValue(type, word, fault, values.substr(before), offset);
     if (fault == ValueFault::NotOfType)
         return Step::Broken;
     ++valueCount_;
@@ -221,7 +222,7 @@ void ItemReader::endValues(std::size_t index) {
     Item& item = body_.item(index);
     if (!isQuotedType(item.type)) {
         item.values = valueCount_;
-        body_.setValue(item, words_);
+        body_.endValue(item, valueBegin_);
         return;
     }
     const bool counted = item.valued && item.count.kind == Count::Kind::Fixed;

@@ -84,7 +84,8 @@ void Reader::readMessage(const Head& head) {
 void Reader::finish(ReadMessage& read) {
     SmlMessage& message = read.message;
     items_.reportComments();
-    if (!body_.compose(lines_, findings_)) {
+    const std::optional<std::string_view> body = body_.compose(findings_);
+    if (!body) {
         ++unread_;
         return;
     }
@@ -96,7 +97,7 @@ void Reader::finish(ReadMessage& read) {
         read.description = title_;
     message.name = kept(read.name);
     message.description = kept(read.description);
-    message.body = kept(lines_);
+    message.body = kept(*body);
     makeRoom(read.offset);
     messages_.push_back(message);
     offsets_.push_back(read.offset);

@@ -69,7 +69,6 @@ private:
     Defines defines_;
     Body body_;
     ItemReader items_;
-    std::string lines_; // the body of the current message
     std::unique_ptr<std::pmr::memory_resource> texts_ =
         std::make_unique<std::pmr::monotonic_buffer_resource>();
     std::vector<SmlMessage> messages_;

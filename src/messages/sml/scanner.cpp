@@ -2,24 +2,26 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 namespace zb::sml {
 
 namespace {
 
-constexpr auto kValueEnds = [] {
-    std::array<bool, 256> ends{};
-    for (std::size_t i = 0; i < ends.size(); ++i)
-        ends[i] = isSpace(static_cast<char>(i));
-    for (const char c : std::string_view("'\"<>[],*/=#"))
-        ends[static_cast<unsigned char>(c)] = true;
-    return ends;
-}();
+enum class InValue : std::uint8_t { Yes, No, UnlessEllipsis };
 
-bool endsValue(char c) {
-    return kValueEnds[static_cast<unsigned char>(c)];
-}
+constexpr auto kInValue = [] {
+    std::array<InValue, 256> known{};
+    for (std::size_t i = 0; i < known.size(); ++i)
+        if (isSpace(static_cast<char>(i)))
+            known[i] = InValue::No;
+        else if (i >= 0x80 || i == '.')
+            known[i] = InValue::UnlessEllipsis;
+    for (const char c : std::string_view("'\"<>[],*/=#"))
+        known[static_cast<unsigned char>(c)] = InValue::No;
+    return known;
+}();
 
 } // namespace
 
@@ -114,8 +116,10 @@ std::string_view Scanner::word() {
 std::string_view Scanner::valueWord() {
     const std::size_t start = offset_;
     while (offset_ < text_.size()) {
-        const char c = text_[offset_];
-        if (endsValue(c) || ((c == '.' || (c & 0x80) != 0) && offset_ > start && atEllipsis()))
+        const InValue known = kInValue[static_cast<unsigned char>(text_[offset_])];
+        if (known == InValue::No)
+            break;
+        if (known == InValue::UnlessEllipsis && offset_ > start && atEllipsis())
             break;
         ++offset_;
     }

@@ -44,7 +44,12 @@ public:
         comments_.clear();
         passedLineEnd_ = false;
         lineEnds_ = 0;
-        if (offset_ < text_.size() && mayBeSkipped(text_[offset_]))
+        if (!maySkipAt(offset_))
+            return;
+        // Most often it is the one blank between two words.
+        if (text_[offset_] == ' ' && !maySkipAt(offset_ + 1))
+            ++offset_;
+        else
             skipAll();
     }
     const std::vector<Comment>& comments() const { return comments_; }
@@ -57,8 +62,9 @@ public:
     void passLine();
 
 private:
-    /// White space, and the starts of comments, are below the digits, with one exception.
-    static bool mayBeSkipped(char c) { return c <= '/' || c == '\\'; }
+    bool maySkipAt(std::size_t offset) const {
+        return offset < text_.size() && isOf(text_[offset], kMaySkip);
+    }
     void skipAll();
     std::size_t pastSpace(std::size_t offset);
     bool passComment();

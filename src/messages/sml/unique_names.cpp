@@ -6,11 +6,12 @@ namespace zb::sml {
 
 namespace {
 
-// FNV-1a over the upper-cased letters.
+// FNV-1a without the bit by which the cases of a letter differ.
 std::uint32_t hashOf(std::string_view name) {
+    constexpr unsigned kWithoutCase = 0xDF;
     std::uint32_t hash = 2166136261U;
     for (const char c : name)
-        hash = (hash ^ static_cast<unsigned char>(upperLetter(c))) * 16777619U;
+        hash = (hash ^ (static_cast<unsigned char>(c) & kWithoutCase)) * 16777619U;
     return hash ^ (hash >> 15U);
 }
 

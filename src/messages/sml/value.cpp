@@ -162,14 +162,14 @@ ValueFault appendFloat(std::string& words, ItemType type, std::string_view word)
         words += word;
         return ValueFault::None;
     }
-    if (!isNumeric(word)) {
+    const std::optional<double> number = toNumber(word);
+    if (!number && !isNumeric(word)) {
         const std::optional<Integer> integer = parseInteger(word);
         if (!integer)
             return ValueFault::NotOfType;
         appendInteger(words, *integer);
         return ValueFault::None;
     }
-    const std::optional<double> number = toNumber(word);
     if (!number ||
         (type == ItemType::F4 && std::abs(*number) > static_cast<double>(std::numeric_limits<float>::max())))
         return appendLargest(words, type, word[0] == '-');
