@@ -249,6 +249,8 @@ void DesktopScreen::bringToFront(Window& window) {
         documents_->setActiveSubWindow(document);
         if (window.visible() && (shownAgain || document->isMinimized()) && !document->isMaximized())
             document->showMaximized();
+        // The area remembers a focus of its own for each document.
+        frames_.at(&window).binder->followFocus();
     }
     QWidget* shown = topLevelOf(window);
     if (window.visible() && shown != nullptr && shown->isVisible())
@@ -302,12 +304,7 @@ void DesktopScreen::returnToActive() {
 void DesktopScreen::returnFocus() {
     const Window* active = binding_->desktop.activeWindow();
     const WindowBinder* binder = active == nullptr ? nullptr : binderOf(*active);
-    Binder* focused = binder == nullptr || active->focusControl() == nullptr
-                          ? nullptr
-                          : binder->binderOf(*active->focusControl());
-    if (focused != nullptr)
-        focused->followFocus();
-    else if (documents_ != nullptr)
+    if ((binder == nullptr || !binder->followFocus()) && documents_ != nullptr)
         documents_->setFocus();
 }
 

@@ -117,6 +117,13 @@ Binder* WindowBinder::binderOf(const Control& control) const {
     return found == binders_.end() ? nullptr : found->second.get();
 }
 
+bool WindowBinder::followFocus() const {
+    Binder* focused = window_.focusControl() == nullptr ? nullptr : binderOf(*window_.focusControl());
+    if (focused != nullptr)
+        focused->followFocus();
+    return focused != nullptr;
+}
+
 void WindowBinder::flush() {
     for (const auto& [control, binder] : binders_)
         binder->flush();

@@ -31,6 +31,8 @@ public:
     void abandon();
     /// Shows at once what was deferred to the event loop.
     void flush();
+    /// Gives the keyboard to the control that has the window's focus; false when there is none.
+    bool followFocus() const;
 
     /// Visibility, caption and pointer: the desktop's part of the window. Called after the form's own
     /// changes.

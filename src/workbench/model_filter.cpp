@@ -33,6 +33,7 @@ ModelFilter::ModelFilter(frmWorkbench& workbench)
         "Shows only the transaction messages that hold this text in their names, in those "
         "of their items, or in their SECS message (Ctrl+F, Esc clears)");
     txtModelFilter.onChange = [this] { apply(); };
+    txtModelFilter.setEnabled(false);
     const frmTRModeler& modeler = workbench_.services().modeler;
     workbench_.desktop().keys().add(
         {{'F', kControlKey}, {&modeler, {}}, "the modeler", "Goes to the filter", [this] {
@@ -61,7 +62,11 @@ ModelFilter::~ModelFilter() {
         tree->setFilter({});
 }
 
+// A field of a window that is out of sight must not get the keyboard, which would bring that window to the
+// front.
 void ModelFilter::refresh() {
+    const WorkbenchServices& services = workbench_.services();
+    txtModelFilter.setEnabled(workbench_.desktop().frontDocument(services.mainWindow) == &services.modeler);
     if (!wanted_.empty())
         apply();
 }

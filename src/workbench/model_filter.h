@@ -22,7 +22,8 @@ public:
     ModelFilter(const ModelFilter&) = delete;
     ModelFilter& operator=(const ModelFilter&) = delete;
 
-    /// The model may have changed.
+    /// The model may have changed, or the modeler may have come to the front or gone: the field can be used
+    /// only while it is there.
     void refresh();
 
     TextField txtModelFilter;

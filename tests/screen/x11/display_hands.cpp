@@ -130,11 +130,15 @@ Hands::Refusal DisplayHands::rightClick(const Target& target) {
         const Spot spot = spotInSight(target);
         if (!isShown(spot))
             return target.control->name() + " does not show the place to click";
-        // The field's own menu opens, which is no part of the program.
-        if (target.control->kind() == Kind::TextField)
-            display_.click(spot, Display::Button::Right, 0, [&] { display_.strike(kEscapeSymbol); });
-        else
+        if (target.control->kind() != Kind::TextField) {
             display_.click(spot, Display::Button::Right);
+            return {};
+        }
+        // The menu opens under the button. That of every field is no part of the program and is shut again.
+        DisplaySteps::Step shut;
+        if (target.control->contextMenu() == nullptr)
+            shut = [&] { display_.strike(kEscapeSymbol); };
+        display_.click(spot, Display::Button::Right, 0, shut);
         return {};
     });
 }
