@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <set>
 
 namespace zb {
@@ -181,6 +182,7 @@ void LibraryPane::openBuiltIn(MenuEntry& entry, int formatCode) {
 }
 
 void LibraryPane::openFile(MenuEntry& entry, const FileLibrary& kind) {
+    const std::string before = panelText_;
     showPanel(kind.panel);
     const ModuleState& state = window_.state();
     const std::string path = window_.desktop().pickFile(
@@ -189,8 +191,19 @@ void LibraryPane::openFile(MenuEntry& entry, const FileLibrary& kind) {
     if (isBlank(path))
         return;
     const BusyPointer busy(window_);
+    auto loaded = std::make_unique<SECSLibraryStore>(state.codePage);
+    std::string status;
+    const auto load = [&](const Progress& progress) {
+        status = loaded->load(path, kind.formatCode, progress);
+    };
+    const std::string file = std::filesystem::path(path).filename().string();
+    if (!window_.desktop().screen().doLongWork("Reading " + file, load)) {
+        showPanel(before);
+        return;
+    }
     beginLibrary(entry);
-    if (isBlank(library_->load(path, kind.formatCode))) {
+    library_ = std::move(loaded);
+    if (isBlank(status)) {
         listLibrary(kind.formatCode);
         notice_.showFile(path);
         notice_.showFindings(path, *library_);
@@ -253,13 +266,20 @@ const SECSMessageRecord* LibraryPane::recordOf(const ListRow& row) const {
     return nullptr;
 }
 
-SECSLibraryStore::Records LibraryPane::selectedInProject() const {
+SECSLibraryStore::Records LibraryPane::selectedMessages() const {
     SECSLibraryStore::Records records;
     for (const ListRow* row : window_.lvwSource.selectedRows()) {
-        const SECSMessageRecord* record = recordOf(*row);
-        if (record != nullptr && window_.liveTree().find(record->getName()) != nullptr)
+        if (const SECSMessageRecord* record = recordOf(*row); record != nullptr)
             records.push_back(record);
     }
+    return records;
+}
+
+SECSLibraryStore::Records LibraryPane::selectedInProject() const {
+    SECSLibraryStore::Records records = selectedMessages();
+    std::erase_if(records, [this](const SECSMessageRecord* record) {
+        return window_.liveTree().find(record->getName()) == nullptr;
+    });
     return records;
 }
 

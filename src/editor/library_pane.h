@@ -40,7 +40,9 @@ public:
 
     /// Marks the rows whose messages the project has; call it when the project has changed.
     void showInProject();
-    /// The messages of the selected rows that the project has, too.
+    /// The messages of the selected rows.
+    SECSLibraryStore::Records selectedMessages() const;
+    /// Those of them that the project has, too.
     SECSLibraryStore::Records selectedInProject() const;
     /// Puts the library's messages of the selected rows in the place of the project's, as one step.
     void replaceSelected();

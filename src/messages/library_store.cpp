@@ -68,32 +68,37 @@ std::vector<std::string> SECSLibraryStore::getRows() const {
     return rows;
 }
 
-std::string SECSLibraryStore::load(const std::string& textOrPath, int formatCode) {
+std::string SECSLibraryStore::load(const std::string& textOrPath, int formatCode, const Progress& progress) {
     if (formatCode == kFormatGem || formatCode == kFormatSemi)
-        return loadText(textOrPath, formatCode);
+        return loadText(textOrPath, formatCode, progress);
     Result<std::string> bytes = readBytes(textOrPath);
     if (!bytes)
         return bytes.error().description;
-    return loadBytes(*std::move(bytes), formatCode);
+    constexpr double kRead = 0.1; // the share of the time that the reading of the file takes
+    progress.part(0, kRead).at(1, 1);
+    return loadBytes(*std::move(bytes), formatCode, progress.part(kRead, 1));
 }
 
-std::string SECSLibraryStore::loadBytes(std::string bytes, int formatCode) {
-    return loadText(decodeText(std::move(bytes), codePage_), formatCode);
+std::string SECSLibraryStore::loadBytes(std::string bytes, int formatCode, const Progress& progress) {
+    constexpr double kDecoded = 0.1;
+    const std::string text = decodeText(std::move(bytes), codePage_);
+    progress.part(0, kDecoded).at(1, 1);
+    return loadText(text, formatCode, progress.part(kDecoded, 1));
 }
 
-std::string SECSLibraryStore::loadText(std::string_view text, int formatCode) {
+std::string SECSLibraryStore::loadText(std::string_view text, int formatCode, const Progress& progress) {
     const std::size_t before = records_.size();
     switch (formatCode) {
     case kFormatGem:
     case kFormatSemi:
     case kFormatSmd:
-        loadSmd(text);
+        loadSmd(text, progress);
         break;
     case kFormatMdf:
-        loadMdf(text);
+        loadMdf(text, progress);
         break;
     case kFormatSml:
-        loadSml(text);
+        loadSml(text, progress);
         break;
     default:
         return "The format " + std::to_string(formatCode) + " is not known here";
@@ -101,9 +106,10 @@ std::string SECSLibraryStore::loadText(std::string_view text, int formatCode) {
     return records_.size() > before ? "" : "There is no message";
 }
 
-void SECSLibraryStore::loadSmd(std::string_view text) {
+void SECSLibraryStore::loadSmd(std::string_view text, const Progress& progress) {
     SmdTextSplitter splitter(text, &findings_);
     while (const std::optional<SmdMessageText> message = splitter.next()) {
+        progress.at(static_cast<std::size_t>(message->head.data() - text.data()), text.size());
         const std::string body = numberedBody(*message, findings_);
         SECSMessageRecord record;
         const std::string status =
@@ -121,15 +127,19 @@ void SECSLibraryStore::loadSmd(std::string_view text) {
     }
 }
 
-void SECSLibraryStore::loadMdf(std::string_view text) {
-    for (SECSMessageRecord& record : parseMdf(text, findings_))
+void SECSLibraryStore::loadMdf(std::string_view text, const Progress& progress) {
+    for (SECSMessageRecord& record : parseMdf(text, findings_, progress))
         add(std::move(record));
 }
 
-void SECSLibraryStore::loadSml(std::string_view text) {
-    SmlLibrary library = readSml(text, codePage_);
+void SECSLibraryStore::loadSml(std::string_view text, const Progress& progress) {
+    constexpr double kRead = 0.6; // the rest of the time goes into the records
+    SmlLibrary library = readSml(text, codePage_, progress.part(0, kRead));
+    const Progress recorded = progress.part(kRead, 1);
     SECSMessageHead head;
+    std::size_t done = 0;
     for (const SmlMessage& message : library.messages) {
+        recorded.at(done++, library.messages.size());
         head.name = message.name;
         head.stream = message.stream;
         head.function = message.function;

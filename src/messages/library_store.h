@@ -3,6 +3,7 @@
 #include "messages/message_record.h"
 #include "platform/code_page.h"
 #include "platform/finding.h"
+#include "platform/progress.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -27,12 +28,13 @@ public:
     /// One row per message: name, stream, function and description, joined by "\".
     std::vector<std::string> getRows() const;
     /// Adds the messages of a library's text (for the formats 1001 and 1002) or of a file (1003 to 1005). The
-    /// status is blank when at least one message was read; everything else is in `findings`.
-    std::string load(const std::string& textOrPath, int formatCode);
+    /// status is blank when at least one message was read; everything else is in `findings`. A store whose
+    /// loading was cancelled is of no use any more.
+    std::string load(const std::string& textOrPath, int formatCode, const Progress& progress = {});
     /// Adds the messages of a text of SML.
-    void loadSml(std::string_view text);
+    void loadSml(std::string_view text, const Progress& progress = {});
     /// The same for the bytes of a file (1003 to 1005).
-    std::string loadBytes(std::string bytes, int formatCode);
+    std::string loadBytes(std::string bytes, int formatCode, const Progress& progress = {});
 
     /// In the order in which they were loaded.
     Records getMessages() const;
@@ -42,9 +44,9 @@ public:
     std::size_t unread() const { return unread_; }
 
 private:
-    std::string loadText(std::string_view text, int formatCode);
-    void loadSmd(std::string_view text);
-    void loadMdf(std::string_view text);
+    std::string loadText(std::string_view text, int formatCode, const Progress& progress);
+    void loadSmd(std::string_view text, const Progress& progress);
+    void loadMdf(std::string_view text, const Progress& progress);
     void add(SECSMessageRecord record);
 
     CodePage codePage_;

@@ -222,12 +222,13 @@ std::string composeMdf(const std::vector<const SECSMessageRecord*>& records) {
     return text;
 }
 
-std::vector<SECSMessageRecord> parseMdf(std::string_view text, Findings& findings) {
+std::vector<SECSMessageRecord> parseMdf(std::string_view text, Findings& findings, const Progress& progress) {
     std::vector<SECSMessageRecord> records;
     MdfReader reader(findings, records);
     LineReader lines(text);
     bool begun = false;
     while (const std::optional<std::string_view> line = lines.next()) {
+        progress.at(static_cast<std::size_t>(line->data() - text.data()), text.size());
         const std::string_view content = withoutBlanks(*line);
         if (content.empty())
             continue;

@@ -51,6 +51,24 @@ Project projectOf(const SECSLibraryStore::Records& messages) {
     return project;
 }
 
+/// The message that one of a library is compared with; the end of the list when there is none.
+SECSLibraryStore::Records::iterator counterpartIn(SECSLibraryStore::Records& messages,
+                                                  const SECSMessageRecord& wanted) {
+    const auto named = std::find_if(messages.begin(), messages.end(), [&](const SECSMessageRecord* message) {
+        return upper(message->getName()) == upper(wanted.getName());
+    });
+    if (named != messages.end())
+        return named;
+    const auto isAlike = [&](const SECSMessageRecord* message) {
+        return message->getStream() == wanted.getStream() && message->getFunction() == wanted.getFunction() &&
+               message->getDirection() == wanted.getDirection();
+    };
+    const auto first = std::find_if(messages.begin(), messages.end(), isAlike);
+    const bool isOnlyOne =
+        first != messages.end() && std::find_if(first + 1, messages.end(), isAlike) == messages.end();
+    return isOnlyOne ? first : messages.end();
+}
+
 ReadFile readLibrary(std::string bytes, int format, const CodePage& codePage) {
     ReadFile read;
     SECSLibraryStore library(codePage);
@@ -144,6 +162,24 @@ void Comparisons::compareWithVersionOf(const std::string& path, int number, cons
 void Comparisons::compareWithLibrary(const std::string& name,
                                      const std::vector<const SECSMessageRecord*>& messages) {
     compareWithProject(name, projectOf(messages), CompareScope::Messages);
+}
+
+void Comparisons::compareWithMessages(const std::string& name,
+                                      const std::vector<const SECSMessageRecord*>& messages) {
+    if (!isOpen())
+        return;
+    const std::vector<SECSMessageRecord> own = parseProject(text()).messages.records();
+    SECSLibraryStore::Records replaced;
+    for (const SECSMessageRecord& record : own)
+        replaced.push_back(&record);
+    for (const SECSMessageRecord* message : messages) {
+        const auto at = counterpartIn(replaced, *message);
+        if (at == replaced.end())
+            replaced.push_back(message);
+        else
+            *at = message;
+    }
+    compareWithProject(name, projectOf(replaced), CompareScope::Messages);
 }
 
 void Comparisons::compareWithProject(const std::string& name, Project other, CompareScope scope) {

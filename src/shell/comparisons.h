@@ -24,6 +24,8 @@ public:
     void compareWithProject(const std::string& name, Project other, CompareScope scope) override;
     void compareWithLibrary(const std::string& name,
                             const std::vector<const SECSMessageRecord*>& messages) override;
+    void compareWithMessages(const std::string& name,
+                             const std::vector<const SECSMessageRecord*>& messages) override;
 
     /// The open project is the result of a merge of these files: shows the conflicts that its own file of
     /// conflicts lists, or without one merges them again, and shows the result as unsaved work.

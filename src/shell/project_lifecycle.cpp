@@ -68,19 +68,20 @@ bool ProjectLifecycle::openProject(const std::string& path) {
     else if (!askWhatToOpen())
         return false;
     makeFolders();
-    const std::pair opened(app_.ProjectName, app_.ProjectPath);
+    const std::pair place(app_.ProjectName, app_.ProjectPath);
     // As long as it is read, the project in the windows is the one from before.
     std::tie(app_.ProjectName, app_.ProjectPath) = before;
-    std::optional<Result<LoadedProject>> file = load({opened.second, opened.first});
+    Opened opened;
+    std::optional<Result<LoadedProject>> file = load({place.second, place.first}, opened);
     if (!file)
         return false;
-    std::tie(app_.ProjectName, app_.ProjectPath) = opened;
+    std::tie(app_.ProjectName, app_.ProjectPath) = place;
     // A file that cannot be read opens as an empty project, which must not take its place.
     unread_.reset();
     if (!*file && file->error().number != ENOENT)
         unread_ = {app_.projectFilePath(), file->error()};
     showProject(*file ? std::move(*file).value() : LoadedProject());
-    noteOpened();
+    noteOpened(opened);
     return true;
 }
 
@@ -123,9 +124,9 @@ void ProjectLifecycle::openRecovered(const std::string& path, Project project) {
     noteOpened();
 }
 
-void ProjectLifecycle::noteOpened() {
-    app_.work.projectOpened();
-    app_.versions.projectOpened();
+void ProjectLifecycle::noteOpened(const Opened& opened) {
+    app_.work.projectOpened(opened.work);
+    app_.versions.projectOpened(opened.file);
     app_.frmCompare.forget();
     app_.comparisons.projectOpened();
     noteRecent();
@@ -144,10 +145,22 @@ void ProjectLifecycle::showProject(LoadedProject loaded) {
     app_.restartHistories();
 }
 
-std::optional<Result<LoadedProject>> ProjectLifecycle::load(const ProjectPlace& place) {
+// All that takes long is done here, so that the windows show the project soon after the last step.
+std::optional<Result<LoadedProject>> ProjectLifecycle::load(const ProjectPlace& place, Opened& opened) {
+    constexpr double kWatched = 0.1;
+    constexpr double kLoaded = 0.85;
     const std::string path = place.folder.empty() ? std::string() : place.projectFile();
     std::optional<Result<LoadedProject>> loaded;
-    const auto work = [&](const Progress& progress) { loaded = loadProjectFile(path, progress); };
+    const auto work = [&](const Progress& progress) {
+        // Before it is read: a change of another program meanwhile is not lost.
+        if (!path.empty())
+            opened.file.emplace().take(path);
+        progress.part(0, kWatched).at(1, 1);
+        loaded = loadProjectFile(path, progress.part(kWatched, kLoaded));
+        if (*loaded)
+            opened.work = WorkKeeper::fingerprintOf(loaded->value(), app_.codePage);
+        progress.at(1, 1);
+    };
     if (!app_.desktop.screen().doLongWork("Opening " + place.name, work))
         loaded.reset();
     return loaded;

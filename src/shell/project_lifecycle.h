@@ -2,6 +2,8 @@
 
 #include "platform/result.h"
 #include "project/project_files.h"
+#include "shell/disk_watch.h"
+#include "shell/work_keeper.h"
 
 #include <optional>
 #include <string>
@@ -56,12 +58,17 @@ private:
     /// "Do you want to save current project"; Yes saves, and after a failed save the command continues.
     Goes askToSave();
     bool askWhatToOpen();
+    /// How a project and its file were when it was opened, for comparisons later on.
+    struct Opened {
+        WorkKeeper::OptionalFingerprint work;
+        std::optional<DiskWatch> file;
+    };
     /// Nothing when the user has cancelled.
-    std::optional<Result<LoadedProject>> load(const ProjectPlace& place);
+    std::optional<Result<LoadedProject>> load(const ProjectPlace& place, Opened& opened);
     void showProject(LoadedProject loaded);
     /// The project has its name and folder from this path.
     void takePlace(const std::string& path);
-    void noteOpened();
+    void noteOpened(const Opened& opened = {});
     void noteRecent();
     /// Makes the folders of the open project. Shows why when it cannot, and returns false.
     bool makeFolders();

@@ -45,9 +45,12 @@ void ProjectVersions::showModeler() {
     app_.showModeler();
 }
 
-void ProjectVersions::projectOpened() {
+void ProjectVersions::projectOpened(const std::optional<DiskWatch>& seen) {
     watched_ = app_.projectFilePath();
-    takeAsSeen();
+    if (seen)
+        watch_ = reported_ = *seen;
+    else
+        takeAsSeen();
     app_.desktop.withdraw(kDisk);
     app_.frmWorkbench.history.refresh();
 }

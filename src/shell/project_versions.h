@@ -5,6 +5,7 @@
 #include "workbench/project_door.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace zb {
@@ -28,8 +29,8 @@ public:
     /// Opens a project in another window of the program; false when that cannot be done here.
     std::function<bool(const std::string& path)> onOpenBeside;
 
-    /// A project was created or opened.
-    void projectOpened();
+    /// A project was created or opened. Without `seen` its file is read now.
+    void projectOpened(const std::optional<DiskWatch>& seen = {});
     /// The user has come to a window, of this program or from another one: time to look at the file. Nothing
     /// happens while a dialog is open.
     void userReturned();

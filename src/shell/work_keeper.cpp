@@ -79,6 +79,15 @@ WorkKeeper::Fingerprint WorkKeeper::fingerprintOf(std::string_view text) {
     return {text.size(), std::hash<std::string_view>()(text)};
 }
 
+WorkKeeper::Fingerprint WorkKeeper::fingerprintOf(const LoadedProject& project, const CodePage& codePage) {
+    NodeTree& tree = *project.tree.nodes;
+    const ProjectMessages messages =
+        tree.empty() ? ProjectMessages() : ProjectMessages(SmdWriter(codePage).composeForSave(tree));
+    const Project& parts = project.project;
+    return fingerprintOf(composeStart(parts.side, messages) +
+                         composeModelSections(parts.foreign, *parts.model, parts.sequences));
+}
+
 std::string WorkKeeper::composeWork() const {
     NodeTree& tree = app_.frmSECSEditor.liveTree();
     const ProjectMessages messages =
@@ -93,10 +102,10 @@ bool WorkKeeper::isSaved() const {
     return saved_ && *saved_ == fingerprintOf(composeWork());
 }
 
-void WorkKeeper::projectOpened() {
+void WorkKeeper::projectOpened(const OptionalFingerprint& work) {
     finishWriting();
     project_ = wholePath(app_.projectFilePath());
-    saved_ = fingerprintOf(composeWork());
+    saved_ = work ? *work : fingerprintOf(composeWork());
     kept_.reset();
     actionsSeen_ = app_.desktop.actions();
     report(session_.enter(project_));

@@ -13,6 +13,8 @@
 namespace zb {
 
 class Application;
+class CodePage;
+struct LoadedProject;
 struct ApplicationFolders;
 
 /// Keeps the unsaved work of the open project in the state folder, so that a kill or a crash loses little of
@@ -30,8 +32,19 @@ public:
 
     /// The program has started: what killed programs have left is offered, and the work is kept from now on.
     void start();
-    /// A project was created, opened, or moved to another place by Save As.
-    void projectOpened();
+    /// Tells apart what was saved and what is open.
+    struct Fingerprint {
+        std::size_t size = 0;
+        std::size_t hash = 0;
+        bool operator==(const Fingerprint&) const = default;
+    };
+    using OptionalFingerprint = std::optional<Fingerprint>;
+    /// Of a project that is not open yet, on any thread.
+    static Fingerprint fingerprintOf(const LoadedProject& project, const CodePage& codePage);
+
+    /// A project was created, opened, or moved to another place by Save As. Without the fingerprint of what
+    /// is open it is taken now, which takes long in a large project.
+    void projectOpened(const OptionalFingerprint& work = {});
     /// The project file holds this text.
     void projectSaved(std::string_view text);
     /// What is open is what the file holds.
@@ -49,13 +62,6 @@ public:
     bool isSaved() const;
 
 private:
-    struct Fingerprint {
-        std::size_t size = 0;
-        std::size_t hash = 0;
-        bool operator==(const Fingerprint&) const = default;
-    };
-
-    using OptionalFingerprint = std::optional<Fingerprint>;
     /// What came of a keeping, and the work that is kept since; nothing when the work is saved.
     struct Kept {
         Result<void> done;

@@ -24,6 +24,10 @@ public:
     /// The messages of a library that is loaded already.
     virtual void compareWithLibrary(const std::string& name,
                                     const std::vector<const SECSMessageRecord*>& messages) = 0;
+    /// Only some messages of a library, each with the message of the open project that has its name, or else
+    /// with the only one that has its stream, function and direction. The other messages do not differ.
+    virtual void compareWithMessages(const std::string& name,
+                                     const std::vector<const SECSMessageRecord*>& messages) = 0;
 };
 
 } // namespace zb

@@ -21,6 +21,7 @@ frmWorkbench::frmWorkbench(Desktop& desktop, WorkbenchServices services)
     setCancelButton(cmdClosePane);
     mnuWhereUsed.withSeparatorAbove();
     mnuWhereUsed.onClick = [this] { search.whereUsed(); };
+    modelerMore.onWhereUsed = [this](ModelerMore::UsesOf what) { search.whereUsed(what); };
     notices.onPosted = [this](const std::string& time, const std::string& text) { log.add(time, text); };
     treeMore.mnuShowMarks.onClick = [this] { marks.open(); };
     desktop.showNoticesIn(&notices);

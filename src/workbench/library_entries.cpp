@@ -2,6 +2,9 @@
 
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
+#include "platform/text.h"
+#include "project/module_state.h"
+#include "workbench/compare_door.h"
 #include "workbench/frm_workbench.h"
 
 namespace zb {
@@ -9,6 +12,7 @@ namespace zb {
 LibraryEntries::LibraryEntries(frmWorkbench& workbench)
     : mnuLibraryMore(workbench, "mnuLibraryMore"),
       mnuLibraryReplace(workbench, "mnuLibraryReplace", "&Replace from library", &mnuLibraryMore),
+      mnuLibraryCompare(workbench, "mnuLibraryCompare", "&Compare with library", &mnuLibraryMore),
       workbench_(workbench) {
     List& list = workbench.services().editor.lvwSource;
     mnuLibraryMore.setLeavesFocus();
@@ -20,14 +24,23 @@ LibraryEntries::LibraryEntries(frmWorkbench& workbench)
             list.select(row);
     };
     mnuLibraryReplace.onClick = [this] { replace(); };
+    mnuLibraryCompare.onClick = [this] { compare(); };
 }
 
 void LibraryEntries::opened() {
-    mnuLibraryReplace.setEnabled(!workbench_.services().editor.libraryPane.selectedInProject().empty());
+    const LibraryPane& library = workbench_.services().editor.libraryPane;
+    mnuLibraryReplace.setEnabled(!library.selectedInProject().empty());
+    mnuLibraryCompare.setEnabled(!isBlank(workbench_.services().state.ProjectName) &&
+                                 !library.selectedMessages().empty());
 }
 
 void LibraryEntries::replace() {
     workbench_.services().editor.libraryPane.replaceSelected();
+}
+
+void LibraryEntries::compare() {
+    const LibraryPane& library = workbench_.services().editor.libraryPane;
+    workbench_.services().compare.compareWithMessages(library.name(), library.selectedMessages());
 }
 
 } // namespace zb

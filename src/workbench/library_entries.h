@@ -13,10 +13,12 @@ public:
 
     PopupMenu mnuLibraryMore;
     MenuEntry mnuLibraryReplace;
+    MenuEntry mnuLibraryCompare;
 
 private:
     void opened();
     void replace();
+    void compare();
 
     frmWorkbench& workbench_;
 };

@@ -10,13 +10,18 @@ namespace zb {
 ModelerMore::ModelerMore(Window& window, frmTRModeler& modeler)
     : mnuReceivedMore(window, "mnuReceivedMore"),
       mnuRenameReceived(window, "mnuRenameReceived", "Rename TRMsg", &mnuReceivedMore),
+      mnuReceivedWhereUsed(window, "mnuReceivedWhereUsed", "Where Used", &mnuReceivedMore),
+      mnuReceivedMessageUsed(window, "mnuReceivedMessageUsed", "Where SECS Message Used", &mnuReceivedMore),
       mnuSentMore(window, "mnuSentMore"),
       mnuRenameSent(window, "mnuRenameSent", "Rename TRMsg", &mnuSentMore),
+      mnuSentWhereUsed(window, "mnuSentWhereUsed", "Where Used", &mnuSentMore),
+      mnuSentMessageUsed(window, "mnuSentMessageUsed", "Where SECS Message Used", &mnuSentMore),
       mnuSequenceMore(window, "mnuSequenceMore"),
       mnuRenameSequence(window, "mnuRenameSequence", "Rename Sequence", &mnuSequenceMore),
       mnuDuplicateRows(window, "mnuDuplicateRows", "Duplicate", &mnuSequenceMore),
       mnuMoveRowsUp(window, "mnuMoveRowsUp", "Move Up", &mnuSequenceMore),
       mnuMoveRowsDown(window, "mnuMoveRowsDown", "Move Down", &mnuSequenceMore),
+      mnuRowWhereUsed(window, "mnuRowWhereUsed", "Where Used", &mnuSequenceMore),
       mnuResultMore(window, "mnuResultMore"),
       mnuTakeApart(window, "mnuTakeApart", "Take Apart", &mnuResultMore),
       mnuMessageConditionMore(window, "mnuMessageConditionMore"),
@@ -31,22 +36,35 @@ ModelerMore::ModelerMore(Window& window, frmTRModeler& modeler)
       modeler_(modeler) {
     for (PopupMenu* menu : {&mnuResultMore, &mnuMessageConditionMore, &mnuItemConditionMore})
         menu->setLeavesFocus();
-    wireRenames();
+    wireTrees();
     wireSequences();
 }
 
-void ModelerMore::wireRenames() {
-    const auto wire = [this](PopupMenu& popup, PopupMenu& more, MenuEntry& rename, Tree& tree) {
-        popup.setCompanion(more);
-        rename.setShortcut("F2");
-        more.onOpen = [&rename, &tree] {
-            const Node* selected = tree.nodes().selected();
-            rename.setEnabled(selected != nullptr && levelOf(*selected) == ModelLevel::Message);
-        };
-        rename.onClick = [this, &tree] { modeler_.renameSelected(tree); };
+void ModelerMore::wireTrees() {
+    struct Entries {
+        MenuEntry& rename;
+        MenuEntry& whereUsed;
+        MenuEntry& messageUsed;
     };
-    wire(modeler_.mnuRcvTRMsgPopup, mnuReceivedMore, mnuRenameReceived, modeler_.tvwRcvTRMsg);
-    wire(modeler_.mnuSndTRMsgPopup, mnuSentMore, mnuRenameSent, modeler_.tvwSndTRMsg);
+    const auto wire = [this](PopupMenu& popup, PopupMenu& more, Entries entries, Tree& tree) {
+        popup.setCompanion(more);
+        entries.rename.setShortcut("F2");
+        more.onOpen = [entries, &tree] {
+            const Node* selected = tree.nodes().selected();
+            const bool isMessage = selected != nullptr && levelOf(*selected) == ModelLevel::Message;
+            entries.rename.setEnabled(isMessage);
+            entries.whereUsed.setEnabled(selected != nullptr && selected->parent() != nullptr);
+            entries.messageUsed.setEnabled(isMessage);
+        };
+        entries.rename.onClick = [this, &tree] { modeler_.renameSelected(tree); };
+        entries.whereUsed.withSeparatorAbove();
+        entries.whereUsed.onClick = [this] { fire(onWhereUsed, UsesOf::Selected); };
+        entries.messageUsed.onClick = [this] { fire(onWhereUsed, UsesOf::Message); };
+    };
+    wire(modeler_.mnuRcvTRMsgPopup, mnuReceivedMore,
+         {mnuRenameReceived, mnuReceivedWhereUsed, mnuReceivedMessageUsed}, modeler_.tvwRcvTRMsg);
+    wire(modeler_.mnuSndTRMsgPopup, mnuSentMore, {mnuRenameSent, mnuSentWhereUsed, mnuSentMessageUsed},
+         modeler_.tvwSndTRMsg);
 }
 
 void ModelerMore::wireSequences() {
@@ -56,7 +74,10 @@ void ModelerMore::wireSequences() {
         mnuRenameSequence.setEnabled(commands.hasSelectedSequence());
         for (MenuEntry* entry : {&mnuDuplicateRows, &mnuMoveRowsUp, &mnuMoveRowsDown})
             entry->setEnabled(commands.hasSelection());
+        mnuRowWhereUsed.setEnabled(commands.hasSelection() && !commands.hasSelectedSequence());
     };
+    mnuRowWhereUsed.withSeparatorAbove();
+    mnuRowWhereUsed.onClick = [this] { fire(onWhereUsed, UsesOf::Row); };
     mnuRenameSequence.setShortcut("F2");
     mnuDuplicateRows.setShortcut("Ctrl+D");
     mnuMoveRowsUp.setShortcut("Alt+Up");

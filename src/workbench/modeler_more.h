@@ -2,6 +2,8 @@
 
 #include "controls/menu.h"
 
+#include <functional>
+
 namespace zb {
 
 class Window;
@@ -15,18 +17,28 @@ public:
     /// The stores become part of the window.
     ModelerMore(Window& window, frmTRModeler& modeler);
 
+    /// What the user asks for the uses of: what is selected in the tree, the SECS message of the selected
+    /// message, or the message that the selected row of the sequences names.
+    enum class UsesOf { Selected, Message, Row };
+    std::function<void(UsesOf what)> onWhereUsed;
+
     /// The dialogs are made after the window.
     void useDialogs(frmTRMessage& messages, frmTRItem& items);
 
     PopupMenu mnuReceivedMore;
     MenuEntry mnuRenameReceived;
+    MenuEntry mnuReceivedWhereUsed;
+    MenuEntry mnuReceivedMessageUsed;
     PopupMenu mnuSentMore;
     MenuEntry mnuRenameSent;
+    MenuEntry mnuSentWhereUsed;
+    MenuEntry mnuSentMessageUsed;
     PopupMenu mnuSequenceMore;
     MenuEntry mnuRenameSequence;
     MenuEntry mnuDuplicateRows;
     MenuEntry mnuMoveRowsUp;
     MenuEntry mnuMoveRowsDown;
+    MenuEntry mnuRowWhereUsed;
     PopupMenu mnuResultMore;
     MenuEntry mnuTakeApart;
     PopupMenu mnuMessageConditionMore;
@@ -37,7 +49,7 @@ public:
     MenuEntry mnuReplaceItemCondition;
 
 private:
-    void wireRenames();
+    void wireTrees();
     void wireSequences();
 
     frmTRModeler& modeler_;

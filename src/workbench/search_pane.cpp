@@ -111,9 +111,7 @@ void SearchPane::whereUsedInEditor() {
     }
     if (selected->parent() == nullptr) {
         const Node* message = messageOf(*selected).message;
-        const std::string name(message == nullptr ? std::string_view() : nameInText(message->text()));
-        show(usesOfMessage(services.modeler.store(), services.state.sequences, name), "use",
-             " of message " + name);
+        showUsesOfMessage(std::string(message == nullptr ? std::string_view() : nameInText(message->text())));
         return;
     }
     SECSItemRecord record;
@@ -136,12 +134,35 @@ void SearchPane::whereUsedInModeler() {
     }
     const TRItemRecord* item = message->getTRItem(selection.item);
     if (item == nullptr) {
-        show(usesOfTRMessage(services.state.sequences, message->Name()), "use",
-             " of TR message " + message->Name());
+        showUsesOfTRMessage(message->Name());
         return;
     }
     const std::string name = DataItemAddress(item->Value()).name();
     show(usesOfItem(services.editor.liveTree(), model, name), "use", " of item " + name);
+}
+
+void SearchPane::whereUsed(ModelerMore::UsesOf what) {
+    open();
+    frmTRModeler& modeler = workbench().services().modeler;
+    const ListRow* row = modeler.lvwSequence.selected();
+    const TRMessageRecord* message =
+        modeler.store() == nullptr ? nullptr : modeler.store()->getTRMessage(modeler.current().message);
+    if (what == ModelerMore::UsesOf::Row && row != nullptr)
+        showUsesOfTRMessage(std::string(row->cell(2)));
+    else if (what == ModelerMore::UsesOf::Message && message != nullptr)
+        showUsesOfMessage(message->SECSMessage());
+    else
+        whereUsedInModeler();
+}
+
+void SearchPane::showUsesOfMessage(const std::string& name) {
+    const WorkbenchServices& services = workbench().services();
+    show(usesOfMessage(services.modeler.store(), services.state.sequences, name), "use",
+         " of message " + name);
+}
+
+void SearchPane::showUsesOfTRMessage(const std::string& name) {
+    show(usesOfTRMessage(workbench().services().state.sequences, name), "use", " of TR message " + name);
 }
 
 void SearchPane::show(FoundPlaces places, const std::string& thing, const std::string& of) {

@@ -4,6 +4,7 @@
 #include "controls/list.h"
 #include "controls/text_field.h"
 #include "editor/find_terms.h"
+#include "workbench/modeler_more.h"
 #include "workbench/uses.h"
 #include "workbench/workbench_pane.h"
 
@@ -29,6 +30,8 @@ public:
 
     /// Lists the uses of what is selected in the document in front, in the opened pane.
     void whereUsed();
+    /// The same of a place in the modeler.
+    void whereUsed(ModelerMore::UsesOf what);
     /// The listed places are of another project.
     void forget() { say({}); }
 
@@ -39,6 +42,8 @@ private:
     void searchAll();
     void whereUsedInEditor();
     void whereUsedInModeler();
+    void showUsesOfMessage(const std::string& name);
+    void showUsesOfTRMessage(const std::string& name);
     void show(FoundPlaces places, const std::string& thing, const std::string& of);
     /// Without any places.
     void say(const std::string& text);

@@ -328,8 +328,8 @@ Reader::Step Reader::stepPastRoot(std::size_t& roots, bool& closerExpected) {
 
 namespace zb {
 
-SmlLibrary readSml(std::string_view text, const CodePage& codePage) {
-    return sml::Reader(text, codePage).read();
+SmlLibrary readSml(std::string_view text, const CodePage& codePage, const Progress& progress) {
+    return sml::Reader(text, codePage).read(progress);
 }
 
 } // namespace zb

@@ -4,9 +4,12 @@
 
 namespace zb::sml {
 
-SmlLibrary Reader::read() {
-    for (skipBetween(); !scanner_.atEnd(); skipBetween())
+SmlLibrary Reader::read(const Progress& progress) {
+    const std::size_t all = scanner_.text().size();
+    for (skipBetween(); !scanner_.atEnd(); skipBetween()) {
         readTopLevel();
+        progress.at(scanner_.offset(), all);
+    }
     nameMessages(messages_, offsets_, *texts_, findings_);
     return {std::move(messages_), unread_, findings_.take(), std::move(texts_)};
 }

@@ -28,7 +28,7 @@ public:
         : findings_(text), scanner_(text, findings_), items_(scanner_, findings_, body_, defines_, codePage) {
     }
 
-    SmlLibrary read();
+    SmlLibrary read(const Progress& progress);
 
 private:
     /// Between the messages.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/finding.h"
+#include "platform/progress.h"
 
 #include <cstddef>
 #include <memory>
@@ -41,6 +42,6 @@ struct SmlLibrary {
 
 /// Reads every message that can be read. `text` is UTF-8 without a mark; the code page measures texts and
 /// decodes character codes above 127. The time is proportional to the text, whatever it contains.
-SmlLibrary readSml(std::string_view text, const CodePage& codePage);
+SmlLibrary readSml(std::string_view text, const CodePage& codePage, const Progress& progress = {});
 
 } // namespace zb

@@ -18,8 +18,14 @@ public:
         dialogs.push_back(dialog);
         return path;
     }
+    bool doLongWork(const std::string& what, const std::function<void(const Progress&)>& work) override {
+        works.push_back(what);
+        return !cancels && Screen::doLongWork(what, work);
+    }
     std::string path;
     std::vector<FileDialog> dialogs;
+    std::vector<std::string> works;
+    bool cancels = false;
 };
 
 class LibraryList : public testing::Test {
@@ -180,6 +186,20 @@ TEST_P(LibraryFiles, CancelChangesThePanelAlone) {
     EXPECT_EQ(window.lvwSource.count(), 357u);
     EXPECT_EQ(window.lvwSource.sortKey(), 2);
     EXPECT_EQ(boxes(), Lines{});
+}
+
+TEST_P(LibraryFiles, ALoadThatIsCancelledLeavesTheLibrary) {
+    screen.path = write("large", "Dear reader");
+    screen.cancels = true;
+    window.lvwSource.setSorted(true, 2);
+    choose();
+    EXPECT_EQ(screen.works, Lines{"Reading large"});
+    EXPECT_EQ(panels, (Lines{GetParam().panel, "Halvern SEMI Standard Library"}));
+    EXPECT_EQ(checks(), Lines{"mnuLIBSEMI"});
+    EXPECT_EQ(window.lvwSource.count(), 357u);
+    EXPECT_EQ(window.lvwSource.sortKey(), 2);
+    EXPECT_EQ(boxes(), Lines{});
+    EXPECT_EQ(drag({"S1F4"}), (Lines{"S1F4"}));
 }
 
 TEST_P(LibraryFiles, ABadFileOpensSemi) {

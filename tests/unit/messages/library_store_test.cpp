@@ -190,5 +190,26 @@ TEST_F(LibraryStore, SmlIsWrittenInOneForm) {
                     "  >", ".", "", "B: S1F2 // H<-E", ".", ""}));
 }
 
+TEST_F(LibraryStore, LoadingReportsHowFarItIsAndEndsWhenItIsCancelled) {
+    SECSLibraryStore semi{CodePage(1252)};
+    for (const std::string& block : semiLibraryBlocks())
+        semi.load(block, kFormatSemi);
+    const struct {
+        int format;
+        std::string path;
+    } files[] = {{kFormatSml, write("a.sml", composeSml(semi.getMessages()))},
+                 {kFormatMdf, write("a.mdf", composeMdf(semi.getMessages()))}};
+    for (const auto& file : files) {
+        LongWork work;
+        SECSLibraryStore loaded{CodePage(1252)};
+        EXPECT_EQ(loaded.load(file.path, file.format, Progress(work)), "");
+        EXPECT_GT(work.done(), 0.9);
+        EXPECT_LE(work.done(), 1);
+        work.cancel();
+        SECSLibraryStore cancelled{CodePage(1252)};
+        EXPECT_THROW(cancelled.load(file.path, file.format, Progress(work)), Cancelled);
+    }
+}
+
 } // namespace
 } // namespace zb

@@ -68,6 +68,18 @@ TEST_F(VersionsTest, AnUnchangedFileIsNotMentioned) {
     EXPECT_EQ(shown(), "Saved Etcher.zbp, 12:00");
 }
 
+TEST_F(VersionsTest, AChangeWhileTheProjectOpensIsNotTakenForWhatWasRead) {
+    program.screen.longWork = [&](const auto& work) {
+        work(Progress());
+        changeByAnother();
+        return true;
+    };
+    ASSERT_TRUE(application.projects.openFile(project()));
+    EXPECT_FALSE(has("AreYouWhere"));
+    application.versions.userReturned();
+    EXPECT_EQ(shown(), "Etcher.zbp was changed by another program");
+}
+
 TEST_F(VersionsTest, AChangeOnDiskIsToldOnceAndCanBeReloaded) {
     changeByAnother();
     application.versions.userReturned();
