@@ -100,56 +100,70 @@ private:
         return nodes;
     }
 
-    void compare(Children children, Node* first, const Node* firstWanted) {
-        const Nodes nodes = listOf(first);
+    /// Nodes from one that is equal to the next one, or to the end.
+    struct Gap {
+        Nodes nodes;
         ConstNodes wanted;
-        for (; firstWanted != nullptr; firstWanted = firstWanted->next())
-            wanted.push_back(firstWanted);
-        std::vector<std::uint64_t> left;
-        std::vector<std::uint64_t> right;
-        for (const Node* node : nodes)
-            left.push_back(numbers_.ofBranch(*node));
-        for (const Node* node : wanted)
-            right.push_back(numbers_.ofBranch(*node));
-        auto pairs = alignEqual(left, right);
-        pairs.emplace_back(nodes.size(), wanted.size());
+        /// The equal nodes after them; null at the end.
+        /// @{
+        Node* same = nullptr;
+        const Node* sameWanted = nullptr;
+        /// @}
+    };
 
+    /// Aligns the nodes that have the same number.
+    template<typename NumberOf>
+    static std::vector<Gap> gapsBetween(const Nodes& nodes, const ConstNodes& wanted, NumberOf numberOf) {
+        const auto numbersOf = [&numberOf](const auto& list) {
+            std::vector<std::uint64_t> numbers;
+            for (const Node* node : list)
+                numbers.push_back(numberOf(*node));
+            return numbers;
+        };
+        auto pairs = alignEqual(numbersOf(nodes), numbersOf(wanted));
+        pairs.emplace_back(nodes.size(), wanted.size());
+        std::vector<Gap> gaps;
         std::size_t at = 0;
         std::size_t atWanted = 0;
         for (const auto& [same, sameWanted] : pairs) {
-            compareGap(slice(nodes, at, same), slice(wanted, atWanted, sameWanted), children);
-            if (same < nodes.size())
-                children.wanted.emplace_back(wanted[sameWanted], nodes[same]);
+            Gap gap{slice(nodes, at, same), slice(wanted, atWanted, sameWanted)};
+            if (same < nodes.size()) {
+                gap.same = nodes[same];
+                gap.sameWanted = wanted[sameWanted];
+            }
+            gaps.push_back(std::move(gap));
             at = same + 1;
             atWanted = sameWanted + 1;
+        }
+        return gaps;
+    }
+
+    void compare(Children children, Node* first, const Node* firstWanted) {
+        ConstNodes wanted;
+        for (; firstWanted != nullptr; firstWanted = firstWanted->next())
+            wanted.push_back(firstWanted);
+        const auto branch = [this](const Node& node) { return numbers_.ofBranch(node); };
+        for (const Gap& gap : gapsBetween(listOf(first), wanted, branch)) {
+            compareGap(gap.nodes, gap.wanted, children);
+            if (gap.same != nullptr)
+                children.wanted.emplace_back(gap.sameWanted, gap.same);
         }
         children_.push_back(std::move(children));
     }
 
     /// Nodes between equal ones: those that look the same stay, and what is below them is compared.
     void compareGap(const Nodes& nodes, const ConstNodes& wanted, Children& children) {
-        std::vector<std::uint64_t> left;
-        std::vector<std::uint64_t> right;
-        for (const Node* node : nodes)
-            left.push_back(numbers_.ofNode(*node));
-        for (const Node* node : wanted)
-            right.push_back(numbers_.ofNode(*node));
-        auto pairs = alignEqual(left, right);
-        pairs.emplace_back(nodes.size(), wanted.size());
-        std::size_t at = 0;
-        std::size_t atWanted = 0;
-        for (const auto& [same, sameWanted] : pairs) {
-            const bool oneByOne = same - at == sameWanted - atWanted;
-            for (; at < same && oneByOne; ++at, ++atWanted)
-                exchange(*nodes[at], *wanted[atWanted], children);
-            for (; at < same; ++at)
-                removed_.push_back(nodes[at]);
-            for (; atWanted < sameWanted; ++atWanted)
-                add(*wanted[atWanted], children);
-            if (same < nodes.size())
-                keep(*nodes[same], *wanted[sameWanted], children);
-            at = same + 1;
-            atWanted = sameWanted + 1;
+        const auto alone = [this](const Node& node) { return numbers_.ofNode(node); };
+        for (const Gap& gap : gapsBetween(nodes, wanted, alone)) {
+            const std::size_t exchanged = gap.nodes.size() == gap.wanted.size() ? gap.nodes.size() : 0;
+            for (std::size_t at = 0; at < exchanged; ++at)
+                exchange(*gap.nodes[at], *gap.wanted[at], children);
+            for (std::size_t at = exchanged; at < gap.nodes.size(); ++at)
+                removed_.push_back(gap.nodes[at]);
+            for (std::size_t at = exchanged; at < gap.wanted.size(); ++at)
+                add(*gap.wanted[at], children);
+            if (gap.same != nullptr)
+                keep(*gap.same, *gap.sameWanted, children);
         }
     }
 
