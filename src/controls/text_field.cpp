@@ -81,6 +81,8 @@ void TextField::enterKey(KeyEvent key) {
                 caret_ = behind(caret_);
         }
         replaceSelection({}, TextHistory::Step::Whole);
+    } else if (key.code == kKeyEnter && lines_ == Lines::Many) {
+        replaceSelection("\n", TextHistory::Step::Whole);
     } else if (const auto character = characterOfKey(key)) {
         replaceSelection(std::string_view(&*character, 1), TextHistory::Step::Character);
     }

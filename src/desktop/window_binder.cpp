@@ -12,6 +12,7 @@
 #include "desktop/binders/folder_field_binder.h"
 #include "desktop/binders/list_binder.h"
 #include "desktop/binders/simple_binders.h"
+#include "desktop/binders/text_edit_binder.h"
 #include "desktop/binders/text_field_binder.h"
 #include "desktop/binders/tree_binder.h"
 #include "desktop/key_codes.h"
@@ -82,8 +83,10 @@ void WindowBinder::bindControls() {
 std::unique_ptr<Binder> WindowBinder::bind(Control& control, QWidget& widget) {
     switch (control.kind()) {
     case Kind::TextField:
-        if (static_cast<TextField&>(control).lines() == TextField::Lines::Many)
-            return tie<TextViewBinder, TextField, QPlainTextEdit>(control, widget, binding_);
+        if (const auto& field = static_cast<TextField&>(control); field.lines() == TextField::Lines::Many)
+            return field.readOnly()
+                       ? tie<TextViewBinder, TextField, QPlainTextEdit>(control, widget, binding_)
+                       : tie<TextEditBinder, TextField, QPlainTextEdit>(control, widget, binding_);
         return tie<TextFieldBinder, TextField, QLineEdit>(control, widget, binding_);
     case Kind::Label:
         return tie<LabelBinder, Control, QLabel>(control, widget, binding_);
