@@ -21,6 +21,8 @@ namespace zb {
 
 namespace {
 
+constexpr const char* kMessageFileEnding = ".sml";
+
 bool isBuiltIn(SourceKind kind) {
     return kind == SourceKind::Gem || kind == SourceKind::Semi;
 }
@@ -58,7 +60,9 @@ private:
     std::string misuse() const;
     int write(const OutputGuard& guard, const SECSLibraryStore::Records& records,
               ConsoleStreams streams) const;
-    int split(const SECSLibraryStore::Records& records, ConsoleStreams streams) const;
+    int split(const FolderGuard& guard, const SECSLibraryStore::Records& records,
+              ConsoleStreams streams) const;
+    int makeFolder(std::ostream& err) const;
     std::string bytesOf(const SECSLibraryStore::Records& records, SourceKind kind, std::ostream& err) const;
 
     std::string in_;
@@ -117,6 +121,7 @@ int ConvertVerb::run(ConsoleStreams streams) {
         return kExitFault;
     }
     const OutputGuard guard(out_);
+    const FolderGuard folderGuard(folder_, kMessageFileEnding);
     MessageSource source;
     const int status = source.load(in_, streams);
     if (status != kExitDone && source.messages().empty())
@@ -124,7 +129,8 @@ int ConvertVerb::run(ConsoleStreams streams) {
     SECSLibraryStore::Records records = source.messages();
     if (!selection_.empty() && !takeSelection(source, in_, selection_, records, streams.err))
         return kExitFault;
-    const int written = folder_.empty() ? write(guard, records, streams) : split(records, streams);
+    const int written =
+        folder_.empty() ? write(guard, records, streams) : split(folderGuard, records, streams);
     return written == kExitDone ? status : written;
 }
 
@@ -145,15 +151,28 @@ int ConvertVerb::write(const OutputGuard& guard, const SECSLibraryStore::Records
     return !project || reportColons(records, out_, streams.err) ? kExitDone : kExitFault;
 }
 
-int ConvertVerb::split(const SECSLibraryStore::Records& records, ConsoleStreams streams) const {
-    const std::filesystem::path folder(folder_);
+int ConvertVerb::makeFolder(std::ostream& err) const {
     std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    if (error) {
-        streams.err << printable(folder_) << ": cannot be made: " << error.message() << '\n';
+    std::filesystem::create_directories(folder_, error);
+    if (!error)
+        return kExitDone;
+    err << printable(folder_) << ": cannot be made: " << error.message() << '\n';
+    return kExitFileFault;
+}
+
+int ConvertVerb::split(const FolderGuard& guard, const SECSLibraryStore::Records& records,
+                       ConsoleStreams streams) const {
+    if (const int made = makeFolder(streams.err); made != kExitDone)
+        return made;
+    const std::filesystem::path folder(folder_);
+    const std::vector<std::string> names = messageFileNames(records, kMessageFileEnding);
+    const auto changed = std::find_if_not(names.begin(), names.end(),
+                                          [&](const auto& name) { return guard.isUnchanged(name); });
+    if (changed != names.end()) {
+        streams.err << printable((folder / *changed).string())
+                    << ": was changed by another program meanwhile: nothing is written\n";
         return kExitFileFault;
     }
-    const std::vector<std::string> names = messageFileNames(records, ".sml");
     for (std::size_t i = 0; i < records.size(); ++i) {
         const std::filesystem::path file = folder / names[i];
         const Result<void> written = replaceFile(file, bytesOf({records[i]}, SourceKind::Sml, streams.err));

@@ -2,6 +2,7 @@
 
 #include "platform/text_file.h"
 
+#include <system_error>
 #include <utility>
 
 namespace zb {
@@ -13,6 +14,23 @@ bool OutputGuard::isUnchanged() const {
     if (now && before_)
         return *now == *before_;
     return !now && !before_ && now.error() == before_.error();
+}
+
+FolderGuard::FolderGuard(const std::filesystem::path& folder, std::string_view ending) : folder_(folder) {
+    std::error_code error;
+    auto entries = std::filesystem::directory_iterator(folder_, error);
+    for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+        std::string name = entries->path().filename().string();
+        if (name.ends_with(ending))
+            files_.emplace(std::move(name), entries->path().string());
+    }
+}
+
+bool FolderGuard::isUnchanged(const std::string& name) const {
+    if (const auto known = files_.find(name); known != files_.end())
+        return known->second.isUnchanged();
+    std::error_code ignored;
+    return !std::filesystem::exists(std::filesystem::symlink_status(folder_ / name, ignored));
 }
 
 } // namespace zb

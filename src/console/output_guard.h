@@ -2,7 +2,10 @@
 
 #include "platform/result.h"
 
+#include <filesystem>
+#include <map>
 #include <string>
+#include <string_view>
 
 namespace zb {
 
@@ -18,6 +21,19 @@ public:
 private:
     std::string path_;
     Result<std::string> before_;
+};
+
+/// The same for all files of a folder with one ending, of which only the read input says which are written.
+class FolderGuard {
+public:
+    /// The files as they are now; the folder need not exist, and the empty path has none.
+    FolderGuard(const std::filesystem::path& folder, std::string_view ending);
+    /// Whether the file of that name still has that content, or is still missing.
+    bool isUnchanged(const std::string& name) const;
+
+private:
+    std::filesystem::path folder_;
+    std::map<std::string, OutputGuard> files_;
 };
 
 } // namespace zb

@@ -32,5 +32,26 @@ TEST_F(OutputGuardTest, NoticesAFileThatComesOrGoes) {
     EXPECT_FALSE(there.isUnchanged());
 }
 
+TEST_F(OutputGuardTest, NoticesFilesOfAFolderThatChangeComeOrGo) {
+    for (const char* name : {"same.sml", "other.sml", "gone.sml", "other.txt"})
+        writeFile(folder / name, "before");
+    const FolderGuard guard(folder.path(), ".sml");
+    writeFile(folder / "other.sml", "behind");
+    writeFile(folder / "new.sml", "before");
+    std::filesystem::remove(folder / "gone.sml");
+    EXPECT_TRUE(guard.isUnchanged("same.sml"));
+    EXPECT_TRUE(guard.isUnchanged("missing.sml"));
+    for (const char* name : {"other.sml", "gone.sml", "new.sml"})
+        EXPECT_FALSE(guard.isUnchanged(name)) << name;
+}
+
+TEST_F(OutputGuardTest, AFolderThatIsMissingHasNoFiles) {
+    const FolderGuard guard(folder / "later", ".sml");
+    EXPECT_TRUE(guard.isUnchanged("a.sml"));
+    std::filesystem::create_directory(folder / "later");
+    writeFile(folder / "later/a.sml", "new");
+    EXPECT_FALSE(guard.isUnchanged("a.sml"));
+}
+
 } // namespace
 } // namespace zb::test
