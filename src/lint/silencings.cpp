@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <utility>
 
 namespace zb {
 
@@ -17,18 +18,13 @@ constexpr char kQuote = '"';
 constexpr std::size_t kMostWords = 3;
 constexpr std::string_view kStandardLine = "check standard";
 
-std::string keyOf(std::string_view selector, std::string_view message, std::string_view item) {
-    // A message may have any characters in its name: only its length says where the item begins.
-    std::string key(selector);
-    return key.append(1, '\n')
-        .append(std::to_string(message.size()))
-        .append(1, '\n')
-        .append(message)
-        .append(item);
+/// A message may have any characters in its name: only its length says where the item begins.
+std::string placeKey(std::string_view message, std::string_view item) {
+    return std::to_string(message.size()).append(1, '\n').append(message).append(item);
 }
 
-std::string keyOf(const Silencing& silencing) {
-    return keyOf(silencing.selector, silencing.message, silencing.item);
+std::string_view itemOf(const Finding& finding) {
+    return finding.place.item.empty() ? kMessageItself : std::string_view(finding.place.item);
 }
 
 /// The text of a word between quotation marks; takes it off `rest`.
@@ -84,13 +80,17 @@ std::string lineOf(const Silencing& silencing) {
     return line;
 }
 
-/// What a silencing of the rule may begin with.
-std::vector<std::string_view> selectorsOf(const Rule& rule) {
-    std::vector<std::string_view> selectors{categoryName(rule.category), rule.id};
+/// Calls `visit` with what a silencing of the rule may begin with, until it returns true.
+template<typename Visit>
+bool anySelectorOf(const Rule& rule, const Visit& visit) {
+    if (visit(categoryName(rule.category)) || visit(rule.id))
+        return true;
     for (std::size_t point = rule.id.find('.'); point != std::string_view::npos;
-         point = rule.id.find('.', point + 1))
-        selectors.push_back(rule.id.substr(0, point));
-    return selectors;
+         point = rule.id.find('.', point + 1)) {
+        if (visit(rule.id.substr(0, point)))
+            return true;
+    }
+    return false;
 }
 
 bool isStandardLine(std::string_view line) {
@@ -100,8 +100,7 @@ bool isStandardLine(std::string_view line) {
 } // namespace
 
 Silencing Silencing::placeOf(const Finding& finding) {
-    const std::string& item = finding.place.item;
-    return {finding.id, finding.place.message, item.empty() ? std::string(kMessageItself) : item};
+    return {finding.id, finding.place.message, std::string(itemOf(finding))};
 }
 
 Silencings Silencings::parse(std::string_view text) {
@@ -109,10 +108,8 @@ Silencings Silencings::parse(std::string_view text) {
     LineReader reader(text);
     while (const auto line = reader.next()) {
         silencings.lines_.emplace_back(*line);
-        if (const auto silencing = silencingOf(*line)) {
-            silencings.keys_.insert(keyOf(*silencing));
-            silencings.selectors_.insert(silencing->selector);
-        }
+        if (const auto silencing = silencingOf(*line))
+            silencings.insert(*silencing);
     }
     return silencings;
 }
@@ -125,7 +122,19 @@ std::string Silencings::text() const {
 }
 
 bool Silencings::silences(const Finding& finding) const {
-    return !keys_.empty() && !of(finding).empty();
+    const Rule* rule = selected_.empty() ? nullptr : findRule(finding.id);
+    std::string key;
+    return rule != nullptr && anySelectorOf(*rule, [&](std::string_view selector) {
+               const auto found = selected_.find(selector);
+               if (found == selected_.end())
+                   return false;
+               const Selected& selected = found->second;
+               if (selected.all || selected.messages.contains(finding.place.message))
+                   return true;
+               if (key.empty())
+                   key = placeKey(finding.place.message, itemOf(finding));
+               return selected.places.contains(key);
+           });
 }
 
 std::vector<Silencing> Silencings::of(const Finding& finding) const {
@@ -134,21 +143,33 @@ std::vector<Silencing> Silencings::of(const Finding& finding) const {
     if (rule == nullptr)
         return found;
     const Silencing place = Silencing::placeOf(finding);
-    for (const std::string_view selector : selectorsOf(*rule)) {
-        if (!selectors_.contains(selector))
-            continue;
-        const std::string word(selector);
-        for (Silencing silencing : {Silencing{word, {}, {}}, Silencing{word, place.message, {}},
-                                    Silencing{word, place.message, place.item}})
-            if (keys_.contains(keyOf(silencing)))
-                found.push_back(std::move(silencing));
-    }
+    anySelectorOf(*rule, [&](std::string_view selector) {
+        const auto entry = selected_.find(selector);
+        if (entry == selected_.end())
+            return false;
+        const auto& [word, selected] = *entry;
+        if (selected.all)
+            found.push_back({word, {}, {}});
+        if (selected.messages.contains(place.message))
+            found.push_back({word, place.message, {}});
+        if (selected.places.contains(placeKey(place.message, place.item)))
+            found.push_back({word, place.message, place.item});
+        return false;
+    });
     return found;
 }
 
+bool Silencings::insert(const Silencing& silencing) {
+    Selected& selected = selected_[silencing.selector];
+    if (!silencing.item.empty())
+        return selected.places.insert(placeKey(silencing.message, silencing.item)).second;
+    if (!silencing.message.empty())
+        return selected.messages.insert(silencing.message).second;
+    return !std::exchange(selected.all, true);
+}
+
 void Silencings::add(const Silencing& silencing) {
-    selectors_.insert(silencing.selector);
-    if (keys_.insert(keyOf(silencing)).second)
+    if (insert(silencing))
         lines_.push_back(lineOf(silencing));
 }
 
@@ -157,7 +178,15 @@ void Silencings::remove(const Silencing& silencing) {
         const auto found = silencingOf(line);
         return found && *found == silencing;
     });
-    keys_.erase(keyOf(silencing));
+    const auto found = selected_.find(silencing.selector);
+    if (found == selected_.end())
+        return;
+    if (!silencing.item.empty())
+        found->second.places.erase(placeKey(silencing.message, silencing.item));
+    else if (!silencing.message.empty())
+        found->second.messages.erase(silencing.message);
+    else
+        found->second.all = false;
 }
 
 std::vector<Silencing> Silencings::all() const {

@@ -3,7 +3,7 @@
 #include "platform/finding.h"
 
 #include <functional>
-#include <set>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -62,9 +62,17 @@ public:
     /// @}
 
 private:
+    /// What the lines with one selector silence.
+    struct Selected {
+        bool all = false;
+        std::unordered_set<std::string> messages;
+        std::unordered_set<std::string> places; ///< message and item
+    };
+    /// False when it is there already.
+    bool insert(const Silencing& silencing);
+
     std::vector<std::string> lines_;
-    std::unordered_set<std::string> keys_;         ///< of the lines that can be understood
-    std::set<std::string, std::less<>> selectors_; ///< of all silencings that there ever were
+    std::map<std::string, Selected, std::less<>> selected_; ///< by selector, of the lines that are understood
 };
 
 /// The path of the file for a project file: the same, with the ending ".zbcheck".
