@@ -1,5 +1,6 @@
 #include "lint/transaction_rules.h"
 
+#include "lint/item_rules.h"
 #include "lint/rule.h"
 #include "lint/rule_context.h"
 #include "lint/value_fit.h"
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace zb {
@@ -15,6 +17,12 @@ namespace {
 
 FindingPlace placeIn(const TRMessageContext& context, const CheckedItem& item) {
     return FindingPlace::inTRMessage(context.record.Name(), item.path);
+}
+
+/// Its name in quotation marks, or "an item of type L" when it has none.
+std::string called(const SECSItemRecord& item, const char* article) {
+    return item.getName().empty() ? article + (" item of type " + item.getType())
+                                  : "\"" + item.getName() + "\"";
 }
 
 /// Compares a data block with the definition that it is a copy of. The copy has chosen counts of the lists.
@@ -52,11 +60,12 @@ private:
     std::string difference(const CheckedItem& expected, const CheckedItem& found) {
         const SECSItemRecord& wanted = expected.record;
         const SECSItemRecord& own = found.record;
-        if (wanted.getName() != own.getName())
+        if (wanted.getName() != own.getName()) {
             // A name that the definition does not have is a fault of its own.
-            return own.getName().empty() || isKnownName(own.getName())
-                       ? "\"" + own.getName() + "\" is in the place of \"" + wanted.getName() + "\""
-                       : std::string();
+            const bool isElsewhere = own.getName().empty() || isKnownName(own.getName());
+            return isElsewhere ? called(own, "An") + " is in the place of " + called(wanted, "an")
+                               : std::string();
+        }
         if (wanted.getType() == "X")
             return {};
         if (wanted.getType() != own.getType())
@@ -105,6 +114,28 @@ void checkBlockFit(const TRMessageContext& context, Report& report) {
             report.tell(difference->item != nullptr ? placeIn(context, *difference->item)
                                                     : FindingPlace::inTRMessage(context.record.Name(), {}),
                         difference->text);
+    });
+}
+
+void checkBlockCodes(const TRMessageContext& context, Report& report) {
+    visitBlock(context, [&](const CheckedMessage& block) {
+        const PublishedStandard& standard = context.model.standard;
+        const auto* published = standard.message(block.stream, block.function);
+        LayoutMatch match;
+        match.expected.resize(block.items.size());
+        if (published != nullptr)
+            match = matchLayout(block, *published, standard);
+        const MessageIndex none;
+        const MessageContext all{block, none, standard, context.model.codePage, published, std::move(match)};
+        visitUnknownCodes(all, [&](const CheckedItem& item, std::string text) {
+            // Where the value is that of the SECS message, it is reported there.
+            const auto& defined = context.definition.items;
+            const bool isDefined = std::any_of(defined.begin(), defined.end(), [&](const CheckedItem& other) {
+                return other.path == item.path && other.record.getValue() == item.record.getValue();
+            });
+            if (!isDefined)
+                report.tell(placeIn(context, item), std::move(text));
+        });
     });
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace zb {
 
@@ -115,6 +116,13 @@ void checkItemLengths(const MessageContext& context, Report& report) {
 }
 
 void checkItemCodes(const MessageContext& context, Report& report) {
+    visitUnknownCodes(context, [&](const CheckedItem& item, std::string text) {
+        report.tell(context.message.place(item), std::move(text));
+    });
+}
+
+void visitUnknownCodes(const MessageContext& context,
+                       const std::function<void(const CheckedItem& item, std::string text)>& visit) {
     visitPublishedItems(
         context, [&](const CheckedItem& item, const PublishedItem& published, std::string_view name) {
             const std::string& type = item.record.getType();
@@ -127,8 +135,7 @@ void checkItemCodes(const MessageContext& context, Report& report) {
                 // What is no number is a fault of the definition.
                 if ((!isText && !isNumeric(value)) || isKnownCode(published, value))
                     continue;
-                report.tell(context.message.place(item),
-                            trim(value) + " is no code of " + std::string(name) + ": " + codeList(published));
+                visit(item, trim(value) + " is no code of " + std::string(name) + ": " + codeList(published));
                 return;
             }
         });

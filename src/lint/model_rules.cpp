@@ -63,10 +63,11 @@ struct SequenceStep {
     int row; ///< among all rows, from 1
     std::string position;
     int stream;
-    int function;
+    int function; ///< kUnknown when the row names no message of the project
 };
+constexpr int kUnknown = -1;
 
-/// Calls `visit` with the name of each sequence and those of its rows whose SECS messages are known.
+/// Calls `visit` with the name of each sequence and its rows.
 template<typename Visit>
 void visitSequences(const ProjectView& project, Visit visit) {
     const auto& rows = project.sequences.rows();
@@ -87,9 +88,9 @@ void visitSequences(const ProjectView& project, Visit visit) {
             project.model == nullptr ? nullptr : project.model->getTRMessage(rows[at].transactionName);
         const SECSMessageRecord* message =
             record == nullptr ? nullptr : project.messages.getByName(record->SECSMessage());
-        if (message != nullptr)
-            steps.push_back({static_cast<int>(at) + 1, std::to_string(position), message->getStream(),
-                             message->getFunction()});
+        steps.push_back({static_cast<int>(at) + 1, std::to_string(position),
+                         message == nullptr ? kUnknown : message->getStream(),
+                         message == nullptr ? kUnknown : message->getFunction()});
     }
     if (name)
         visit(*name, steps);
@@ -122,14 +123,18 @@ void checkDefaultFirst(const ModelContext& context, Report& report) {
 void checkReplyOrder(const ModelContext& context, Report& report) {
     visitSequences(context.project, [&](const std::string& name, const std::vector<SequenceStep>& steps) {
         std::set<std::pair<int, int>> seen;
+        bool isUnknownBefore = false; // what may be the primary message is a fault of its own
         for (const SequenceStep& step : steps) {
             seen.emplace(step.stream, step.function);
+            isUnknownBefore = isUnknownBefore || step.function == kUnknown;
             const bool isReply = step.function > 0 && step.function % 2 == 0;
             if (!isReply || seen.contains({step.stream, step.function - 1}))
                 continue;
             const bool comesLater = std::any_of(steps.begin(), steps.end(), [&](const SequenceStep& other) {
                 return other.stream == step.stream && other.function == step.function - 1;
             });
+            if (isUnknownBefore && !comesLater)
+                continue;
             const std::string reply =
                 "The reply S" + std::to_string(step.stream) + "F" + std::to_string(step.function);
             report.tell(FindingPlace::inSequence(name, step.position, step.row),

@@ -107,7 +107,7 @@ Findings StandardCheck::checkModel(const ProjectView& project) const {
 Findings StandardCheck::checkTRMessages(const ProjectView& project,
                                         const std::vector<const TRMessageRecord*>& records) const {
     Findings findings;
-    const ModelContext model{project, codePage_, records};
+    const ModelContext model{project, codePage_, records, standard_};
     Definitions definitions(project.messages);
     const int received = project.side == Side::Host ? kToHost : kToEquip;
     for (const TRMessageRecord* record : records) {
@@ -126,7 +126,7 @@ Findings StandardCheck::checkTRMessages(const ProjectView& project,
 Findings StandardCheck::checkSequences(const ProjectView& project) const {
     Findings findings;
     const std::vector<const TRMessageRecord*> none;
-    runRules(&Rule::sequences, ModelContext{project, codePage_, none}, findings);
+    runRules(&Rule::sequences, ModelContext{project, codePage_, none, standard_}, findings);
     return findings;
 }
 

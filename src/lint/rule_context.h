@@ -31,6 +31,7 @@ struct ModelContext {
     const CodePage& codePage;
     /// In the order of the model; with one TR message of a SECS message all of them.
     const std::vector<const TRMessageRecord*>& records;
+    const PublishedStandard& standard;
 };
 
 /// What a rule of TR messages looks at. Its SECS message exists.

@@ -95,6 +95,7 @@ constexpr std::array kRules{
     modelFault("tmd.name", "A name is none that a TMD file can hold"),
     modelFault("tmd.text", "A text has characters that a TMD file cannot hold"),
     ofTRMessage("tr.block.changed", "A data block no longer fits its SECS message", checkBlockFit),
+    ofTRMessage("tr.block.code", "A sent value is no code of its item", checkBlockCodes),
     ofTRMessage("tr.block.key", "The key item of a data block has lost its mark", checkBlockKey),
     ofTRMessage("tr.block.length", "A sent text or array is longer than its item", checkBlockLengths),
     modelDoubt("tr.block.moved", "A data block has another stream or function than its SECS message"),

@@ -21,6 +21,7 @@ void checkStatementColons(const TRMessageContext& context, Report& report);
 // Rules of the data block of a sent TR message.
 
 void checkBlockFit(const TRMessageContext& context, Report& report);
+void checkBlockCodes(const TRMessageContext& context, Report& report);
 void checkBlockRanges(const TRMessageContext& context, Report& report);
 void checkBlockLengths(const TRMessageContext& context, Report& report);
 void checkBlockKey(const TRMessageContext& context, Report& report);

@@ -137,6 +137,7 @@ constexpr Plant kInModel[] = {
      "tr.item.source: AnyStart: EMPTY"},
     {"Item 2 U2 1 SLOT 1", "Item 2 U2 1 SLOT 99999", "tr.block.range: LotReport: 1/1"},
     {"'L2              '", "'한국어한국어한국어'", "tr.block.length: LotReport: 1/2"},
+    {"Item 2 B 1 HCACK 0", "Item 2 B 1 HCACK 9", "tr.block.code: LotDone: 1/1"},
     {"Item 2 U2 1 SLOT 1", "Item 2 U4 1 SLOT 1", "tr.block.changed: LotReport: 1/1"},
     {"    L 3\n        U2 1 SLOT 1", "    L 3\n        U2 1 SLOT 1 [K]", "tr.block.key: LotReport: 1/1"},
     {"SeqItem\u00FF3\u00FFToHost\u00FFLotReport\n", "", "seq.reply.order: Lot: 3"},
