@@ -119,7 +119,8 @@ void addLibraryRow(const std::string& row, int formatCode, List& list) {
     addRow(textsOf(row, formatCode), list);
 }
 
-LibraryPane::LibraryPane(frmSECSEditor& window) : window_(window), notice_(window) {
+LibraryPane::LibraryPane(frmSECSEditor& window)
+    : window_(window), notice_(window), projectNames_(window.tvwEdit) {
     wireMenu();
     wireList();
     openSemi();
@@ -250,11 +251,12 @@ void LibraryPane::fillList() {
         if (selected.count(added.key()) > 0)
             list.toggle(added);
     }
-    showInProject();
+    markRowsInProject(list, window_.liveTree());
 }
 
 void LibraryPane::showInProject() {
-    markRowsInProject(window_.lvwSource, window_.liveTree());
+    if (projectNames_.takeChanged())
+        markRowsInProject(window_.lvwSource, window_.liveTree());
 }
 
 const SECSMessageRecord* LibraryPane::recordOf(const ListRow& row) const {

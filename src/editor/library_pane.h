@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/library_notice.h"
+#include "editor/library_rows.h"
 #include "messages/library_store.h"
 
 #include <functional>
@@ -38,7 +39,8 @@ public:
     /// What is said of the file.
     LibraryNotice& notice() { return notice_; }
 
-    /// Marks the rows whose messages the project has; call it when the project has changed.
+    /// Marks the rows whose messages the project has; call it when the project has changed. Does nothing as
+    /// long as no message can have another name.
     void showInProject();
     /// The messages of the selected rows.
     SECSLibraryStore::Records selectedMessages() const;
@@ -75,6 +77,7 @@ private:
     std::unique_ptr<SECSLibraryStore> library_;
     std::vector<std::string> rows_; ///< of the library, including those hidden by the filter
     int formatCode_ = 0;
+    MessageNamesWatch projectNames_;
     std::function<void(std::string_view)> panel_;
     std::string panelText_;
     std::string applicationFolder_;

@@ -1,8 +1,8 @@
 #include "editor/library_rows.h"
 
 #include "controls/list.h"
+#include "controls/tree.h"
 #include "messages/message_record.h"
-#include "platform/tree/node_tree.h"
 
 #include <cstddef>
 #include <string_view>
@@ -32,6 +32,14 @@ void markRowsInProject(List& list, const NodeTree& project) {
         row->setImage(isThere ? kInProjectPicture : "");
         row->setForeColor(isThere ? OptionalColor(kInProjectColor) : std::nullopt);
     }
+}
+
+MessageNamesWatch::MessageNamesWatch(Tree& tree) : tree_(tree) {
+    tree_.addWatcher(*this);
+}
+
+MessageNamesWatch::~MessageNamesWatch() {
+    tree_.removeWatcher(*this);
 }
 
 std::string describeStructure(const SECSMessageRecord& message) {

@@ -71,6 +71,7 @@ void SharedNodes::pasteNodes(std::string_view nodes) {
         for (const auto& copy : *copies)
             records.push_back(messageRecordOf(*copy->lastRoot()));
         std::vector<const SECSMessageRecord*> pointers;
+        pointers.reserve(records.size());
         for (const SECSMessageRecord& record : records)
             pointers.push_back(&record);
         const std::size_t added = add(pointers);
@@ -94,12 +95,18 @@ void SharedNodes::pasteText(std::string_view text) {
     const auto records = read.getMessages();
     const std::size_t added = add(records);
     std::string fault = added < records.size() ? "their names are taken" : "";
-    if (const Findings& findings = read.findings(); !findings.empty()) {
+    Findings findings = read.findings();
+    std::vector<NoticeAction> actions;
+    if (!findings.empty()) {
         fault = textOf(findings.front());
         if (findings.size() > 1)
             fault += ", and " + std::to_string(findings.size() - 1) + " more";
+        actions.push_back({"Show", [this] { fire(onShow); }});
     }
-    report(added, records.size() - added + read.unread(), fault);
+    for (Finding& finding : findings)
+        finding.place.message = kPastedText;
+    fire(onFindings, findings);
+    report(added, records.size() - added + read.unread(), fault, std::move(actions));
 }
 
 void SharedNodes::pasteList(const std::vector<std::string>& names) {
@@ -132,13 +139,14 @@ std::size_t SharedNodes::add(const std::vector<const SECSMessageRecord*>& record
     return added;
 }
 
-void SharedNodes::report(std::size_t added, std::size_t left, const std::string& fault) {
+void SharedNodes::report(std::size_t added, std::size_t left, const std::string& fault,
+                         std::vector<NoticeAction> actions) {
     std::string text = added == 0 && left == 0 ? "Nothing pasted" : messagesText(added) + " pasted";
     if (left > 0)
         text += ", " + std::to_string(left) + " not";
     if (!fault.empty())
         text += ": " + fault;
-    window_.desktop().post({text, {}});
+    window_.desktop().post({text, std::move(actions), "paste"});
 }
 
 } // namespace zb

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "controls/notices.h"
+#include "platform/finding.h"
+
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,13 +27,20 @@ public:
     /// Adds the messages of a text, which is SML or a list such as "S1F1, S1F2", in the same way.
     void pasteText(std::string_view text);
 
+    /// What was found in the text that was pasted last. Places have `kPastedText` as their message.
+    std::function<void(const Findings& findings)> onFindings;
+    /// The user wants to see them.
+    std::function<void()> onShow;
+    static constexpr const char* kPastedText = "pasted text";
+
 private:
     void put();
     void pasteNodes(std::string_view nodes);
     void pasteList(const std::vector<std::string>& names);
     /// Adds the messages at the end, each unless its name is taken, and returns how many were added.
     std::size_t add(const std::vector<const SECSMessageRecord*>& records);
-    void report(std::size_t added, std::size_t left, const std::string& fault);
+    void report(std::size_t added, std::size_t left, const std::string& fault,
+                std::vector<NoticeAction> actions = {});
 
     frmSECSEditor& window_;
 };

@@ -22,12 +22,21 @@ FindingKind kindOf(const Finding& finding) {
     return FindingKind::Import;
 }
 
+int FindingTally::of(Severity severity, FindingKind kind, bool withSilenced) const {
+    const auto row = static_cast<std::size_t>(severity);
+    const auto column = static_cast<std::size_t>(kind);
+    return reportedByBoth_[row][column] + (withSilenced ? silencedByBoth_[row][column] : 0);
+}
+
 void FindingTally::count(const Findings& findings, const Silencings& silencings, int each) {
     for (const Finding& finding : findings) {
         const FindingKind kind = kindOf(finding);
         if (finding.severity == Severity::Error && kind == FindingKind::Definition)
             definitionErrors_ += each;
-        if (silencings.silences(finding)) {
+        const bool isSilenced = silencings.silences(finding);
+        ByBoth& byBoth = isSilenced ? silencedByBoth_ : reportedByBoth_;
+        byBoth[static_cast<std::size_t>(finding.severity)][static_cast<std::size_t>(kind)] += each;
+        if (isSilenced) {
             silenced_ += each;
             continue;
         }

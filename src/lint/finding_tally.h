@@ -27,14 +27,20 @@ public:
     int of(Severity severity) const { return bySeverity_[static_cast<std::size_t>(severity)]; }
     int of(FindingKind kind) const { return byKind_[static_cast<std::size_t>(kind)]; }
     int silenced() const { return silenced_; }
+    /// Of one severity and kind, with or without the silenced ones.
+    int of(Severity severity, FindingKind kind, bool withSilenced) const;
     /// Of the messages, silenced ones included: they keep the modeler closed.
     int definitionErrors() const { return definitionErrors_; }
 
 private:
     void count(const Findings& findings, const Silencings& silencings, int each);
 
+    using ByBoth = std::array<std::array<int, kFindingKinds>, kSeverities>;
+
     std::array<int, kSeverities> bySeverity_{};
     std::array<int, kFindingKinds> byKind_{};
+    ByBoth reportedByBoth_{};
+    ByBoth silencedByBoth_{};
     int silenced_ = 0;
     int definitionErrors_ = 0;
 };

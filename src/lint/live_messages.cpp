@@ -5,6 +5,7 @@
 #include "platform/text.h"
 #include "project/project_messages.h"
 
+#include <iterator>
 #include <utility>
 
 namespace zb {
@@ -63,6 +64,7 @@ void LiveMessages::restart(const NodeTree& tree, const CodePage& codePage, bool 
         replace(root.own, {});
         replace(root.links, {});
     }
+    faulty_.clear();
     roots_.clear();
     index_.clear();
     byName_.clear();
@@ -87,15 +89,13 @@ LiveMessages::Root& LiveMessages::take(const Node& node) {
 }
 
 void LiveMessages::checkNext() {
-    if (phase_ == Phase::Index) {
-        walkOn();
-    } else if (!queue_.empty()) {
+    if (phase_ != Phase::Index && !queue_.empty()) {
         const Node* node = queue_.front();
         queue_.pop_front();
         const auto root = roots_.find(node);
         if (root != roots_.end() && std::exchange(root->second.isQueued, false))
             check(*node, root->second);
-    } else if (phase_ == Phase::Check) {
+    } else if (phase_ != Phase::Done) {
         walkOn();
     } else if (!linkQueue_.empty()) {
         const Node* node = linkQueue_.front();
@@ -192,7 +192,7 @@ void LiveMessages::check(const Node& node, Root& root) {
         for (Finding& finding : check_->checkMessage(message, index_))
             findings.push_back(std::move(finding));
     replace(root.own, std::move(findings));
-    checkLinks(node, root);
+    checkLinks(node, root); // lists the root, too
     if (root.name && onDefinition)
         onDefinition(*root.name);
 }
@@ -212,6 +212,30 @@ void LiveMessages::checkLinks(const Node& node, Root& root) {
             findings.push_back(std::move(finding));
     }
     replace(root.links, std::move(findings));
+    listFaulty(node, root);
+}
+
+// Most messages have no findings, and a list of those that have is much shorter than the tree.
+void LiveMessages::listFaulty(const Node& node, Root& root) {
+    const bool isFaulty = !root.own.empty() || !root.links.empty();
+    if (!isFaulty)
+        return unlistFaulty(root);
+    if (root.faulty)
+        return;
+    auto after = faulty_.begin();
+    for (const Node* before = node.previous(); before != nullptr && !faulty_.empty();
+         before = before->previous()) {
+        if (const auto known = roots_.find(before); known != roots_.end() && known->second.faulty) {
+            after = std::next(*known->second.faulty);
+            break;
+        }
+    }
+    root.faulty = faulty_.insert(after, {&node, &root});
+}
+
+void LiveMessages::unlistFaulty(Root& root) {
+    if (root.faulty)
+        faulty_.erase(*std::exchange(root.faulty, std::nullopt));
 }
 
 void LiveMessages::replace(Findings& findings, Findings fresh) const {
@@ -272,6 +296,7 @@ void LiveMessages::beforeRemove(Node& node) {
     const auto found = roots_.find(&node);
     if (found == roots_.end())
         return;
+    unlistFaulty(found->second);
     Root root = std::move(found->second);
     unindex(node, root);
     roots_.erase(found);
@@ -290,17 +315,13 @@ void LiveMessages::unindex(const Node& node, Root& root) {
         onDefinition(*name);
 }
 
-void LiveMessages::visit(const std::function<void(const Node&, const Finding&)>& visit) const {
-    if (tree_ == nullptr)
-        return;
-    for (const Node* node = tree_->firstRoot(); node != nullptr; node = node->next()) {
-        const auto root = roots_.find(node);
-        if (root == roots_.end())
-            continue;
-        for (const Findings* findings : {&root->second.own, &root->second.links})
+bool LiveMessages::visit(const std::function<bool(const Node&, const Finding&)>& visit) const {
+    for (const auto& [node, root] : faulty_)
+        for (const Findings* findings : {&root->own, &root->links})
             for (const Finding& finding : *findings)
-                visit(*node, finding);
-    }
+                if (!visit(*node, finding))
+                    return false;
+    return true;
 }
 
 } // namespace zb

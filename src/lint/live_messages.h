@@ -8,6 +8,7 @@
 
 #include <deque>
 #include <functional>
+#include <list>
 #include <map>
 #include <optional>
 #include <string>
@@ -31,9 +32,10 @@ public:
     /// Checks one message, or does less. No effect when all is done.
     void checkNext();
 
-    /// Calls `visit` with the findings, in tree order, and the root node of each. Places have the index of an
-    /// item's node as it was when the message was checked.
-    void visit(const std::function<void(const Node& root, const Finding& finding)>& visit) const;
+    /// Calls `visit` with the findings, in tree order, and the root node of each, until it returns false. The
+    /// messages without findings cost nothing. Places have the index of an item's node as it was when the
+    /// message was checked. Returns whether all were visited.
+    bool visit(const std::function<bool(const Node& root, const Finding& finding)>& visit) const;
 
     /// Findings have gone and others have come.
     std::function<void(const Findings& gone, const Findings& come)> onChange;
@@ -48,6 +50,14 @@ private:
     /// The first phases go through all root nodes from `cursor_` on.
     enum class Phase { Index, Check, Done };
 
+    struct Root;
+    /// A root node with findings.
+    struct Faulty {
+        const Node* node;
+        const Root* root;
+    };
+    using FaultyRoots = std::list<Faulty>;
+
     /// What is known of a root node.
     struct Root {
         int serial = 0; ///< the order in which the nodes came, which no removal changes
@@ -59,6 +69,7 @@ private:
         CheckedMessage summary;
         Findings own;
         Findings links;
+        std::optional<FaultyRoots::iterator> faulty; ///< its place among the roots with findings
     };
     using Roots = std::unordered_map<const Node*, Root>;
 
@@ -75,6 +86,8 @@ private:
     void check(const Node& node, Root& root);
     void checkLinks(const Node& node, Root& root);
     void replace(Findings& findings, Findings fresh) const;
+    void listFaulty(const Node& node, Root& root);
+    void unlistFaulty(Root& root);
     CheckedMessage parse(const Node& node, const Root& root) const;
 
     const NodeTree* tree_ = nullptr;
@@ -83,6 +96,7 @@ private:
     std::optional<StandardCheck> check_;
     MessageIndex index_;
     Roots roots_;
+    FaultyRoots faulty_;                                                 // in tree order
     std::unordered_map<std::string, std::map<int, const Node*>> byName_; // by upper-cased name and serial
     std::deque<const Node*> queue_;                                      // nodes that have gone are skipped
     std::deque<const Node*> linkQueue_;

@@ -162,7 +162,7 @@ void LiveModel::replace(Findings& findings, Findings fresh) const {
     findings = std::move(fresh);
 }
 
-void LiveModel::visit(const std::function<void(const Finding&)>& visit) const {
+bool LiveModel::visit(const std::function<bool(const Finding&)>& visit) const {
     const SECSMessageStore none;
     std::unordered_map<std::string_view, std::vector<const Finding*>> found;
     for (const auto& [name, group] : groups_)
@@ -172,15 +172,15 @@ void LiveModel::visit(const std::function<void(const Finding&)>& visit) const {
         Finding explained = finding;
         if (check_)
             explainLeftOut(explained, {sideOf(subject_.projectType), none, subject_.model, sequences_});
-        visit(explained);
+        return visit(explained);
     };
     if (subject_.model != nullptr && !found.empty())
         for (const auto& record : subject_.model->TRMessages())
             if (const auto findings = found.find(record->Name()); findings != found.end())
                 for (const Finding* finding : findings->second)
-                    tell(*finding);
-    for (const Finding& finding : sequenceFindings_)
-        tell(finding);
+                    if (!tell(*finding))
+                        return false;
+    return std::all_of(sequenceFindings_.begin(), sequenceFindings_.end(), tell);
 }
 
 } // namespace zb

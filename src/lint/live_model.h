@@ -45,9 +45,9 @@ public:
     /// Checks the TR messages of one SECS message, or the sequences. No effect when all is done.
     void checkNext();
 
-    /// Calls `visit` with the findings: those of the TR messages in the order of the model, then those of the
-    /// sequences.
-    void visit(const std::function<void(const Finding& finding)>& visit) const;
+    /// Calls `visit` with the findings until it returns false: those of the TR messages in the order of the
+    /// model, then those of the sequences. Returns whether all were visited.
+    bool visit(const std::function<bool(const Finding& finding)>& visit) const;
 
     /// Findings have gone and others have come.
     std::function<void(const Findings& gone, const Findings& come)> onChange;

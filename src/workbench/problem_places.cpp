@@ -112,7 +112,8 @@ void goToProblem(const frmWorkbench& workbench, const Problem& problem, bool may
         return goToMessage(services, problem);
     if (place.subject == FindingPlace::Subject::None) {
         services.project.showEditor();
-        return services.editor.lvwSource.setFocus();
+        const bool isPasted = place.message == SharedNodes::kPastedText;
+        return isPasted ? services.editor.tvwEdit.setFocus() : services.editor.lvwSource.setFocus();
     }
     frmTRModeler& modeler = services.modeler;
     if (!modeler.visible() && !mayOpenModeler) {

@@ -19,7 +19,9 @@ struct ProblemFilter {
     bool silenced = false;                                               ///< also silenced ones
     std::string text;                                                    ///< within any column, in any case
 
-    bool lets(const Problem& problem) const;
+    bool lets(const ProblemView& problem) const;
+    /// How many it lets through, of those that were counted; it must have no text.
+    std::size_t countIn(const FindingTally& tally) const;
 };
 
 /// "error", "warning" or "note".
@@ -44,7 +46,8 @@ public:
     const Problem* problemOf(const ListRow* row) const;
 
 private:
-    void replace(std::size_t at, std::size_t count, const std::vector<Problem>& fresh, std::size_t freshEnd);
+    void replace(std::size_t at, std::size_t count, const std::vector<ProblemView>& fresh,
+                 std::size_t freshEnd);
 
     List& list_;
     std::vector<Problem> problems_; // of the rows, in their order of insertion

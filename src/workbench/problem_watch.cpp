@@ -73,9 +73,9 @@ void ProblemWatch::setSilencings(Silencings silencings) {
     report();
 }
 
-void ProblemWatch::setImport(Findings findings) {
-    note(import_, findings);
-    import_ = std::move(findings);
+void ProblemWatch::takeFrom(Findings& kept, Findings findings) {
+    note(kept, findings);
+    kept = std::move(findings);
     schedule();
 }
 
@@ -135,18 +135,25 @@ void ProblemWatch::note(const Findings& gone, const Findings& come) {
 
 void ProblemWatch::countAgain() {
     tally_.clear();
-    visit([this](const Problem& problem) { tally_.add({problem.finding}, silencings_); });
+    visit([this](const ProblemView& problem) {
+        tally_.add({problem.finding}, silencings_);
+        return true;
+    });
 }
 
-void ProblemWatch::visit(const std::function<void(const Problem& problem)>& visit) const {
+void ProblemWatch::visit(const std::function<bool(const ProblemView& problem)>& visit) const {
     const auto visitOne = [&](const Finding& finding, const Node* root) {
-        visit({finding, root, silencings_.silences(finding)});
+        return visit({finding, root, silencings_.silences(finding)});
     };
-    messages_.visit([&](const Node& root, const Finding& finding) { visitOne(finding, &root); });
-    if (modelStore_ == state_.TRModelStore.get())
-        model_.visit([&](const Finding& finding) { visitOne(finding, nullptr); });
-    for (const Finding& finding : import_)
-        visitOne(finding, nullptr);
+    if (!messages_.visit([&](const Node& root, const Finding& finding) { return visitOne(finding, &root); }))
+        return;
+    if (modelStore_ == state_.TRModelStore.get() &&
+        !model_.visit([&](const Finding& finding) { return visitOne(finding, nullptr); }))
+        return;
+    for (const Findings* findings : {&import_, &pasted_})
+        for (const Finding& finding : *findings)
+            if (!visitOne(finding, nullptr))
+                return;
 }
 
 void ProblemWatch::afterInsert(Node& node) {

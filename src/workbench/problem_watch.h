@@ -25,6 +25,16 @@ struct Problem {
     bool operator==(const Problem&) const = default;
 };
 
+/// The same without a copy. The finding of a message is where the checks keep it, until they go on; any other
+/// only until the visit of the next one.
+struct ProblemView {
+    const Finding& finding;
+    const Node* root;
+    bool isSilenced;
+
+    Problem copy() const { return {finding, root, isSilenced}; }
+};
+
 /// Checks the open project between the actions of the user, in slices of some milliseconds: all of it after
 /// it was opened, and then what an action has changed. It changes nothing in the project.
 class ProblemWatch final : private NodeTreeListener {
@@ -47,13 +57,16 @@ public:
 
     const Silencings& silencings() const { return silencings_; }
     void setSilencings(Silencings silencings);
-    /// What was found in the file that was read last.
-    void setImport(Findings findings);
+    /// What was found in the file that was read last, and in the text that was pasted last.
+    /// @{
+    void setImport(Findings findings) { takeFrom(import_, std::move(findings)); }
+    void setPasted(Findings findings) { takeFrom(pasted_, std::move(findings)); }
+    /// @}
 
     /// Without the silenced ones; those of the file are among them.
     const FindingTally& tally() const { return tally_; }
-    /// The messages in tree order, the model, the file.
-    void visit(const std::function<void(const Problem& problem)>& visit) const;
+    /// The messages in tree order, the model, the file, the pasted text, until `visit` returns false.
+    void visit(const std::function<bool(const ProblemView& problem)>& visit) const;
 
     /// After a slice in which findings have come or gone, or the check has come to its end.
     std::function<void()> onChange;
@@ -71,6 +84,7 @@ private:
     void report();
     void note(const Findings& gone, const Findings& come);
     void countAgain();
+    void takeFrom(Findings& kept, Findings findings);
 
     Desktop& desktop_;
     ModuleState& state_;
@@ -78,6 +92,7 @@ private:
     LiveMessages messages_;
     LiveModel model_;
     Findings import_;
+    Findings pasted_;
     Silencings silencings_;
     FindingTally tally_;
     const TRModelStore* modelStore_ = nullptr; // that is being checked

@@ -80,13 +80,18 @@ ProblemsPane::ProblemsPane(frmWorkbench& workbench)
     watch.onChange = [this] { show(); };
     LibraryNotice& library = workbench.services().editor.libraryPane.notice();
     library.onFindings = [this](const Findings& findings) { watch.setImport(findings); };
-    library.onShow = [this] {
-        chkKind[static_cast<std::size_t>(FindingKind::Import)].setChecked(true);
-        open();
-    };
+    library.onShow = [this] { showImport(); };
+    SharedNodes& shared = workbench.services().editor.sharedNodes;
+    shared.onFindings = [this](const Findings& findings) { watch.setPasted(findings); };
+    shared.onShow = [this] { showImport(); };
     wireList();
     wireKeys();
     showCounts();
+}
+
+void ProblemsPane::showImport() {
+    chkKind[static_cast<std::size_t>(FindingKind::Import)].setChecked(true);
+    open();
 }
 
 void ProblemsPane::wireKeys() {
@@ -124,6 +129,7 @@ void ProblemsPane::wireList() {
 
 void ProblemsPane::projectShown() {
     commands.readSilencings();
+    watch.setPasted({});
     const bool standard = watch.silencings().asksForStandard();
     if (standard == watch.checksStandard()) {
         watch.restart();

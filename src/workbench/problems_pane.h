@@ -45,6 +45,7 @@ private:
     void opened() override { show(); }
     void wireList();
     void wireKeys();
+    void showImport();
     void show();
     void showCounts();
     void showRows();

@@ -79,15 +79,19 @@ BENCHMARK(firstCheck)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
+/// A message of the project, as a part of all: the rows of the first ones are listed, those of later ones
+/// not.
+enum class Place { First, Middle };
+
 /// Changes the node of a message that is `below` lines after its head, and checks what that concerns.
-void checkEdits(benchmark::State& state, int below, std::string first, std::string second) {
+void checkEdits(benchmark::State& state, Place place, int below, std::string first, std::string second) {
     Desk desk(state.range(0));
     if (state.range(1) != 0)
         desk.pane.open();
     desk.runSlices();
     NodeTree& tree = desk.program.application.frmSECSEditor.liveTree();
-    Node* node =
-        tree.at(tree.find(messageName(static_cast<std::size_t>(state.range(0)) / 2))->index() + below);
+    const auto number = static_cast<std::size_t>(place == Place::First ? 1 : state.range(0) / 2);
+    Node* node = tree.at(tree.find(messageName(number))->index() + below);
     for (auto _ : state) {
         const double start = processorSeconds();
         node->setText(first);
@@ -98,7 +102,7 @@ void checkEdits(benchmark::State& state, int below, std::string first, std::stri
 }
 
 void itemEdit(benchmark::State& state) {
-    checkEdits(state, 2, "U4 1 CEID 70000000000", "U4 1 CEID 7");
+    checkEdits(state, Place::Middle, 2, "U4 1 CEID 70000000000", "U4 1 CEID 7");
 }
 BENCHMARK(itemEdit)
     ->Name("ProblemsItemEdit")
@@ -106,8 +110,18 @@ BENCHMARK(itemEdit)
     ->UseManualTime()
     ->Unit(benchmark::kMicrosecond);
 
+/// The rows of all later findings move.
+void firstItemEdit(benchmark::State& state) {
+    checkEdits(state, Place::First, 2, "U4 1 CEID 70000000000", "U4 1 CEID 7");
+}
+BENCHMARK(firstItemEdit)
+    ->Name("ProblemsFirstItemEdit")
+    ->ArgsProduct({{1'000, 10'000}, {0, 1}})
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
+
 void headEdit(benchmark::State& state) {
-    checkEdits(state, 0, "Middle: S1 F1 W H<-E", "Middle: S2 F3 W H<-E");
+    checkEdits(state, Place::Middle, 0, "Middle: S1 F1 W H<-E", "Middle: S2 F3 W H<-E");
 }
 BENCHMARK(headEdit)
     ->Name("ProblemsHeadEdit")

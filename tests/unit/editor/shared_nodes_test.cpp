@@ -9,9 +9,13 @@ namespace {
 
 class LastNotice final : public Notices {
 public:
-    void post(Notice notice) override { text = notice.text; }
+    void post(Notice notice) override {
+        text = notice.text;
+        actions = std::move(notice.actions);
+    }
     void withdraw(std::string_view /*topic*/) override {}
     std::string text;
+    std::vector<NoticeAction> actions;
 };
 
 class SharedNodesTest : public TreeCommandsTest {
@@ -37,6 +41,23 @@ TEST_F(SharedNodesTest, SmlOfAMailIsAdded) {
     EXPECT_EQ(list->children(), 2);
     EXPECT_EQ(tree().selected(), tree().find("S6F12"));
     expectNoBox();
+}
+
+TEST_F(SharedNodesTest, AllThatWasFoundInATextIsReportedAndANoticeShowsIt) {
+    Findings found;
+    bool shown = false;
+    window.sharedNodes.onFindings = [&](const Findings& findings) { found = findings; };
+    window.sharedNodes.onShow = [&] { shown = true; };
+    window.sharedNodes.pasteText("S1F1 W.\r\nS1F2\r\n<Q 1>\r\n.\r\nS1F3 W\r\n<Z 2>\r\n.\r\n");
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_EQ(found.front().place.message, SharedNodes::kPastedText);
+    EXPECT_EQ(found.back().place.line, 6U);
+    ASSERT_EQ(notices.actions.size(), 1U);
+    notices.actions.front().run();
+    EXPECT_TRUE(shown);
+    window.sharedNodes.pasteText("S1F5 W.\r\n");
+    EXPECT_TRUE(found.empty());
+    EXPECT_TRUE(notices.actions.empty());
 }
 
 TEST_F(SharedNodesTest, OfAListTheLibraryGivesWhatItHas) {

@@ -60,7 +60,10 @@ protected:
 
     Findings found() const {
         Findings findings;
-        live.visit([&](const Node&, const Finding& finding) { findings.push_back(finding); });
+        live.visit([&](const Node&, const Finding& finding) {
+            findings.push_back(finding);
+            return true;
+        });
         return findings;
     }
 
@@ -234,7 +237,10 @@ struct LiveModelTest : ::testing::Test {
         while (!live.isDone())
             live.checkNext();
         Findings findings;
-        live.visit([&](const Finding& finding) { findings.push_back(finding); });
+        live.visit([&](const Finding& finding) {
+            findings.push_back(finding);
+            return true;
+        });
         return findings;
     }
 

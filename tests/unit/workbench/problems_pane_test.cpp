@@ -1,16 +1,9 @@
 #include "workbench/problems_pane.h"
 
-#include "controls/user_hands.h"
-#include "platform/text_file.h"
-#include "unit/shell/program.h"
-#include "workbench/frm_workbench.h"
+#include "unit/workbench/problems_desk.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <utility>
 
 namespace zb::test {
 namespace {
@@ -18,56 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* kMessages = "* d\r\nAsk: S1 F17 H->E.\r\n"
-                                  "* d\r\nAnswer: S1 F18 H<-E\r\n    B 1 ONLACK 0.\r\n"
-                                  "* d\r\nReport: S6 F11 W H<-E\r\n    L 2\r\n        U4 1 DATAID 0\r\n"
-                                  "        U4 1 LOT 5\r\n        A 3 LOT 'ab'.\r\n";
-
-struct ProblemsPaneTest : ::testing::Test {
-    void open(const std::string& messages, const std::string& model = {}) {
-        const std::string path = (folder / "P.zbp").string();
-        std::ofstream(path, std::ios::binary)
-            << "\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n"
-            << messages << model;
-        application.start(path);
-        pane.finish();
-        pane.open();
-    }
-
-    std::vector<std::string> rows() {
-        pane.finish();
-        std::vector<std::string> rows;
-        for (const ListRow* row : pane.lvwProblems.shown())
-            rows.push_back(row->text() + " | " + row->cell(1) + " | " + row->cell(2));
-        return rows;
-    }
-
-    /// What is to be done at once is done, as between two actions.
-    void runSlice() {
-        const auto later = std::exchange(program.screen.later, {});
-        for (const auto& each : later)
-            if (each.delay.count() == 0)
-                each.run();
-    }
-
-    Target row(std::size_t number) {
-        Target target = Target::whole(pane.lvwProblems);
-        target.row = pane.lvwProblems.shown()[number - 1];
-        return target;
-    }
-
-    TemporaryFolder folder;
-    SystemFileLayer files;
-    Program program{files};
-    Application& application = program.application;
-    frmSECSEditor& editor = application.frmSECSEditor;
-    ProblemsPane& pane = application.frmWorkbench.problems;
-    UserHands hands{application.desktop};
-};
-
-constexpr const char* kCount =
-    "error | Report 1 | The count of sub items is not correct. Change the item count";
-constexpr const char* kName = "error | Report 1/3 | The name of this item be duplicated";
+struct ProblemsPaneTest : ProblemsDesk {};
 
 TEST_F(ProblemsPaneTest, ListsWhatACheckFindsWithCountsInTheStrip) {
     open(kMessages);
@@ -136,6 +80,53 @@ TEST_F(ProblemsPaneTest, ACheckChangesNothingInTheProject) {
     EXPECT_THAT(program.screen.boxes, IsEmpty());
 }
 
+TEST_F(ProblemsPaneTest, WhatWasFoundInAPastedTextIsListedUntilTheNextOne) {
+    open("* d\r\nAsk: S1 F17 H->E.\r\n");
+    pane.close();
+    editor.sharedNodes.pasteText("S1F2\r\n<Q 1>\r\n.\r\nS1F3 W\r\n<Z 2>\r\n.\r\n");
+    const Button& shows = application.frmWorkbench.notices.cmdNotice[0];
+    EXPECT_EQ(shows.caption(), "Show");
+    hands.click(Target::whole(application.frmWorkbench.notices.cmdNotice[0]));
+    EXPECT_TRUE(pane.isOpen());
+    const std::vector<std::string> found = rows();
+    ASSERT_EQ(found.size(), 2U);
+    EXPECT_THAT(found[0], testing::StartsWith("error | pasted text line 2"));
+    EXPECT_THAT(found[1], testing::StartsWith("error | pasted text line 5"));
+    editor.sharedNodes.pasteText("S1F5 W.\r\n");
+    EXPECT_THAT(rows(), IsEmpty());
+}
+
+// A message with more or fewer findings moves the rows below it, and the last ones over the end of the list.
+TEST_F(ProblemsPaneTest, OfMoreProblemsThanAreListedTheFirstOnesAreShownWhateverChanges) {
+    std::string messages;
+    for (int number = 0; number < 2500; ++number)
+        messages +=
+            "* d\r\nM" + std::to_string(number) + ": S6 F11 W H<-E\r\n    L 2\r\n        U4 1 A 0.\r\n";
+    open(messages);
+    const auto listed = [&] {
+        const std::vector<std::string> all = rows();
+        return all.size() < 2 ? std::string() : all.front().substr(8, 2) + ".." + all.back().substr(8, 5);
+    };
+    NodeTree& tree = editor.liveTree();
+    EXPECT_EQ(listed(), "M0..M1999");
+    EXPECT_EQ(pane.lblProblemCount.text(), "The first 2000 of 2500 are listed");
+    const ListRow* last = pane.lvwProblems.rows()[1000].get();
+    tree.find("M0")->child()->setText("L 1");
+    EXPECT_EQ(listed(), "M1..M2000");
+    EXPECT_EQ(pane.lblProblemCount.text(), "The first 2000 of 2499 are listed");
+    // The rows of the others are still the same ones, as a selected one is to stay selected.
+    EXPECT_EQ(pane.lvwProblems.rows()[999].get(), last);
+    tree.find("M0")->child()->setText("L 2");
+    EXPECT_EQ(listed(), "M0..M1999");
+    EXPECT_EQ(pane.lvwProblems.rows()[1000].get(), last);
+    tree.remove(*tree.find("M1500"));
+    tree.find("M700")->child()->setText("L 1");
+    EXPECT_EQ(listed(), "M0..M2001");
+    pane.txtProblemFilter.setText("M24");
+    EXPECT_EQ(pane.lblProblemCount.text(), "");
+    EXPECT_EQ(rows().size(), 111U);
+}
+
 TEST_F(ProblemsPaneTest, TogglesAndTheFilterChooseRows) {
     open(kMessages);
     hands.click(Target::whole(pane.chkCheckStandard));
@@ -200,6 +191,21 @@ TEST_F(ProblemsPaneTest, AProblemOfTheModelIsShownInTheModeler) {
     EXPECT_EQ(application.frmTRModeler.tvwRcvTRMsg.nodes().selected()->text(), "Any");
 }
 
+TEST_F(ProblemsPaneTest, AProblemIsShownWhateverTheFilterOfTheModelerHides) {
+    open("* d\r\nAsk: S1 F17 W H->E.\r\n",
+         "###[TRANSACTION MODEL] 1\r\n## [TR MESSAGE] Any\r\n  SECSMessage Gone\r\n  Report False\r\n"
+         "  Direction 2\r\nEndTRMessage\r\n");
+    application.showModeler();
+    application.frmWorkbench.modelFilter.txtModelFilter.setText("other");
+    Tree& tree = application.frmTRModeler.tvwRcvTRMsg;
+    const Node* message = tree.nodes().firstRoot()->child();
+    ASSERT_FALSE(tree.shows(*message));
+    application.showEditor();
+    hands.doubleClick(row(1));
+    EXPECT_EQ(tree.nodes().selected(), message);
+    EXPECT_TRUE(tree.shows(*message));
+}
+
 TEST_F(ProblemsPaneTest, TheModelerStaysClosedWhileMessagesHaveErrors) {
     open(kMessages, "###[TRANSACTION MODEL] 1\r\n## [TR MESSAGE] Any\r\n  SECSMessage Gone\r\n"
                     "  Report False\r\n  Direction 2\r\nEndTRMessage\r\n");
@@ -209,123 +215,6 @@ TEST_F(ProblemsPaneTest, TheModelerStaysClosedWhileMessagesHaveErrors) {
     EXPECT_THAT(program.screen.boxes, IsEmpty());
     EXPECT_EQ(application.frmWorkbench.notices.lblNotice.text(),
               "The modeler opens when the messages have no errors");
-}
-
-struct ProblemCommandsTest : ProblemsPaneTest {
-    void openMenu(std::size_t number) {
-        ASSERT_EQ(hands.rightClick(row(number)), "");
-        ASSERT_TRUE(pane.commands.mnuProblem.isOpen());
-    }
-    std::string silencings() const { return readBytes((folder / "P.zbcheck").string()).value(); }
-};
-
-TEST_F(ProblemCommandsTest, ACureIsOneStepThatCanBeUndone) {
-    open(kMessages);
-    openMenu(1);
-    EXPECT_EQ(pane.commands.mnuProblemCure.caption(), "Set the count to 3");
-    ASSERT_EQ(hands.click(Target::whole(pane.commands.mnuProblemCure)), "");
-    EXPECT_THAT(rows(), ElementsAre(kName));
-    EXPECT_EQ(application.editorHistory.steps.undoName(), "Set the count to 3");
-    application.editorHistory.steps.undo();
-    EXPECT_THAT(rows(), ElementsAre(kCount, kName));
-}
-
-TEST_F(ProblemCommandsTest, WhatHasNoCureOffersNone) {
-    open("* d\r\nOwn: S64 F1 H->E\r\n    U1 1 SLOT -1.\r\n");
-    ASSERT_EQ(rows().size(), 1U);
-    openMenu(1);
-    EXPECT_FALSE(pane.commands.mnuProblemCure.enabled());
-    EXPECT_EQ(pane.commands.mnuProblemCure.caption(), "No cure by itself");
-}
-
-TEST_F(ProblemCommandsTest, ARenamedMessageIsRenamedInTheListOfMessagesToo) {
-    open("* d\r\nAsk: S1 F17 W H->E.\r\n* d\r\nask: S1 F1 W H->E.\r\n");
-    ASSERT_EQ(rows().size(), 1U);
-    const auto before = editor.cboSECSMessage.entries();
-    openMenu(1);
-    ASSERT_EQ(hands.click(Target::whole(pane.commands.mnuProblemCure)), "");
-    EXPECT_THAT(editor.cboSECSMessage.entries(), testing::UnorderedElementsAre("Ask", "ask1"));
-    EXPECT_NE(editor.liveTree().find("ask1"), nullptr);
-    application.editorHistory.steps.undo();
-    EXPECT_EQ(editor.cboSECSMessage.entries(), before);
-}
-
-TEST_F(ProblemCommandsTest, AMissingReplyIsAdded) {
-    open("* d\r\nAsk: S1 F17 W H->E.\r\n");
-    hands.click(Target::whole(pane.chkCheckStandard));
-    ASSERT_EQ(rows().size(), 1U);
-    openMenu(1);
-    ASSERT_EQ(hands.click(Target::whole(pane.commands.mnuProblemCure)), "");
-    EXPECT_THAT(rows(), IsEmpty());
-    EXPECT_NE(editor.liveTree().find("S1F18"), nullptr);
-    EXPECT_EQ(application.editorHistory.steps.undoName(), "Add the reply S1F18");
-}
-
-TEST_F(ProblemCommandsTest, APlaceIsSilencedInAFileBesideTheProjectAndReportedAgain) {
-    open(kMessages);
-    openMenu(1);
-    ASSERT_EQ(hands.click(Target::whole(pane.commands.mnuSilencePlace)), "");
-    EXPECT_EQ(silencings(), "smd.item.count Report 1\n");
-    EXPECT_THAT(rows(), ElementsAre(kName));
-    EXPECT_EQ(pane.button.caption(), "Problems (1 error)");
-    hands.click(Target::whole(pane.chkShowSilenced));
-    EXPECT_THAT(rows(), ElementsAre(kCount, kName));
-    openMenu(1);
-    EXPECT_FALSE(pane.commands.mnuSilencePlace.enabled());
-    ASSERT_EQ(hands.click(Target::whole(pane.commands.mnuReportAgain)), "");
-    EXPECT_EQ(silencings(), "");
-    EXPECT_EQ(pane.button.caption(), "Problems (2 errors)");
-}
-
-TEST_F(ProblemCommandsTest, AKindIsSilencedAndStaysSoAtTheNextStart) {
-    open(kMessages);
-    openMenu(2);
-    ASSERT_EQ(hands.click(Target::whole(pane.commands.mnuSilenceKind)), "");
-    EXPECT_EQ(silencings(), "smd.item.twice\n");
-    Program again{files};
-    again.application.start((folder / "P.zbp").string());
-    again.application.frmWorkbench.problems.finish();
-    EXPECT_EQ(again.application.frmWorkbench.problems.button.caption(), "Problems (1 error)");
-}
-
-TEST_F(ProblemCommandsTest, AProjectRemembersThatItAsksForTheStandards) {
-    open(kMessages);
-    hands.click(Target::whole(pane.chkCheckStandard));
-    EXPECT_EQ(silencings(), "check standard\n");
-    Program again{files};
-    again.application.start((folder / "P.zbp").string());
-    EXPECT_TRUE(again.application.frmWorkbench.problems.chkCheckStandard.checked());
-    hands.click(Target::whole(pane.chkCheckStandard));
-    EXPECT_EQ(silencings(), "");
-}
-
-TEST_F(ProblemCommandsTest, AProjectWithoutAFileHasNoPlaceForSilencings) {
-    open(kMessages);
-    std::filesystem::remove((folder / "P.zbp").string());
-    openMenu(1);
-    EXPECT_FALSE(pane.commands.mnuSilencePlace.enabled());
-    EXPECT_EQ(pane.commands.mnuSilencePlace.caption(), "Silence This &Place (save the project first)");
-}
-
-TEST_F(ProblemCommandsTest, TheInterfaceDocumentNeverTakesThePlaceOfAProject) {
-    open(kMessages);
-    const std::string path = (folder / "P.zbp").string();
-    const std::string before = readBytes(path).value();
-    program.screen.picks.push_back(path);
-    ASSERT_EQ(hands.click(Target::whole(pane.cmdDocument)), "");
-    EXPECT_EQ(readBytes(path).value(), before);
-    EXPECT_EQ(application.frmWorkbench.notices.lblNotice.text(),
-              "P.zbp is the name of a project, and not of a document");
-}
-
-TEST_F(ProblemCommandsTest, TheInterfaceDocumentHasWhatWasNotSavedYet) {
-    open(kMessages);
-    editor.liveTree().find("Report")->child()->child()->setText("U4 1 FRESH 0");
-    const std::string path = (folder / "P.md").string();
-    program.screen.picks.push_back(path);
-    ASSERT_EQ(hands.click(Target::whole(pane.cmdDocument)), "");
-    EXPECT_THAT(readBytes(path).value(), testing::HasSubstr("FRESH"));
-    EXPECT_EQ(application.frmWorkbench.notices.cmdNotice[0].caption(), "Open");
 }
 
 TEST_F(ProblemsPaneTest, F8GoesOnFromWhereverTheFocusIs) {
