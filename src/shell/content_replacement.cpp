@@ -121,6 +121,8 @@ void ContentReplacement::followInModeler() {
 
 void ContentReplacement::stepMoved(const std::string& name, bool undone, std::size_t others) {
     followInModeler();
+    if (undone)
+        app_.versions.stepUndone(name);
     if (others == 0)
         return;
     const std::string steps = others == 1 ? "1 step" : std::to_string(others) + " steps";

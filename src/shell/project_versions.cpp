@@ -17,6 +17,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kDisk = "disk";
+constexpr const char* kShown = "shown";
 
 std::string nameOf(const std::string& path) {
     return fs::path(path).filename().string();
@@ -147,12 +148,18 @@ bool ProjectVersions::show(const std::string& path, const Replacement& replaceme
     }
     const int number = keepOpenWork();
     replaceContent(std::move(file).value().project, replacement.step);
-    Notice notice{replacement.notice};
+    shownBy_ = replacement.step;
+    Notice notice{replacement.notice, {}, kShown};
     if (number != 0)
         notice.actions.push_back({"Bring back what was open", [this, number] { bringBack(number); }});
     app_.desktop.post(std::move(notice));
     app_.frmWorkbench.history.refresh();
     return true;
+}
+
+void ProjectVersions::stepUndone(const std::string& step) {
+    if (step == shownBy_)
+        app_.desktop.withdraw(kShown);
 }
 
 void ProjectVersions::reload() {

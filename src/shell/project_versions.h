@@ -39,6 +39,8 @@ public:
     bool isChangedOnDisk(const std::string& path) const;
     /// The project was saved; `replaced` tells that a change of another program was replaced.
     void saved(const std::string& path, std::string_view text, bool replaced);
+    /// A step of all documents was undone: what was said of it is true no more.
+    void stepUndone(const std::string& step);
 
 private:
     ProjectHistory history() const;
@@ -61,6 +63,7 @@ private:
     DiskWatch watch_;    // the file as it was opened, saved, or kept by the user's word
     DiskWatch reported_; // the file as the user last heard of it
     std::string watched_;
+    std::string shownBy_; // the step that has put the last file in the place of the open project
 };
 
 } // namespace zb

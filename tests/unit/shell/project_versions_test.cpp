@@ -100,6 +100,19 @@ TEST_F(VersionsTest, AChangeOnDiskIsToldOnceAndCanBeReloaded) {
     EXPECT_FALSE(application.work.isSaved());
 }
 
+TEST_F(VersionsTest, TheNoticeOfAReloadGoesWithItsUndo) {
+    changeByAnother();
+    application.versions.userReturned();
+    press(0, "Reload");
+    EXPECT_EQ(shown(), "Reloaded Etcher.zbp");
+    addMessage("1");
+    hands.click(Target::whole(application.frmWorkbench.cmdUndo));
+    EXPECT_EQ(shown(), "Reloaded Etcher.zbp");
+    hands.click(Target::whole(application.frmWorkbench.cmdUndo));
+    EXPECT_TRUE(has("AreYouThere"));
+    EXPECT_EQ(shown(), "");
+}
+
 TEST_F(VersionsTest, AChangeOnDiskIsComparedBeforeTheUserDecides) {
     changeByAnother();
     application.versions.userReturned();
