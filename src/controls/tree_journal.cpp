@@ -61,15 +61,23 @@ void setValue(NodeTree& tree, Node& node, NodePart part, const TreeEdit::Value& 
 }
 
 bool isUnchanged(const TreeEdit& edit) {
-    if (edit.kind != Kind::Value || edit.part == NodePart::Key)
+    if (edit.kind != Kind::Value)
         return false;
-    const TreeEdit::Value now = valueOf(*edit.node, edit.part);
-    if (const auto* text = std::get_if<std::unique_ptr<std::string>>(&edit.other))
-        return **text == *std::get<std::unique_ptr<std::string>>(now);
-    return edit.other == now;
+    switch (edit.part) {
+    case NodePart::Key:
+        return false;
+    case NodePart::Text:
+        return *std::get<std::unique_ptr<std::string>>(edit.other) == edit.node->text();
+    case NodePart::Image:
+        return *std::get<std::unique_ptr<std::string>>(edit.other) == edit.node->image();
+    default:
+        return edit.other == valueOf(*edit.node, edit.part);
+    }
 }
 
 constexpr int kNamelessRoot = 1;
+/// Most steps have no more: a message is three nodes and a Key.
+constexpr std::size_t kUsualEdits = 4;
 
 /// What is worth showing most comes first: nodes near the root, and among roots those with a name.
 int rankOf(const Node& node) {
@@ -99,10 +107,14 @@ void TreePart::record(TreeEdit edit) {
     const bool text = edit.kind == Kind::Value && (edit.part == NodePart::Text || edit.part == NodePart::Key);
     changesNodes_ = changesNodes_ || !value || text;
     bytes_ += bytesOf(edit);
+    if (edits_.empty())
+        edits_.reserve(kUsualEdits);
     edits_.push_back(std::move(edit));
 }
 
 void TreePart::dropUnchanged() {
+    if (std::none_of(edits_.begin(), edits_.end(), isUnchanged))
+        return;
     std::vector<TreeEdit> all;
     all.swap(edits_);
     changesNodes_ = false;

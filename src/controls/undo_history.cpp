@@ -25,6 +25,7 @@ std::size_t placeOf(JointStep joint, const std::deque<UndoHistory::Step>& steps)
 
 UndoHistory::Step UndoHistory::takeStep(const std::string& name, TypingPlace place, JointStep joint) {
     Step step{name, place, {}, joint};
+    step.parts.reserve(sources_.size());
     bool any = false;
     for (StepSource* source : sources_) {
         step.parts.push_back(source->take());

@@ -26,7 +26,24 @@ struct Edited {
         target.node = node;
         hands.click(target);
     }
-    void press(Control& control) { hands.click(Target::whole(control)); }
+    void press(Control& control) {
+        hands.click(Target::whole(control));
+        follow();
+    }
+    void paste(Control& control, const std::string& text) {
+        hands.paste(control, text);
+        follow();
+    }
+    /// A step is what makes the panes follow the project. They do so without steps, too, so that both
+    /// figures differ by the steps alone.
+    void follow() {
+        if (!keepsSteps)
+            program.application.frmWorkbench.projectChanged();
+    }
+    void stopSteps() {
+        program.application.editorHistory.steps.stop();
+        keepsSteps = false;
+    }
 
     test::TemporaryFolder folder;
     fs::path path = folder / "Big/Big.zbp";
@@ -35,6 +52,7 @@ struct Edited {
     frmSECSEditor& editor = program.application.frmSECSEditor;
     UserHands hands{program.application.desktop};
     Node* middle = nullptr;
+    bool keepsSteps = true;
 };
 
 void Click(benchmark::State& state) {
@@ -75,7 +93,7 @@ void pasteAValue(benchmark::State& state, Edited& edited) {
     edited.click(edited.middle->child());
     int number = 0;
     for (auto _ : state)
-        edited.hands.paste(edited.editor.txtInit, std::to_string(++number));
+        edited.paste(edited.editor.txtInit, std::to_string(++number));
 }
 
 void duplicateAMessage(benchmark::State& state, Edited& edited) {
@@ -106,7 +124,7 @@ void Recorded(benchmark::State& state) {
 template<Editing editing>
 void Unrecorded(benchmark::State& state) {
     Edited edited(state.range(0));
-    edited.program.application.editorHistory.steps.stop();
+    edited.stopSteps();
     editing(state, edited);
 }
 

@@ -59,19 +59,26 @@ struct Desk {
     test::ProgramOnScreen program;
 };
 
+enum class Steps { Kept, NotKept };
+
 /// The windows opened so far: opening a project of ten thousand messages takes longer than measuring.
 class Desks {
 public:
+    explicit Desks(Steps steps) : steps_(steps) {}
+
     Desk& of(const benchmark::State& state) {
         auto& desk = desks_[state.range(0)];
         if (!desk) {
             desk = std::make_unique<Desk>(bench::projectText(static_cast<std::size_t>(state.range(0))));
             desk->open();
+            if (steps_ == Steps::NotKept)
+                desk->program.application.editorHistory.steps.stop();
         }
         return *desk;
     }
 
 private:
+    Steps steps_;
     std::map<std::int64_t, std::unique_ptr<Desk>> desks_;
 };
 
@@ -206,12 +213,16 @@ int main(int argc, char* argv[]) {
     QApplication qt(argc, argv);
     zb::test::dress(qt, zb::test::Shade::Light);
     benchmark::Initialize(&argc, argv);
-    Desks desks;
+    Desks desks(Steps::Kept);
+    Desks without(Steps::NotKept);
     measure("ClickOnANode", &ClickOnANode, desks, 100);
     measure("KeyInAField", &KeyInAField, desks, 100);
     measure("PasteIntoAField", &PasteIntoAField, desks, 100);
     measure("AddAMessage", &AddAMessage, desks, 50);
     measure("PasteAMessage", &PasteAMessage, desks, 20);
+    measure("KeyInAFieldWithoutSteps", &KeyInAField, without, 100);
+    measure("AddAMessageWithoutSteps", &AddAMessage, without, 50);
+    measure("PasteAMessageWithoutSteps", &PasteAMessage, without, 20);
     for (const int messages : {10'000, 50'000, 100'000})
         benchmark::RegisterBenchmark("OpenMessages", &OpenMessages)
             ->Arg(messages)

@@ -103,7 +103,13 @@ private:
     }
 
     void act(bool models) {
-        switch (pick(13)) {
+        switch (pick(16)) {
+        case 15:
+            return workbench();
+        case 14:
+            return more();
+        case 13:
+            return compare();
         case 12:
             return replaceContent();
         case 0:
@@ -165,6 +171,72 @@ private:
         hands_.look();
     }
 
+    /// The panes with their pop-ups, and the buttons of notices.
+    void workbench() {
+        frmWorkbench& strip = app().frmWorkbench;
+        switch (pick(5)) {
+        case 0:
+            strip.problems.open();
+            strip.problems.finish();
+            hands_.rightClick(member(strip.problems.lvwProblems));
+            return choose();
+        case 1:
+            return hands_.click(Target::whole(strip.notices.cmdNotice[pick(strip.notices.cmdNotice.size())]));
+        case 2:
+            strip.marks.open();
+            hands_.paste(strip.marks.txtPattern, pick(2) == 0 ? "N{name}" : "S{stream}F{function}" + text());
+            return hands_.click(
+                Target::whole(pick(2) == 0 ? strip.marks.cmdRenameMarked : strip.marks.cmdWait));
+        default:
+            return anything(strip);
+        }
+    }
+
+    /// Commands and keys that lists and trees have besides the fixed ones.
+    void more() {
+        frmSECSEditor& editor = app().frmSECSEditor;
+        static constexpr KeyEvent kKeys[] = {
+            {kKeyUp, kAltKey},        {kKeyDown, kAltKey},         {kKeyLeft, kAltKey},
+            {kKeyRight, kAltKey},     {kKeySpace, kControlKey},    {kKeySpace, kControlKey},
+            {kKeyInsert, 0},          {kKeyInsert, kShiftKey},     {'V', kControlKey},
+            {kKeyEnter, kControlKey}, {'1', kControlKey | kAltKey}};
+        switch (pick(4)) {
+        case 0:
+            hands_.rightClick(member(editor.lvwSource));
+            return choose();
+        case 1:
+            hands_.rightClick(member(editor.tvwEdit));
+            return choose();
+        case 2:
+            hands_.click(member(editor.tvwEdit));
+            return hands_.key(editor.tvwEdit, kKeys[pick(std::size(kKeys))]);
+        default: {
+            List& rows = app().frmTRModeler.lvwSequence;
+            hands_.click(member(rows));
+            return hands_.key(rows, pick(2) == 0 ? KeyEvent{'D', kControlKey} : kKeys[pick(2)]);
+        }
+        }
+    }
+
+    void choose() {
+        if (const PopupMenu* popup = app().desktop.openPopup(); popup != nullptr)
+            chooseFrom(*popup);
+    }
+
+    /// With the library, or with the file as it was at first, and takes from it.
+    void compare() {
+        frmCompare& window = app().frmCompare;
+        if (!window.visible() && pick(2) == 0)
+            hands_.click(Target::whole(app().frmWorkbench.compare.cmdCompareLibrary));
+        else if (!window.visible())
+            app().comparisons.compareWithFile(app().projectFilePath(), "the file");
+        hands_.look();
+        for (std::size_t count = pick(4); count > 0 && window.visible(); --count)
+            anything(window);
+        if (pick(2) == 0)
+            window.hide();
+    }
+
     void undoOrRedo() {
         frmWorkbench& strip = app().frmWorkbench;
         hands_.click(Target::whole(pick(3) == 0 ? strip.cmdRedo : strip.cmdUndo));
@@ -219,8 +291,7 @@ private:
         case 1:
         case 2:
             hands_.rightClick(member(*places[pick(std::size(places))]));
-            if (const PopupMenu* popup = app().desktop.openPopup(); popup != nullptr)
-                chooseFrom(*popup);
+            choose();
             break;
         case 3: {
             Control& source = *places[pick(3)];

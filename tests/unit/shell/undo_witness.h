@@ -44,8 +44,12 @@ public:
         if (moves_)
             return;
         const std::string before = std::exchange(now_, dump_());
-        if (history_.count() > states_.size())
+        if (history_.count() > states_.size()) {
             states_.push_back(before);
+            // "Change" is what a step is called that nobody has named.
+            EXPECT_NE(history_.undoName(), "Change");
+            EXPECT_NE(history_.undoName(), "");
+        }
         states_.resize(history_.count());
     }
 
