@@ -320,6 +320,7 @@ std::optional<DragData> LibraryPane::startDrag() {
 void LibraryPane::dropRows() {
     const BusyPointer busy(window_);
     window_.InitMsg();
+    window_.shownMessage.isEmptied();
     std::vector<std::string> entries;
     for (const auto& row : window_.List1.rows())
         entries.push_back(row->text());

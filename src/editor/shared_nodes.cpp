@@ -125,15 +125,18 @@ void SharedNodes::pasteList(const std::vector<std::string>& names) {
 std::size_t SharedNodes::add(const std::vector<const SECSMessageRecord*>& records) {
     window_.desktop().steps().name("Paste " + messagesText(records.size()));
     std::size_t added = 0;
+    Node* first = nullptr;
     for (const SECSMessageRecord* record : records) {
         if (!addMessageToTree(window_.liveTree(), *record).empty())
             continue;
         window_.InsertCbo(record->getName());
+        if (first == nullptr)
+            first = window_.liveTree().lastRoot();
         ++added;
     }
     window_.TreeView_ForeColor();
-    if (added > 0) {
-        window_.liveTree().select(window_.liveTree().lastRoot());
+    if (first != nullptr) {
+        window_.liveTree().select(first);
         window_.treeInteraction.nodeClick();
     }
     return added;

@@ -88,6 +88,32 @@ void photographProblems(ProgramOnScreen& program, Photographer& camera) {
     problems.close();
 }
 
+void photographPanes(ProgramOnScreen& program, Photographer& camera) {
+    zb::frmSECSEditor& editor = program.application.frmSECSEditor;
+    zb::frmWorkbench& workbench = program.application.frmWorkbench;
+    zb::UserHands hands(program.application.desktop);
+    QMainWindow& main = *program.screen.mainWindow();
+    workbench.keys.open();
+    camera.take(main, QStringLiteral("keys"));
+    zb::Target message = zb::Target::whole(editor.tvwEdit);
+    message.node = editor.liveTree().find("AreYouThere");
+    hands.click(message);
+    message.node = editor.liveTree().find("OnLineData");
+    hands.controlClick(message);
+    workbench.marks.open();
+    hands.paste(workbench.marks.txtPattern, "S{stream}F{function}");
+    camera.take(main, QStringLiteral("marks"));
+    workbench.go.open();
+    hands.paste(workbench.go.txtGo, "rola");
+    camera.take(main, QStringLiteral("go"));
+    workbench.search.open();
+    hands.paste(workbench.search.txtSearch, "ECID");
+    hands.click(zb::Target::whole(workbench.search.cmdSearchAll));
+    camera.take(main, QStringLiteral("search"));
+    workbench.search.close();
+    selectSomething(program.application);
+}
+
 void photographCompare(ProgramOnScreen& program, Photographer& camera) {
     zb::Application& application = program.application;
     std::string text = application.work.composeWork();
@@ -109,6 +135,7 @@ void photograph(ProgramOnScreen& program, Photographer& camera) {
     camera.take(main, QStringLiteral("editor"));
     photographWorkbench(program, camera);
     photographProblems(program, camera);
+    photographPanes(program, camera);
     photographCompare(program, camera);
     application.frmFind.showFind();
     application.frmFind.txtFindWhat.setText("S6F11");

@@ -84,6 +84,23 @@ TEST_F(TreeView, TheFirstRowsStayInViewWhenTheSelectionFitsBelowThem) {
     EXPECT_EQ(view.verticalScrollBar()->value(), seen) << "what the user has seen does not move";
 }
 
+TEST_F(TreeView, TheSelectedNodeStaysInViewWhenRoomIsTaken) {
+    view.show();
+    for (int i = 0; i < 100; ++i)
+        add(nullptr, "message");
+    Node& selected = *store.nodes().at(8);
+    store.nodes().select(&selected);
+    view.grab();
+    ASSERT_TRUE(view.viewport()->rect().contains(rectOf(selected)));
+    view.resize(300, 60);
+    EXPECT_TRUE(view.viewport()->rect().contains(rectOf(selected)));
+    view.grab();
+    view.verticalScrollBar()->setValue(50);
+    view.grab();
+    view.resize(300, 40);
+    EXPECT_EQ(view.verticalScrollBar()->value(), 50) << "the user has scrolled elsewhere";
+}
+
 TEST_F(TreeView, ANodeThatIsAddedIsBroughtIntoView) {
     view.show();
     for (int i = 0; i < 100; ++i)

@@ -353,11 +353,15 @@ int NodeTreeView::verticalOffset() const {
 void NodeTreeView::resizeEvent(QResizeEvent* event) {
     QAbstractItemView::resizeEvent(event);
     updateGeometries();
+    Node* selected = nodes_ == nullptr ? nullptr : nodes_->store().nodes().selected();
+    const QRect place = selected == nullptr ? QRect() : visualRect(nodes_->indexOf(selected));
+    const bool wasSeen = place.isValid() && place.top() >= 0 && place.bottom() < event->oldSize().height();
     // A view that has its final size only now may show the same with less of a move.
-    if (!unseenFrom_)
-        return;
-    verticalScrollBar()->setValue(*unseenFrom_);
-    showSelected();
+    if (unseenFrom_)
+        verticalScrollBar()->setValue(*unseenFrom_);
+    // What was in view stays there when something else, such as a pane, takes room.
+    if (unseenFrom_ || wasSeen)
+        showSelected();
 }
 
 void NodeTreeView::scrollContentsBy(int /*dx*/, int /*dy*/) {

@@ -77,6 +77,11 @@ public:
         camera_.takeNext(sequence, QStringLiteral("add-sequence"),
                          [&sequence] { sequence.txtSequence.setText("Recovery"); });
         sequence.requestSequenceName(modeler().sequenceView().sequences());
+        auto& rename = dynamic_cast<frmRename&>(*desktop.find("frmRename"));
+        camera_.takeNext(rename, QStringLiteral("rename"),
+                         [&rename] { rename.txtNewName.setText("Warmup"); });
+        rename.requestName("Rename sequence StartUp", "StartUp",
+                           [](const std::string&) { return std::string(); });
     }
 
 private:
