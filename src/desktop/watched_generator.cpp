@@ -74,7 +74,7 @@ WatchedGenerator::~WatchedGenerator() = default;
 std::string WatchedGenerator::generate(const std::string& projectFile) {
     running_.start();
     output_.clear();
-    const std::string text = generator_.generate(projectFile);
+    std::string text = generator_.generate(projectFile);
     dialog_.reset();
     return text;
 }

@@ -147,6 +147,7 @@ std::string sharedTextOf(const CopiedNodes& copies) {
         records.push_back(messageRecordOf(message));
     }
     std::vector<const SECSMessageRecord*> pointers;
+    pointers.reserve(records.size());
     for (const SECSMessageRecord& record : records)
         pointers.push_back(&record);
     return composeSml(pointers);

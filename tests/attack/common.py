@@ -53,8 +53,8 @@ class Place:
     def __exit__(self, *_):
         shutil.rmtree(self.root, ignore_errors=True)
 
-    def run(self, command, **extra):
-        return subprocess.run(command, env={**self.environment, **extra}, cwd=self.work, timeout=TIMEOUT,
+    def run(self, command, folder=None, **extra):
+        return subprocess.run(command, env={**self.environment, **extra}, cwd=folder or self.work, timeout=TIMEOUT,
                               stdin=subprocess.DEVNULL, capture_output=True)
 
     def zbc(self, *arguments, **extra):

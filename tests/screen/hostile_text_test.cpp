@@ -1,7 +1,9 @@
 #include "desktop/message_boxes.h"
 #include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
+#include "desktop/start/start_panel.h"
 #include "platform/text_file.h"
+#include "project/recent_projects.h"
 #include "screen/support/program_on_screen.h"
 #include "support/temporary_folder.h"
 
@@ -13,6 +15,8 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QStatusBar>
+#include <QTimer>
+#include <QToolButton>
 #include <QToolTip>
 
 #include <array>
@@ -20,6 +24,7 @@
 namespace zb::test {
 namespace {
 
+using ::testing::Contains;
 using ::testing::HasSubstr;
 
 // What Qt takes for markup when it is left to choose.
@@ -37,10 +42,11 @@ QLabel* tipLabel() {
 struct HostileText : ::testing::Test {
     HostileText() {
         std::string text = "\r\n###[PROJECT INFORMATION]\r\nProjectType=1\r\n## [EDIT SMD]\r\n";
-        text += "* <img src=\"/nowhere.png\">\r\nHostile: S1 F1 W H->E\r\n    L 1\r\n";
+        text += "* <img src=\"/nowhere.png\">\r\n<b>Ask</b>: S1 F1 W H->E\r\n    L 1\r\n";
         text += "        A 999 MDLN '<b>" + std::string(900, 'x') + "</b>'.\r\n";
         std::filesystem::create_directories(folder / "<h1>Line");
         writeFile(folder / "<h1>Line/<h1>Line.zbp", encodeUtf16(text));
+        writeFile(folder / "<h1>Other.zbp", encodeUtf16(text.replace(text.find("MDLN"), 4, "SOFT")));
         program.application.start((folder / "<h1>Line/<h1>Line.zbp").string());
         program.settle();
     }
@@ -55,6 +61,49 @@ struct HostileText : ::testing::Test {
         return found;
     }
 
+    static int demandPlainLabels() {
+        int labels = 0;
+        for (QWidget* widget : QApplication::allWidgets()) {
+            if (auto* label = qobject_cast<QLabel*>(widget); label != nullptr && label->isVisible()) {
+                EXPECT_EQ(label->textFormat(), Qt::PlainText) << fromQt(label->objectName());
+                ++labels;
+            }
+        }
+        return labels;
+    }
+
+    // All tool tips of what is visible, each a line.
+    std::string demandPlainTips() const {
+        std::string tips;
+        for (QAbstractItemView* view : views()) {
+            for (int y = 2; y < view->viewport()->height(); y += 6) {
+                QToolTip::hideText();
+                restOn(*view->viewport(), QPoint(60, y));
+                if (QToolTip::text().isEmpty() || tipLabel() == nullptr)
+                    continue;
+                EXPECT_EQ(tipLabel()->textFormat(), Qt::PlainText);
+                tips += fromQt(tipLabel()->text()) + "\n";
+            }
+        }
+        return tips;
+    }
+
+    void open(WorkbenchPane& pane) {
+        pane.open();
+        program.settle();
+        EXPECT_TRUE(pane.isOpen());
+    }
+    void type(Control& field, const std::string& text) {
+        EXPECT_EQ(hands().focus(field), "");
+        EXPECT_EQ(hands().type(field, text), "");
+    }
+    void click(Control& button) {
+        EXPECT_EQ(hands().click(Target::whole(button)), "");
+        program.settle();
+    }
+    UserHands& hands() { return program.screen.binding().hands; }
+    frmWorkbench& workbench() { return program.application.frmWorkbench; }
+
     // Asks for the tool tip there, as a resting pointer does.
     static void restOn(QWidget& widget, const QPoint& place) {
         QHelpEvent rest(QEvent::ToolTip, place, widget.mapToGlobal(place));
@@ -66,14 +115,7 @@ struct HostileText : ::testing::Test {
 };
 
 TEST_F(HostileText, NoLabelOfTheWindowsLooksForMarkup) {
-    int labels = 0;
-    for (QWidget* widget : QApplication::allWidgets()) {
-        if (auto* label = qobject_cast<QLabel*>(widget); label != nullptr && label->isVisible()) {
-            EXPECT_EQ(label->textFormat(), Qt::PlainText) << fromQt(label->objectName());
-            ++labels;
-        }
-    }
-    EXPECT_GT(labels, 5);
+    EXPECT_GT(demandPlainLabels(), 5);
 }
 
 TEST_F(HostileText, TheStatusBarAndItsToolTipShowTheNameAsItIs) {
@@ -88,19 +130,88 @@ TEST_F(HostileText, TheStatusBarAndItsToolTipShowTheNameAsItIs) {
 }
 
 TEST_F(HostileText, ToolTipsOfTreesAndListsShowTheTextAsItIs) {
-    std::string tips;
-    for (QAbstractItemView* view : views()) {
+    for (QAbstractItemView* view : views())
         view->resize(120, view->height()); // a tree explains only what it cuts
-        for (int y = 2; y < view->viewport()->height(); y += 6) {
-            QToolTip::hideText();
-            restOn(*view->viewport(), QPoint(60, y));
-            if (QToolTip::text().isEmpty() || tipLabel() == nullptr)
-                continue;
-            EXPECT_EQ(tipLabel()->textFormat(), Qt::PlainText);
-            tips += fromQt(tipLabel()->text()) + "\n";
-        }
+    EXPECT_THAT(demandPlainTips(), HasSubstr("'<b>xxx"));
+}
+
+TEST_F(HostileText, EveryPaneShowsTheTextAsItIs) {
+    for (WorkbenchPane* pane : workbench().panes()) {
+        SCOPED_TRACE(pane->title());
+        open(*pane);
+        demandPlainLabels();
+        demandPlainTips();
     }
-    EXPECT_THAT(tips, HasSubstr("'<b>xxx"));
+}
+
+TEST_F(HostileText, WhatIsFoundIsShownAsItIs) {
+    SearchPane& search = workbench().search;
+    open(search);
+    type(search.txtSearch, "img");
+    click(search.cmdSearchAll);
+    ASSERT_EQ(search.lvwSearch.count(), 1U);
+    GoPane& go = workbench().go;
+    open(go);
+    type(go.txtGo, "Ask");
+    program.settle();
+    ASSERT_EQ(go.lvwGo.count(), 1U);
+    EXPECT_THAT(go.lvwGo.rows().front()->cells(), Contains(HasSubstr("<b>Ask</b>")));
+    demandPlainLabels();
+    demandPlainTips();
+}
+
+TEST_F(HostileText, ADocumentOfDifferencesShowsTheTextAsItIs) {
+    ComparePane& compare = workbench().compare;
+    open(compare);
+    type(compare.txtComparedWith, (folder / "<h1>Other.zbp").string());
+    click(compare.cmdCompareWith);
+    ASSERT_TRUE(program.application.frmCompare.visible());
+    EXPECT_GT(demandPlainLabels(), 5);
+    for (QAbstractItemView* view : views())
+        view->resize(120, view->height());
+    EXPECT_THAT(demandPlainTips(), HasSubstr("<b>Ask</b>"));
+}
+
+TEST_F(HostileText, ANoticeShowsItsTextAsItIs) {
+    program.application.desktop.post({kHostile[0], {{kHostile[1], [] {}}}});
+    program.settle();
+    const auto& label = program.widget<QLabel>(workbench(), "lblNotice");
+    EXPECT_EQ(fromQt(label.text()), kHostile[0]);
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+}
+
+TEST_F(HostileText, TheDialogForANewNameShowsTheOldOneAsItIs) {
+    frmRename& dialog = program.application.frmTRModeler.renameDialog();
+    QString title;
+    QTimer::singleShot(0, &program.form(dialog), [&] {
+        title = program.form(dialog).windowTitle();
+        demandPlainLabels();
+        click(dialog.cmdCancel);
+    });
+    dialog.requestName(kHostile[1], kHostile[0], [](const std::string& /*name*/) { return std::string(); });
+    EXPECT_EQ(fromQt(title), kHostile[1]);
+}
+
+TEST_F(HostileText, TheStartPageShowsOffersAndProjectsAsTheyAre) {
+    ProgramOnScreen another{"/"};
+    RecentProjects(another.settings).add((folder / "<h1>Other.zbp").string());
+    another.application.start("");
+    Notice offer{kHostile[0], {{kHostile[1], [] {}}}};
+    offer.stays = Notice::Stays::UntilClosed;
+    another.application.desktop.post(std::move(offer));
+    another.settle();
+    const auto* panel = another.screen.mainWindow()->findChild<StartPanel*>();
+    ASSERT_TRUE(panel->isVisible());
+    const auto* shown = panel->findChild<QWidget*>(QStringLiteral("startOffer"));
+    ASSERT_NE(shown, nullptr);
+    EXPECT_EQ(fromQt(shown->findChild<QLabel*>()->text()), kHostile[0]);
+    EXPECT_GT(demandPlainLabels(), 3);
+    auto* recent = panel->findChild<QToolButton*>(QStringLiteral("startRecent1"));
+    ASSERT_NE(recent, nullptr);
+    restOn(*recent, recent->rect().center());
+    ASSERT_NE(tipLabel(), nullptr);
+    EXPECT_EQ(tipLabel()->textFormat(), Qt::PlainText);
+    EXPECT_THAT(fromQt(tipLabel()->text()), HasSubstr("<h1>Other.zbp"));
 }
 
 TEST_F(HostileText, AnyToolTipShowsItsTextAsItIs) {

@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 #include <QWidget>
 
+#include <memory>
+
 namespace zb::test {
 namespace {
 
@@ -57,7 +59,7 @@ TEST_F(KeepPainting, PaintsWhatHasChanged) {
 }
 
 TEST_F(KeepPainting, ClosesNoWindow) {
-    QCoreApplication::postEvent(&window, new QCloseEvent);
+    QCoreApplication::postEvent(&window, std::make_unique<QCloseEvent>().release());
     keepPainting();
     EXPECT_EQ(window.closes, 0);
     EXPECT_TRUE(window.isVisible());
@@ -66,7 +68,7 @@ TEST_F(KeepPainting, ClosesNoWindow) {
 }
 
 TEST_F(KeepPainting, MovesNoFocus) {
-    QCoreApplication::postEvent(&window, new QEvent(QEvent::WindowActivate));
+    QCoreApplication::postEvent(&window, std::make_unique<QEvent>(QEvent::WindowActivate).release());
     keepPainting();
     EXPECT_EQ(window.activations, 0);
 }

@@ -321,11 +321,10 @@ void NodeTreeView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     updateGeometries();
     const int top = verticalScrollBar()->value();
     const int page = rowsOfPage();
-    if (hint == PositionAtTop)
-        verticalScrollBar()->setValue(*row);
-    else if (hint == PositionAtCenter || *row < top - page || *row >= top + 2 * page)
+    const bool isFar = *row < top - page || *row >= top + 2 * page;
+    if (hint != PositionAtTop && (hint == PositionAtCenter || isFar))
         verticalScrollBar()->setValue(*row - page / 2);
-    else if (*row < top)
+    else if (hint == PositionAtTop || *row < top)
         verticalScrollBar()->setValue(*row);
     else if (*row >= top + page)
         verticalScrollBar()->setValue(*row - page + 1);

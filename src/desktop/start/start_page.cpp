@@ -56,7 +56,7 @@ void StartPage::showOffers() {
                     [this, number = waiting.number, action] { choose(number, action); });
         }
     }
-    panel_->setOffers(std::move(offers));
+    panel_->setOffers(offers);
 }
 
 void StartPage::choose(int notice, std::size_t action) {

@@ -171,7 +171,7 @@ void StartPanel::setShown(bool shown) {
     hide();
 }
 
-void StartPanel::setOffers(std::vector<Offer> offers) {
+void StartPanel::setOffers(const std::vector<Offer>& offers) {
     const QWidget* focused = focusWidget();
     const bool hadFocus = focused != nullptr && isAncestorOf(focused) && !isHidden();
     // One of the buttons may be the one whose click is being handled.
@@ -183,13 +183,13 @@ void StartPanel::setOffers(std::vector<Offer> offers) {
         for (QWidget* part : old->findChildren<QWidget*>())
             part->setObjectName({});
     }
-    for (Offer& offer : offers)
-        addOffer(std::move(offer));
+    for (const Offer& offer : offers)
+        addOffer(offer);
     if (hadFocus)
         firstButton()->setFocus(Qt::OtherFocusReason);
 }
 
-void StartPanel::addOffer(Offer offer) {
+void StartPanel::addOffer(const Offer& offer) {
     auto* frame = new QFrame;
     frame->setObjectName(QStringLiteral("startOffer"));
     frame->setFrameShape(QFrame::StyledPanel);
@@ -201,12 +201,12 @@ void StartPanel::addOffer(Offer offer) {
     rows->addWidget(text);
     auto* buttons = new QHBoxLayout;
     rows->addLayout(buttons);
-    for (auto& [caption, way] : offer.ways) {
+    for (const auto& [caption, way] : offer.ways) {
         auto* button = new QPushButton(caption);
         button->setObjectName(QStringLiteral("start") + caption);
         button->setAccessibleDescription(offer.text);
         button->setAutoDefault(true);
-        connect(button, &QAbstractButton::clicked, this, std::move(way));
+        connect(button, &QAbstractButton::clicked, this, way);
         buttons->addWidget(button);
     }
     buttons->addStretch();

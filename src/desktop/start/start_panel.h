@@ -39,7 +39,7 @@ public:
     /// When shown, it has the keyboard focus until something else takes it.
     void setShown(bool shown);
     /// Shown above the ways to begin.
-    void setOffers(std::vector<Offer> offers);
+    void setOffers(const std::vector<Offer>& offers);
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -47,7 +47,7 @@ private:
     QWidget* addWay(QVBoxLayout& column, const QString& name, const QIcon& icon, const QString& caption,
                     const QString& meaning, std::function<void()> way);
 
-    void addOffer(Offer offer);
+    void addOffer(const Offer& offer);
     QWidget* firstButton() const;
 
     QVBoxLayout* offers_ = nullptr;
