@@ -165,7 +165,7 @@ std::optional<TakenRows> itemsPutAfter(TakenRows rows, std::size_t target, Put p
 
 } // namespace
 
-std::optional<SequenceEdit> rowsMoved(SequenceRows rows, const RowPlaces& places, Step way) {
+std::optional<SequenceEdit> rowsMoved(const SequenceRows& rows, const RowPlaces& places, Step way) {
     std::vector<Block> blocks = blocksOf(SequenceRows(rows), places);
     if (takesSequences(blocks)) {
         step(blocks, way, [](const Block& other, std::size_t) { return other.isSequence; });
@@ -177,8 +177,8 @@ std::optional<SequenceEdit> rowsMoved(SequenceRows rows, const RowPlaces& places
     return unlessSame(editOf(blocksOf(std::move(items))), rows);
 }
 
-std::optional<SequenceEdit> rowsPutAfter(SequenceRows rows, const RowPlaces& places, std::size_t target,
-                                         Put put) {
+std::optional<SequenceEdit> rowsPutAfter(const SequenceRows& rows, const RowPlaces& places,
+                                         std::size_t target, Put put) {
     if (places.empty())
         return std::nullopt;
     std::vector<Block> blocks = blocksOf(SequenceRows(rows), places);

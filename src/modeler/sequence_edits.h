@@ -24,12 +24,12 @@ struct SequenceEdit {
 enum class Step { Up, Down };
 /// An item moves by one row, at the edge of its sequence into the next one; a sequence changes places with
 /// the next one.
-std::optional<SequenceEdit> rowsMoved(SequenceRows rows, const RowPlaces& places, Step step);
+std::optional<SequenceEdit> rowsMoved(const SequenceRows& rows, const RowPlaces& places, Step step);
 /// Items come after the row `target`, sequences after the sequence of that row: as copies, or in place of
 /// where they were. A copied sequence gets a name of its own.
 enum class Put { Moved, Copied };
-std::optional<SequenceEdit> rowsPutAfter(SequenceRows rows, const RowPlaces& places, std::size_t target,
-                                         Put put);
+std::optional<SequenceEdit> rowsPutAfter(const SequenceRows& rows, const RowPlaces& places,
+                                         std::size_t target, Put put);
 std::optional<SequenceEdit> rowsRemoved(SequenceRows rows, const RowPlaces& places);
 
 } // namespace zb

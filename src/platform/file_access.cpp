@@ -41,7 +41,7 @@ Result<void> inspect(FileLayer& files, const std::string& path) {
 } // namespace
 
 Result<void> checkFileAccess(FileLayer& files, const std::string& path) {
-    const Result<void> result = inspect(files, path);
+    Result<void> result = inspect(files, path);
     std::error_code error;
     if (result && std::filesystem::exists(path, error))
         return replaceFile(files, path, {});

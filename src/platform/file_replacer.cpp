@@ -78,7 +78,7 @@ unsigned modeFor(const FileStatus& now, const FileStatus& old) {
 // Gives a new file the rights of the old one. False when it cannot have exactly the same.
 Result<bool> takeRights(FileLayer& layer, const ScratchFile& file, const fs::path& target,
                         const FileStatus& old) {
-    const Result<bool> owned = takeOwner(layer, file, old);
+    Result<bool> owned = takeOwner(layer, file, old);
     if (!owned || !*owned)
         return owned;
     if (!layer.copyAccess(target, file.path()))
@@ -106,7 +106,7 @@ Result<bool> writeBeside(FileLayer& layer, const fs::path& target, const std::op
     if (const Result<void> filled = temporary.write(bytes); !filled)
         return filled.error();
     if (old) {
-        if (const Result<bool> taken = takeRights(layer, temporary, target, *old); !taken || !*taken)
+        if (Result<bool> taken = takeRights(layer, temporary, target, *old); !taken || !*taken)
             return taken;
     }
     Result<void> done = temporary.finish();

@@ -15,7 +15,7 @@ struct SettingPlace {
     std::string key;
     std::string name;
 
-    auto operator<=>(const SettingPlace&) const = default;
+    auto operator<=>(const SettingPlace&) const = default; // NOLINT(modernize-use-nullptr): a false finding
 };
 
 /// The JSON file settings.json of one folder. It is read at every call; contents other than the settings are

@@ -27,7 +27,7 @@ ProjectFileWriter::ProjectFileWriter(FileLayer& files, const fs::path& stateFold
 
 Result<void> ProjectFileWriter::write(std::string_view bytes) {
     kept_ = history_.keep(projectFile_);
-    const Result<void> written = replaceFile(files_, projectFile_, bytes);
+    Result<void> written = replaceFile(files_, projectFile_, bytes);
     if (written)
         history_.noteSaved(projectFile_, bytes);
     return written;

@@ -173,7 +173,7 @@ Result<fs::path> ProjectHistory::restore(const fs::path& projectFile, int number
 }
 
 Result<void> ProjectHistory::giveRights(const fs::path& from, const fs::path& to) {
-    if (const Result<void> copied = files_.copyAccess(from, to); !copied)
+    if (Result<void> copied = files_.copyAccess(from, to); !copied)
         return copied;
     std::error_code error;
     fs::permissions(to, fs::status(from, error).permissions() & fs::perms::mask, error);

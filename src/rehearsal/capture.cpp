@@ -77,6 +77,7 @@ bool isCapture(std::string_view firstBytes) {
 
 Result<std::unique_ptr<Recording>> openCapture(const std::filesystem::path& path,
                                                const RecordingOptions& options) {
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the library takes over a file that it can read
     std::FILE* const file = std::fopen(path.c_str(), "rb");
     if (file == nullptr)
         return systemError(errno);
@@ -84,7 +85,7 @@ Result<std::unique_ptr<Recording>> openCapture(const std::filesystem::path& path
     CapturePointer capture(
         pcap_fopen_offline_with_tstamp_precision(file, PCAP_TSTAMP_PRECISION_NANO, fault.data()));
     if (!capture) {
-        std::fclose(file);
+        std::fclose(file); // NOLINT(cppcoreguidelines-owning-memory): it was not taken over
         return FileError{0, std::string("the capture cannot be read: ") + fault.data()};
     }
     if (const int type = pcap_datalink(capture.get()); !PacketReader::knows(type)) {

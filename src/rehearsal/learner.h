@@ -37,7 +37,7 @@ private:
         int stream = 0;
         int function = 0;
         bool wait = false;
-        auto operator<=>(const Key&) const = default;
+        auto operator<=>(const Key&) const = default; // NOLINT(modernize-use-nullptr): a false finding
     };
     struct Layout {
         PublishedLayout published;

@@ -113,7 +113,7 @@ std::optional<FragmentHeader> fragmentHeaderOf(const Tins::IPv6& packet) {
 struct Endpoint {
     std::string address;
     int port = 0;
-    auto operator<=>(const Endpoint&) const = default;
+    auto operator<=>(const Endpoint&) const = default; // NOLINT(modernize-use-nullptr): a false finding
 };
 
 template<typename Address>

@@ -48,7 +48,7 @@ int isOfUser(const char* name, error_context* /*context*/) {
 } // namespace
 
 Result<void> SystemFileLayer::copyAccess(const std::filesystem::path& from, const std::filesystem::path& to) {
-    if (const Result<void> copied = copyList(from, to); !copied)
+    if (Result<void> copied = copyList(from, to); !copied)
         return copied;
     if (::attr_copy_file(from.c_str(), to.c_str(), isOfUser, nullptr) != 0)
         return systemError(errno);

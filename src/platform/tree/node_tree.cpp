@@ -354,7 +354,7 @@ void NodeTree::openUp(std::vector<std::unique_ptr<Node>>& returning) {
 }
 
 std::size_t NodeBranch::bytes() const {
-    std::size_t sum = nodes_.size() * (sizeof(Node) + sizeof(Node*));
+    std::size_t sum = nodes_.size() * (sizeof(Node) + sizeof(decltype(nodes_)::value_type));
     for (const auto& node : nodes_)
         sum += node->text().capacity() + node->key().size();
     return sum;
