@@ -1,5 +1,6 @@
 #include "shell/project_frame_journal.h"
 
+#include <string>
 #include <utility>
 
 namespace zb {
@@ -17,7 +18,7 @@ public:
     std::size_t bytes() const override {
         std::size_t sum = sizeof *this;
         for (const std::string& line : other_.foreign.lines())
-            sum += sizeof line + line.size();
+            sum += sizeof(std::string) + line.size();
         return sum;
     }
     // The frame before the first change is known already.
@@ -30,7 +31,7 @@ private:
 
 } // namespace
 
-void ProjectFrameJournal::change(ProjectFrame frame) {
+void ProjectFrameJournal::change(const ProjectFrame& frame) {
     ProjectFrame before = exchange_(frame);
     if (recording_ && part_ == nullptr && before != frame)
         part_ = std::make_unique<FramePart>(exchange_, std::move(before));

@@ -24,7 +24,7 @@ public:
     using Exchange = std::function<ProjectFrame(ProjectFrame)>;
     explicit ProjectFrameJournal(Exchange exchange) : exchange_(std::move(exchange)) {}
 
-    void change(ProjectFrame frame);
+    void change(const ProjectFrame& frame);
 
     bool hasChanged() const override { return part_ != nullptr; }
     std::unique_ptr<StepPart> take() override { return std::move(part_); }

@@ -109,7 +109,8 @@ void GoPane::readMessages() {
         const std::string numbers = numbersOf(root->text());
         const std::string& description =
             root->previous() == nullptr ? std::string() : root->previous()->text();
-        names_.addMessage(name, numbers == name ? description : numbers + " " + description, root->index());
+        std::string explained = numbers == name ? std::string() : numbers + ' ';
+        names_.addMessage(name, explained.append(description), root->index());
         for (NodeWalk walk(*root); const Node* item = walk.node(); walk.next()) {
             if (const std::string_view itemName = nameOfItem(item->text()); !itemName.empty())
                 names_.addItem(itemName, item->index());
@@ -172,7 +173,8 @@ Destination GoPane::destinationOf(const NameIndex::Entry& entry) const {
 
 // The project was changed while the list was shown.
 bool GoPane::listAgain(const std::vector<std::string>& chosen) {
-    const std::vector<std::string> cells = chosen;
+    // The row that they are of goes.
+    const std::vector<std::string> cells(chosen.begin(), chosen.end());
     list();
     for (const auto& row : lvwGo.rows()) {
         if (row->cells() != cells)

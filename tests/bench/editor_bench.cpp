@@ -114,18 +114,18 @@ void undoAndRedoADelete(benchmark::State& state, Edited& edited) {
 
 using Editing = void (*)(benchmark::State& state, Edited& edited);
 
-template<Editing editing>
+template<Editing Edits>
 void Recorded(benchmark::State& state) {
     Edited edited(state.range(0));
-    editing(state, edited);
+    Edits(state, edited);
 }
 
 /// The same when no steps are kept, to see what they cost.
-template<Editing editing>
+template<Editing Edits>
 void Unrecorded(benchmark::State& state) {
     Edited edited(state.range(0));
     edited.stopSteps();
-    editing(state, edited);
+    Edits(state, edited);
 }
 
 void FindOverTheWholeTree(benchmark::State& state) {

@@ -6,27 +6,25 @@
 
 #include <benchmark/benchmark.h>
 
+#include <sstream>
+
 namespace zb::bench {
 namespace {
 
 /// Messages as in manuals: a list of groups, with texts, numbers and bytes, about 1,000 bytes each.
 std::string libraryText(std::size_t messages) {
-    std::string text;
+    std::ostringstream text;
     for (std::size_t i = 0; i < messages; ++i) {
-        const std::string number = std::to_string(i);
-        const std::string stream = std::to_string(i % 127 + 1);
-        text += "* Message number " + number + " of the list\r\nMessage" + number + ": S" + stream + " F" +
-                std::to_string(i % 127 * 2 + 1) + " W H->E\r\n    L 3\r\n        U4 1 DATAID " + number +
-                "\r\n        A 20V LOTID 'Lot-" + number + "'\r\n        L 6\r\n";
-        for (std::size_t group = 0; group < 6; ++group) {
-            const std::string suffix = std::to_string(group);
-            text += "            L 4\r\n                U2 1 RPTID" + suffix + " " + number.substr(0, 4) +
-                    "\r\n                A 16 PPID" + suffix + " 'Recipe of step " + suffix +
-                    "'\r\n                B 3 STATE" + suffix + " 0 31 255\r\n                F4 3 VALUE" +
-                    suffix + " 1.5 -2.25 1E+03" + (group == 5 ? ".\r\n" : "\r\n");
-        }
+        text << "* Message number " << i << " of the list\r\nMessage" << i << ": S" << i % 127 + 1 << " F"
+             << i % 127 * 2 + 1 << " W H->E\r\n    L 3\r\n        U4 1 DATAID " << i
+             << "\r\n        A 20V LOTID 'Lot-" << i << "'\r\n        L 6\r\n";
+        for (std::size_t group = 0; group < 6; ++group)
+            text << "            L 4\r\n                U2 1 RPTID" << group << " " << i % 10'000
+                 << "\r\n                A 16 PPID" << group << " 'Recipe of step " << group
+                 << "'\r\n                B 3 STATE" << group << " 0 31 255\r\n                F4 3 VALUE"
+                 << group << " 1.5 -2.25 1E+03" << (group == 5 ? ".\r\n" : "\r\n");
     }
-    return text;
+    return text.str();
 }
 
 /// Messages of some 90 bytes in SML, of which a file has very many.

@@ -20,10 +20,7 @@ namespace {
 // A window that counts its events.
 class Counting final : public QWidget {
 public:
-    Counting() {
-        auto* layout = new QVBoxLayout(this);
-        layout->addWidget(&field);
-    }
+    Counting() { layout_.addWidget(&field); }
 
     QLineEdit field;
     int paints = 0;
@@ -40,6 +37,9 @@ protected:
         activations += event->type() == QEvent::WindowActivate ? 1 : 0;
         return QWidget::event(event);
     }
+
+private:
+    QVBoxLayout layout_{this};
 };
 
 struct KeepPainting : ::testing::Test {
