@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <limits>
 #include <pcap/pcap.h>
 
 namespace zb::rehearsal {
@@ -15,6 +16,19 @@ struct CloseCapture {
     void operator()(pcap_t* capture) const { pcap_close(capture); }
 };
 using CapturePointer = std::unique_ptr<pcap_t, CloseCapture>;
+
+// Nothing for a time that only a damaged capture has: its nanoseconds do not fit 64 bits.
+std::optional<RecordedTime> timeOf(const timeval& stamp) {
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    constexpr std::int64_t kLatest = std::numeric_limits<std::int64_t>::max() / kNanoseconds - 1;
+    // The capture was opened for nanoseconds, which take the place of the microseconds.
+    if (stamp.tv_sec < 0 || stamp.tv_sec > kLatest || stamp.tv_usec < 0 || stamp.tv_usec >= kNanoseconds)
+        return std::nullopt;
+    RecordedTime time;
+    time.isUtc = true;
+    time.nanoseconds = stamp.tv_sec * kNanoseconds + stamp.tv_usec;
+    return time;
+}
 
 class Capture final : public Recording {
 public:
@@ -43,11 +57,8 @@ private:
         const unsigned char* data = nullptr;
         const int result = pcap_next_ex(capture_.get(), &header, &data);
         if (result == 1) {
-            RecordedTime time;
-            time.isUtc = true;
-            // The capture was opened for nanoseconds, which take the place of the microseconds.
-            time.nanoseconds = std::int64_t{header->ts.tv_sec} * 1'000'000'000 + header->ts.tv_usec;
-            packets_.add(linkType_, {reinterpret_cast<const char*>(data), header->caplen}, time, ++number_);
+            packets_.add(linkType_, {reinterpret_cast<const char*>(data), header->caplen}, timeOf(header->ts),
+                         ++number_);
             return;
         }
         ended_ = true;

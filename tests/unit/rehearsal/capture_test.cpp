@@ -168,6 +168,14 @@ TEST(Capture, AFileThatIsCutIsReportedWithItsOffset) {
     EXPECT_THAT(readFile(whole.substr(0, 10)).faults, SizeIs(1));
 }
 
+TEST(Capture, ATimeThatNoClockHasIsLeftOut) {
+    CaptureWriter capture(CaptureWriter::Form::Pcapng);
+    auto link = capture.open(40000, 5000);
+    capture.setTime(-1); // in the file it is the highest number of 64 bits
+    capture.send(link, 0, frame(1, 1, true, 7, "a"));
+    EXPECT_THAT(readFile(capture.bytes()).messages, ElementsAre("- H->E S1F1 W 7 <A [1] \"a\">"));
+}
+
 TEST(Capture, DamagedBytesNeverEndTheProgram) {
     CaptureWriter capture(CaptureWriter::Form::Pcapng);
     auto link = capture.open(40000, 5000);
