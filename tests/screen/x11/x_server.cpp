@@ -19,6 +19,7 @@ constexpr std::chrono::seconds kLongestAnswer(10);
 constexpr std::chrono::milliseconds kFirstAnswer(1000);
 
 struct Free {
+    // Replies of the library come from malloc. NOLINTNEXTLINE(cppcoreguidelines-*)
     void operator()(void* reply) const { std::free(reply); }
 };
 template<typename Reply>
