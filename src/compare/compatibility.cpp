@@ -127,6 +127,46 @@ Judgement judgeCount(const Difference& difference, const Heads& heads) {
             "One side sends a number of values that the other does not take"};
 }
 
+constexpr const char* kAnyFormat = "X";
+
+/// Whoever takes any format takes each single one as well.
+Judgement judgeType(const Difference& difference, const Heads& heads) {
+    constexpr const char* kReason = "One side sends a format that the other does not take";
+    if (difference.before == kAnyFormat)
+        return {effectOf(heads.oldSenders()), "compat.type", kReason};
+    if (difference.after == kAnyFormat)
+        return {effectOf(heads.oldReceivers()), "compat.type", kReason};
+    return {Compatibility::BreaksBoth, "compat.type", "The other side has another format"};
+}
+
+/// The digits of an integer, without sign and zeros in front of them; nothing for any other text.
+std::string_view digitsOf(std::string_view token) {
+    if (token.starts_with('+') || token.starts_with('-'))
+        token.remove_prefix(1);
+    if (token.empty() || token.find_first_not_of("0123456789") != std::string_view::npos)
+        return {};
+    return token.substr(std::min(token.find_first_not_of('0'), token.size() - 1));
+}
+
+/// Integers may be written in several ways.
+bool isSameValue(const Difference& difference) {
+    SECSItemRecord item;
+    item.parseText(difference.lineAfter);
+    const std::string type = item.getType();
+    if (!type.starts_with('U') && !type.starts_with('I') && type != "B")
+        return false;
+    std::string_view before = trimmed(*difference.before);
+    std::string_view after = trimmed(*difference.after);
+    while (!before.empty() && !after.empty()) {
+        const std::string_view one = takeWord(before);
+        const std::string_view other = takeWord(after);
+        const bool sameSign = one.starts_with('-') == other.starts_with('-');
+        if (one != other && (digitsOf(one).empty() || digitsOf(one) != digitsOf(other) || !sameSign))
+            return false;
+    }
+    return before.empty() && after.empty();
+}
+
 Judgement judgeItem(const Difference& difference, const Heads& heads) {
     const bool wasKey = isKey(difference.lineBefore);
     const bool isNowKey = isKey(difference.lineAfter);
@@ -144,10 +184,10 @@ Judgement judgeItem(const Difference& difference, const Heads& heads) {
         break;
     }
     if (difference.field == "type")
-        return {Compatibility::BreaksBoth, "compat.type", "The other side has another format"};
+        return judgeType(difference, heads);
     if (difference.field == "count")
         return judgeCount(difference, heads);
-    if (difference.field == "value" && (wasKey || isNowKey))
+    if (difference.field == "value" && (wasKey || isNowKey) && !isSameValue(difference))
         return {Compatibility::BreaksBoth, "compat.key.value",
                 "The message is recognised by the value, and the other side has another one"};
     if (difference.field == "key" && isNowKey)

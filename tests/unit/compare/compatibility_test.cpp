@@ -91,6 +91,29 @@ TEST(Compatibility, OfAnotherFormatOrderOrNumberOfItemsBreaksBoth) {
               "compat.item.removed: breaking for both\n");
 }
 
+TEST(Compatibility, OfAnyFormatDependsOnWhoSends) {
+    const auto types = [](const std::string& direction, const std::string& before, const std::string& after) {
+        return judged(message("S1 F4 " + direction, before + " 8V T ''"),
+                      message("S1 F4 " + direction, after + " 8V T ''"));
+    };
+    EXPECT_EQ(types("H<-E", "X", "A"), "compat.type: breaking for the equipment\n");
+    EXPECT_EQ(types("H<-E", "A", "X"), "compat.type: breaking for the host\n");
+    EXPECT_EQ(types("H->E", "X", "A"), "compat.type: breaking for the host\n");
+    EXPECT_EQ(types("H<->E", "A", "X"), "compat.type: breaking for both\n");
+}
+
+TEST(Compatibility, OfAKeyValueInOtherDigitsIsNone) {
+    const auto keys = [](const std::string& type, const std::string& before, const std::string& after) {
+        return judged(message("S6 F11 H<-E", type + " CEID " + before + " [K]"),
+                      message("S6 F11 H<-E", type + " CEID " + after + " [K]"));
+    };
+    EXPECT_EQ(keys("U4 1", "7", "007"), "none\n");
+    EXPECT_EQ(keys("I2 2", "0 -5", "00 -05"), "none\n");
+    EXPECT_EQ(keys("I2 1", "5", "-5"), "compat.key.value: breaking for both\n");
+    EXPECT_EQ(keys("U4 2", "7 1", "7 10"), "compat.key.value: breaking for both\n");
+    EXPECT_EQ(keys("A 2", "'7'", "'07'"), "compat.key.value: breaking for both\n");
+}
+
 TEST(Compatibility, OfACountDependsOnWhoSends) {
     const auto counts = [](const std::string& direction, const std::string& before,
                            const std::string& after) {
