@@ -21,6 +21,13 @@ td { font-family: monospace; white-space: pre-wrap; overflow-wrap: anywhere; ver
 td.both { font-weight: bold; background: #e4e8ee; color: #16202c; }
 td.before { background: #fbe3e1; color: #6b1410; }
 td.after { background: #ddf2e0; color: #0e4a1c; }
+@media (max-width: 40em) {
+  body { margin: 0.75em; }
+  table, tbody, tr, td { display: block; }
+  td:empty { display: none; }
+  details td.before::before { content: "-"; }
+  details td.after::before { content: "+"; }
+}
 @media (prefers-color-scheme: dark) {
   td.both { background: #2b333e; color: #e6ebf2; }
   td.before { background: #47201e; color: #ffd9d6; }
@@ -63,7 +70,8 @@ void appendBlock(std::string& html, const DifferenceBlock& block) {
 
 std::string differencePage(const std::string& before, const std::string& after,
                            const std::vector<DifferenceBlock>& blocks, const AlignedProjects& whole) {
-    std::string html = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>";
+    std::string html = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+                       "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>";
     html += htmlText(before) + " and " + htmlText(after) + "</title>\n<style>\n";
     html.append(kStyle).append("\n</style>\n</head>\n<body>\n<h1>Differences</h1>\n");
     html += "<p>- " + htmlText(before) + "<br>+ " + htmlText(after) + "</p>\n";
