@@ -198,6 +198,10 @@ void addRowsOfPart(const PartForm& form, const PartVersions& versions, std::size
     for (std::size_t version = 0; version < count; ++version) {
         if (!versions[version])
             continue;
+        if (version > 0 && versions[version] == versions[0]) {
+            entries[version] = entries[0];
+            continue;
+        }
         read[version] = form.read(*versions[version]);
         entries[version] = &read[version];
         present.push_back(&read[version]);

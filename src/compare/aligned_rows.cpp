@@ -3,6 +3,7 @@
 #include "compare/aligned_entry.h"
 #include "compare/block_matching.h"
 #include "compare/project_parts.h"
+#include "compare/rising_run.h"
 #include "compare/row_list.h"
 
 #include <memory>
@@ -64,7 +65,8 @@ private:
         rows_.add(std::move(row), {PartKind::Project, {}, "side"});
     }
 
-    std::vector<UnitedPlaces> unite() const {
+    std::vector<UnitedPlaces> unite() {
+        moved_.resize(versions_.size());
         std::vector<std::vector<std::size_t>> lists(versions_.size());
         std::vector<BlockMatching> matchings(versions_.size());
         std::vector<OtherList> others;
@@ -74,6 +76,7 @@ private:
             if (version == 0)
                 continue;
             matchings[version] = matchBlocks(form_, blocks(0), blocks(version));
+            moved_[version] = movedBlocks(matchings[version]);
             others.push_back(
                 {lists[version], matchings[version].ofLeft, matchings[version].ofRight,
                  [&, version](std::size_t block) { return form_.nameKey(blocks(version)[block].name); }});
@@ -90,13 +93,33 @@ private:
             isSame = isSame && texts[version] == texts[0];
         }
         // A part that only moved has the row of its head.
-        if (!isSame || extent_ == AlignedExtent::All || moved(part))
+        const bool differs = !isSame || moved(part);
+        rows_.setEqual(!differs);
+        if (differs || extent_ == AlignedExtent::All)
             addRowsOfPart(form_, texts, versions_.size(), rows_);
+        rows_.setEqual(false);
+    }
+
+    /// The blocks on the right that are not in the order of those on the left, as a comparison finds them.
+    static std::vector<bool> movedBlocks(const BlockMatching& matching) {
+        std::vector<std::size_t> known;
+        std::vector<std::size_t> partners;
+        for (std::size_t right = 0; right < matching.ofRight.size(); ++right) {
+            if (matching.ofRight[right] == kNoBlock)
+                continue;
+            known.push_back(right);
+            partners.push_back(matching.ofRight[right]);
+        }
+        std::vector<bool> moved(matching.ofRight.size(), false);
+        const std::vector<bool> rising = longestRising(partners);
+        for (std::size_t at = 0; at < known.size(); ++at)
+            moved[known[at]] = !rising[at];
+        return moved;
     }
 
     bool moved(const UnitedPlaces& part) const {
         for (std::size_t version = 1; version < versions_.size(); ++version) {
-            if (part[version] != part[0])
+            if (part[version] != kNowhere && moved_[version][part[version]])
                 return true;
         }
         return false;
@@ -107,6 +130,7 @@ private:
     const PartForm& form_;
     AlignedExtent extent_;
     RowList& rows_;
+    std::vector<std::vector<bool>> moved_; // of each version, by block
 };
 
 } // namespace

@@ -15,7 +15,7 @@ std::string keyOf(PartKind kind, const DifferencePlace& place, std::string_view 
 } // namespace
 
 void RowList::add(AlignedRow row, const RowPlaces& places) {
-    for (std::size_t version = 0; version < kMostVersions; ++version) {
+    for (std::size_t version = 0; version < kMostVersions && !equal_; ++version) {
         // The first of several with one name has the row.
         if (row.texts[version])
             index_[version].emplace(keyOf(places.kind, places.places[version], places.field), rows_.size());

@@ -23,6 +23,8 @@ public:
     void add(AlignedRow row) { rows_.push_back(std::move(row)); }
     /// `places` are those of the versions that have the row.
     void add(AlignedRow row, const RowPlaces& places);
+    /// Nothing differs in the rows that follow, so that they need not be found again.
+    void setEqual(bool equal) { equal_ = equal; }
     /// Puts each difference to the other version (0 or 1) into its row.
     void attach(const Differences& differences, std::size_t other);
     std::vector<AlignedRow> takeAll() { return std::move(rows_); }
@@ -33,6 +35,7 @@ private:
     using Index = std::unordered_map<std::string, std::size_t>;
 
     std::vector<AlignedRow> rows_;
+    bool equal_ = false;
     std::array<Index, kMostVersions> index_;
 };
 

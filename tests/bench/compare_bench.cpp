@@ -16,32 +16,6 @@ std::size_t sizeOf(const benchmark::State& state) {
     return static_cast<std::size_t>(state.range(0));
 }
 
-/// The project with 100 messages changed: another value, a new item, another description or no message at
-/// all.
-std::string changedText(std::size_t messages, std::size_t first) {
-    std::string text = projectText(messages);
-    const std::size_t step = messages / 100;
-    for (std::size_t change = 0; change < 100; ++change) {
-        const std::string number = std::to_string(first + change * step);
-        const std::size_t head = text.find("* Report " + number + " of");
-        switch (change % 4) {
-        case 0:
-            text.insert(head + 2, "A ");
-            break;
-        case 1:
-            text.insert(text.find("PRESSURE1 12.5", head) + 13, "7");
-            break;
-        case 2:
-            text.insert(text.find("    U4 1 CEID", head), "    U1 1 NEW 0\r\n");
-            break;
-        default:
-            text.erase(head, text.find("* Report", head + 1) - head);
-            break;
-        }
-    }
-    return text;
-}
-
 void CompareWith100Changes(benchmark::State& state) {
     const Project before = parseProject(projectText(sizeOf(state)));
     const Project after = parseProject(changedText(sizeOf(state), 5));

@@ -9,6 +9,10 @@ namespace zb::bench {
 /// 22 items in three levels, which makes 25 nodes per message.
 std::string projectText(std::size_t messages);
 
+/// The same project with 100 messages changed, from message `first` on: another value, a new item, another
+/// description or no message at all. It has at least 100 messages.
+std::string changedText(std::size_t messages, std::size_t first);
+
 /// The name of message `number`, from 1.
 std::string messageName(std::size_t number);
 

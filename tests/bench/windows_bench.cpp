@@ -3,6 +3,7 @@
 #include "bench/generated_model.h"
 #include "bench/generated_project.h"
 #include "desktop/models/node_tree_view.h"
+#include "project/project_text.h"
 #include "screen/support/palettes.h"
 #include "screen/support/program_on_screen.h"
 #include "support/temporary_folder.h"
@@ -171,6 +172,73 @@ void PasteAMessage(benchmark::State& state, Desks& desks) {
         state.SkipWithError(("nothing was pasted: " + refusal).c_str());
 }
 
+/// The document Compare with the project beside one with 100 changes.
+class ComparedDesk {
+public:
+    explicit ComparedDesk(std::size_t messages)
+        : desk_(bench::projectText(messages)), before_(bench::changedText(messages, 5)) {
+        desk_.open();
+    }
+
+    void open() {
+        desk_.program.application.comparisons.compareWithProject("Before", parseProject(before_),
+                                                                 CompareScope::Whole);
+        desk_.paint();
+    }
+    void click(Control& control) {
+        UserHands(desk_.program.application.desktop).click(Target::whole(control));
+        desk_.paint();
+    }
+    frmCompare& window() { return desk_.program.application.frmCompare; }
+
+private:
+    Desk desk_;
+    std::string before_;
+};
+
+using ComparedDesks = std::map<std::int64_t, std::unique_ptr<ComparedDesk>>;
+
+ComparedDesk& comparedDesk(ComparedDesks& desks, const benchmark::State& state) {
+    auto& desk = desks[state.range(0)];
+    if (!desk)
+        desk = std::make_unique<ComparedDesk>(static_cast<std::size_t>(state.range(0)));
+    return *desk;
+}
+
+void OpenCompare(benchmark::State& state, ComparedDesks& desks) {
+    ComparedDesk& desk = comparedDesk(desks, state);
+    for (auto _ : state)
+        desk.open();
+    if (desk.window().lblCount.text() != "1 of 100")
+        state.SkipWithError("there are not 100 differences");
+}
+
+void ShowAllRows(benchmark::State& state, ComparedDesks& desks) {
+    ComparedDesk& desk = comparedDesk(desks, state);
+    for (auto _ : state) {
+        desk.click(desk.window().chkOnlyDifferences);
+        state.PauseTiming();
+        state.counters["rows"] = static_cast<double>(desk.window().tvwProject.nodes().count());
+        desk.click(desk.window().chkOnlyDifferences);
+        state.ResumeTiming();
+    }
+}
+
+void NextDifference(benchmark::State& state, ComparedDesks& desks) {
+    ComparedDesk& desk = comparedDesk(desks, state);
+    for (auto _ : state)
+        desk.click(desk.window().cmdNext.enabled() ? desk.window().cmdNext : desk.window().cmdPrevious);
+}
+
+void TakeADifference(benchmark::State& state, ComparedDesks& desks) {
+    ComparedDesk& desk = comparedDesk(desks, state);
+    const std::string before = desk.window().lblCount.text();
+    for (auto _ : state)
+        desk.click(desk.window().cmdTakeLeft);
+    if (desk.window().lblCount.text() == before)
+        state.SkipWithError("nothing was taken");
+}
+
 /// From the start of the program to the painted window. Twice the size must not take more than 2.2 times as
 /// long.
 void open(benchmark::State& state, const std::string& project) {
@@ -197,7 +265,8 @@ void OpenTransactions(benchmark::State& state) {
     open(state, bench::projectText(100) + bench::modelText(static_cast<std::size_t>(state.range(0))));
 }
 
-void measure(const char* name, void (*run)(benchmark::State&, Desks&), Desks& desks, int iterations) {
+template<typename DeskMap>
+void measure(const char* name, void (*run)(benchmark::State&, DeskMap&), DeskMap& desks, int iterations) {
     benchmark::RegisterBenchmark(name, [run, &desks](benchmark::State& state) { run(state, desks); })
         ->Arg(1000)
         ->Arg(10000)
@@ -223,6 +292,11 @@ int main(int argc, char* argv[]) {
     measure("KeyInAFieldWithoutSteps", &KeyInAField, without, 100);
     measure("AddAMessageWithoutSteps", &AddAMessage, without, 50);
     measure("PasteAMessageWithoutSteps", &PasteAMessage, without, 20);
+    ComparedDesks compared;
+    measure("OpenCompare", &OpenCompare, compared, 5);
+    measure("ShowAllRows", &ShowAllRows, compared, 3);
+    measure("NextDifference", &NextDifference, compared, 20);
+    measure("TakeADifference", &TakeADifference, compared, 5);
     for (const int messages : {10'000, 50'000, 100'000})
         benchmark::RegisterBenchmark("OpenMessages", &OpenMessages)
             ->Arg(messages)
