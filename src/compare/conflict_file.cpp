@@ -1,6 +1,7 @@
 #include "compare/conflict_file.h"
 
 #include "platform/ordered_json.h"
+#include "platform/text_file.h"
 
 #include <array>
 
@@ -70,6 +71,20 @@ std::optional<std::vector<MergeConflict>> readConflicts(std::string_view text) {
                              valueOf(object, "theirs")});
     }
     return conflicts;
+}
+
+std::optional<std::string> shownConflictValue(const MergeConflict& conflict,
+                                              const std::optional<std::string>& value) {
+    constexpr std::string_view kStatement = "StatementText ";
+    if (!value || conflict.field != "statements")
+        return value;
+    std::string text;
+    LineReader lines(*value);
+    while (const auto line = lines.next()) {
+        if (line->starts_with(kStatement))
+            text.append(text.empty() ? "" : "\n").append(line->substr(kStatement.size()));
+    }
+    return text;
 }
 
 } // namespace zb

@@ -17,4 +17,8 @@ std::string composeConflicts(const std::vector<MergeConflict>& conflicts);
 /// The inverse. Nothing for a text that is no such list.
 std::optional<std::vector<MergeConflict>> readConflicts(std::string_view text);
 
+/// A value of the conflict for people: of statements only their text. None stays none.
+std::optional<std::string> shownConflictValue(const MergeConflict& conflict,
+                                              const std::optional<std::string>& value);
+
 } // namespace zb

@@ -35,26 +35,35 @@ public:
         : form_(form), base_(entries.base), ours_(entries.ours), theirs_(entries.theirs), context_(context) {}
 
     Entry run() {
-        Entry merged = mergeFields(form_.kind(), {}, {}, {&base_, &ours_, &theirs_});
-        merged.items = mergeItems(form_, {base_, ours_, theirs_}, context_);
+        const bool isDisputed = isDataBlockDisputed();
+        Entry merged = mergeFields(form_.kind(), {}, {}, {&base_, &ours_, &theirs_}, isDisputed);
+        if (isDisputed) {
+            context_.conflicts.push_back({form_.kind(),
+                                          {},
+                                          "block",
+                                          writtenDataBlock(base_),
+                                          writtenDataBlock(ours_),
+                                          writtenDataBlock(theirs_)});
+            takeDataBlock(merged, context_.preferred == Preferred::Ours ? ours_ : theirs_);
+        } else {
+            merged.items = mergeItems(form_, {base_, ours_, theirs_}, context_);
+        }
         merged.parts = mergeParts();
-        if (form_.kind() == PartKind::TrMessage && merged.stored("data").empty())
-            reportItemsOfRemovedBlock();
         return merged;
     }
 
 private:
     /// The name and the fields; the paths are those of the part on each side.
     Entry mergeFields(PartKind kind, const std::string& pathBefore, const std::string& path,
-                      const PartVersions& versions) {
+                      const PartVersions& versions, bool exceptDataBlock = false) {
         const auto nameOf = [](const Entry& entry) { return EntryField{"name", entry.name, entry.name}; };
         const EntryField baseName = nameOf(*versions.base);
         const EntryField ourName = nameOf(*versions.ours);
         const EntryField theirName = nameOf(*versions.theirs);
-        const std::string& ourPath = versions.ours == &ours_ ? pathBefore : versions.ours->name;
         const auto choose = [&](const EntryField& base, const EntryField& ours,
                                 const EntryField& theirs) -> const EntryField& {
-            if (ours.stored == theirs.stored || theirs.stored == base.stored)
+            if (ours.stored == theirs.stored || theirs.stored == base.stored ||
+                (exceptDataBlock && ours.key.starts_with("data")))
                 return ours;
             const bool isName = &base == &baseName;
             if (ours.stored == base.stored) {
@@ -66,10 +75,11 @@ private:
                 return context_.takesStep(step) ? theirs : ours;
             }
             context_.conflicts.push_back(
-                {kind, {ours_.name, ourPath}, base.key, base.value, ours.value, theirs.value});
+                {kind, {}, base.key, writtenField(base), writtenField(ours), writtenField(theirs)});
             return context_.preferred == Preferred::Ours ? ours : theirs;
         };
         Entry merged;
+        const std::size_t first = context_.conflicts.size();
         merged.name = choose(baseName, ourName, theirName).stored;
         for (const EntryField& field : versions.ours->fields) {
             const EntryField empty{field.key, {}, {}};
@@ -78,18 +88,19 @@ private:
             merged.fields.push_back(
                 choose(base == nullptr ? empty : *base, field, theirs == nullptr ? empty : *theirs));
         }
+        for (std::size_t at = first; at < context_.conflicts.size() && kind == PartKind::TrItem; ++at)
+            context_.conflicts[at].place.path = merged.name;
         return merged;
     }
 
-    /// One side removed the data block in which the other one changed items.
-    void reportItemsOfRemovedBlock() {
-        const bool isOurs = ours_.stored("data").empty();
-        const Entry& other = isOurs ? theirs_ : ours_;
-        if (other.items == base_.items)
-            return;
-        MergeConflict conflict{form_.kind(), {ours_.name, {}}, "data", shownItems(base_.items), {}, {}};
-        (isOurs ? conflict.theirs : conflict.ours) = shownItems(other.items);
-        context_.conflicts.push_back(std::move(conflict));
+    /// One side removed the data block that the other one changed.
+    bool isDataBlockDisputed() const {
+        if (form_.kind() != PartKind::TrMessage || base_.stored("data").empty())
+            return false;
+        const bool inOurs = !ours_.stored("data").empty();
+        const bool inTheirs = !theirs_.stored("data").empty();
+        const Entry& other = inOurs ? ours_ : theirs_;
+        return inOurs != inTheirs && writtenDataBlock(other) != writtenDataBlock(base_);
     }
 
     std::vector<Entry> mergeParts() {
@@ -113,6 +124,8 @@ private:
                                        "position"});
         };
         const MergedOrder mergedOrder = mergeOrder(order);
+        for (const std::size_t element : mergedOrder.disputed)
+            reportPlace(versions[element], merged[element].name);
         std::vector<Entry> parts;
         for (const std::size_t element : mergedOrder.elements)
             parts.push_back(std::move(merged[element]));
@@ -185,15 +198,25 @@ private:
     }
 
     void reportPart(const PartVersions& part, const std::string& path) {
-        const auto shown = [](const Entry* entry) {
-            return entry == nullptr ? std::nullopt : std::optional(shownPart(*entry));
+        const auto written = [](const Entry* entry) {
+            return entry == nullptr ? std::nullopt : std::optional(writtenPart(*entry));
+        };
+        context_.conflicts.push_back(
+            {PartKind::TrItem, {{}, path}, {}, written(part.base), written(part.ours), written(part.theirs)});
+    }
+
+    void reportPlace(const PartVersions& part, const std::string& path) {
+        if (part.base == nullptr || part.ours == nullptr || part.theirs == nullptr)
+            return;
+        const auto placeIn = [](const Entry& message, const Entry* item) {
+            return std::to_string(item - message.parts.data() + 1);
         };
         context_.conflicts.push_back({PartKind::TrItem,
-                                      {ours_.name, path},
-                                      {},
-                                      shown(part.base),
-                                      shown(part.ours),
-                                      shown(part.theirs)});
+                                      {{}, path},
+                                      "position",
+                                      placeIn(base_, part.base),
+                                      placeIn(ours_, part.ours),
+                                      placeIn(theirs_, part.theirs)});
     }
 
     const PartForm& form_;

@@ -15,7 +15,8 @@ struct ThreeBlocks {
     std::string_view theirs;
 };
 
-/// Merges three versions of one part field by field and item by item.
+/// Merges three versions of one part field by field and item by item. The places of its conflicts are in the
+/// merged part, and have no name: whoever puts the part into a section gives it one.
 Entry mergeEntries(const PartForm& form, const ThreeBlocks& blocks, MergeContext& context);
 
 } // namespace zb

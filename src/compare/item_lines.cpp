@@ -1,8 +1,10 @@
 #include "compare/item_lines.h"
 
+#include "messages/message_nodes.h"
 #include "platform/text.h"
 #include "platform/text_file.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace zb {
@@ -49,11 +51,49 @@ std::optional<std::size_t> ItemLines::find(const ItemTree& tree, std::string_vie
 }
 
 void ItemLines::setText(std::string_view path, std::string text) {
-    if (const auto node = find(before_, path); node && *node != ItemTree::kRoot)
-        lines_[*node - 1].text = std::move(text);
+    const auto node = find(before_, path);
+    if (!node || *node == ItemTree::kRoot)
+        return;
+    // The count is that of another list: the sub items stay.
+    const std::string_view count = wordAt(text, 1);
+    const bool isFixedList =
+        wordAt(text, 0) == "L" && count.find_first_not_of("0123456789") == std::string_view::npos;
+    if (countFollowsItems(before_, *node) && isFixedList && !count.empty())
+        text.replace(static_cast<std::size_t>(count.data() - text.data()), count.size(),
+                     std::to_string(before_.at(*node).children.size()));
+    ItemTree changed = before_;
+    changed.setText(*node, std::move(text));
+    lines_[*node - 1].text = textWithoutFollowingCount(changed, *node);
+}
+
+bool ItemLines::insert(std::string_view path, const std::string& text) {
+    return put(path, text, false);
 }
 
 bool ItemLines::replace(std::string_view path, const std::optional<std::string>& text) {
+    return put(path, text, true);
+}
+
+bool ItemLines::move(std::string_view path, std::size_t position) {
+    const auto node = find(before_, path);
+    if (!node || *node == ItemTree::kRoot || position == 0)
+        return false;
+    std::vector<std::size_t> siblings = before_.at(before_.at(*node).parent).children;
+    std::erase(siblings, *node);
+    const std::vector<std::size_t> ends = before_.subtreeEnds();
+    const std::size_t last = ends[before_.at(*node).parent];
+    const std::size_t target = position <= siblings.size() ? siblings[position - 1] : last;
+    const auto at = [this](std::size_t line) {
+        return lines_.begin() + static_cast<std::ptrdiff_t>(line) - 1;
+    };
+    if (target > *node)
+        std::rotate(at(*node), at(ends[*node]), at(target));
+    else
+        std::rotate(at(target), at(*node), at(ends[*node]));
+    return true;
+}
+
+bool ItemLines::put(std::string_view path, const std::optional<std::string>& text, bool replaces) {
     const std::vector<std::size_t> ends = before_.subtreeEnds();
     const auto parent = find(before_, parentPath(path));
     if (!parent)
@@ -62,7 +102,7 @@ bool ItemLines::replace(std::string_view path, const std::optional<std::string>&
     const std::size_t position = numberOf(lastStep(path));
     const bool isThere = position >= 1 && position <= siblings.size();
     const std::size_t first = isThere ? siblings[position - 1] : ends[*parent];
-    const std::size_t end = isThere ? ends[first] : first;
+    const std::size_t end = isThere && replaces ? ends[first] : first;
     const auto at = [this](std::size_t node) {
         return lines_.begin() + static_cast<std::ptrdiff_t>(node) - 1;
     };

@@ -38,7 +38,7 @@ public:
         };
         std::vector<Task> tasks;
         const auto addChildren = [&](const ItemNodes& nodes, std::size_t parent) {
-            std::vector<ItemNodes> children = mergeChildren(nodes);
+            std::vector<ItemNodes> children = mergeChildren(nodes, parent);
             std::reverse(children.begin(), children.end());
             for (const ItemNodes& child : children)
                 tasks.push_back({child, parent});
@@ -47,7 +47,10 @@ public:
         while (!tasks.empty()) {
             const Task task = tasks.back();
             tasks.pop_back();
+            const std::size_t first = context_.conflicts.size();
             const std::size_t node = merged_.add(task.parent, mergeText(task.nodes));
+            for (std::size_t at = first; at < context_.conflicts.size(); ++at)
+                context_.conflicts[at].place.path = merged_.path(node);
             addChildren(task.nodes, node);
         }
         for (std::size_t node = 1; node < merged_.count(); ++node)
@@ -72,9 +75,6 @@ private:
     void reportWhole(const ItemNodes& nodes) {
         MergeConflict conflict;
         conflict.kind = form_.itemKind();
-        const bool oursHasIt = nodes.ours != kNoNode;
-        conflict.place.name = entries_.ours.name;
-        conflict.place.path = oursHasIt ? ours_.path(nodes.ours) : theirs_.path(nodes.theirs);
         conflict.base = shownIf(base_, nodes.base);
         conflict.ours = shownIf(ours_, nodes.ours);
         conflict.theirs = shownIf(theirs_, nodes.theirs);
@@ -102,7 +102,6 @@ private:
         }
         MergeConflict conflict;
         conflict.kind = form_.itemKind();
-        conflict.place = {entries_.ours.name, ours_.path(nodes.ours)};
         conflict.field = "text";
         conflict.base = form_.shownItem(base_.at(nodes.base).text);
         conflict.ours = form_.shownItem(ours_.at(nodes.ours).text);
@@ -132,7 +131,8 @@ private:
         return nodes;
     }
 
-    std::vector<ItemNodes> mergeChildren(const ItemNodes& list) {
+    /// The sub items of a list that is in the merged tree already.
+    std::vector<ItemNodes> mergeChildren(const ItemNodes& list, std::size_t mergedList) {
         std::vector<ItemNodes> elements;
         if (list.base != kNoNode) {
             for (const std::size_t child : base_.at(list.base).children)
@@ -147,8 +147,13 @@ private:
         order.baseCount = baseCount;
         order.ours = listOrder(elements, &ItemNodes::ours);
         order.theirs = listOrder(elements, &ItemNodes::theirs);
-        for (ItemNodes& nodes : elements)
+        ReportedElements reported;
+        for (ItemNodes& nodes : elements) {
+            const std::size_t first = context_.conflicts.size();
             order.survives.push_back(decide(nodes, list));
+            if (first < context_.conflicts.size())
+                reported.emplace_back(first, order.survives.size() - 1);
+        }
         order.orderedBy = [&](std::size_t element) -> std::string_view {
             const ItemNodes& nodes = elements[element];
             return nodes.ours != kNoNode ? ours_.at(nodes.ours).text : theirs_.at(nodes.theirs).text;
@@ -159,12 +164,46 @@ private:
                                        theirPlace(nodes.theirs), "position"});
         };
         const MergedOrder merged = mergeOrder(order);
-        for (const std::size_t element : merged.disputed)
+        for (const std::size_t element : merged.disputed) {
+            const std::size_t first = context_.conflicts.size();
             reportPlace(elements[element]);
+            if (first < context_.conflicts.size())
+                reported.emplace_back(first, element);
+        }
+        placeConflicts(reported, order, merged.elements, mergedList);
         std::vector<ItemNodes> children;
         for (const std::size_t element : merged.elements)
             children.push_back(elements[element]);
         return children;
+    }
+
+    /// Conflicts by their numbers, each with the element of a list that it is about.
+    using ReportedElements = std::vector<std::pair<std::size_t, std::size_t>>;
+
+    /// Gives the conflicts their places in the merged list. That of an element that is not in it is after the
+    /// element that it follows on its side.
+    void placeConflicts(const ReportedElements& reported, const OrderMerge& order,
+                        const std::vector<std::size_t>& merged, std::size_t mergedList) {
+        const std::string start = mergedList == ItemTree::kRoot ? "" : merged_.path(mergedList) + "/";
+        const auto positionOf = [&merged](std::size_t element) {
+            const auto found = std::find(merged.begin(), merged.end(), element);
+            return found == merged.end() ? 0 : static_cast<std::size_t>(found - merged.begin()) + 1;
+        };
+        for (const auto& [conflict, element] : reported) {
+            std::size_t position = positionOf(element);
+            if (position == 0) {
+                const auto& side = contains(order.ours, element) ? order.ours : order.theirs;
+                for (auto at = std::find(side.begin(), side.end(), element);
+                     at != side.begin() && position == 0;)
+                    position = positionOf(*--at);
+                ++position;
+            }
+            context_.conflicts[conflict].place.path = start + std::to_string(position);
+        }
+    }
+
+    static bool contains(const std::vector<std::size_t>& list, std::size_t element) {
+        return std::find(list.begin(), list.end(), element) != list.end();
     }
 
     /// What both sides added under one name, or alike, is one item.
@@ -253,7 +292,6 @@ private:
             return;
         MergeConflict conflict;
         conflict.kind = form_.itemKind();
-        conflict.place = {entries_.ours.name, ours_.path(nodes.ours)};
         conflict.field = "position";
         conflict.base = base_.path(nodes.base);
         conflict.ours = ours_.path(nodes.ours);
@@ -310,7 +348,6 @@ ItemTree mergeItems(const PartForm& form, const ThreeEntries& entries, MergeCont
         faultsOf(merged) > std::max(faultsOf(ours), faultsOf(theirs))) {
         MergeConflict conflict;
         conflict.kind = form.kind();
-        conflict.place.name = entries.ours.name;
         conflict.field = "items";
         conflict.base = shownItems(base);
         conflict.ours = shownItems(ours);

@@ -3,6 +3,7 @@
 #include "compare/difference.h"
 #include "compare/entry.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,5 +58,20 @@ const PartForm& foreignForm();
 std::string shownBlock(std::string_view block);
 /// A TR item for people: its name, and its fields with one a line.
 std::string shownPart(const Entry& part);
+
+/// Values of TR messages in conflicts: with nothing left out, so that they can be read again, in the lines of
+/// a project file with LF.
+/// @{
+std::string writtenField(const EntryField& field);
+void setWrittenField(EntryField& field, const std::string& written);
+/// A TR item; nothing is read from lines that are no TR item.
+std::string writtenPart(const Entry& part);
+std::optional<Entry> readPart(std::string_view written);
+/// The data block with its items; none for a message without one.
+std::optional<std::string> writtenDataBlock(const Entry& message);
+void setWrittenDataBlock(Entry& message, const std::optional<std::string>& written);
+/// @}
+/// Puts the data block of the other TR message in place of the message's own.
+void takeDataBlock(Entry& message, const Entry& other);
 
 } // namespace zb

@@ -27,6 +27,22 @@ const PartForm& ProjectParts::form(std::size_t section) {
     }
 }
 
+ProjectParts::Section ProjectParts::sectionOf(PartKind kind) {
+    switch (kind) {
+    case PartKind::Message:
+    case PartKind::Item:
+        return Messages;
+    case PartKind::TrMessage:
+    case PartKind::TrItem:
+        return Model;
+    case PartKind::Sequence:
+        return SequenceTable;
+    case PartKind::Project:
+        break;
+    }
+    return Foreign;
+}
+
 std::string wordOf(Side side) {
     return side == Side::Host ? "host" : "equipment";
 }

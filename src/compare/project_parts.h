@@ -23,6 +23,7 @@ public:
     const Project& project() const { return project_; }
     const Blocks& blocks(std::size_t section) const { return blocks_[section]; }
     static const PartForm& form(std::size_t section);
+    static Section sectionOf(PartKind kind);
 
 private:
     const Project& project_;

@@ -21,6 +21,7 @@ struct PartMerge {
     const Block* theirs = nullptr;
     std::optional<std::string> text; ///< none when it is not in the merged section
     std::string name;
+    std::vector<MergeConflict> conflicts; ///< their places get the name at the end
 };
 
 std::optional<std::string> shownIf(const Block* block) {
@@ -51,6 +52,7 @@ public:
         const MergedOrder merged = mergeOrder(order_);
         for (const std::size_t element : merged.disputed)
             reportPlace(parts_[element]);
+        collectConflicts();
         std::string text;
         for (const std::size_t element : merged.elements)
             text += *parts_[element].text;
@@ -58,6 +60,16 @@ public:
     }
 
 private:
+    void collectConflicts() {
+        for (PartMerge& part : parts_) {
+            const Block* known = part.ours != nullptr ? part.ours : part.theirs;
+            for (MergeConflict& conflict : part.conflicts) {
+                conflict.place.name = part.text || known == nullptr ? part.name : known->name;
+                context_.conflicts.push_back(std::move(conflict));
+            }
+        }
+    }
+
     void collect() {
         const BlockMatching toOurs = matchBlocks(form_, sections_.base, sections_.ours);
         const BlockMatching toTheirs = matchBlocks(form_, sections_.base, sections_.theirs);
@@ -130,7 +142,7 @@ private:
         const Block& left = isOurs ? *part.ours : *part.theirs;
         bool stays = isOurs && !context_.takesStep(stepOf(ChangeKind::Removed, *part.base, *part.base));
         if (left.text != part.base->text) {
-            report(part, {});
+            report(part);
             stays = (context_.preferred == Preferred::Ours) == isOurs;
         }
         if (stays)
@@ -145,7 +157,7 @@ private:
         }
         const bool isDisputed = part.theirs != nullptr && part.theirs->text != part.ours->text;
         if (isDisputed)
-            report(part, {});
+            report(part);
         take(part, isDisputed && context_.preferred == Preferred::Theirs ? *part.theirs : *part.ours);
     }
 
@@ -167,32 +179,38 @@ private:
             };
         }
         const Entry merged = mergeEntries(form_, {base, ours, theirs}, own);
-        std::move(own.conflicts.begin(), own.conflicts.end(), std::back_inserter(context_.conflicts));
+        std::move(own.conflicts.begin(), own.conflicts.end(), std::back_inserter(part.conflicts));
         if (!changes)
             return take(part, *part.ours);
         part.text = form_.write(merged);
         part.name = merged.name;
     }
 
+    using PartsByName = std::map<std::string, std::vector<std::size_t>>;
+
     /// A name that only the merge gives to several parts is given to one: that of the preferred side, which
     /// had it first.
     void settleNames() {
-        std::map<std::string, std::vector<std::size_t>> byName;
+        PartsByName byName;
         for (std::size_t at = 0; at < parts_.size(); ++at) {
             if (parts_[at].text)
                 byName[form_.nameKey(parts_[at].name)].push_back(at);
         }
+        std::vector<std::size_t> homeless;
         for (const auto& [key, elements] : byName) {
             if (elements.size() > 1)
-                settleName(key, elements);
+                settleName(key, elements, homeless);
         }
+        for (const std::size_t at : homeless)
+            house(parts_[at], byName);
     }
 
     bool isNamed(const Block* block, const std::string& key) const {
         return block != nullptr && form_.nameKey(block->name) == key;
     }
 
-    void settleName(const std::string& key, const std::vector<std::size_t>& elements) {
+    void settleName(const std::string& key, const std::vector<std::size_t>& elements,
+                    std::vector<std::size_t>& homeless) {
         std::size_t ours = 0;
         std::size_t theirs = 0;
         for (const std::size_t at : elements) {
@@ -206,13 +224,27 @@ private:
             const Block* kept = oursCount ? part.ours : part.theirs;
             if (isNamed(kept, key))
                 continue;
-            report(part, "name");
+            reportName(part);
             if (kept == nullptr)
-                part.text.reset();
+                homeless.push_back(elements[at]);
             else
                 rename(part, kept->name);
             --tooMany;
         }
+    }
+
+    /// What the other side added under a name that is given away is kept under another one.
+    void house(PartMerge& part, PartsByName& byName) const {
+        if (context_.takes || form_.kind() == PartKind::Project) {
+            part.text.reset();
+            return;
+        }
+        const std::string start = part.name + (context_.preferred == Preferred::Ours ? "_theirs" : "_ours");
+        std::string name = start;
+        for (int number = 2; byName.contains(form_.nameKey(name)); ++number)
+            name = start + std::to_string(number);
+        byName[form_.nameKey(name)];
+        rename(part, name);
     }
 
     void rename(PartMerge& part, const std::string& name) const {
@@ -222,28 +254,31 @@ private:
         part.name = name;
     }
 
-    void report(const PartMerge& part, std::string field) {
-        const Block* known = part.ours != nullptr ? part.ours : part.theirs;
-        context_.conflicts.push_back({form_.kind(),
-                                      {known == nullptr ? part.name : known->name, {}},
-                                      std::move(field),
-                                      shownIf(part.base),
-                                      shownIf(part.ours),
-                                      shownIf(part.theirs)});
+    void report(PartMerge& part) const {
+        part.conflicts.push_back(
+            {form_.kind(), {}, {}, shownIf(part.base), shownIf(part.ours), shownIf(part.theirs)});
     }
 
-    void reportPlace(const PartMerge& part) {
+    void reportName(PartMerge& part) const {
+        const auto nameIf = [](const Block* block) {
+            return block == nullptr ? std::nullopt : std::optional(block->name);
+        };
+        part.conflicts.push_back(
+            {form_.kind(), {}, "name", nameIf(part.base), nameIf(part.ours), nameIf(part.theirs)});
+    }
+
+    void reportPlace(PartMerge& part) const {
         if (part.base == nullptr)
             return;
         const auto placeIn = [](const Blocks& blocks, const Block* block) {
             return std::to_string(block - blocks.data() + 1);
         };
-        context_.conflicts.push_back({form_.kind(),
-                                      {part.ours->name, {}},
-                                      "position",
-                                      placeIn(sections_.base, part.base),
-                                      placeIn(sections_.ours, part.ours),
-                                      placeIn(sections_.theirs, part.theirs)});
+        part.conflicts.push_back({form_.kind(),
+                                  {},
+                                  "position",
+                                  placeIn(sections_.base, part.base),
+                                  placeIn(sections_.ours, part.ours),
+                                  placeIn(sections_.theirs, part.theirs)});
     }
 
     const PartForm& form_;

@@ -126,7 +126,7 @@ void writeFact(std::string& text, std::string_view indentation, std::string_view
         text.append(indentation).append(keyword).append(" ").append(stored).append("\r\n");
 }
 
-void writeBlock(std::string& text, const Entry& message) {
+void writeDataBlock(std::string& text, const Entry& message) {
     const std::string_view head = message.stored("data");
     if (head.empty())
         return;
@@ -180,7 +180,7 @@ public:
             if (std::string_view(fact.keyword) != "DataBlock")
                 writeFact(text, "  ", fact.keyword, message.stored(fact.field));
         }
-        writeBlock(text, message);
+        writeDataBlock(text, message);
         for (const Entry& item : message.parts)
             writeItem(text, item);
         return text.append(kEndOfTRMessage).append("\r\n");
@@ -200,6 +200,18 @@ public:
     }
 };
 
+/// Lines of a file for people: LF, and without the indentation of the first line.
+std::string withoutIndentation(std::string_view lines) {
+    const std::size_t indentation = std::min(lines.find_first_not_of(' '), lines.size());
+    std::string text;
+    LineReader reader(lines);
+    while (const auto line = reader.next()) {
+        const std::size_t blanks = std::min(line->find_first_not_of(' '), line->size());
+        text.append(text.empty() ? "" : "\n").append(line->substr(std::min(blanks, indentation)));
+    }
+    return text;
+}
+
 } // namespace
 
 const PartForm& trMessageForm() {
@@ -215,6 +227,57 @@ std::string shownPart(const Entry& part) {
                 replaceAll(field.value, "\n", "\n    " + std::string(field.key.size() + 1, ' ')));
     }
     return text;
+}
+
+std::string writtenField(const EntryField& field) {
+    return field.key == kStatements ? withoutIndentation(field.stored) : field.value;
+}
+
+void setWrittenField(EntryField& field, const std::string& written) {
+    if (field.key == kStatements) {
+        const auto part = readPart("TRItem x\n" + written + "\nEndTRItem");
+        field = part->fields.back();
+        return;
+    }
+    field.value = written;
+    field.stored.clear();
+    if (written == kEmptyHead)
+        field.stored = kEmptyHead;
+    else
+        appendFactText(field.stored, written);
+}
+
+std::string writtenPart(const Entry& part) {
+    std::string text;
+    writeItem(text, part);
+    return withoutIndentation(text);
+}
+
+std::optional<Entry> readPart(std::string_view written) {
+    Entry message = TrMessageReader().read(written);
+    if (message.parts.size() != 1 || message.parts.front().find(kStatements) == nullptr)
+        return std::nullopt;
+    return std::move(message.parts.front());
+}
+
+std::optional<std::string> writtenDataBlock(const Entry& message) {
+    std::string text;
+    writeDataBlock(text, message);
+    return text.empty() ? std::nullopt : std::optional(withoutIndentation(text));
+}
+
+void setWrittenDataBlock(Entry& message, const std::optional<std::string>& written) {
+    Entry other = TrMessageReader().read(written.value_or(std::string()));
+    takeDataBlock(message, other);
+}
+
+void takeDataBlock(Entry& message, const Entry& other) {
+    for (EntryField& field : message.fields) {
+        const EntryField* taken = other.find(field.key);
+        if ((field.key == "data" || field.key == kDescription) && taken != nullptr)
+            field = *taken;
+    }
+    message.items = other.items;
 }
 
 } // namespace zb

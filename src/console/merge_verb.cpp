@@ -35,8 +35,8 @@ void printConflict(std::ostream& err, const std::string& file, const MergeConfli
         if (!part->empty())
             err << printable(*part) << ": ";
     }
-    err << "both sides changed it: ours " << shownValue(conflict.ours) << ", theirs "
-        << shownValue(conflict.theirs) << '\n';
+    err << "both sides changed it: ours " << shownValue(shownConflictValue(conflict, conflict.ours))
+        << ", theirs " << shownValue(shownConflictValue(conflict, conflict.theirs)) << '\n';
 }
 
 /// `zbc merge BASE OURS THEIRS -o OUT`

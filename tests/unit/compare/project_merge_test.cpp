@@ -1,5 +1,6 @@
 #include "compare/project_merge.h"
 
+#include "project/project_text.h"
 #include "unit/compare/compared_texts.h"
 
 #include <gtest/gtest.h>
@@ -124,8 +125,8 @@ TEST(ProjectMerge, GivesANameOnce) {
     EXPECT_NE(merge.conflicts.find("message Other@ name:"), std::string::npos) << merge.conflicts;
     const Merged added =
         merged(kHello, changed(kHello, "Hello:", "New:"), kHello + "* n\nNEW: S9 F1 H->E.\n");
-    EXPECT_EQ(added.messages, changed(kHello, "Hello:", "New:"));
-    EXPECT_NE(added.conflicts.find("NEW: S9 F1"), std::string::npos) << added.conflicts;
+    EXPECT_EQ(added.messages, changed(kHello, "Hello:", "New:") + "* n\nNEW_theirs: S9 F1 H->E.\n");
+    EXPECT_EQ(added.conflicts, "message NEW_theirs@ name: - - 'NEW'\n");
 }
 
 TEST(ProjectMerge, GivesAMessageOneKeyAndItsItemsDifferentNames) {
@@ -206,9 +207,45 @@ TEST(ProjectMerge, ReportsItemsOfADataBlockThatTheOtherSideRemoved) {
                                 "  Report False\n  Direction 2\nEndTRMessage\n";
     const ProjectMerge merge = mergeProjects(projectOf("", with), projectOf("", without),
                                              projectOf("", changed(with, "A 0", "A 5")));
-    EXPECT_NE(linesOf(merge.conflicts).find("tr-message Say@ data: 'U1 1 A 0' - 'U1 1 A 5'"),
-              std::string::npos)
-        << linesOf(merge.conflicts);
+    const std::string block = "DataBlock Data: S1 F2 H<-E\n  Item 1 U1 1 A ";
+    EXPECT_EQ(linesOf(merge.conflicts), "tr-message Say@ block: '" + block + "0' - '" + block + "5'\n");
+    const ProjectMerge theirs = mergeProjects(projectOf("", with), projectOf("", without),
+                                              projectOf("", changed(with, "A 0", "A 5")), Preferred::Theirs);
+    EXPECT_EQ(composeProject(theirs.project), composeProject(projectOf("", changed(with, "A 0", "A 5"))));
+}
+
+TEST(ProjectMerge, PlacesAConflictAmongTheItemsThatOnlyOneSideAdded) {
+    const std::string theirs =
+        changed(changed(kData, "L 2", "L 3"), "        A 6 MDLN", "        U1 1 NEW 0\n        A 6 MDLN");
+    const Merged text = merged(kData, changed(kData, "V01R01", "V02"), changed(theirs, "V01R01", "V03"));
+    EXPECT_EQ(text.messages, changed(theirs, "V01R01", "V02"));
+    EXPECT_EQ(text.conflicts.find("item Data@1/3 text:"), 0U) << text.conflicts;
+    // An item that ours removed would be after the one that it follows.
+    const std::string ours = changed(changed(kData, "L 2", "L 1"), "        A 6 MDLN 'ETCHER'\n", "");
+    const Merged gone = merged(kData, ours, changed(theirs, "ETCHER", "E2"));
+    EXPECT_EQ(gone.conflicts.find("item Data@1/2 : 'A 6 MDLN 'ETCHER'' - "), 0U) << gone.conflicts;
+}
+
+TEST(ProjectMerge, PlacesAConflictInTheMessageThatTheOtherSideRenamed) {
+    const Merged merge = merged(kData, changed(kData, "V01R01", "V02"),
+                                changed(changed(kData, "V01R01", "V03"), "Data: S1", "New: S1"));
+    EXPECT_EQ(merge.conflicts.find("item New@1/2 text:"), 0U) << merge.conflicts;
+}
+
+TEST(ProjectMerge, ReportsATrItemThatBothSidesMovedDifferently) {
+    const auto model = [](const std::string& order) {
+        std::string text = "###[TRANSACTION MODEL] 1\n## [TR MESSAGE] Say\n  SECSMessage Data\n";
+        for (const char name : order)
+            text.append("  TRItem ")
+                .append(1, name)
+                .append("\n    Type STRING\n    Value ")
+                .append(1, name)
+                .append("\n  EndTRItem\n");
+        return text + "EndTRMessage\n";
+    };
+    const ProjectMerge merge = mergeProjects(projectOf(kData, model("ABCD")), projectOf(kData, model("BCDA")),
+                                             projectOf(kData, model("BCAD")));
+    EXPECT_EQ(linesOf(merge.conflicts), "tr-item Say@A position: '1' '4' '3'\n");
 }
 
 } // namespace
