@@ -2,6 +2,7 @@
 
 #include "compare/conflict_file.h"
 #include "compare/part_value.h"
+#include "compare/place_following.h"
 #include "compare/project_merge.h"
 #include "messages/library_store.h"
 #include "messages/smd/smd_text.h"
@@ -221,24 +222,41 @@ void Comparisons::solveConflicts() {
         report(fs::path(conflictsFile()).filename().string(), "it is no list of conflicts");
 }
 
-// The files of the merge are gone: each side is the project with its values.
-void Comparisons::showConflicts(const Conflicts& conflicts) {
-    app_.desktop.withdraw(kConflictsTopic);
-    app_.frmCompare.compare({{"Base", withValues(conflicts, &MergeConflict::base)},
-                             ComparedVersion{"Theirs", withValues(conflicts, &MergeConflict::theirs)},
-                             CompareScope::Whole,
-                             conflicts});
-}
+namespace {
 
-std::shared_ptr<const Project>
-Comparisons::withValues(const Conflicts& conflicts, std::optional<std::string> MergeConflict::*side) const {
-    Project project = parseProject(text());
-    for (const MergeConflict& conflict : conflicts) {
-        auto changed = withValue(project, {conflict.kind, conflict.place, conflict.field}, conflict.*side);
-        if (changed)
+/// The merged project with the values of one side in the places of the conflicts.
+std::shared_ptr<const Project> withValues(const std::string& merged,
+                                          const std::vector<MergeConflict>& conflicts,
+                                          std::optional<std::string> MergeConflict::*side,
+                                          const Progress& progress) {
+    const Project before = parseProject(merged);
+    Project project = parseProject(merged);
+    for (std::size_t at = 0; at < conflicts.size(); ++at) {
+        progress.at(at, conflicts.size());
+        // What was set before may have moved the items after it.
+        const ValuePlace place = followPlaces(before, project, {placeOfConflict(conflicts[at])}).front();
+        if (auto changed = withValue(project, place, conflicts[at].*side))
             project = std::move(changed).value();
     }
     return std::make_shared<const Project>(std::move(project));
+}
+
+} // namespace
+
+// The files of the merge are gone: each side is the project with its values.
+void Comparisons::showConflicts(const Conflicts& conflicts) {
+    app_.desktop.withdraw(kConflictsTopic);
+    const std::string merged = text();
+    std::shared_ptr<const Project> base;
+    std::shared_ptr<const Project> theirs;
+    const bool done =
+        app_.desktop.screen().doLongWork("Reading the conflicts", [&](const Progress& progress) {
+            base = withValues(merged, conflicts, &MergeConflict::base, progress.part(0, 0.5));
+            theirs = withValues(merged, conflicts, &MergeConflict::theirs, progress.part(0.5, 1));
+        });
+    if (done)
+        app_.frmCompare.compare(
+            {{"Base", base}, ComparedVersion{"Theirs", theirs}, CompareScope::Whole, conflicts});
 }
 
 void Comparisons::solveMerge(const std::string& base, const std::string& ours, const std::string& theirs) {
@@ -271,7 +289,7 @@ void Comparisons::solveMerge(const std::string& base, const std::string& ours, c
 }
 
 void Comparisons::projectSaved() {
-    if (app_.frmCompare.conflicts.conflicts().empty())
+    if (app_.frmCompare.conflicts.empty())
         return;
     const Conflicts undecided = app_.frmCompare.conflicts.undecided();
     const std::string file = conflictsFile();

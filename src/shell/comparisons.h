@@ -5,7 +5,6 @@
 #include "workbench/open_project.h"
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -50,8 +49,6 @@ private:
     std::string conflictsFile() const;
     std::optional<Conflicts> readConflictsFile() const;
     void showConflicts(const Conflicts& conflicts);
-    std::shared_ptr<const Project> withValues(const Conflicts& conflicts,
-                                              std::optional<std::string> MergeConflict::*side) const;
     void compareWithVersionOf(const std::string& path, int number, const std::string& shown);
     void report(const std::string& what, const std::string& why);
 

@@ -68,11 +68,13 @@ bool differsHere(const AlignedRow& row, std::size_t others) {
 }
 
 std::unique_ptr<NodeTree> treeOfVersion(const AlignedProjects& projects, std::size_t version,
-                                        std::size_t others, const UrgentRows& urgent) {
+                                        std::size_t others, const UrgentRows& urgent,
+                                        const Progress& progress) {
     auto tree = std::make_unique<NodeTree>();
     const NodeTree::Filling filling(*tree);
     std::vector<Node*> last; // of each level
     for (std::size_t at = 0; at < projects.rows.size(); ++at) {
+        progress.at(at, projects.rows.size());
         const AlignedRow& row = projects.rows[at];
         const char sign = signOf(projects.rows, at, version, others);
         std::string text;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "compare/aligned_rows.h"
+#include "platform/progress.h"
 #include "platform/tree/node_tree.h"
 
 #include <cstddef>
@@ -17,7 +18,8 @@ using UrgentRows = std::vector<bool>;
 /// for what differs, and "!" follows for what is urgent; an equal row has no sign. The text of a missing row
 /// is empty.
 std::unique_ptr<NodeTree> treeOfVersion(const AlignedProjects& projects, std::size_t version,
-                                        std::size_t others, const UrgentRows& urgent);
+                                        std::size_t others, const UrgentRows& urgent,
+                                        const Progress& progress = {});
 
 /// The row after the last one below this one.
 std::size_t endOfRows(const std::vector<AlignedRow>& rows, std::size_t row);

@@ -1,5 +1,7 @@
 #include "workbench/conflict_panel.h"
 
+#include "compare/conflict_file.h"
+#include "compare/place_following.h"
 #include "controls/window.h"
 #include "platform/text.h"
 
@@ -39,83 +41,110 @@ ConflictPanel::ConflictPanel(Window& window)
     lvwConflicts.onMouseUp = [this](int /*button*/, ListRow* /*row*/) { choose(); };
     lvwConflicts.onReached = [this](ListRow& /*row*/) { choose(); };
     cmdOurs.onClick = [this] {
-        if (const auto at = chosen())
-            decide(conflicts_[*at].ours);
+        const Row* row = chosen();
+        // A position is that among ours, and the merge may have put other parts before it.
+        if (row != nullptr)
+            decide(ConflictChoice::Of::Ours,
+                   row->conflict.field == "position" ? row->first : row->conflict.ours);
     };
     cmdTheirs.onClick = [this] {
-        if (const auto at = chosen())
-            decide(conflicts_[*at].theirs);
+        if (const Row* row = chosen())
+            decide(ConflictChoice::Of::Theirs, row->conflict.theirs);
     };
-    cmdByHand.onClick = [this] { decide(replaceAll(txtByHand.text(), "\r", "")); };
+    cmdByHand.onClick = [this] {
+        decide(ConflictChoice::Of::ByHand, replaceAll(txtByHand.text(), "\r", ""));
+    };
     cmdByHand.setToolTip("Sets this value in the open project. Left as it is, it is decided for");
     choose();
 }
 
-void ConflictPanel::show(std::vector<MergeConflict> conflicts) {
-    conflicts_ = std::move(conflicts);
-    decided_.assign(conflicts_.size(), false);
-    now_.assign(conflicts_.size(), std::nullopt);
+void ConflictPanel::show(std::vector<MergeConflict> conflicts, std::shared_ptr<const Project> merged) {
+    rows_.clear();
     lvwConflicts.clear();
-    for (std::size_t at = 0; at < conflicts_.size(); ++at)
-        lvwConflicts.add({}, std::to_string(at));
-    pnlConflicts.setVisible(!conflicts_.empty());
-    lvwConflicts.select(conflicts_.empty() ? nullptr : lvwConflicts.find("0"));
+    for (MergeConflict& conflict : conflicts) {
+        Row row{std::move(conflict), {}, {}, {}, {}, {}};
+        row.place = placeOfConflict(row.conflict);
+        lvwConflicts.add({}, std::to_string(rows_.size()));
+        rows_.push_back(std::move(row));
+    }
+    merged_ = std::move(merged);
+    isFresh_ = true;
+    pnlConflicts.setVisible(!rows_.empty());
+    lvwConflicts.select(rows_.empty() ? nullptr : lvwConflicts.find("0"));
 }
 
 void ConflictPanel::refresh(const Project& open) {
-    for (std::size_t at = 0; at < conflicts_.size(); ++at) {
-        now_[at] = valueAt(open, placeOf(conflicts_[at]));
+    std::vector<ValuePlace> places;
+    for (const Row& row : rows_)
+        places.push_back(placeOfConflict(row.conflict));
+    if (merged_ != nullptr && !rows_.empty())
+        places = followPlaces(*merged_, open, places);
+    const std::vector<Text> values = valuesAt(open, places);
+    for (std::size_t at = 0; at < rows_.size(); ++at) {
+        Row& row = rows_[at];
+        row.place = places[at];
+        row.now = values[at];
+        if (isFresh_)
+            row.first = row.now;
         fillRow(at);
     }
+    isFresh_ = false;
     choose();
 }
 
 std::vector<MergeConflict> ConflictPanel::undecided() const {
     std::vector<MergeConflict> open;
-    for (std::size_t at = 0; at < conflicts_.size(); ++at) {
-        if (!decided_[at])
-            open.push_back(conflicts_[at]);
+    for (const Row& row : rows_) {
+        if (!row.isDecided())
+            open.push_back(row.conflict);
     }
     return open;
 }
 
-std::optional<std::size_t> ConflictPanel::chosen() const {
-    const ListRow* row = lvwConflicts.selected();
-    const int position = lvwConflicts.positionOf(row);
-    return position == 0 ? std::nullopt : std::optional(static_cast<std::size_t>(position) - 1);
+ConflictPanel::Row* ConflictPanel::chosen() {
+    const int position = lvwConflicts.positionOf(lvwConflicts.selected());
+    return position == 0 ? nullptr : &rows_[static_cast<std::size_t>(position) - 1];
 }
 
 void ConflictPanel::choose() {
-    const auto at = chosen();
+    const Row* row = chosen();
     for (Button* button : {&cmdOurs, &cmdTheirs, &cmdByHand})
-        button->setEnabled(at.has_value());
-    txtByHand.setText(at ? now_[*at].value_or(std::string()) : std::string());
-    if (at && onChoose)
-        onChoose(conflicts_[*at]);
+        button->setEnabled(row != nullptr);
+    txtByHand.setText(row == nullptr ? std::string() : row->now.value_or(std::string()));
+    if (row != nullptr && onChoose)
+        onChoose(row->conflict, row->place);
 }
 
-void ConflictPanel::decide(const std::optional<std::string>& value) {
-    const auto at = chosen();
-    if (!at || !onDecide || !onDecide(MergeConflict(conflicts_[*at]), value))
+void ConflictPanel::decide(ConflictChoice::Of of, const Text& value) {
+    Row* row = chosen();
+    if (row == nullptr || !onDecide || !onDecide({row->conflict, row->place, of, value}))
         return;
-    decided_[*at] = true;
-    fillRow(*at);
+    row->decided = of;
+    row->decidedValue = row->now;
+    fillRow(static_cast<std::size_t>(row - rows_.data()));
 }
 
-std::string ConflictPanel::stateOf(std::size_t at) const {
-    if (!decided_[at])
+std::string ConflictPanel::stateOf(const Row& row) {
+    if (!row.isDecided())
         return "! ";
-    if (now_[at] == conflicts_[at].ours)
+    const bool asDecided = row.now == row.decidedValue;
+    if (row.now == row.conflict.theirs || (asDecided && row.decided == ConflictChoice::Of::Theirs))
+        return "theirs: ";
+    if (row.now == row.conflict.ours || (asDecided && row.decided == ConflictChoice::Of::Ours))
         return "ours: ";
-    return now_[at] == conflicts_[at].theirs ? "theirs: " : "by hand: ";
+    return "by hand: ";
 }
 
 void ConflictPanel::fillRow(std::size_t at) {
-    ListRow& row = *lvwConflicts.rows()[at];
-    row.setCell(0, placeText(conflicts_[at]));
-    row.setCell(1, inOneLine(conflicts_[at].ours));
-    row.setCell(2, inOneLine(conflicts_[at].theirs));
-    row.setCell(3, stateOf(at) + inOneLine(now_[at]));
+    const Row& row = rows_[at];
+    ListRow& shown = *lvwConflicts.rows()[at];
+    shown.setCell(0, placeText(row.conflict));
+    const auto cell = [&row](const Text& value) {
+        return inOneLine(shownConflictValue(row.conflict, value));
+    };
+    shown.setCell(1, cell(row.conflict.ours));
+    shown.setCell(2, cell(row.conflict.theirs));
+    shown.setCell(3, stateOf(row) + cell(row.now));
 }
 
 } // namespace zb

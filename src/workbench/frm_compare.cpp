@@ -56,48 +56,54 @@ void frmCompare::wire() {
         tree->onNodeClick = choose;
         tree->onReached = choose;
     }
-    conflicts.onDecide = [this](const MergeConflict& conflict, const std::optional<std::string>& value) {
-        return solve(conflict, value);
+    conflicts.onDecide = [this](const ConflictChoice& choice) { return solve(choice); };
+    conflicts.onChoose = [this](const MergeConflict& /*conflict*/, const ValuePlace& place) {
+        showConflict(place);
     };
-    conflicts.onChoose = [this](const MergeConflict& conflict) { showConflict(conflict); };
-    for (Control* control : controls()) {
-        control->onKeyDown = [this](KeyEvent key) {
-            if (key.code == kDifferenceKey)
-                go((key.shift & kShiftKey) != 0 ? Way::Back : Way::On);
-        };
-    }
+    addKey({kDifferenceKey, 0}, "Goes to the next difference", Way::On);
+    addKey({kDifferenceKey, kShiftKey}, "Goes to the difference before", Way::Back);
+}
+
+void frmCompare::addKey(KeyEvent key, const char* purpose, Way way) {
+    KeyCommand command;
+    command.key = key;
+    command.place = {this, {}};
+    command.where = "Compare";
+    command.purpose = purpose;
+    command.run = [this, way] {
+        go(way);
+        return true;
+    };
+    desktop().keys().add(std::move(command));
 }
 
 void frmCompare::compare(Comparison comparison) {
     comparison_ = std::move(comparison);
     row_.reset();
-    conflicts.show(comparison_->conflicts);
+    showConflicts();
     if (!align()) {
         forget();
         return;
     }
     setTitleNote(comparison_->left.name + " and " + project_.name());
     show();
-    if (!stops_.empty() && !row_)
-        select(stops_.front());
+    if (!shown_.stops.empty() && !row_)
+        select(shown_.stops.front());
 }
 
 void frmCompare::forget() {
     if (visible())
         hide();
     comparison_.reset();
-    conflicts.show({});
-    open_ = Project();
-    aligned_ = AlignedProjects();
-    effects_.clear();
-    stops_.clear();
+    conflicts.show({}, nullptr);
+    shown_ = Shown();
     row_.reset();
     fillTrees();
     showRow();
 }
 
 void frmCompare::follow() {
-    if (visible() && comparison_ && project_.text() != openText_)
+    if (visible() && comparison_ && project_.text() != shown_.openText)
         refresh();
 }
 
@@ -106,20 +112,29 @@ void frmCompare::refresh() {
         return;
     const std::optional<std::size_t> before = row_;
     row_.reset();
-    // What is shown would not be the open project any more.
-    if (!align())
-        forget();
-    else if (before && !row_ && !aligned_.rows.empty())
-        select(std::min(*before, aligned_.rows.size() - 1));
+    const bool done = align();
+    if (!done && project_.text() != shown_.openText)
+        forget(); // what is shown is not the open project any more
+    else if (!done)
+        row_ = before;
+    else if (before && !row_ && !shown_.aligned.rows.empty())
+        select(std::min(*before, shown_.aligned.rows.size() - 1));
+    else if (!row_ && !shown_.stops.empty())
+        select(shown_.stops.front());
 }
 
 void frmCompare::showOtherRows() {
-    const auto stop = row_ ? std::lower_bound(stops_.begin(), stops_.end(), *row_) : stops_.end();
-    const bool isStop = stop != stops_.end() && *stop == *row_;
-    const auto number = static_cast<std::size_t>(stop - stops_.begin());
+    if (!comparison_ || chkOnlyDifferences.checked() == shown_.onlyDifferences)
+        return;
+    const auto stop =
+        row_ ? std::lower_bound(shown_.stops.begin(), shown_.stops.end(), *row_) : shown_.stops.end();
+    const bool isStop = stop != shown_.stops.end() && *stop == *row_;
+    const auto number = static_cast<std::size_t>(stop - shown_.stops.begin());
     refresh();
-    if (isStop && number < stops_.size())
-        select(stops_[number]);
+    // The user may have cancelled it.
+    chkOnlyDifferences.setChecked(shown_.onlyDifferences);
+    if (isStop && number < shown_.stops.size())
+        select(shown_.stops[number]);
 }
 
 const ComparedVersion& frmCompare::other(std::size_t at) const {
@@ -127,29 +142,30 @@ const ComparedVersion& frmCompare::other(std::size_t at) const {
 }
 
 bool frmCompare::align() {
-    std::string text = project_.text();
-    const auto extent = chkOnlyDifferences.checked() ? AlignedExtent::OnlyDifferences : AlignedExtent::All;
+    Shown shown;
+    shown.onlyDifferences = chkOnlyDifferences.checked();
+    shown.openText = project_.text();
+    const bool done =
+        desktop().screen().doLongWork("Comparing", [&](const Progress& progress) { make(shown, progress); });
+    if (!done)
+        return false;
+    shown_ = std::move(shown);
+    fillTrees();
+    showRow();
+    conflicts.refresh(shown_.open);
+    return true;
+}
+
+// Touches no control: it may be done on another thread.
+void frmCompare::make(Shown& shown, const Progress& progress) const {
+    const auto extent = shown.onlyDifferences ? AlignedExtent::OnlyDifferences : AlignedExtent::All;
     std::vector<const Project*> versions;
     for (std::size_t at = 0; at < others(); ++at)
         versions.push_back(other(at).project.get());
-    Project open;
-    AlignedProjects aligned;
-    std::vector<CompatibilityFinding> effects;
-    const bool done = desktop().screen().doLongWork("Comparing", [&](const Progress& progress) {
-        open = parseProject(text, progress.part(0, 0.3));
-        aligned = alignProjects(open, versions, comparison_->scope, extent, progress.part(0.3, 0.8));
-        effects = judge(open, aligned.differences[0]);
-    });
-    if (!done)
-        return false;
-    openText_ = std::move(text);
-    open_ = std::move(open);
-    aligned_ = std::move(aligned);
-    effects_ = std::move(effects);
-    fillTrees();
-    showRow();
-    conflicts.refresh(open_);
-    return true;
+    shown.open = parseProject(shown.openText, progress.part(0, 0.2));
+    shown.aligned = alignProjects(shown.open, versions, comparison_->scope, extent, progress.part(0.2, 0.6));
+    shown.effects = judge(shown.open, shown.aligned.differences[0]);
+    layOut(shown, progress.part(0.6, 1));
 }
 
 std::vector<CompatibilityFinding> frmCompare::judge(const Project& open, const Differences& toLeft) const {
@@ -159,28 +175,36 @@ std::vector<CompatibilityFinding> frmCompare::judge(const Project& open, const D
     return judgeCompatibility(*comparison_->left.project, open, changes);
 }
 
-void frmCompare::fillTrees() {
-    const std::size_t count = comparison_ ? others() : 1;
-    urgent_.assign(aligned_.rows.size(), false);
-    stops_.clear();
-    for (std::size_t at = 0; at < aligned_.rows.size(); ++at) {
-        const AlignedRow& row = aligned_.rows[at];
-        if (differsHere(row, count))
-            stops_.push_back(at);
-        for (const std::size_t difference : row.differences[0]) {
-            const Compatibility effect = effects_[difference].effect;
-            urgent_[at] = urgent_[at] || breaksHost(effect) || breaksEquipment(effect);
+void frmCompare::layOut(Shown& shown, const Progress& progress) const {
+    const std::vector<AlignedRow>& rows = shown.aligned.rows;
+    shown.urgent.assign(rows.size(), false);
+    for (std::size_t at = 0; at < rows.size(); ++at) {
+        if (differsHere(rows[at], others()))
+            shown.stops.push_back(at);
+        for (const std::size_t difference : rows[at].differences[0]) {
+            const Compatibility effect = shown.effects[difference].effect;
+            shown.urgent[at] = shown.urgent[at] || breaksHost(effect) || breaksEquipment(effect);
         }
     }
-    tvwLeft.replaceNodes(treeOfVersion(aligned_, 1, count, urgent_));
-    tvwProject.replaceNodes(treeOfVersion(aligned_, 0, count, urgent_));
-    tvwRight.replaceNodes(count == 2 ? treeOfVersion(aligned_, 2, count, urgent_)
-                                     : std::make_unique<NodeTree>());
+    for (std::size_t version = 0; version <= others(); ++version)
+        shown.trees[version] = treeOfVersion(
+            shown.aligned, version, others(), shown.urgent,
+            progress.part(0.33 * static_cast<double>(version), 0.33 * static_cast<double>(version + 1)));
+}
+
+void frmCompare::fillTrees() {
+    const bool hasRight = comparison_ && comparison_->right;
+    // The project is the first version, between the others on the screen.
+    const std::array<Tree*, kMostVersions> trees{&tvwProject, &tvwLeft, &tvwRight};
+    for (std::size_t version = 0; version < trees.size(); ++version) {
+        auto nodes = std::move(shown_.trees[version]);
+        trees[version]->replaceNodes(nodes ? std::move(nodes) : std::make_unique<NodeTree>());
+    }
     expansion_.restart();
-    pnlRight.setVisible(count == 2);
+    pnlRight.setVisible(hasRight);
     lblLeft.setText(comparison_ ? comparison_->left.name : std::string());
     lblProject.setText(comparison_ ? project_.name() : std::string());
-    lblRight.setText(count == 2 ? comparison_->right->name : std::string());
+    lblRight.setText(hasRight ? comparison_->right->name : std::string());
 }
 
 void frmCompare::select(std::size_t row) {
@@ -197,24 +221,25 @@ void frmCompare::select(std::size_t row) {
 }
 
 void frmCompare::showRow() {
-    const auto place = row_ ? std::lower_bound(stops_.begin(), stops_.end(), *row_) : stops_.end();
-    const bool isStop = place != stops_.end() && *place == *row_;
-    const std::string all = std::to_string(stops_.size());
-    if (stops_.empty())
+    const auto place =
+        row_ ? std::lower_bound(shown_.stops.begin(), shown_.stops.end(), *row_) : shown_.stops.end();
+    const bool isStop = place != shown_.stops.end() && *place == *row_;
+    const std::string all = std::to_string(shown_.stops.size());
+    if (shown_.stops.empty())
         lblCount.setText(comparison_ ? "No differences" : "");
     else
-        lblCount.setText(isStop ? std::to_string(place - stops_.begin() + 1) + " of " + all
-                                : all + (stops_.size() == 1 ? " difference" : " differences"));
+        lblCount.setText(isStop ? std::to_string(place - shown_.stops.begin() + 1) + " of " + all
+                                : all + (shown_.stops.size() == 1 ? " difference" : " differences"));
     lblDifference.setText(row_ ? describeRow() : std::string());
-    cmdNext.setEnabled(!stops_.empty() && (!row_ || stops_.back() > *row_));
-    cmdPrevious.setEnabled(row_ && !stops_.empty() && stops_.front() < *row_);
+    cmdNext.setEnabled(!shown_.stops.empty() && (!row_ || shown_.stops.back() > *row_));
+    cmdPrevious.setEnabled(row_ && !shown_.stops.empty() && shown_.stops.front() < *row_);
     cmdTakeLeft.setEnabled(row_ && !differencesBelow(0).empty());
     cmdTakeRight.setEnabled(row_ && comparison_->right && !differencesBelow(1).empty());
 }
 
 std::string frmCompare::describeRow() const {
     std::string text;
-    const AlignedRow& row = aligned_.rows[*row_];
+    const AlignedRow& row = shown_.aligned.rows[*row_];
     for (std::size_t other = 0; other < others(); ++other) {
         for (const std::size_t difference : row.differences[other])
             text.append(text.empty() ? "" : "; ").append(describe(other, difference));
@@ -224,14 +249,14 @@ std::string frmCompare::describeRow() const {
 
 std::string frmCompare::describe(std::size_t other, std::size_t difference) const {
     // The left is earlier, and the right is later than the project.
-    const Difference& given = aligned_.differences[other][difference];
+    const Difference& given = shown_.aligned.differences[other][difference];
     const Difference shown = other == 0 ? inverted(given) : given;
     std::string text(wordOf(shown.change));
     if (!shown.field.empty())
         text += " " + shown.field + ": " + shownValue(shown.before) + " -> " + shownValue(shown.after);
     if (other > 0)
         return text + " (" + comparison_->right->name + ")";
-    const CompatibilityFinding& finding = effects_[difference];
+    const CompatibilityFinding& finding = shown_.effects[difference];
     if (finding.effect == Compatibility::None)
         return text;
     text += " - " + std::string(wordOf(finding.effect));
@@ -241,32 +266,33 @@ std::string frmCompare::describe(std::size_t other, std::size_t difference) cons
 }
 
 void frmCompare::go(Way way) {
-    if (!comparison_ || stops_.empty())
+    if (!comparison_ || shown_.stops.empty())
         return;
     if (way == Way::On) {
-        const auto next = row_ ? std::upper_bound(stops_.begin(), stops_.end(), *row_) : stops_.begin();
-        if (next != stops_.end())
+        const auto next =
+            row_ ? std::upper_bound(shown_.stops.begin(), shown_.stops.end(), *row_) : shown_.stops.begin();
+        if (next != shown_.stops.end())
             select(*next);
     } else if (row_) {
-        const auto here = std::lower_bound(stops_.begin(), stops_.end(), *row_);
-        if (here != stops_.begin())
+        const auto here = std::lower_bound(shown_.stops.begin(), shown_.stops.end(), *row_);
+        if (here != shown_.stops.begin())
             select(*std::prev(here));
     }
 }
 
 Differences frmCompare::differencesBelow(std::size_t other) const {
     Differences list;
-    const std::size_t end = endOfRows(aligned_.rows, *row_);
+    const std::size_t end = endOfRows(shown_.aligned.rows, *row_);
     for (std::size_t at = *row_; at < end; ++at) {
-        for (const std::size_t difference : aligned_.rows[at].differences[other])
-            list.push_back(aligned_.differences[other][difference]);
+        for (const std::size_t difference : shown_.aligned.rows[at].differences[other])
+            list.push_back(shown_.aligned.differences[other][difference]);
     }
     return list;
 }
 
 std::string frmCompare::nameOfRow() const {
     for (std::size_t at = *row_ + 1; at-- > 0;) {
-        const AlignedRow& row = aligned_.rows[at];
+        const AlignedRow& row = shown_.aligned.rows[at];
         if (row.role != AlignedRow::Role::Part && row.role != AlignedRow::Role::Section && row.level > 1)
             continue;
         const auto text = std::find_if(row.texts.begin(), row.texts.end(),
@@ -282,55 +308,75 @@ void frmCompare::take(std::size_t other) {
     const Differences wanted = differencesBelow(other);
     if (wanted.empty())
         return;
-    project_.change(takeDifferences(open_, *this->other(other).project, wanted), "Take " + nameOfRow());
+    project_.change(takeDifferences(shown_.open, *this->other(other).project, wanted), "Take " + nameOfRow());
     follow();
     // On to what is next in the place of what was taken.
-    const auto next = row_ ? std::lower_bound(stops_.begin(), stops_.end(), *row_) : stops_.end();
-    if (next != stops_.end())
+    const auto next =
+        row_ ? std::lower_bound(shown_.stops.begin(), shown_.stops.end(), *row_) : shown_.stops.end();
+    if (next != shown_.stops.end())
         select(*next);
 }
 
-// Where the value alone does not say enough, the whole of theirs is taken.
-bool frmCompare::solve(const MergeConflict& conflict, const std::optional<std::string>& value) {
-    const ValuePlace place = ConflictPanel::placeOf(conflict);
-    if (valueAt(open_, place) == value)
+// The places of the conflicts are those in the project as it is now.
+void frmCompare::showConflicts() {
+    const bool none = comparison_->conflicts.empty();
+    conflicts.show(std::move(comparison_->conflicts),
+                   none ? nullptr : std::make_shared<const Project>(parseProject(project_.text())));
+}
+
+bool frmCompare::solve(const ConflictChoice& choice) {
+    if (valueAt(shown_.open, choice.place) == choice.value)
         return true;
-    Result<Project, std::string> solved = withValue(open_, place, value);
-    const Differences theirs = differencesOf(conflict);
-    if (!solved && value == conflict.theirs && !theirs.empty())
-        solved = takeDifferences(open_, *comparison_->right->project, theirs);
-    if (!solved) {
-        desktop().post({conflict.place.name + " cannot be set here: " + solved.error()});
+    Result<Project, std::string> result = solved(choice);
+    if (!result) {
+        desktop().post({choice.place.place.name + " cannot be set here: " + result.error()});
         return false;
     }
-    project_.change(std::move(solved).value(), "Solve " + conflict.place.name);
+    project_.change(std::move(result).value(), "Solve " + choice.place.place.name);
     follow();
     return true;
 }
 
-Differences frmCompare::differencesOf(const MergeConflict& conflict) const {
+Result<Project, std::string> frmCompare::solved(const ConflictChoice& choice) const {
+    const MergeConflict& conflict = choice.conflict;
+    const bool isTheirs = choice.of == ConflictChoice::Of::Theirs;
+    const Differences theirs = isTheirs ? differencesOf(choice) : Differences();
+    // Among other parts than theirs a number is another place.
+    if (conflict.field == "position" && !theirs.empty())
+        return takeDifferences(shown_.open, *comparison_->right->project, theirs);
+    const bool isText = conflict.field == "statements" ||
+                        (conflict.kind == PartKind::TrItem && conflict.field.empty() && choice.value);
+    if (choice.of == ConflictChoice::Of::ByHand && isText)
+        return std::string("statements are changed in the modeler");
+    return withValue(shown_.open, choice.place, choice.value);
+}
+
+Differences frmCompare::differencesOf(const ConflictChoice& choice) const {
     Differences list;
-    for (const Difference& difference : aligned_.differences[1]) {
-        const bool isThere = difference.kind == conflict.kind && difference.placeBefore == conflict.place;
-        if (isThere && (conflict.field.empty() || difference.field == conflict.field ||
-                        difference.kind == PartKind::Item))
+    for (const Difference& difference : shown_.aligned.differences[1]) {
+        if (difference.kind == choice.place.kind && difference.placeBefore == choice.place.place &&
+            difference.field == choice.place.field)
             list.push_back(difference);
     }
     return list;
 }
 
-void frmCompare::showConflict(const MergeConflict& conflict) {
-    for (std::size_t row = 0; row < aligned_.rows.size(); ++row) {
-        for (const std::size_t at : aligned_.rows[row].differences[1]) {
-            const Difference& difference = aligned_.differences[1][at];
-            if (difference.placeBefore == conflict.place &&
-                (conflict.field.empty() || difference.field == conflict.field ||
-                 !conflict.place.path.empty())) {
+void frmCompare::showConflict(const ValuePlace& place) {
+    std::optional<std::size_t> nearest;
+    for (std::size_t row = 0; row < shown_.aligned.rows.size(); ++row) {
+        for (const std::size_t at : shown_.aligned.rows[row].differences[1]) {
+            const Difference& difference = shown_.aligned.differences[1][at];
+            if (difference.placeBefore == place.place &&
+                (place.field.empty() || difference.field == place.field || !place.place.path.empty())) {
                 select(row);
                 return;
             }
+            if (!nearest && difference.placeBefore.name == place.place.name)
+                nearest = row;
         }
     }
+    if (nearest)
+        select(*nearest);
 }
 
 } // namespace zb

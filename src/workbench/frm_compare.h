@@ -2,13 +2,16 @@
 
 #include "compare/aligned_rows.h"
 #include "compare/compatibility.h"
+#include "controls/key.h"
 #include "controls/simple_controls.h"
 #include "controls/tree.h"
 #include "controls/window.h"
+#include "platform/result.h"
 #include "workbench/aligned_trees.h"
 #include "workbench/conflict_panel.h"
 #include "workbench/paired_expansion.h"
 
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -68,12 +71,28 @@ public:
 private:
     enum class Way { Back, On };
 
+    /// What is shown, made of the open project and of what it is compared with.
+    struct Shown {
+        bool onlyDifferences = true;
+        std::string openText; ///< of the open project, as it was compared
+        Project open;
+        AlignedProjects aligned;
+        std::vector<CompatibilityFinding> effects; ///< of the differences to the left
+        UrgentRows urgent;
+        std::vector<std::size_t> stops;                             ///< rows in which something differs
+        std::array<std::unique_ptr<NodeTree>, kMostVersions> trees; ///< until they are in the controls
+    };
+
     void wire();
+    void addKey(KeyEvent key, const char* purpose, Way way);
     std::size_t others() const { return comparison_->right ? 2 : 1; }
     const ComparedVersion& other(std::size_t at) const;
+    void showConflicts();
     void refresh();
     bool align();
+    void make(Shown& shown, const Progress& progress) const;
     std::vector<CompatibilityFinding> judge(const Project& open, const Differences& toLeft) const;
+    void layOut(Shown& shown, const Progress& progress) const;
     void showOtherRows();
     void fillTrees();
     void select(std::size_t row);
@@ -82,20 +101,16 @@ private:
     std::string describe(std::size_t other, std::size_t difference) const;
     void go(Way way);
     void take(std::size_t other);
-    bool solve(const MergeConflict& conflict, const std::optional<std::string>& value);
-    Differences differencesOf(const MergeConflict& conflict) const;
-    void showConflict(const MergeConflict& conflict);
+    bool solve(const ConflictChoice& choice);
+    Result<Project, std::string> solved(const ConflictChoice& choice) const;
+    Differences differencesOf(const ConflictChoice& choice) const;
+    void showConflict(const ValuePlace& place);
     Differences differencesBelow(std::size_t other) const;
     std::string nameOfRow() const;
 
     OpenProject& project_;
     std::optional<Comparison> comparison_;
-    std::string openText_; // of the open project, as it was compared
-    Project open_;
-    AlignedProjects aligned_;
-    std::vector<CompatibilityFinding> effects_; // of the differences to the left
-    UrgentRows urgent_;
-    std::vector<std::size_t> stops_; // rows in which something differs
+    Shown shown_;
     std::optional<std::size_t> row_; // the selected one
     PairedExpansion expansion_;
 };
