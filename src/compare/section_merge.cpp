@@ -196,13 +196,13 @@ private:
             if (parts_[at].text)
                 byName[form_.nameKey(parts_[at].name)].push_back(at);
         }
-        std::vector<std::size_t> homeless;
+        std::vector<std::size_t> withoutName;
         for (const auto& [key, elements] : byName) {
             if (elements.size() > 1)
-                settleName(key, elements, homeless);
+                settleName(key, elements, withoutName);
         }
-        for (const std::size_t at : homeless)
-            house(parts_[at], byName);
+        for (const std::size_t at : withoutName)
+            giveFreeName(parts_[at], byName);
     }
 
     bool isNamed(const Block* block, const std::string& key) const {
@@ -210,7 +210,7 @@ private:
     }
 
     void settleName(const std::string& key, const std::vector<std::size_t>& elements,
-                    std::vector<std::size_t>& homeless) {
+                    std::vector<std::size_t>& withoutName) {
         std::size_t ours = 0;
         std::size_t theirs = 0;
         for (const std::size_t at : elements) {
@@ -226,7 +226,7 @@ private:
                 continue;
             reportName(part);
             if (kept == nullptr)
-                homeless.push_back(elements[at]);
+                withoutName.push_back(elements[at]);
             else
                 rename(part, kept->name);
             --tooMany;
@@ -234,7 +234,7 @@ private:
     }
 
     /// What the other side added under a name that is given away is kept under another one.
-    void house(PartMerge& part, PartsByName& byName) const {
+    void giveFreeName(PartMerge& part, PartsByName& byName) const {
         if (context_.takes || form_.kind() == PartKind::Project) {
             part.text.reset();
             return;
