@@ -1,6 +1,7 @@
 #include "bench/generated_project.h"
 
 #include <malloc.h>
+#include <sstream>
 #include <sys/resource.h>
 
 namespace zb::bench {
@@ -10,25 +11,20 @@ std::string messageName(std::size_t number) {
 }
 
 std::string projectText(std::size_t messages) {
-    std::string text = "\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n";
+    std::ostringstream text;
+    text << "\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n";
     for (std::size_t number = 1; number <= messages; ++number) {
-        const std::string stream = std::to_string(number % 20 + 1);
-        const std::string function = std::to_string(number % 120 * 2 + 1);
-        text += "* Report " + std::to_string(number) + " of the equipment\r\n";
-        text += messageName(number) + ": S" + stream + " F" + function + " W H<-E\r\n";
-        text += "    U4 1 DATAID 0\r\n    U4 1 CEID " + std::to_string(number) + "\r\n    L 3\r\n";
-        for (int report = 1; report <= 3; ++report) {
-            const std::string suffix = std::to_string(report);
-            text += "        L 5\r\n            U4 1 RPTID" + suffix + " " + suffix + "\r\n";
-            text += "            A 16V PPID" + suffix + " 'RECIPE-1'\r\n            F4 1 PRESSURE" + suffix +
-                    " 12.5\r\n";
-            text +=
-                "            BOOLEAN 1 DOOR" + suffix + " True\r\n            U2 3 SLOTS" + suffix + " 1 2 3";
-            text += "\r\n";
-        }
-        text += "    A 6 MDLN 'HLVFAB'.\r\n";
+        text << "* Report " << number << " of the equipment\r\n"
+             << messageName(number) << ": S" << number % 20 + 1 << " F" << number % 120 * 2 + 1
+             << " W H<-E\r\n    U4 1 DATAID 0\r\n    U4 1 CEID " << number << "\r\n    L 3\r\n";
+        for (int report = 1; report <= 3; ++report)
+            text << "        L 5\r\n            U4 1 RPTID" << report << ' ' << report
+                 << "\r\n            A 16V PPID" << report << " 'RECIPE-1'\r\n            F4 1 PRESSURE"
+                 << report << " 12.5\r\n            BOOLEAN 1 DOOR" << report
+                 << " True\r\n            U2 3 SLOTS" << report << " 1 2 3\r\n";
+        text << "    A 6 MDLN 'HLVFAB'.\r\n";
     }
-    return text;
+    return text.str();
 }
 
 std::string changedText(std::size_t messages, std::size_t first) {
