@@ -2,6 +2,7 @@
 
 #include "rehearsal/packet_reader.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -32,8 +33,9 @@ std::optional<RecordedTime> timeOf(const timeval& stamp) {
 
 class Capture final : public Recording {
 public:
-    Capture(CapturePointer capture, const RecordingOptions& options)
-        : capture_(std::move(capture)), linkType_(pcap_datalink(capture_.get())), packets_(options) {}
+    Capture(CapturePointer capture, std::size_t bytes, const RecordingOptions& options)
+        : capture_(std::move(capture)), linkType_(pcap_datalink(capture_.get())), packets_(options),
+          progress_(options.progress), bytes_(bytes) {}
 
     bool next(RecordedMessage& message) override {
         while (!packets_.take(message)) {
@@ -57,6 +59,8 @@ private:
         const unsigned char* data = nullptr;
         const int result = pcap_next_ex(capture_.get(), &header, &data);
         if (result == 1) {
+            bytesRead_ += sizeof(pcap_pkthdr) + header->caplen;
+            progress_.at(std::min(bytesRead_, bytes_), bytes_);
             packets_.add(linkType_, {reinterpret_cast<const char*>(data), header->caplen}, timeOf(header->ts),
                          ++number_);
             return;
@@ -71,6 +75,9 @@ private:
     CapturePointer capture_;
     int linkType_;
     PacketReader packets_;
+    Progress progress_;
+    std::size_t bytes_;         ///< of the file
+    std::size_t bytesRead_ = 0; ///< roughly
     std::size_t number_ = 0;
     bool ended_ = false;
     std::optional<RecordingFault> fault_;
@@ -92,12 +99,12 @@ Result<std::unique_ptr<Recording>> openCapture(const std::filesystem::path& path
     std::FILE* const file = std::fopen(path.c_str(), "rb");
     if (file == nullptr)
         return systemError(errno);
-    std::array<char, PCAP_ERRBUF_SIZE> fault{};
+    std::array<char, PCAP_ERRBUF_SIZE> why{};
     CapturePointer capture(
-        pcap_fopen_offline_with_tstamp_precision(file, PCAP_TSTAMP_PRECISION_NANO, fault.data()));
+        pcap_fopen_offline_with_tstamp_precision(file, PCAP_TSTAMP_PRECISION_NANO, why.data()));
     if (!capture) {
         std::fclose(file); // NOLINT(cppcoreguidelines-owning-memory): it was not taken over
-        return FileError{0, std::string("the capture cannot be read: ") + fault.data()};
+        return FileError{0, std::string("the capture cannot be read: ") + why.data()};
     }
     if (const int type = pcap_datalink(capture.get()); !PacketReader::knows(type)) {
         const char* const name = pcap_datalink_val_to_name(type);
@@ -105,7 +112,9 @@ Result<std::unique_ptr<Recording>> openCapture(const std::filesystem::path& path
                                 (name != nullptr ? std::string(name) : std::to_string(type)) +
                                 ", which is not supported"};
     }
-    return std::unique_ptr<Recording>(std::make_unique<Capture>(std::move(capture), options));
+    std::error_code fault;
+    const auto bytes = static_cast<std::size_t>(std::filesystem::file_size(path, fault));
+    return std::unique_ptr<Recording>(std::make_unique<Capture>(std::move(capture), bytes, options));
 }
 
 } // namespace zb::rehearsal

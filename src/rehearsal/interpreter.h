@@ -25,6 +25,8 @@ public:
     /// Whether messages of the direction are received by the modeled side.
     bool isReceived(Direction direction) const { return direction == received_; }
 
+    Direction receivedDirection() const { return received_; }
+
     Interpretation interpret(const RecordedMessage& message) const;
 
 private:

@@ -25,6 +25,7 @@ Result<LineSource> LineSource::open(const std::filesystem::path& path) {
     source.file_.open(path, std::ios::binary);
     if (!source.file_)
         return systemError(errno);
+    source.bytes_ = static_cast<std::size_t>(std::filesystem::file_size(path, fault));
     std::string mark(kUtf8Mark.size(), '\0');
     source.file_.read(mark.data(), static_cast<std::streamsize>(mark.size()));
     std::streamoff length = 0;
@@ -59,6 +60,7 @@ bool LineSource::fill() {
     bytes.resize(kept + kChunk);
     file_.read(bytes.data() + kept, static_cast<std::streamsize>(kChunk));
     bytes.resize(kept + static_cast<std::size_t>(file_.gcount()));
+    bytesRead_ += static_cast<std::size_t>(file_.gcount());
     if (utf16_)
         appendUtf16();
     return buffer_.size() > size;

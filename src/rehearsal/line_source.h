@@ -28,6 +28,11 @@ public:
     std::optional<std::string_view> next();
     /// Of the line that `next` returned last, from 1.
     std::size_t lineNumber() const { return lineNumber_; }
+    /// The bytes of the file that have been read, and all that it had when it was opened; 0 for a text.
+    /// @{
+    std::size_t bytesRead() const { return bytesRead_; }
+    std::size_t bytes() const { return bytes_; }
+    /// @}
 
 private:
     bool fill();
@@ -40,6 +45,8 @@ private:
     std::size_t begin_ = 0;
     std::size_t searched_ = 0;
     std::size_t lineNumber_ = 0;
+    std::size_t bytesRead_ = 0;
+    std::size_t bytes_ = 0;
 };
 
 } // namespace zb::rehearsal

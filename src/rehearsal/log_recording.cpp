@@ -25,6 +25,7 @@ LogRecording::LogRecording(LineSource lines, const RecordingOptions& options)
 
 bool LogRecording::next(RecordedMessage& message) {
     while (messages_.empty() && !ended_) {
+        options_.progress.at(lines_.bytesRead(), lines_.bytes());
         if (const auto line = lines_.next())
             readLine(*line);
         else

@@ -46,6 +46,11 @@ public:
     /// All differences, in the order of the message, at most `most`. None when the message is as defined.
     std::vector<Difference> compare(const secs2::Items& items, const CodePage& codePage,
                                     std::size_t most) const;
+    /// How the message as a whole differs from the number of items outside of a list. The path is empty.
+    std::optional<Difference> differenceOfRoot(const secs2::Items& items) const;
+    /// How one item differs from that of the definition, without the members of a list. The path is empty.
+    std::optional<Difference> differenceOfItem(std::size_t index, const secs2::Items& items,
+                                               const secs2::Item& item, const CodePage& codePage) const;
     /// The lists around an item of the definition, the outermost first.
     std::vector<std::size_t> listsAround(std::size_t index) const;
     /// Whether the definition has several items outside of a list; they are compared as members of one list.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/progress.h"
 #include "platform/result.h"
 #include "project/project.h"
 #include "rehearsal/recorded_message.h"
@@ -20,6 +21,8 @@ struct RecordingOptions {
     std::optional<Side> side;
     /// The writer of a log that contains no evidence of its side.
     Side usualWriter = Side::Host;
+    /// Learns how much of the file has been read; cancels the reading.
+    Progress progress = {};
 };
 
 /// A part of a recording that could not be read.

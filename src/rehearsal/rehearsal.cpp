@@ -1,5 +1,7 @@
 #include "rehearsal/rehearsal.h"
 
+#include <utility>
+
 namespace zb::rehearsal {
 
 Rehearsal::Rehearsal(const Project& project, CodePage codePage, std::int64_t replyTimeout)
@@ -14,17 +16,31 @@ void Rehearsal::add(RecordedMessage message) {
             message.direction = replies_.directionOf(message);
         if (message.direction == Direction::Unknown)
             message.direction = interpreter_.directionOf(message.header);
-        verdict.interpretation = interpreter_.interpret(message);
-        verdict.findings = verdict.interpretation.findings;
-        if (verdict.interpretation.transaction != nullptr)
-            verdict.sequence =
-                sequences_.add(message.link, verdict.interpretation.transaction->Name(), verdict.findings);
+        interpret(verdict, message);
         replies_.add(verdict.number, message, verdict.findings, settled);
     }
     const bool waits = !message.header.isControl() && message.header.wait && message.header.function % 2 == 1;
     verdict.message = std::move(message);
     held_.push_back({std::move(verdict), waits});
     settle(settled);
+}
+
+void Rehearsal::interpret(Verdict& verdict, const RecordedMessage& message) {
+    verdict.interpretation = interpreter_.interpret(message);
+    verdict.findings = verdict.interpretation.findings;
+    if (verdict.interpretation.transaction == nullptr)
+        return;
+    SequenceAdvance advance =
+        sequences_.add(message.link, verdict.interpretation.transaction->Name(), verdict.findings);
+    verdict.sequence = std::move(advance.place);
+    verdict.steps = std::move(advance.steps);
+}
+
+Verdict Rehearsal::judge(RecordedMessage message) {
+    Verdict verdict;
+    interpret(verdict, message);
+    verdict.message = std::move(message);
+    return verdict;
 }
 
 void Rehearsal::settle(const std::vector<ReplyCourse::Settled>& settled) {

@@ -16,6 +16,7 @@ struct Verdict {
     RecordedMessage message;
     Interpretation interpretation;
     std::optional<SequencePlace> sequence;
+    std::vector<SequenceStep> steps;        ///< of all sequences that it advances, that of `sequence` first
     std::vector<RehearsalFinding> findings; ///< those of the interpretation, then those of the course
 };
 
@@ -33,6 +34,9 @@ public:
     void add(RecordedMessage message);
     /// The recording has ended.
     void finish();
+    /// A message by itself, such as one that was typed: its place in the sequences is after all messages so
+    /// far, and it is no reply and waits for none. Its number is 0.
+    Verdict judge(RecordedMessage message);
     /// The next verdict that is complete, in the order of the messages.
     std::optional<Verdict> take();
 
@@ -45,6 +49,7 @@ private:
         Verdict verdict;
         bool waits = false;
     };
+    void interpret(Verdict& verdict, const RecordedMessage& message);
     void settle(const std::vector<ReplyCourse::Settled>& settled);
 
     Interpreter interpreter_;

@@ -1,6 +1,7 @@
 #include "rehearsal/sequence_course.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zb::rehearsal {
 
@@ -21,23 +22,26 @@ SequencePlace SequenceCourse::placeOf(std::size_t sequence, std::size_t step) co
     return {sequences_[sequence].name, step, sequences_[sequence].steps.size()};
 }
 
-std::optional<SequencePlace> SequenceCourse::add(std::size_t link, const std::string& transaction,
-                                                 std::vector<RehearsalFinding>& findings) {
+SequenceAdvance SequenceCourse::add(std::size_t link, const std::string& transaction,
+                                    std::vector<RehearsalFinding>& findings) {
     if (!using_.contains(transaction))
-        return std::nullopt;
+        return {};
     ++turn_;
     Progresses& open = links_[link];
-    std::optional<SequencePlace> place = advance(open, transaction);
-    if (!place)
-        place = start(open, transaction, findings);
-    if (!place)
-        place = skipTo(open, transaction, findings);
-    return place;
+    SequenceAdvance result;
+    result.steps = advance(open, transaction);
+    if (result.steps.empty())
+        result.steps = start(open, transaction, findings);
+    if (result.steps.empty())
+        result.steps = skipTo(open, transaction, findings);
+    if (!result.steps.empty())
+        result.place = placeOf(result.steps.front().sequence, result.steps.front().step);
+    return result;
 }
 
-/// All sequences that expect the TR message go on; the one that was last active is reported.
-std::optional<SequencePlace> SequenceCourse::advance(Progresses& open, const std::string& transaction) {
-    std::optional<SequencePlace> place;
+/// All sequences that expect the TR message go on; the one that was last active is the first of them.
+std::vector<SequenceStep> SequenceCourse::advance(Progresses& open, const std::string& transaction) {
+    std::vector<SequenceStep> steps;
     std::size_t latest = 0;
     for (const std::size_t index : using_[transaction]) {
         const auto found = open.find(index);
@@ -45,20 +49,21 @@ std::optional<SequencePlace> SequenceCourse::advance(Progresses& open, const std
             continue;
         Progress& progress = found->second;
         ++progress.done;
-        if (!place || progress.lastTurn > latest) {
+        steps.push_back({index, progress.done});
+        if (progress.lastTurn > latest) {
             latest = progress.lastTurn;
-            place = placeOf(index, progress.done);
+            std::swap(steps.front(), steps.back());
         }
         progress.lastTurn = turn_;
         if (progress.done == sequences_[index].steps.size())
             open.erase(found);
     }
-    return place;
+    return steps;
 }
 
-std::optional<SequencePlace> SequenceCourse::start(Progresses& open, const std::string& transaction,
-                                                   std::vector<RehearsalFinding>& findings) {
-    std::optional<SequencePlace> place;
+std::vector<SequenceStep> SequenceCourse::start(Progresses& open, const std::string& transaction,
+                                                std::vector<RehearsalFinding>& findings) {
+    std::vector<SequenceStep> steps;
     for (const std::size_t index : using_[transaction]) {
         const Sequence& sequence = sequences_[index];
         if (sequence.steps.front() != transaction)
@@ -68,25 +73,24 @@ std::optional<SequencePlace> SequenceCourse::start(Progresses& open, const std::
                                                 std::to_string(found->second.done) + " of " +
                                                 std::to_string(sequence.steps.size())});
         open[index] = {1, turn_};
-        if (!place)
-            place = placeOf(index, 1);
+        steps.push_back({index, 1});
         if (sequence.steps.size() == 1)
             open.erase(index);
     }
-    return place;
+    return steps;
 }
 
 /// Of the sequences in progress with the TR message, the one that was last active goes on at its next step
 /// with it. None in progress is no fault: a recording may begin anywhere, and a message may have other uses.
-std::optional<SequencePlace> SequenceCourse::skipTo(Progresses& open, const std::string& transaction,
-                                                    std::vector<RehearsalFinding>& findings) {
+std::vector<SequenceStep> SequenceCourse::skipTo(Progresses& open, const std::string& transaction,
+                                                 std::vector<RehearsalFinding>& findings) {
     auto latest = open.end();
     for (const std::size_t index : using_[transaction])
         if (const auto found = open.find(index);
             found != open.end() && (latest == open.end() || found->second.lastTurn > latest->second.lastTurn))
             latest = found;
     if (latest == open.end())
-        return std::nullopt;
+        return {};
     auto& [index, progress] = *latest;
     const Sequence& sequence = sequences_[index];
     findings.push_back({"sequence", transaction + " comes out of order: " + sequence.name + " expects " +
@@ -95,12 +99,12 @@ std::optional<SequencePlace> SequenceCourse::skipTo(Progresses& open, const std:
     const auto next = std::find(sequence.steps.begin() + static_cast<std::ptrdiff_t>(progress.done),
                                 sequence.steps.end(), transaction);
     if (next == sequence.steps.end())
-        return std::nullopt;
+        return {};
     progress = {static_cast<std::size_t>(next - sequence.steps.begin()) + 1, turn_};
-    const SequencePlace place = placeOf(index, progress.done);
+    const SequenceStep step{index, progress.done};
     if (progress.done == sequence.steps.size())
         open.erase(latest);
-    return place;
+    return {step};
 }
 
 std::vector<SequencePlace> SequenceCourse::unfinished() const {

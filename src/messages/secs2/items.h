@@ -30,6 +30,10 @@ public:
     std::string_view data(const Item& item) const {
         return std::string_view(bytes_).substr(item.begin, item.format == Format::List ? 0 : item.size);
     }
+    /// The memory that the items take beside the object itself, in bytes.
+    std::size_t memory() const {
+        return items_.capacity() * sizeof(Item) + bytes_.capacity() + open_.capacity() * sizeof(std::uint32_t);
+    }
     /// The number of members, characters (bytes of a text) or values.
     static std::size_t count(const Item& item);
 
