@@ -12,15 +12,15 @@ namespace zb {
 namespace {
 
 using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
-
 // A window that is busy for longer answers late. The last piece of a slice may take some time, too.
 constexpr std::chrono::milliseconds kSlice = 5ms;
 
 } // namespace
 
 ProblemWatch::ProblemWatch(Desktop& desktop, ModuleState& state, Tree& messages)
-    : desktop_(desktop), state_(state), tree_(messages), messages_(state.codePage), model_(state.codePage) {
+    : state_(state), tree_(messages), messages_(state.codePage), model_(state.codePage),
+      slices_(
+          desktop, kSlice, [this] { return work(); }, [this] { report(); }) {
     messages_.onChange = [this](const Findings& gone, const Findings& come) { note(gone, come); };
     model_.onChange = messages_.onChange;
     messages_.onDefinition = [this](const std::string& name) { model_.touchDefinition(name); };
@@ -37,7 +37,7 @@ void ProblemWatch::restart() {
     messages_.restart(tree_.nodes(), state_.codePage, standard_);
     restartModel();
     hasChanged_ = true;
-    schedule();
+    slices_.schedule();
 }
 
 // The model is checked after the messages that it is about.
@@ -49,14 +49,14 @@ void ProblemWatch::restartModel() {
     if (modelStore_ != nullptr)
         state_.TRModelStore->onTouched = [this](const std::string& name) {
             model_.touch(name);
-            schedule();
+            slices_.schedule();
         };
 }
 
 void ProblemWatch::modelStepped() {
     model_.touchSequences();
     if (!isDone())
-        schedule();
+        slices_.schedule();
 }
 
 void ProblemWatch::setStandard(bool on) {
@@ -76,36 +76,11 @@ void ProblemWatch::setSilencings(Silencings silencings) {
 void ProblemWatch::takeFrom(Findings& kept, Findings findings) {
     note(kept, findings);
     kept = std::move(findings);
-    schedule();
-}
-
-void ProblemWatch::schedule() {
-    if (std::exchange(*isScheduled_, true))
-        return;
-    const std::weak_ptr<bool> alive = isScheduled_;
-    desktop_.screen().callLater(0ms, [this, alive] {
-        if (alive.expired())
-            return;
-        *isScheduled_ = false;
-        runSlice();
-    });
-}
-
-void ProblemWatch::runSlice() {
-    const Clock::time_point end = Clock::now() + kSlice;
-    while (work()) {
-        if (Clock::now() >= end) {
-            schedule();
-            break;
-        }
-    }
-    report();
+    slices_.schedule();
 }
 
 void ProblemWatch::finish() {
-    while (work())
-        continue;
-    report();
+    slices_.finish();
 }
 
 /// Does a small piece; false when there is nothing to do.
@@ -158,17 +133,17 @@ void ProblemWatch::visit(const std::function<bool(const ProblemView& problem)>& 
 
 void ProblemWatch::afterInsert(Node& node) {
     messages_.afterInsert(node);
-    schedule();
+    slices_.schedule();
 }
 
 void ProblemWatch::beforeRemove(Node& node) {
     messages_.beforeRemove(node);
-    schedule();
+    slices_.schedule();
 }
 
 void ProblemWatch::nodeChanged(Node& node) {
     messages_.nodeChanged(node);
-    schedule();
+    slices_.schedule();
 }
 
 void ProblemWatch::afterFill() {

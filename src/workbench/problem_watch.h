@@ -5,9 +5,9 @@
 #include "lint/live_model.h"
 #include "lint/silencings.h"
 #include "platform/tree/node_tree.h"
+#include "workbench/idle_slices.h"
 
 #include <functional>
-#include <memory>
 
 namespace zb {
 
@@ -78,15 +78,12 @@ private:
     void afterFill() override;
 
     void restartModel();
-    void schedule();
-    void runSlice();
     bool work();
     void report();
     void note(const Findings& gone, const Findings& come);
     void countAgain();
     void takeFrom(Findings& kept, Findings findings);
 
-    Desktop& desktop_;
     ModuleState& state_;
     Tree& tree_;
     LiveMessages messages_;
@@ -99,8 +96,7 @@ private:
     int projectType_ = 0;
     bool standard_ = false;
     bool hasChanged_ = false;
-    /// Goes with this object: a slice that comes later finds it gone.
-    std::shared_ptr<bool> isScheduled_ = std::make_shared<bool>(false);
+    IdleSlices slices_;
 };
 
 } // namespace zb
