@@ -14,6 +14,7 @@
 #include <QWidget>
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace zb {
@@ -26,18 +27,39 @@ struct Kind {
     const char* entry; // that opens such a file
 };
 
-constexpr std::array<Kind, 4> kKinds{{{"zbp", "frmMain", "mnuOpen"},
+constexpr const char* kRehearsal = "frmRehearsal";
+constexpr const char* kRecording = "cmdChooseRecording";
+
+constexpr std::array<Kind, 9> kKinds{{{"zbp", "frmMain", "mnuOpen"},
                                       {"sml", "frmSECSEditor", "mnuLIBSML"},
                                       {"smd", "frmSECSEditor", "mnuLIBSMD"},
-                                      {"mdf", "frmSECSEditor", "mnuLIBMDF"}}};
+                                      {"mdf", "frmSECSEditor", "mnuLIBMDF"},
+                                      {"log", kRehearsal, kRecording},
+                                      {"txt", kRehearsal, kRecording},
+                                      {"hex", kRehearsal, kRecording},
+                                      {"pcap", kRehearsal, kRecording},
+                                      {"pcapng", kRehearsal, kRecording}}};
+/// A log in SML may have the ending of a library, which it is anywhere else.
+constexpr Kind kSmlLog{"sml", kRehearsal, kRecording};
 
-const Kind* kindOfFile(const QString& path) {
+const Kind* kindOfFile(const QString& path, bool fallsOnRehearsal = false) {
     const QString suffix = QFileInfo(path).suffix().toLower();
+    if (fallsOnRehearsal && suffix == QLatin1String(kSmlLog.suffix))
+        return &kSmlLog;
     for (const Kind& kind : kKinds) {
         if (suffix == QLatin1String(kind.suffix))
             return &kind;
     }
     return nullptr;
+}
+
+/// Whether the place in the main window is within the document Rehearsal.
+bool isOnRehearsal(const QWidget& main, const QPoint& place) {
+    for (const QWidget* widget = main.childAt(place); widget != nullptr; widget = widget->parentWidget()) {
+        if (widget->objectName() == QLatin1String(kRehearsal))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -56,7 +78,7 @@ FileDrops::FileDrops(QWidget& mainWindow, StartPage& start, Binding& binding)
     mainWindow.installEventFilter(this);
 }
 
-bool FileDrops::eventFilter(QObject* /*watched*/, QEvent* event) {
+bool FileDrops::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
     if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop)
         return false;
@@ -67,19 +89,24 @@ bool FileDrops::eventFilter(QObject* /*watched*/, QEvent* event) {
     drop.setDropAction(Qt::CopyAction);
     drop.accept();
     // The other program waits for the end of the drop; a question must not keep it waiting.
+    const bool onRehearsal = isOnRehearsal(*static_cast<const QWidget*>(watched), drop.position().toPoint());
     if (type == QEvent::Drop)
-        QTimer::singleShot(0, this, [this, path = std::move(path)] { open(path); });
+        QTimer::singleShot(0, this, [this, path = std::move(path), onRehearsal] { open(path, onRehearsal); });
     return true;
 }
 
-void FileDrops::open(const std::string& path) {
-    const Kind* kind = kindOfFile(toQt(path));
+void FileDrops::open(const std::string& path, bool onRehearsal) {
+    const Kind* kind = kindOfFile(toQt(path), onRehearsal);
+    if (kind->window == std::string_view(kRehearsal))
+        start_.showRehearsal();
     const Window* window = binding_.desktop.find(kind->window);
     Control* entry = window == nullptr ? nullptr : window->find(kind->entry);
     if (entry == nullptr)
         return;
     if (!window->visible()) {
-        binding_.desktop.post({"A library is opened in the editor: open a project first", {}});
+        // The rehearsal has said itself that it needs a project.
+        if (kind->window != std::string_view(kRehearsal))
+            binding_.desktop.post({"A library is opened in the editor: open a project first", {}});
         return;
     }
     start_.openBy(*entry, path);

@@ -12,8 +12,8 @@ inline FrameKind kindOf(const Window& window) {
         return FrameKind::Main;
     if (window.name() == "frmWorkbench")
         return FrameKind::Part;
-    const bool isDocument =
-        window.name() == "frmSECSEditor" || window.name() == "frmTRModeler" || window.name() == "frmCompare";
+    const bool isDocument = window.name() == "frmSECSEditor" || window.name() == "frmTRModeler" ||
+                            window.name() == "frmCompare" || window.name() == "frmRehearsal";
     return isDocument ? FrameKind::Document : FrameKind::Dialog;
 }
 

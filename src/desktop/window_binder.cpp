@@ -14,6 +14,7 @@
 #include "desktop/binders/simple_binders.h"
 #include "desktop/binders/text_edit_binder.h"
 #include "desktop/binders/text_field_binder.h"
+#include "desktop/binders/text_view_binder.h"
 #include "desktop/binders/tree_binder.h"
 #include "desktop/key_codes.h"
 #include "desktop/models/node_tree_view.h"

@@ -37,6 +37,7 @@ bool ApplicationProgram::running() const {
 Desktop& ApplicationProgram::desktop() {
     // A script sees what a user sees who waits a moment.
     application().frmWorkbench.problems.finish();
+    application().frmRehearsal.finish();
     return application().desktop;
 }
 

@@ -39,12 +39,13 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
       frmTRModeler(desktop, *this, *this), frmTRMessage(desktop, *this, frmTRModeler),
       frmTRItem(desktop, *this, frmTRModeler), frmNewProject(desktop, *this, folders.application),
       frmOption(desktop, settingsOfProgram), frmResult(desktop), frmAbout(desktop),
-      frmWorkbench(desktop, {*this, frmMain, frmSECSEditor, frmTRModeler, versions, comparisons,
-                             [this] { showEditor(); }, [this] { showModeler(); },
-                             [this](const std::string& path) { openRecent(path); }}),
-      frmCompare(desktop, frmMain, comparisons), projects(*this),
-      builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); },
-                     [this] { frmWorkbench.problems.open(); }}),
+      frmWorkbench(desktop,
+                   {*this, frmMain, frmSECSEditor, frmTRModeler, versions, comparisons,
+                    [this] { showEditor(); }, [this] { showModeler(); },
+                    [this](const std::string& path) { openRecent(path); }, [this] { frmRehearsal.open(); }}),
+      frmCompare(desktop, frmMain, comparisons), frmRehearsal(desktop, comparisons, frmWorkbench),
+      projects(*this), builds(*this, {desktop, frmSECSEditor, frmTRModeler, [this] { showModeler(); },
+                                      [this] { frmWorkbench.problems.open(); }}),
       work(*this, folders), generator_(generator), folders_(std::move(folders)) {
     frmSECSEditor.setFrame(frmMain);
     frmTRModeler.setFrame(frmMain);
@@ -64,7 +65,10 @@ Application::Application(Screen& screen, SettingsStore& settingsOfProgram, FileL
 void Application::wireHistories() {
     for (UndoHistory* history : {&editorHistory.steps, &modelerHistory.steps}) {
         desktop.steps().add(*history);
-        history->addListener([this] { showSteps(); });
+        history->addListener([this] {
+            showSteps();
+            frmRehearsal.projectStepped();
+        });
     }
     modelerHistory.steps.addListener([this] { frmWorkbench.problems.watch.modelStepped(); });
     // Another project is being taken over; its steps begin when it is there.

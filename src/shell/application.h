@@ -23,6 +23,7 @@
 #include "shell/project_versions.h"
 #include "shell/work_keeper.h"
 #include "workbench/frm_compare.h"
+#include "workbench/frm_rehearsal.h"
 #include "workbench/frm_workbench.h"
 
 #include <string>
@@ -75,6 +76,7 @@ public:
     zb::frmAbout frmAbout;
     zb::frmWorkbench frmWorkbench;
     zb::frmCompare frmCompare;
+    zb::frmRehearsal frmRehearsal;
 
     EditorHistory editorHistory{frmSECSEditor};
     ModelerHistory modelerHistory{frmTRModeler};

@@ -128,6 +128,7 @@ void ProjectLifecycle::noteOpened(const Opened& opened) {
     app_.work.projectOpened(opened.work);
     app_.versions.projectOpened(opened.file);
     app_.frmCompare.forget();
+    app_.frmRehearsal.forget();
     app_.comparisons.projectOpened();
     noteRecent();
 }

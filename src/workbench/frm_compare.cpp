@@ -77,7 +77,7 @@ void frmCompare::addKey(KeyEvent key, const char* purpose, Way way) {
     desktop().keys().add(std::move(command));
 }
 
-void frmCompare::compare(Comparison comparison) {
+void frmCompare::compare(ShownComparison comparison) {
     comparison_ = std::move(comparison);
     row_.reset();
     showConflicts();

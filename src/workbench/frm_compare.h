@@ -30,7 +30,7 @@ struct ComparedVersion {
 
 /// What the document `Compare` shows: the open project beside an earlier version on its left, and in a merge
 /// also beside another one on its right.
-struct Comparison {
+struct ShownComparison {
     ComparedVersion left;
     std::optional<ComparedVersion> right = std::nullopt;
     CompareScope scope = CompareScope::Whole;
@@ -44,7 +44,7 @@ public:
     frmCompare(Desktop& desktop, Window& mainWindow, OpenProject& project);
 
     /// Shows the comparison, at its first difference.
-    void compare(Comparison comparison);
+    void compare(ShownComparison comparison);
     /// Another project is open: what was compared is of no use any more.
     void forget();
     /// The open project may have changed: when it has, it is compared again.
@@ -109,7 +109,7 @@ private:
     std::string nameOfRow() const;
 
     OpenProject& project_;
-    std::optional<Comparison> comparison_;
+    std::optional<ShownComparison> comparison_;
     Shown shown_;
     std::optional<std::size_t> row_; // the selected one
     PairedExpansion expansion_;

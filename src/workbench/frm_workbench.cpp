@@ -11,10 +11,13 @@ namespace zb {
 frmWorkbench::frmWorkbench(Desktop& desktop, WorkbenchServices services)
     : Window(desktop, "frmWorkbench"), services_(std::move(services)), treeMore(*this, services_.editor) {
     setCaption("Workbench");
-    for (Button* button : {&cmdUndo, &cmdRedo, &cmdClosePane})
+    for (Button* button : {&cmdRehearsal, &cmdUndo, &cmdRedo, &cmdClosePane})
         button->setLeavesFocus();
     showUndo({});
     showRedo({});
+    cmdRehearsal.setToolTip("Run recorded messages through the model of the open project (Ctrl+R)");
+    cmdRehearsal.onClick = [this] { services_.showRehearsal(); };
+    addRehearsalKey();
     cmdClosePane.setToolTip("Close the pane (Esc)");
     cmdClosePane.setVisible(false);
     cmdClosePane.onClick = [this] { closePane(); };
@@ -29,6 +32,18 @@ frmWorkbench::frmWorkbench(Desktop& desktop, WorkbenchServices services)
 
 frmWorkbench::~frmWorkbench() {
     desktop().showNoticesIn(nullptr);
+}
+
+void frmWorkbench::addRehearsalKey() {
+    KeyCommand shows;
+    shows.key = {'R', kControlKey};
+    shows.where = "everywhere";
+    shows.purpose = "Shows the rehearsal of recorded messages";
+    shows.run = [this] {
+        services_.showRehearsal();
+        return true;
+    };
+    desktop().keys().add(std::move(shows));
 }
 
 void frmWorkbench::showStrip() {

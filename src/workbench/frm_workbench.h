@@ -45,6 +45,8 @@ struct WorkbenchServices {
     /// @}
     /// Opens the project file at this path in place of the open project, as the command Open does.
     std::function<void(const std::string& path)> openProject;
+    /// Shows the document in which recordings run through the model.
+    std::function<void()> showRehearsal;
 };
 
 /// The workbench: a strip at the lower edge of the main window, and panes above it of which at most one is
@@ -102,6 +104,7 @@ public:
     ModelerMore modelerMore{*this, services_.modeler};
 
     NoticeBar notices{*this};
+    Button cmdRehearsal{*this, "cmdRehearsal", "Rehearsal"};
     Button cmdUndo{*this, "cmdUndo", "Undo"};
     Button cmdRedo{*this, "cmdRedo", "Redo"};
 
@@ -110,6 +113,8 @@ public:
     RecentEntries recentEntries{*this};
 
 private:
+    void addRehearsalKey();
+
     friend class WorkbenchPane;
     /// The number of the pane, from 1.
     std::size_t add(WorkbenchPane& pane);

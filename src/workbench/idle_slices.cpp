@@ -13,14 +13,23 @@ IdleSlices::IdleSlices(Desktop& desktop, std::chrono::milliseconds slice, std::f
     : desktop_(desktop), slice_(slice), work_(std::move(work)), afterSlice_(std::move(afterSlice)) {}
 
 void IdleSlices::schedule() {
-    if (std::exchange(*isScheduled_, true))
+    if (std::exchange(state_->isScheduled, true))
         return;
-    const std::weak_ptr<bool> alive = isScheduled_;
+    const std::weak_ptr<State> alive = state_;
     desktop_.screen().callLater(std::chrono::milliseconds(0), [this, alive] {
         if (alive.expired())
             return;
-        *isScheduled_ = false;
+        state_->isScheduled = false;
         run();
+    });
+}
+
+void IdleSlices::scheduleAfter(std::chrono::milliseconds pause) {
+    ++state_->pauses;
+    const std::weak_ptr<State> alive = state_;
+    desktop_.screen().callLater(pause, [this, alive] {
+        if (!alive.expired() && --state_->pauses == 0)
+            schedule();
     });
 }
 
@@ -36,6 +45,8 @@ void IdleSlices::run() {
 }
 
 void IdleSlices::finish() {
+    // What was to come later finds nothing to do.
+    state_ = std::make_shared<State>();
     while (work_())
         continue;
     afterSlice_();

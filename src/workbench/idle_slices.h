@@ -19,18 +19,28 @@ public:
 
     /// There is something to do.
     void schedule();
+    /// There is something to do that takes long at its start: it waits until this has not been called again
+    /// for that time, so that it does not run after each key.
+    void scheduleAfter(std::chrono::milliseconds pause);
+    /// Whether `scheduleAfter` waits.
+    bool isPausing() const { return state_->pauses > 0; }
     /// Does all that is left to do. For users who wait until it is done.
     void finish();
 
 private:
     void run();
 
+    struct State {
+        bool isScheduled = false;
+        int pauses = 0; ///< that have not ended
+    };
+
     Desktop& desktop_;
     std::chrono::milliseconds slice_;
     std::function<bool()> work_;
     std::function<void()> afterSlice_;
     /// Goes with this object: a slice that comes later finds it gone.
-    std::shared_ptr<bool> isScheduled_ = std::make_shared<bool>(false);
+    std::shared_ptr<State> state_ = std::make_shared<State>();
 };
 
 } // namespace zb

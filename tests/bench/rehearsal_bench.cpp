@@ -1,65 +1,15 @@
 // Rehearsing long recordings: messages a second, and the memory that they take.
+#include "bench/long_recording.h"
 #include "console/verdict_text.h"
-#include "messages/secs2/item_codec.h"
 #include "project/project_files.h"
 #include "rehearsal/recording.h"
 #include "rehearsal/rehearsal.h"
-#include "support/capture_writer.h"
-#include "support/etcher_days.h"
-#include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
-#include <fstream>
 #include <sys/resource.h>
 
 namespace zb::bench {
 namespace {
-
-/// The lot of the regular day, again and again, in a file that is written piece by piece.
-class LongRecording {
-public:
-    LongRecording(std::size_t messages, const std::string& ending) : path_(folder_ / ("long" + ending)) {
-        std::ofstream file(path_, std::ios::binary);
-        const auto day = test::regularDay();
-        const auto part = [&](std::size_t count) {
-            return std::vector<test::DayMessage>(day.end() - static_cast<std::ptrdiff_t>(count), day.end());
-        };
-        constexpr std::size_t kPart = 8; // events and alarms with their replies
-        std::uint32_t system = 0;
-        test::CaptureWriter capture;
-        auto link = capture.open(49152, 5000);
-        for (; messages_ < messages; messages_ += kPart) {
-            auto exchange = part(kPart);
-            for (std::size_t i = 0; i < exchange.size(); ++i)
-                exchange[i].header.system = system + static_cast<std::uint32_t>(i / 2);
-            system += kPart / 2;
-            if (ending == ".log") {
-                file << test::smlLog(exchange);
-                continue;
-            }
-            for (const auto& message : exchange)
-                capture.send(link, message.toHost ? 1 : 0, test::frameOf(message));
-            if (capture.bytes().size() > (std::size_t{1} << 20U)) {
-                file << capture.bytes();
-                capture.forget();
-            }
-        }
-        if (ending != ".log")
-            file << capture.bytes();
-        file.close();
-        bytes_ = std::filesystem::file_size(path_);
-    }
-
-    const std::filesystem::path& path() const { return path_; }
-    std::size_t messages() const { return messages_; }
-    std::size_t bytes() const { return bytes_; }
-
-private:
-    test::TemporaryFolder folder_;
-    std::filesystem::path path_;
-    std::size_t messages_ = 0;
-    std::size_t bytes_ = 0;
-};
 
 double peakMegabytes() {
     rusage usage{};

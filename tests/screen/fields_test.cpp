@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
 
@@ -215,6 +216,35 @@ TEST_F(Fields, EnterInTheNameOfANewProjectAcceptsOnce) {
     EXPECT_EQ(accepted, 1);
     QTest::keyClick(&program.widget<QWidget>(dialog, "txtLocation"), Qt::Key_Return);
     EXPECT_EQ(accepted, 2);
+}
+
+TEST_F(Fields, AFieldOfSeveralLinesTakesWhatIsTypedAndPasted) {
+    frmRehearsal& window = program.application.frmRehearsal;
+    program.application.ProjectName = "P";
+    window.open();
+    program.settle();
+    program.screen.binding().hands.focus(window.txtTyped);
+    program.settle();
+    auto& view = program.widget<QPlainTextEdit>(window, "txtTyped");
+    QTest::keyClicks(&view, "S1F1 W");
+    QTest::keyClick(&view, Qt::Key_Return);
+    copy("<L\n  <A 'x'>\n>.");
+    view.paste();
+    EXPECT_EQ(window.txtTyped.text(), "S1F1 W\n<L\n  <A 'x'>\n>.");
+    EXPECT_TRUE(window.cmdTryTyped.enabled());
+    window.txtTyped.setText("S1F1\r\n.");
+    EXPECT_EQ(view.toPlainText(), "S1F1\n.");
+    EXPECT_EQ(window.txtTyped.text(), "S1F1\r\n.");
+}
+
+TEST_F(Fields, AFieldOfSeveralLinesThatIsReadOnlyStaysAsItIs) {
+    frmResult& window = program.application.frmResult;
+    window.addErrorMsg("Done");
+    auto& view = program.widget<QPlainTextEdit>(window, "rtbResult");
+    const QString before = view.toPlainText();
+    QTest::keyClicks(&view, "more");
+    EXPECT_EQ(view.toPlainText(), before);
+    EXPECT_TRUE(view.isReadOnly());
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMimeData>
+#include <QTreeView>
 #include <QUrl>
 
 #include <filesystem>
@@ -22,6 +23,7 @@ namespace {
 struct FilesDropped : ::testing::Test {
     FilesDropped() {
         std::ofstream(folder.path() / "a.sml") << "S1F1 W\n.\n";
+        std::ofstream(folder.path() / "a.log") << "10:00:00 RECV [0x00000001] S1F1 W\n.\n";
         std::filesystem::create_directories(folder.path() / "P");
         writeFile(folder.path() / "P" / "P.zbp",
                   encodeUtf16("\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n"
@@ -33,10 +35,10 @@ struct FilesDropped : ::testing::Test {
         return *program.widget<NodeTreeView>(program.application.frmSECSEditor, "tvwEdit").viewport();
     }
 
-    void drop(QWidget& target, const char* name) {
+    void drop(QWidget& target, const char* name) { dropAt(target, QPoint(4, 4), name); }
+    void dropAt(QWidget& target, const QPoint& place, const char* name) {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(QString::fromStdString((folder.path() / name).string()))});
-        const QPoint place(4, 4);
         QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&target, &enter);
         QDropEvent fall(place, Qt::CopyAction, &data, Qt::LeftButton, {});
@@ -63,6 +65,37 @@ TEST_F(FilesDropped, DefinitionsOnTheTreeOpenAsTheLibrary) {
     EXPECT_TRUE(program.application.frmSECSEditor.libraryMenu.mnuLIBSML.checked());
     EXPECT_EQ(program.application.frmSECSEditor.lvwSource.count(), 1U);
     EXPECT_EQ(program.application.frmSECSEditor.liveTree().count(), 0U);
+}
+
+TEST_F(FilesDropped, ARecordingOpensInTheRehearsalWhereverItFalls) {
+    drop(*program.screen.mainWindow(), "P/P.zbp");
+    drop(tree(), "a.log");
+    frmRehearsal& window = program.application.frmRehearsal;
+    EXPECT_TRUE(window.visible());
+    window.finish();
+    ASSERT_EQ(window.timeline.lvwTimeline.count(), 1U);
+    EXPECT_EQ(window.timeline.lvwTimeline.rows().front()->cell(4), "A");
+}
+
+TEST_F(FilesDropped, AFileInSmlOnTheRehearsalIsARecording) {
+    drop(*program.screen.mainWindow(), "P/P.zbp");
+    frmRehearsal& window = program.application.frmRehearsal;
+    window.open();
+    program.settle();
+    auto& list = program.widget<QTreeView>(window, "lvwTimeline");
+    dropAt(*program.screen.mainWindow(), list.viewport()->mapTo(program.screen.mainWindow(), QPoint(20, 20)),
+           "a.sml");
+    window.finish();
+    EXPECT_EQ(window.timeline.lvwTimeline.count(), 1U);
+    EXPECT_FALSE(program.application.frmSECSEditor.libraryMenu.mnuLIBSML.checked());
+}
+
+TEST_F(FilesDropped, WithoutAProjectARecordingSaysWhatItNeeds) {
+    program.settle();
+    drop(*program.screen.mainWindow(), "a.log");
+    EXPECT_FALSE(program.application.frmRehearsal.visible());
+    EXPECT_EQ(program.application.frmWorkbench.notices.lblNotice.text(),
+              "Open a project first: recordings run through its model");
 }
 
 TEST_F(FilesDropped, WithoutAnEditorThereIsNoLibraryToOpen) {

@@ -124,6 +124,24 @@ void photographCompare(ProgramOnScreen& program, Photographer& camera) {
     application.frmCompare.hide();
 }
 
+/// An alarm whose reply comes too late, in a sequence that has begun.
+void photographRehearsal(ProgramOnScreen& program, Photographer& camera) {
+    zb::Application& application = program.application;
+    zb::frmRehearsal& window = application.frmRehearsal;
+    window.open();
+    const auto folder = std::filesystem::path(application.ProjectPath).parent_path();
+    window.recording.txtRecording.setText((folder / "odd.log").string());
+    zb::UserHands(application.desktop).click(zb::Target::whole(window.recording.cmdReadRecording));
+    window.finish();
+    constexpr std::size_t kLateReply = 16;
+    window.timeline.select(kLateReply);
+    window.recording.txtRecording.setText(kFolder + "/odd.log");
+    window.txtTyped.setText("S5F1 W\n<L <B 0x80> <U4 3011> <A 'RF fault'>>.");
+    zb::UserHands(application.desktop).click(zb::Target::whole(application.frmWorkbench.notices.cmdCloseNotice));
+    camera.take(*program.screen.mainWindow(), QStringLiteral("rehearsal"));
+    window.forget();
+}
+
 void photograph(ProgramOnScreen& program, Photographer& camera) {
     zb::Application& application = program.application;
     QMainWindow& main = *program.screen.mainWindow();
@@ -137,6 +155,7 @@ void photograph(ProgramOnScreen& program, Photographer& camera) {
     photographProblems(program, camera);
     photographPanes(program, camera);
     photographCompare(program, camera);
+    photographRehearsal(program, camera);
     application.frmFind.showFind();
     application.frmFind.txtFindWhat.setText("S6F11");
     camera.take(program.form(application.frmFind), QStringLiteral("find"));

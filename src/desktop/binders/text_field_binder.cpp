@@ -16,7 +16,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QPlainTextEdit>
 #include <QScopedValueRollback>
 
 #include <limits>
@@ -378,21 +377,6 @@ void TextFieldBinder::openOwnMenu(const QPoint& place) {
     binding().popupPlace = place;
     hands().rightClick(Target::whole(field_));
     binding().popupPlace.reset();
-}
-
-TextViewBinder::TextViewBinder(TextField& field, QPlainTextEdit& view, Binding& binding)
-    : Binder(field, view, binding), field_(field), view_(view) {
-    view_.setReadOnly(true);
-    start();
-}
-
-void TextViewBinder::show(Change change) {
-    if (change != Change::State && change != Change::Selection)
-        view_.setPlainText(toQt(field_.text()));
-}
-
-bool TextViewBinder::keyPressed(QKeyEvent& event) {
-    return event.key() == Qt::Key_Escape && Binder::keyPressed(event);
 }
 
 } // namespace zb

@@ -7,7 +7,6 @@ class QDropEvent;
 class QInputMethodEvent;
 class QLineEdit;
 class QMouseEvent;
-class QPlainTextEdit;
 
 namespace zb {
 
@@ -58,19 +57,6 @@ private:
     QAction& selectAll_;
     bool settling_ = false;   // the widget still handles the focus in its own way
     bool forwarding_ = false; // the widget shows what an input method composes
-};
-
-/// A multi-line field, for texts that are read and copied.
-class TextViewBinder final : public Binder {
-public:
-    TextViewBinder(TextField& field, QPlainTextEdit& view, Binding& binding);
-
-private:
-    void show(Change change) override;
-    bool keyPressed(QKeyEvent& event) override;
-
-    TextField& field_;
-    QPlainTextEdit& view_;
 };
 
 } // namespace zb

@@ -3,6 +3,7 @@
 #include "desktop/forms/cell_editor.h"
 #include "desktop/forms/editor_splitter.h"
 #include "desktop/forms/paired_scrolling.h"
+#include "desktop/forms/sequence_chart.h"
 #include "desktop/forms/shared_splitter.h"
 #include "desktop/forms/stale_tint.h"
 #include "editor/frm_sec_editor.h"
@@ -16,6 +17,7 @@
 #include "ui_frmMain.h"
 #include "ui_frmNewProject.h"
 #include "ui_frmOption.h"
+#include "ui_frmRehearsal.h"
 #include "ui_frmRename.h"
 #include "ui_frmResult.h"
 #include "ui_frmSECSEditor.h"
@@ -42,6 +44,7 @@
 #include <QMainWindow>
 #include <QSplitter>
 #include <QToolButton>
+#include <QTreeView>
 
 #include <algorithm>
 #include <array>
@@ -79,6 +82,7 @@ constexpr std::array kForms{
     Form{"frmAbout", &make<Ui::frmAbout>},
     Form{"frmWorkbench", &make<Ui::frmWorkbench>},
     Form{"frmCompare", &make<Ui::frmCompare>},
+    Form{"frmRehearsal", &make<Ui::frmRehearsal>},
 };
 
 // The panes of the workbench, in the order of their buttons.
@@ -100,8 +104,10 @@ struct Share {
 
 // The positions of the splitters until the user moves them.
 constexpr std::array kShares{
-    Share{"modelerSplitter", 40}, Share{"treeSplitter", 60}, Share{"tableSplitter", 50},
-    Share{"messageSplitter", 45}, Share{"itemSplitter", 50},
+    Share{"modelerSplitter", 40}, Share{"treeSplitter", 60},     Share{"tableSplitter", 50},
+    Share{"messageSplitter", 45}, Share{"itemSplitter", 50},     Share{"rehearsalSplitter", 56},
+    Share{"valuesSplitter", 60},  Share{"recordedSplitter", 60}, Share{"findingsSplitter", 45},
+    Share{"detailsSplitter", 36}, Share{"modelSplitter", 42},
 };
 
 // A label names the field that is its buddy for screen readers, except for lists and trees; buttons have
@@ -187,6 +193,9 @@ void finishForm(Window& window, QWidget& form) {
         new CellEditor(*dialog, form);
     if (window.name() == "frmCompare")
         new PairedScrolling(form);
+    if (auto* sequence = form.findChild<QTreeView*>(QStringLiteral("lvwSequence"));
+        sequence != nullptr && window.name() == "frmRehearsal")
+        sequence->setItemDelegateForColumn(1, new SequenceChart(sequence));
     if (auto* editor = dynamic_cast<frmSECSEditor*>(&window)) {
         new EditorSplitter(*editor, form);
         new StaleTint(form);

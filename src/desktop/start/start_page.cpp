@@ -104,6 +104,11 @@ void StartPage::openBy(Control& entry, const std::string& file) {
     nextFile_.clear();
 }
 
+void StartPage::showRehearsal() {
+    if (frmWorkbench* strip = workbench(); strip != nullptr)
+        binding_.hands.click(Target::whole(strip->cmdRehearsal));
+}
+
 // Without those that are gone: there is nobody yet to tell why they cannot be opened.
 std::vector<std::string> StartPage::recentProjects() const {
     const frmWorkbench* strip = workbench();

@@ -32,6 +32,9 @@ public:
     /// Chooses an entry whose command asks for a file, and answers with this one.
     void openBy(Control& entry, const std::string& file);
 
+    /// Shows the document Rehearsal, as the button of the strip does.
+    void showRehearsal();
+
     /// Asks for the folder of the example copy; empty for none.
     std::function<std::string()> pickFolder;
 

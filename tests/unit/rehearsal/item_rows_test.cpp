@@ -1,6 +1,7 @@
 #include "rehearsal/item_rows.h"
 
 #include "messages/secs2/sml_data.h"
+#include "platform/text.h"
 
 #include <gmock/gmock.h>
 
@@ -13,11 +14,21 @@ namespace {
 
 using rehearsal::ItemRow;
 
+/// Each blank at the start of a line is one level below the message.
+std::string indented(const std::string& definition) {
+    std::string text;
+    for (const std::string& line : split(definition, "\r\n")) {
+        const std::size_t level = line.find_first_not_of(' ') + 1;
+        text += (text.empty() ? "" : "\r\n") + std::string(4 * level, ' ') + trim(line);
+    }
+    return text;
+}
+
 /// "~ 1 A 2 'xy' | A 5 NAME | what differs" for each row, with the level.
 std::vector<std::string> rows(const std::string& definition, const std::string& sml,
                               std::size_t most = 1000) {
     SECSMessageRecord record;
-    record.parseSmd("M: S1 F1 H->E\r\n" + definition + ".\r\n", kFormatSmd);
+    EXPECT_EQ(record.parseSmd("M: S1 F1 H->E\r\n" + indented(definition) + ".\r\n", kFormatSmd), "");
     secs2::Items items;
     EXPECT_FALSE(secs2::readSmlData(sml, items));
     const rehearsal::MessagePattern pattern(record);
@@ -49,7 +60,7 @@ TEST(ItemRows, AMissingMemberIsFoundByTheFormatsOfTheOthers) {
     EXPECT_THAT(rows("L 3\r\n U4 1 CEID 1\r\n L 1\r\n  A 2V LOT ''\r\n B 1 ACK 0", "<L <U4 1> <B 0>>"),
                 ElementsAre("~ 0 L 2 | L 3 | expected a list of 3 items, found 2", "= 1 U4 1 1 | U4 1 CEID",
                             "- 1  | L 1 | is missing", "- 2  | A 2V LOT | is missing",
-                            "= 1 B 1 0x00 | B 1 ACK"));
+                            "= 1 B 1 0 | B 1 ACK"));
 }
 
 TEST(ItemRows, ASurplusMemberIsOneThatOnlyTheMessageHas) {
