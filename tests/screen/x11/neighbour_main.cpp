@@ -88,13 +88,13 @@ private:
     void mouseMoveEvent(QMouseEvent* event) override {
         if (!event->buttons().testFlag(Qt::LeftButton) || !std::exchange(offered_, false))
             return;
-        auto* drag = new QDrag(this); // Qt deletes it
-        auto* mime = new QMimeData;   // the drag owns it
+        auto* drag = new QDrag(this); // NOLINT(cppcoreguidelines-owning-memory): Qt deletes it
+        auto mime = std::make_unique<QMimeData>();
         if (picture_)
             mime->setImageData(QImage(4, 4, QImage::Format_RGB32));
         else
             mime->setText(text_);
-        drag->setMimeData(mime);
+        drag->setMimeData(mime.release());
         answer("drag");
         drag->exec(Qt::CopyAction | Qt::MoveAction);
         hide();
