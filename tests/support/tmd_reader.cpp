@@ -9,15 +9,15 @@ namespace zb::test {
 
 namespace {
 
-template<auto release>
+template<auto Release>
 struct Releaser {
     template<typename T>
     void operator()(T* resource) const {
-        release(resource);
+        Release(resource);
     }
 };
-template<typename T, auto release>
-using Owned = std::unique_ptr<T, Releaser<release>>;
+template<typename T, auto Release>
+using Owned = std::unique_ptr<T, Releaser<Release>>;
 
 void freeText(xmlChar* text) {
     xmlFree(text);

@@ -45,7 +45,11 @@ std::string textOf(const RandomTrMessage& message) {
     for (const std::string& item : message.blockItems)
         text += "    Item 1 " + item + "\r\n";
     for (const auto& [name, value] : message.items)
-        text += "  TRItem " + name + "\r\n    Type STRING\r\n    Value " + value + "\r\n  EndTRItem\r\n";
+        text.append("  TRItem ")
+            .append(name)
+            .append("\r\n    Type STRING\r\n    Value ")
+            .append(value)
+            .append("\r\n  EndTRItem\r\n");
     return text + "EndTRMessage\r\n";
 }
 
