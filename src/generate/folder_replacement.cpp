@@ -1,5 +1,6 @@
 #include "generate/folder_replacement.h"
 
+#include "platform/folder_exchange.h"
 #include "platform/folder_lock.h"
 #include "platform/temporary_folder.h"
 
@@ -74,8 +75,14 @@ void copyUserFiles(const fs::path& from, const fs::path& to) {
     }
 }
 
+/// Where the file system cannot exchange folders, a run that is killed here leaves the former one under its
+/// other name, and the next run puts it back.
 void swapFolders(const fs::path& folder, const fs::path& written, const fs::path& former) {
     const bool exists = fs::exists(folder);
+    if (exists && exchangeFolders(folder, written)) {
+        removeFolder(written);
+        return;
+    }
     if (exists)
         fs::rename(folder, former);
     std::error_code error;

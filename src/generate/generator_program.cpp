@@ -6,6 +6,7 @@
 #include "platform/setting_names.h"
 #include "platform/settings.h"
 #include "platform/text.h"
+#include "platform/version.h"
 
 #include <map>
 #include <ostream>
@@ -19,6 +20,18 @@ constexpr int kDone = 0;
 constexpr int kFault = 1;
 constexpr int kUsage = 2;
 constexpr int kFileFault = 3;
+
+constexpr std::string_view kHelp =
+    "Usage: ZeltoGenerator PROJECT.zbp\n"
+    "Write the source of a driver plug-in into the folder ZeltoPlugIn/LANGUAGE next to the project.\n"
+    "\n"
+    "Options:\n"
+    "  -h, --help   Print this text and exit\n"
+    "  --version    Print the version and exit\n"
+    "\n"
+    "Settings:\n"
+    "  PlugInType   4 is Java, 5 is C#; with 1 to 3 it is C++20, since ActiveX is not offered\n"
+    "  SRCGen       73 writes; with anything else the output lists what would be written\n";
 
 struct Choice {
     std::string language = "cpp";
@@ -93,6 +106,14 @@ int runGeneratorProgram(const std::vector<std::string>& arguments, const Setting
         return kUsage;
     }
     const std::string& path = arguments.front();
+    if (path == "-h" || path == "--help") {
+        out << kHelp;
+        return kDone;
+    }
+    if (path == "--version") {
+        out << "ZeltoGenerator " << kVersion << '\n';
+        return kDone;
+    }
     const Result<ProjectFile> file = readProjectFile(path);
     if (!file) {
         out << printable(path) << ": cannot be read: " << printable(file.error().description) << '\n';

@@ -17,8 +17,25 @@ std::string_view folderOf(const TemplateFile& file) {
 
 TypeWords wordsOf(const nlohmann::json& type) {
     const auto word = [&type](const char* name) { return type.value(name, std::string()); };
-    return {word("one"),         word("boxed"), word("many"), word("literal"),
-            word("manyLiteral"), word("sized"), word("call"), word("callMany")};
+    return {word("one"),
+            word("boxed"),
+            word("many"),
+            word("literal"),
+            type.value("manyItem", word("literal")),
+            word("manyLiteral"),
+            word("sized"),
+            word("call"),
+            word("callMany"),
+            word("value")};
+}
+
+constexpr std::string_view kHex = "0123456789abcdef";
+
+/// A code unit of UTF-16 as an escape.
+void appendUnit(std::string& literal, char32_t unit) {
+    literal += "\\u";
+    for (unsigned shift = 16; shift > 0; shift -= 4)
+        literal += kHex[unit >> (shift - 4U) & 15U];
 }
 
 } // namespace
@@ -44,7 +61,15 @@ Language::Language(std::string_view folder) : folder_(folder) {
     upperFields_ = description.at("upperFields");
     signedU8_ = description.at("signedU8");
     octalEscapes_ = description.at("octalEscapes");
+    unicodeEscapes_ = description.value("unicodeEscapes", false);
+    lowerPackages_ = description.value("lowerPackage", false);
+    markupComments_ = description.value("markupComments", false);
+    opensBlocksOnOwnLines_ = description.value("bracesOnOwnLines", false);
+    importsNames_ = description.value("importsNames", false);
+    longestText_ = description.value("longestText", std::size_t{0});
     reserved_ = description.at("reserved").get<std::unordered_set<std::string>>();
+    if (description.contains("reservedPackages"))
+        reservedPackages_ = description.at("reservedPackages").get<std::unordered_set<std::string>>();
     words_ = description.at("words").get<std::map<std::string, std::string>>();
     for (const auto& [format, type] : description.at("types").items())
         types_[format] = wordsOf(type);
@@ -53,27 +78,52 @@ Language::Language(std::string_view folder) : folder_(folder) {
             continue;
         const std::string path(file.path.substr(folder_.size() + 1));
         const auto each = description.at("each").find(path);
-        const bool isList = each != description.at("each").end();
-        outputs_.push_back({TextTemplate(file.text), isList ? each->at(0).get<std::string>() : std::string(),
-                            TextTemplate(isList ? each->at(1).get<std::string>() : path)});
+        const bool isNamed = each != description.at("each").end();
+        outputs_.push_back({TextTemplate(file.text), isNamed ? each->at(0).get<std::string>() : std::string(),
+                            TextTemplate(isNamed ? each->at(1).get<std::string>() : path)});
     }
 }
 
+void Language::appendEscaped(std::string& literal, unsigned char code) const {
+    if (code == '"' || code == '\\')
+        literal.append(1, '\\').append(1, static_cast<char>(code));
+    else if (code >= 0x20 && code < 0x7F)
+        literal += static_cast<char>(code);
+    else if (octalEscapes_)
+        literal.append({'\\', static_cast<char>('0' + (code >> 6U)),
+                        static_cast<char>('0' + (code >> 3U & 7U)), static_cast<char>('0' + (code & 7U))});
+    else
+        literal.append("\\u00").append({kHex[code >> 4U], kHex[code & 15U]});
+}
+
 std::string Language::textLiteral(std::string_view bytes) const {
-    constexpr std::string_view kHex = "0123456789abcdef";
+    const std::size_t part = longestText_ == 0 ? bytes.size() : longestText_;
     std::string literal = "\"";
-    for (const char character : bytes) {
-        const auto code = static_cast<unsigned char>(character);
-        if (character == '"' || character == '\\')
-            literal.append(1, '\\').append(1, character);
-        else if (code >= 0x20 && code < 0x7F)
-            literal += character;
-        else if (octalEscapes_)
-            literal.append({'\\', static_cast<char>('0' + (code >> 6U)),
-                            static_cast<char>('0' + (code >> 3U & 7U)),
-                            static_cast<char>('0' + (code & 7U))});
-        else
-            literal.append("\\u00").append({kHex[code >> 4U], kHex[code & 15U]});
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        if (at > 0 && at % part == 0)
+            literal += at == part ? "\".concat(\"" : "\").concat(\"";
+        appendEscaped(literal, static_cast<unsigned char>(bytes[at]));
+    }
+    return literal + (bytes.size() > part ? "\")" : "\"");
+}
+
+std::string Language::shownLiteral(std::string_view text) const {
+    if (!unicodeEscapes_)
+        return textLiteral(text);
+    std::string literal = "\"";
+    constexpr char32_t kFirstPair = 0x10000;
+    for (std::size_t at = 0; at < text.size();) {
+        const DecodedCharacter character = decodeCharacter(text, at);
+        const char32_t point = character.codePoint;
+        at += character.length;
+        if (point < 0x80) {
+            appendEscaped(literal, static_cast<unsigned char>(point));
+        } else if (point < kFirstPair) {
+            appendUnit(literal, point);
+        } else {
+            appendUnit(literal, 0xD800 + ((point - kFirstPair) >> 10U));
+            appendUnit(literal, 0xDC00 + (point & 0x3FFU));
+        }
     }
     return literal + "\"";
 }

@@ -1,5 +1,8 @@
 #include "generate/message_data.h"
 
+#include "platform/text.h"
+
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -36,6 +39,15 @@ std::string ruleOf(const ItemTree& item) {
     return item.isFixed ? "exactly" : "upTo";
 }
 
+bool hasLists(const MessageShape& shape) {
+    const auto isList = [](const Field& field) {
+        return field.kind != Field::Kind::Value && field.kind != Field::Kind::Record;
+    };
+    return std::any_of(shape.records().begin(), shape.records().end(), [&isList](const RecordShape& record) {
+        return std::any_of(record.fields.begin(), record.fields.end(), isList);
+    });
+}
+
 /// "U4 1 SVID" of an item, with a mark for a key.
 std::string describe(const ItemTree& item) {
     return item.type + " " + std::to_string(item.count) + (item.isFixed ? "" : "V") +
@@ -64,7 +76,9 @@ void MessageData::fill(TemplateData& data, const KnownMessage& message, const Me
     data.set("stream", std::to_string(record.getStream()));
     data.set("function", std::to_string(record.getFunction()));
     data.set("wait", literals_.truth(record.getWait()));
-    data.set("comment", commentText(record.getDescription()));
+    const std::string description = literals_.comment(record.getDescription());
+    data.set("summary", headOf(record) + "." + (description.empty() ? "" : " " + description));
+    data.setFlag("hasLists", hasLists(message.shape));
     data.addList("nested");
     const auto& records = message.shape.records();
     for (std::size_t index = 0; index < message.shape.root(); ++index)
@@ -75,6 +89,8 @@ void MessageData::fill(TemplateData& data, const KnownMessage& message, const Me
 void MessageData::fillRecord(TemplateData& data, const RecordShape& record, std::size_t index,
                              const MessageNames& names) const {
     data.set("recordType", names.records[index]);
+    data.set("recordComment",
+             record.list == nullptr ? std::string() : literals_.comment(describe(*record.list)));
     data.addList("fields");
     data.addList("steps");
     for (std::size_t place = 0; place < record.fields.size(); ++place)
@@ -111,7 +127,7 @@ void MessageData::fillField(TemplateData& data, const Field& field, const std::s
     data.set("fieldType", type);
     data.set("field", name);
     data.set("initial", initial);
-    data.set("fieldComment", commentText(describe(*field.item)));
+    data.set("fieldComment", literals_.comment(describe(*field.item)));
 }
 
 void MessageData::fillStep(TemplateData& data, const Step& step, const RecordShape& record,
@@ -134,13 +150,24 @@ void MessageData::fillStep(TemplateData& data, const Step& step, const RecordSha
         data.set("partType", names.records[field.record]);
     if (field.kind != Field::Kind::Value && field.kind != Field::Kind::Values)
         return;
+    fillValue(data, field, fields[step.number]);
+}
+
+void MessageData::fillValue(TemplateData& data, const Field& field, const std::string& name) const {
+    const ItemTree& item = field.valueItem();
     const TypeWords& type = language_.type(item.type);
+    const std::string rule = literals_.method(ruleOf(item));
+    const std::string count = std::to_string(item.count);
+    const std::string call = replaceAll(item.isSingle() ? type.call : type.callMany, "{count}",
+                                        language_.word("countScope") + rule + "(" + count + ")");
     data.set("format", formatName(item));
-    data.set("call", item.isSingle() ? type.call : type.callMany);
-    data.set("memberRule", literals_.method(ruleOf(item)));
-    data.set("memberCount", std::to_string(item.count));
+    data.set("memberRule", rule);
+    data.set("memberCount", count);
     data.set("memberType", typeOf(item));
     data.set("memberInitial", literals_.initialValue(item));
+    data.set("read", filled(call, name));
+    data.set("readMember", filled(call, "member"));
+    data.set("keyValue", filled(type.value, field.kind == Field::Kind::Values ? "value" : name));
 }
 
 std::string MessageData::typeOf(const ItemTree& item) const {

@@ -22,6 +22,7 @@ private:
                    const MessageNames& names) const;
     void fillStep(TemplateData& data, const Step& step, const RecordShape& record,
                   const std::vector<std::string>& fields, const MessageNames& names) const;
+    void fillValue(TemplateData& data, const Field& field, const std::string& name) const;
     std::string typeOf(const ItemTree& item) const;
     std::string boxedTypeOf(const ItemTree& item) const;
 

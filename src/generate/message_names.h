@@ -11,6 +11,7 @@ namespace zb::generate {
 /// The names of a message and its parts in a language.
 struct MessageNames {
     std::string type;
+    std::string ref;                              ///< what the type is called by transactions
     std::vector<std::string> records;             ///< by the index of the record; the last one is `type`
     std::vector<std::vector<std::string>> fields; ///< by the index of the record
 

@@ -105,6 +105,7 @@ std::size_t MessageShape::addRecord(std::string wish, const std::vector<ItemTree
 std::size_t MessageShape::addListRecord(const ItemTree& list) {
     RecordShape record;
     record.wish = list.name;
+    record.list = &list;
     record.steps.push_back({Step::Kind::OpenList, list.members.size()});
     for (const ItemTree& member : list.members)
         addItem(member, record);
@@ -133,8 +134,10 @@ void MessageShape::addItem(const ItemTree& item, RecordShape& record) {
         const ItemTree& member = item.members.front();
         field.kind = Field::Kind::Records;
         field.record = member.isFixed ? addListRecord(member) : addRecord(member.name, item.members);
-        if (records_[field.record].wish.empty())
-            records_[field.record].wish = item.name + "_Entry";
+        RecordShape& members = records_[field.record];
+        members.list = &member;
+        if (members.wish.empty())
+            members.wish = item.name + "_Entry";
     } else if (item.isList()) {
         field.kind = Field::Kind::Values;
         field.wish = nameOfMembers(item);

@@ -63,7 +63,8 @@ struct Step {
 
 /// A class with fields.
 struct RecordShape {
-    std::string wish; ///< the name that its type should have
+    std::string wish;               ///< the name that its type should have
+    const ItemTree* list = nullptr; ///< whose members its fields are; null for the message
     std::vector<Field> fields;
     std::vector<Step> steps;
 };

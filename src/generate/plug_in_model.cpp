@@ -108,10 +108,19 @@ void PlugInModel::orderChains() {
     chains_.resize(messages_.size());
     for (std::size_t index = 0; index < received_.size(); ++index)
         chains_[received_[index].message].push_back(index);
-    // The default is asked last, wherever it is in the model.
-    for (std::vector<std::size_t>& chain : chains_)
-        std::stable_partition(chain.begin(), chain.end(),
-                              [this](std::size_t index) { return received_[index].condition.has_value(); });
+    // The default is asked last, wherever it is in the model. Of several the first one counts.
+    for (std::vector<std::size_t>& chain : chains_) {
+        const auto defaults = std::stable_partition(chain.begin(), chain.end(), [this](std::size_t index) {
+            return received_[index].condition.has_value();
+        });
+        for (auto hidden = defaults; hidden != chain.end(); ++hidden) {
+            if (hidden != defaults)
+                notes_.push_back("The transaction message " + quoted(received_[*hidden].record->Name()) +
+                                 " never applies: another one without a condition comes before it");
+        }
+        if (defaults != chain.end())
+            chain.erase(defaults + 1, chain.end());
+    }
     // Of several messages that fit, the one with the most keys is meant.
     for (auto& [place, candidates] : candidates_)
         std::stable_sort(candidates.begin(), candidates.end(), [this](std::size_t left, std::size_t right) {

@@ -28,6 +28,7 @@ PlugInWriter::PlugInWriter(const PlugInModel& model, const Language& language, c
     nameAll(projectName);
     fillProject(projectName);
     fillMessages();
+    fillImports();
     fillDispatch();
     fillAnswers();
     fillTransactions();
@@ -36,28 +37,63 @@ PlugInWriter::PlugInWriter(const PlugInModel& model, const Language& language, c
 
 void PlugInWriter::nameAll(const std::string& projectName) {
     SafeNames packages(language_.reservedWords());
-    package_ = packages.take(language_.hasUpperFields() ? typeName(projectName, "Project")
-                                                        : fieldName(projectName, "project"));
+    for (const std::string& name : language_.reservedPackages())
+        packages.reserve(name);
+    std::string package =
+        language_.hasUpperFields() ? typeName(projectName, "Project") : fieldName(projectName, "project");
+    package_ = packages.take(language_.hasLowerPackages() ? lowered(std::move(package)) : std::move(package));
     SafeNames types(language_.reservedWords());
     types.reserve(package_);
     for (const auto& message : model_.messages()) {
         const std::string type = types.take(typeName(message->record.getName(), "Message"));
         messageNames_.push_back(namesOf(message->shape, type, language_));
     }
+    nameTransactions();
+    for (MessageNames& names : messageNames_)
+        names.ref = referenceTo(language_.word("messagesScope"), names.type);
+}
+
+void PlugInWriter::nameTransactions() {
     SafeNames transactions(language_.reservedWords());
     transactions.reserve(package_);
+    // A handler or a sender of this name is in every plug-in.
+    for (const char* name : {"Received", "Deviation", "Unknown", "Aborted", "Timeout", "Error", "StrayReply",
+                             "Primary", "Reply"})
+        transactions.reserve(name);
     for (const ReceivedTransaction& received : model_.received())
         receivedNames_.push_back(transactions.take(typeName(received.record->Name(), "Transaction")));
     for (const SentTransaction& sent : model_.sent())
         sentNames_.push_back(transactions.take(typeName(sent.record->Name(), "Transaction")));
+    std::unordered_set<std::string> messages;
+    for (const MessageNames& names : messageNames_)
+        messages.insert(lowered(names.type));
+    for (const auto* names : {&receivedNames_, &sentNames_}) {
+        for (const std::string& name : *names) {
+            if (messages.count(lowered(name)) > 0)
+                sharedNames_.insert(lowered(name));
+        }
+    }
+}
+
+/// Where a language imports names, those that would be ambiguous are written with their package.
+std::string PlugInWriter::referenceTo(std::string_view scope, const std::string& type) const {
+    if (!language_.importsNames())
+        return std::string(scope) + type;
+    return sharedNames_.count(lowered(type)) > 0 ? package_ + "." + std::string(scope) + type : type;
+}
+
+void PlugInWriter::fillReference(TemplateData& data, const std::string& type, std::size_t message) const {
+    data.set("typeRef", referenceTo(language_.word("transactionsScope"), type));
+    data.set("messageRef", messageNames_[message].ref);
 }
 
 void PlugInWriter::fillProject(const std::string& projectName) {
     const bool isHost = model_.project().side == Side::Host;
     project_.set("package", package_);
-    project_.set("project", commentText(projectName));
+    project_.set("project", literals_.comment(projectName));
     project_.set("projectLiteral", literals_.shownText(projectName));
     project_.set("side", isHost ? "Host" : "Equipment");
+    project_.set("sideConstant", isHost ? "HOST" : "EQUIPMENT");
     project_.set("sideWord", isHost ? "host" : "equipment");
     project_.set("sideEnd", literals_.method(isHost ? "host" : "equipment"));
     project_.set("otherEnd", literals_.method(isHost ? "equipment" : "host"));
@@ -79,14 +115,48 @@ void PlugInWriter::fillMessages() {
     }
 }
 
+/// The types that the plug-in uses by their simple names, sorted.
+void PlugInWriter::fillImports() {
+    std::set<std::string> imports;
+    const auto add = [this, &imports](const std::string& scope, const std::string& type) {
+        if (sharedNames_.count(lowered(type)) == 0)
+            imports.insert(language_.word(scope) + type);
+    };
+    for (const std::size_t message : usedMessages())
+        add("messagesScope", messageNames_[message].type);
+    for (const auto* names : {&receivedNames_, &sentNames_}) {
+        for (const std::string& name : *names)
+            add("transactionsScope", name);
+    }
+    project_.addList("imports");
+    for (const std::string& name : imports)
+        project_.add("imports").set("name", name);
+}
+
+/// The messages that the plug-in decodes or encodes.
+std::unordered_set<std::size_t> PlugInWriter::usedMessages() const {
+    std::unordered_set<std::size_t> used;
+    for (const auto& [place, messages] : model_.candidates())
+        used.insert(messages.begin(), messages.end());
+    for (const SentTransaction& sent : model_.sent())
+        used.insert(sent.message);
+    for (std::size_t index = 0; index < model_.messages().size(); ++index) {
+        if (const auto reply = model_.automaticReply(index))
+            used.insert(*reply);
+    }
+    return used;
+}
+
 void PlugInWriter::fillChain(TemplateData& data, std::size_t message) const {
     data.set("message", messageNames_[message].type);
+    data.set("messageRef", messageNames_[message].ref);
     data.set("nameLiteral", literals_.shownText(model_.messages()[message]->record.getName()));
     data.setFlag("isAnswered", model_.automaticReply(message).has_value());
     data.addList("chain");
     for (const std::size_t index : model_.chainOf(message)) {
         TemplateData& link = data.add("chain");
         link.set("type", receivedNames_[index]);
+        fillReference(link, receivedNames_[index], message);
         link.setFlag("hasCondition", model_.received()[index].condition.has_value());
     }
     data.setFlag("isOpen", model_.chainOf(message).empty() ||
@@ -94,19 +164,28 @@ void PlugInWriter::fillChain(TemplateData& data, std::size_t message) const {
 }
 
 void PlugInWriter::fillDispatch() {
-    std::set<int> streams;
+    int lastStream = -1;
     for (const auto& [place, messages] : model_.candidates()) {
-        TemplateData& function = project_.add("functions");
-        function.set("code", std::to_string(place.first * 256 + place.second));
-        function.set("head", "S" + std::to_string(place.first) + "F" + std::to_string(place.second));
-        streams.insert(place.first);
-        for (const std::size_t message : messages) {
-            function.add("candidates").set("message", messageNames_[message].type);
+        const auto [stream, function] = place;
+        if (stream != lastStream)
+            project_.add("streams").set("stream", std::to_string(stream));
+        lastStream = stream;
+        fillFunction(project_.add("functions"), place, messages);
+        fillFunction(project_.last("streams").add("functions"), place, messages);
+        for (const std::size_t message : messages)
             fillChain(project_.add("chains"), message);
-        }
     }
-    for (const int stream : streams)
-        project_.add("streams").set("stream", std::to_string(stream));
+}
+
+void PlugInWriter::fillFunction(TemplateData& data, std::pair<int, int> place,
+                                const std::vector<std::size_t>& messages) const {
+    data.set("stream", std::to_string(place.first));
+    data.set("function", std::to_string(place.second));
+    for (const std::size_t message : messages) {
+        TemplateData& candidate = data.add("candidates");
+        candidate.set("message", messageNames_[message].type);
+        candidate.setFlag("isFirst", message == messages.front());
+    }
 }
 
 void PlugInWriter::fillAnswers() {
@@ -117,6 +196,7 @@ void PlugInWriter::fillAnswers() {
         TemplateData& data = project_.add("answers");
         data.set("nameLiteral", literals_.shownText(model_.messages()[index]->record.getName()));
         data.set("reply", messageNames_[*reply].type);
+        data.set("replyRef", messageNames_[*reply].ref);
     }
 }
 
@@ -127,6 +207,7 @@ void PlugInWriter::fillTransactions() {
         data.set("type", receivedNames_[index]);
         data.set("file", receivedNames_[index]);
         data.set("message", messageNames_[message].type);
+        fillReference(data, receivedNames_[index], message);
         const SECSMessageRecord& record = model_.messages()[message]->record;
         data.set("head", headOf(record));
         if (index == 0)
@@ -146,6 +227,7 @@ void PlugInWriter::fillTransactions() {
         data.set("type", sentNames_[index]);
         data.set("file", sentNames_[index]);
         data.set("message", messageNames_[model_.sent()[index].message].type);
+        fillReference(data, sentNames_[index], model_.sent()[index].message);
         data.set("head", headOf(record));
         data.set("stream", std::to_string(record.getStream()));
         data.set("function", std::to_string(record.getFunction()));
@@ -184,15 +266,23 @@ TemplateData PlugInWriter::elementOf(const std::string& list, std::size_t index)
         MessageData(language_, literals_).fill(data, *model_.messages()[index], messageNames_[index]);
     } else if (list == "received") {
         const ReceivedTransaction& received = model_.received()[index];
+        fillTransaction(data, received.message);
         ReceivedData(language_, literals_, *model_.messages()[received.message],
                      messageNames_[received.message], data)
             .fill(received, receivedNames_[index]);
     } else {
         const SentTransaction& sent = model_.sent()[index];
+        fillTransaction(data, sent.message);
         SentData(language_, literals_, *model_.messages()[sent.message], messageNames_[sent.message], data)
             .fill(sent, sentNames_[index]);
     }
     return data;
+}
+
+void PlugInWriter::fillTransaction(TemplateData& data, std::size_t message) const {
+    const MessageNames& names = messageNames_[message];
+    data.set("messageRef", names.ref);
+    data.setFlag("isImported", names.ref == names.type);
 }
 
 GeneratedFile PlugInWriter::fileOf(const Language::Output& output, const TemplateData& data) const {

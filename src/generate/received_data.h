@@ -32,9 +32,11 @@ private:
     void fillValue(TemplateData& data, const DataItemAddress& address) const;
     std::string expressionOf(const Condition& condition);
     std::string expressionOf(const Comparison& comparison);
-    void fillItem(const TRItemRecord& item, std::size_t index, SafeNames& names);
+    void fillItem(const TRItemRecord& item, std::size_t index);
     /// Whether one of the lines returns in any case.
     bool addLines(TemplateData& data, const std::string& itemName, const Branch& branch);
+    bool addBranch(TemplateData& data, const std::string& itemName, const Statement& statement,
+                   const std::string& indent);
     std::string itemOf(const std::string& wordName, const std::string& itemName,
                        const std::string& value) const;
 
@@ -43,7 +45,7 @@ private:
     const KnownMessage& message_;
     const MessageNames& names_;
     TemplateData& data_;
-    SafeNames functions_;
+    SafeNames members_;                             ///< the names in the type
     std::map<std::string, std::string> functionOf_; // by address
 };
 

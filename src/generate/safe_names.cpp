@@ -22,11 +22,6 @@ char toLower(char c) {
     return isUpper(c) ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-std::string lowered(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), toLower);
-    return text;
-}
-
 /// Appends a word with its first letter as a capital. "SVID" becomes "Svid"; "OnLine" and "S1F3" stay, the
 /// latter since capitals that stand alone are no word.
 void appendWord(std::string& name, std::string_view word) {
@@ -40,6 +35,11 @@ void appendWord(std::string& name, std::string_view word) {
 }
 
 } // namespace
+
+std::string lowered(std::string name) {
+    std::transform(name.begin(), name.end(), name.begin(), toLower);
+    return name;
+}
 
 std::string typeName(std::string_view text, std::string_view fallback) {
     std::string name;

@@ -13,6 +13,9 @@ std::string typeName(std::string_view text, std::string_view fallback);
 /// The same with a lower-case first letter.
 std::string fieldName(std::string_view text, std::string_view fallback);
 
+/// A name with its capitals as small letters.
+std::string lowered(std::string name);
+
 /// The names of one scope of a program. Each is given once; names that differ only in case count as the same,
 /// since some of them become names of files.
 class SafeNames {

@@ -17,10 +17,11 @@ void SentData::fill(const SentTransaction& sent, const std::string& type) {
     data_.set("wait", literals_.truth(record.getWait()));
     data_.setFlag("isPrimary", record.getFunction() % 2 == 1);
     data_.addList("assignments");
-    if (!sent.data)
-        return;
-    Cursor cursor{message_.shape.root(), 0, "message."};
-    assign(message_.items.roots, sent.data->roots, cursor);
+    if (sent.data) {
+        Cursor cursor{message_.shape.root(), 0, "message."};
+        assign(message_.items.roots, sent.data->roots, cursor);
+    }
+    data_.setFlag("hasRecords", members_ > 0);
 }
 
 void SentData::assign(const std::vector<ItemTree>& items, const std::vector<ItemTree>& data, Cursor& cursor) {
@@ -61,9 +62,9 @@ void SentData::assignMembers(const Field& field, const ItemTree& data, const std
             continue;
         }
         const std::string name = "member" + std::to_string(++members_);
-        const std::string type = names_.type + language_.word("scope") + names_.records[field.record];
+        const std::string type = names_.ref + language_.word("scope") + names_.records[field.record];
         add(replaceAll(replaceAll(filled(language_.word("addRecord"), place), "{member}", name), "{type}",
-                       language_.word("messagesScope") + type));
+                       type));
         Cursor inner{field.record, 0, name + "."};
         // The member of a list within a list is a record with the inner list as its only field.
         const ItemTree& item = field.item->members.front();

@@ -1,5 +1,7 @@
 #include "generate/template_data.h"
 
+#include <algorithm>
+
 namespace zb::generate {
 
 TemplateData& TemplateData::add(std::string_view listName) {
@@ -9,6 +11,12 @@ TemplateData& TemplateData::add(std::string_view listName) {
             return list.emplace_back();
     }
     return lists_.back().second.emplace_back();
+}
+
+TemplateData& TemplateData::last(std::string_view listName) {
+    const auto list = std::find_if(lists_.begin(), lists_.end(),
+                                   [listName](const auto& named) { return named.first == listName; });
+    return list->second.back();
 }
 
 void TemplateData::addList(std::string_view name) {

@@ -18,6 +18,8 @@ public:
     /// Appends an element to a list, which is created by its first element. The reference is valid until the
     /// next element of the same list is added.
     TemplateData& add(std::string_view listName);
+    /// The element of a list that was added last. There is one.
+    TemplateData& last(std::string_view listName);
     /// Creates an empty list, so that a template may ask for it.
     void addList(std::string_view name);
 

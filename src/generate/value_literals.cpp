@@ -104,7 +104,7 @@ std::string ValueLiterals::initialValue(const ItemTree& item) const {
     if (words.size() > item.count)
         words.resize(item.count);
     if (item.isSingle())
-        return filled(type.literal, oneValue(item, words.empty() ? "0" : words.front()));
+        return literalOf(type.literal, oneValue(item, words.empty() ? "0" : words.front()));
     if (item.isFixed && words.size() < item.count) {
         if (item.count > kLongestList || words.empty())
             return filled(type.sized, std::to_string(item.count));
@@ -114,7 +114,7 @@ std::string ValueLiterals::initialValue(const ItemTree& item) const {
     for (const std::string& word : words) {
         if (!literals.empty())
             literals += ", ";
-        literals += filled(type.literal, oneValue(item, word));
+        literals += literalOf(type.manyItem, oneValue(item, word));
     }
     return filled(type.manyLiteral, literals);
 }
@@ -128,6 +128,12 @@ std::string ValueLiterals::oneValue(const ItemTree& item, std::string_view word)
     default:
         return integerText(word, rangeOf(item), language_.hasSignedU8() && item.type == "U8");
     }
+}
+
+std::string ValueLiterals::literalOf(const std::string& pattern, const std::string& value) const {
+    // A minus is an operator: the number behind it is out of range in some languages.
+    constexpr std::string_view kLeast = "-9223372036854775808";
+    return value == kLeast ? language_.word("leastI8") : filled(pattern, value);
 }
 
 std::string ValueLiterals::textValue(const ItemTree& item) const {
@@ -150,7 +156,7 @@ std::string ValueLiterals::comparedText(std::string_view text) const {
 }
 
 std::string ValueLiterals::shownText(std::string_view text) const {
-    return language_.textLiteral(sanitizeUtf8(text));
+    return language_.shownLiteral(sanitizeUtf8(text));
 }
 
 std::string ValueLiterals::method(std::string name) const {
@@ -173,6 +179,14 @@ bool hasFittingValue(const ItemTree& item) {
                return isNumeric(word) &&
                       (item.kind == ItemKind::Float || integerText(word, rangeOf(item), false) == word);
            });
+}
+
+std::string ValueLiterals::comment(std::string_view text) const {
+    std::string comment = commentText(text);
+    if (!language_.hasMarkupComments())
+        return comment;
+    comment = replaceAll(replaceAll(comment, "&", "&amp;"), "<", "&lt;");
+    return replaceAll(replaceAll(comment, ">", "&gt;"), "*/", "*&#47;");
 }
 
 std::string commentText(std::string_view text) {

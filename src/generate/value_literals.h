@@ -25,6 +25,8 @@ public:
     /// A name, or another text that is only shown.
     std::string shownText(std::string_view text) const;
     std::string truth(bool value) const { return language_.word(value ? "truth" : "untruth"); }
+    /// A text as the rest of a comment of the language.
+    std::string comment(std::string_view text) const;
     /// The name of a method: its first letter is that of the language.
     std::string method(std::string name) const;
 
@@ -33,6 +35,7 @@ public:
 
 private:
     std::string textValue(const ItemTree& item) const;
+    std::string literalOf(const std::string& pattern, const std::string& value) const;
     std::string oneValue(const ItemTree& item, std::string_view word) const;
 
     const Language& language_;

@@ -57,12 +57,57 @@ TEST(Generation, AsksTheDefaultLast) {
     EXPECT_THAT(textOf(made, "transactions/One.h"), HasSubstr("return valueOfN(message).is(\"1\");"));
 }
 
+TEST(Generation, AsksNothingAfterTheDefault) {
+    const std::string project =
+        message("* d\r\nAsk: S1 F1 H->E.\r\n###[TRANSACTION MODEL] 1\r\n"
+                "## [TR MESSAGE] One\r\n  SECSMessage Ask\r\n  Direction 2\r\nEndTRMessage\r\n"
+                "## [TR MESSAGE] Two\r\n  SECSMessage Ask\r\n  Direction 2\r\nEndTRMessage\r\n");
+    const Generation made = generated(project, "java");
+    EXPECT_THAT(textOf(made, "line/PlugIn.java"), HasSubstr("return take(new One(header, message));"));
+    EXPECT_THAT(textOf(made, "line/PlugIn.java"), Not(HasSubstr("return take(new Two(header, message));")));
+    EXPECT_THAT(made.notes, testing::ElementsAre("The transaction message 'Two' never applies: another one "
+                                                 "without a condition comes before it"));
+}
+
 TEST(Generation, AsksMessagesWithMoreKeysFirst) {
     const Generation made = generated(message("* d\r\nPlain: S1 F1 H->E\r\n    U1 1 N 1.\r\n"
                                               "* d\r\nKeyed: S1 F1 H->E\r\n    U1 1 N 1 [K].\r\n"));
     const std::string code = textOf(made, "plug_in.cpp");
     EXPECT_LT(code.find("messages::Keyed::decode"), code.find("messages::Plain::decode"));
     EXPECT_THAT(textOf(made, "messages/Keyed.h"), HasSubstr("codec.key(self.n, \"1\");"));
+}
+
+// A message and its transaction often have one name. Java then needs the package.
+TEST(Generation, TellsMessagesFromTransactionsOfTheSameName) {
+    const std::string project =
+        message("* d\r\nAsk: S1 F1 H->E\r\n    U1 1 N 1.\r\n* d\r\nTell: S1 F3 H->E.\r\n"
+                "###[TRANSACTION MODEL] 1\r\n"
+                "## [TR MESSAGE] Ask\r\n  SECSMessage Ask\r\n  Direction 2\r\nEndTRMessage\r\n"
+                "## [TR MESSAGE] Error\r\n  SECSMessage Tell\r\n  Direction 2\r\nEndTRMessage\r\n");
+    const std::string plugIn = textOf(generated(project, "java"), "line/PlugIn.java");
+    EXPECT_THAT(plugIn, HasSubstr("void onAsk(line.transactions.Ask received)"));
+    EXPECT_THAT(plugIn, HasSubstr("void onError2(Error2 received)"));
+    EXPECT_THAT(plugIn, HasSubstr("import line.messages.Tell;\nimport line.transactions.Error2;\n"));
+    EXPECT_THAT(plugIn, Not(HasSubstr("import line.messages.Ask;")));
+    EXPECT_THAT(textOf(generated(project, "csharp"), "PlugIn.cs"),
+                HasSubstr("void OnAsk(Transactions.Ask received)"));
+}
+
+TEST(Generation, WritesValuesAsTheLanguageDoes) {
+    const std::string project =
+        message("* a < b */\r\nAsk: S1 F1 H->E\r\n    L 4\r\n        B 2 BYTES 1 200\r\n"
+                "        U8 1 BIG 18446744073709551615\r\n"
+                "        I8 1 LEAST -9223372036854775808\r\n        A 4V TEXT '\xC3\xA9'.\r\n");
+    const std::string java = textOf(generated(project, "java"), "line/messages/Ask.java");
+    EXPECT_THAT(java, HasSubstr("/** S1F1. a &lt; b *&#47; */"));
+    EXPECT_THAT(java, HasSubstr("byte[] bytes = new byte[] {(byte) 1, (byte) 200};"));
+    EXPECT_THAT(java, HasSubstr("long big = -1L;"));
+    EXPECT_THAT(java, HasSubstr("String text = \"\\351\";"));
+    const std::string csharp = textOf(generated(project, "csharp"), "Messages/Ask.cs");
+    EXPECT_THAT(csharp, HasSubstr("ulong Big { get; set; } = 18446744073709551615UL;"));
+    EXPECT_THAT(csharp, HasSubstr("string Text { get; set; } = \"\\u00e9\";"));
+    EXPECT_THAT(textOf(generated(project), "messages/Ask.h"),
+                HasSubstr("least = std::numeric_limits<std::int64_t>::min();"));
 }
 
 TEST(Generation, SaysWhatItLeavesOut) {

@@ -52,6 +52,24 @@ TEST_F(GeneratorProgram, WritesCppInPlaceOfActiveX) {
     EXPECT_THAT(text_, HasSubstr("  messages/ (55 files)\n"));
 }
 
+TEST_F(GeneratorProgram, WritesTheLanguageOfTheSetting) {
+    set(kPlugInType, "4");
+    EXPECT_EQ(run({project()}), 0);
+    EXPECT_TRUE(isWritten("java"));
+    EXPECT_THAT(text_, testing::StartsWith("Written: "));
+    set(kPlugInType, "5");
+    EXPECT_EQ(run({project()}), 0);
+    EXPECT_TRUE(isWritten("csharp"));
+    EXPECT_THAT(text_, testing::StartsWith("Written: "));
+}
+
+TEST_F(GeneratorProgram, DescribesItself) {
+    EXPECT_EQ(run({"--help"}), 0);
+    EXPECT_THAT(text_, testing::StartsWith("Usage: ZeltoGenerator PROJECT.zbp\n"));
+    EXPECT_EQ(run({"--version"}), 0);
+    EXPECT_THAT(text_, testing::MatchesRegex("ZeltoGenerator [0-9.]+\n"));
+}
+
 TEST_F(GeneratorProgram, SaysWhatItWouldWriteWithoutTheOption) {
     set(kSrcGen, "1");
     EXPECT_EQ(run({project()}), 0);

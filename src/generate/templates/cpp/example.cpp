@@ -17,7 +17,7 @@ protected:
     }
     void onDeviation(const zelto::Deviation& deviation) override {
         std::printf("    %s %s\n", deviation.transaction.c_str(),
-                    deviation.restarted.empty() ? "is out of sequence" : "begins its sequence again");
+                    deviation.restarts ? "begins its sequence again" : "is out of sequence");
     }
     void onUnknown(const zelto::Header& header, std::string_view, zelto::Finding) override {
         std::printf("S%dF%d is no transaction\n", header.stream, header.function);

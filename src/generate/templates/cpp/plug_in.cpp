@@ -34,9 +34,9 @@ void PlugIn::send${type}(const zelto::Header& primary, const messages::${message
 
 //% end
 zelto::Finding PlugIn::dispatch(const zelto::Header& header, [[maybe_unused]] std::string_view body) {
-    switch (header.stream * 256 + header.function) {
+    switch (zelto::functionCode(header.stream, header.function)) {
 //% each functions
-    case ${code}: { // ${head}
+    case zelto::functionCode(${stream}, ${function}): {
 //% each candidates
         if (auto message = messages::${message}::decode(body))
             return take(header, std::move(*message));

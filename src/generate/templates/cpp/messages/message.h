@@ -4,7 +4,7 @@
 
 namespace ${package}::messages {
 
-/// ${head}. ${comment}
+/// ${summary}
 struct ${type} {
     static constexpr zelto::MessageHead kHead{${nameLiteral}, ${stream}, ${function}, ${wait}};
 //% each nested
@@ -19,7 +19,11 @@ struct ${type} {
 //% end
 
         template<typename Self, typename Codec>
-        static void describe([[maybe_unused]] Self& self, Codec& codec) {
+//% if fields
+        static void describe(Self& self, Codec& codec) {
+//% else
+        static void describe(Self&, Codec& codec) {
+//% end
 //% each steps
 //% if openList
             codec.list(${count});
@@ -39,9 +43,6 @@ struct ${type} {
 //% if values
             codec.listOf(self.${field}, zelto::${rule}(${count}), [&codec](auto& member) {
                 codec.item(member, zelto::Format::${format}, zelto::${memberRule}(${memberCount}));
-//% if isKey
-            codec.key(member, ${keyLiteral});
-//% end
 //% if isKey
                 codec.key(member, ${keyLiteral});
 //% end
@@ -76,7 +77,15 @@ struct ${type} {
     std::string toSml() const { return zelto::toSml(*this); }
 
     template<typename Self, typename Codec>
-    static void describe([[maybe_unused]] Self& self, [[maybe_unused]] Codec& codec) {
+//% if fields
+    static void describe(Self& self, Codec& codec) {
+//% else
+//% if steps
+    static void describe(Self&, Codec& codec) {
+//% else
+    static void describe(Self&, Codec&) {
+//% end
+//% end
 //% each steps
 //% if openList
         codec.list(${count});

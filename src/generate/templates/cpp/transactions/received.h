@@ -29,14 +29,22 @@ struct ${type} {
     }
 
     /// Whether a message is this transaction, as far as its items tell.
-    static bool applies([[maybe_unused]] const messages::${message}& message) {
+//% if hasCondition
+    static bool applies(const messages::${message}& message) {
+//% else
+    static bool applies(const messages::${message}&) {
+//% end
         return ${condition};
     }
 
 private:
 //% each values
     /// ${address}
-    static zelto::Value ${function}([[maybe_unused]] const messages::${message}& message) {
+//% if isRead
+    static zelto::Value ${function}(const messages::${message}& message) {
+//% else
+    static zelto::Value ${function}(const messages::${message}&) {
+//% end
 //% if isFound
 //% each steps
 //% if isLast
@@ -59,7 +67,11 @@ private:
     }
 //% end
 //% each items
-    static zelto::TransactionItem ${compute}([[maybe_unused]] const messages::${message}& message) {
+//% if isRead
+    static zelto::TransactionItem ${compute}(const messages::${message}& message) {
+//% else
+    static zelto::TransactionItem ${compute}(const messages::${message}&) {
+//% end
 //% each lines
 ${line}
 //% end

@@ -7,6 +7,11 @@
 
 namespace zelto {
 
+/// One number for the stream and function of a message.
+constexpr int functionCode(int stream, int function) {
+    return stream * 256 + function;
+}
+
 /// The header of a message.
 struct Header {
     std::uint16_t session = 0; ///< the device id

@@ -1,0 +1,7 @@
+package zelto;
+
+/** The two ends of a link. */
+public enum Side {
+    HOST,
+    EQUIPMENT
+}
