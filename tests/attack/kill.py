@@ -71,6 +71,41 @@ def of_settings(programs, rounds):
         return rounds
 
 
+def of_plug_in(programs, rounds):
+    """A plug-in is the former one or the new one, whole, whenever its generator is killed; the user's files stay."""
+    random = dice("kill generate")
+    with Place(programs) as place:
+        folder = place.work / "ZeltoPlugIn/cpp"
+
+        def plug_in_of(project):
+            demand(place.zbc("generate", project, "-o", str(folder)).returncode == 0, f"{project} is not generated")
+            return {path.relative_to(folder): path.read_bytes() for path in folder.rglob("*") if path.is_file()}
+
+        for name, messages in (("Few.zbp", "S1F1,S1F3"), ("Many.zbp", "S1F1,S1F3,S2F41,S6F11,S5F1,S7F3")):
+            demand(place.zbc("convert", "semi", name, "--messages", messages).returncode == 0, "no project")
+        plug_in_of("Few.zbp")
+        own = folder / "messages/Own.user.h"
+        own.write_text("// mine\n")
+        wholes = [plug_in_of("Few.zbp"), plug_in_of("Many.zbp")]
+        demand(wholes[0] != wholes[1], "both projects give the same plug-in")
+        command = [programs.zbc, "generate", "Few.zbp", "-o", str(folder)]
+        longest = duration_of(place, command)
+        hits = 0
+        for number in range(rounds):
+            command[2] = ("Few.zbp", "Many.zbp")[number % 2]
+            process = place.start(command)
+            time.sleep(random.uniform(0, longest))
+            process.kill()
+            process.communicate()
+            hits += process.returncode == -signal.SIGKILL
+            found = {path.relative_to(folder): path.read_bytes() for path in folder.rglob("*") if path.is_file()}
+            demand(found in wholes, "a killed generator leaves a part of a plug-in")
+        plug_in_of("Few.zbp")
+        left = [path.name for path in folder.parent.iterdir() if path != folder]
+        demand(not left, f"a killed generator leaves {left}")
+        return hits
+
+
 def of_unsaved_work(programs, rounds):
     """What was kept of unsaved work is there after the kill, also when the recovery is killed itself."""
     random = dice("kill unsaved work")
@@ -110,4 +145,5 @@ def attack(programs, is_long):
         if is_long:
             yield operation.name + ", at random", at_random(programs, operation, 150), "kills"
     yield "unsaved work, at random", of_unsaved_work(programs, 200 if is_long else 10), "kills"
+    yield "plug-in, at random", of_plug_in(programs, 150 if is_long else 20), "kills"
     yield "settings, at random", of_settings(programs, 150 if is_long else 10), "kills"
