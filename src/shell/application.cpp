@@ -245,6 +245,7 @@ void Application::buildPlugIn() {
     const std::string result = saveAndGenerate();
     frmResult.clearOldData();
     frmResult.addErrorMsg(result);
+    generatedFolder.show(result);
     // This kind of plug-in is built into a separate solution, where its result is shown.
     if (readSetting(settings, kPlugInType) != "5")
         frmResult.showModal();

@@ -19,6 +19,7 @@
 #include "shell/frm_new_project.h"
 #include "shell/frm_option.h"
 #include "shell/frm_result.h"
+#include "shell/generated_folder.h"
 #include "shell/project_lifecycle.h"
 #include "shell/project_versions.h"
 #include "shell/work_keeper.h"
@@ -77,6 +78,7 @@ public:
     zb::frmWorkbench frmWorkbench;
     zb::frmCompare frmCompare;
     zb::frmRehearsal frmRehearsal;
+    GeneratedFolder generatedFolder{frmWorkbench, frmResult};
 
     EditorHistory editorHistory{frmSECSEditor};
     ModelerHistory modelerHistory{frmTRModeler};
