@@ -111,7 +111,7 @@ void ReceivedData::fillValue(TemplateData& data, const DataItemAddress& address)
     std::string prefix = "message.";
     const Field* target = nullptr;
     data.addList("steps");
-    for (const MessageShape::Place place : path.places) {
+    for (const MessageShape::Place& place : path.places) {
         const Field& field = message_.shape.fieldAt(place);
         target = &field;
         const bool isTarget =

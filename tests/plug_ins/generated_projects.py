@@ -29,7 +29,7 @@ def main():
                 project = work / f"{project_maker.PROJECT_NAMES[seed % BATCH]}.zbp"
                 recording = work / f"{seed}.hex"
                 project_maker.make(project, recording, seed)
-                cases.append((project, "Equipment", recording))
+                cases.append((project, "Equipment", [recording]))
             messages += replaying.compare(zbc, language, compiler, work, cases)
     print(f"{messages} messages of {count} projects are the same")
 

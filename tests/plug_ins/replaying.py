@@ -78,7 +78,7 @@ def fault(line, message, hexes):
 
 
 def compare(zbc, language, compiler, work, cases):
-    """Cases are (project file, side, recording). Returns the number of messages."""
+    """Cases are (project file, side, recordings). Returns the number of messages."""
     folders = []
     for number, (project, side, _) in enumerate(cases):
         folder = work / f"p{number}"
@@ -86,12 +86,13 @@ def compare(zbc, language, compiler, work, cases):
         folders.append((folder, side))
     words = LANGUAGES[language].build(work, folders, run, compiler)
     wanted = []
-    for number, (project, side, recording) in enumerate(cases):
-        messages = list(received(recording, side))
-        rehearsal = list(rehearsed(zbc, project, recording, side))
-        if not messages or len(messages) != len(rehearsal):
-            sys.exit(f"{recording}: {len(messages)} messages in hex, {len(rehearsal)} in the rehearsal")
-        wanted += [(number, hexes, message) for hexes, message in zip(messages, rehearsal)]
+    for number, (project, side, recordings) in enumerate(cases):
+        for recording in recordings:
+            messages = list(received(recording, side))
+            rehearsal = list(rehearsed(zbc, project, recording, side))
+            if not messages or len(messages) != len(rehearsal):
+                sys.exit(f"{recording}: {len(messages)} messages in hex, {len(rehearsal)} in the rehearsal")
+            wanted += [(number, hexes, message) for hexes, message in zip(messages, rehearsal)]
     text = "".join(f"{number} {hexes}\n" for number, hexes, _ in wanted)
     done = subprocess.run(words, cwd=work, input=text.encode("ascii"), stdout=subprocess.PIPE, check=True)
     found = done.stdout.decode("utf-8").split("\n")[:-1]

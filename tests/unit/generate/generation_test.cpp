@@ -69,6 +69,15 @@ TEST(Generation, AsksNothingAfterTheDefault) {
                                                  "without a condition comes before it"));
 }
 
+TEST(Generation, TakesAListOfValuesForAList) {
+    const Generation made = generated(message(
+        "* d\r\nAsk: S1 F1 H->E\r\n    L 4V ALL\r\n        U1 1 N 1.\r\n###[TRANSACTION MODEL] 1\r\n"
+        "## [TR MESSAGE] One\r\n  SECSMessage Ask\r\n  Direction 2\r\n  TRItem A\r\n    Type STRING\r\n"
+        "    Value ALL\r\n  EndTRItem\r\nEndTRMessage\r\n"));
+    EXPECT_THAT(textOf(made, "transactions/One.h"), HasSubstr("valueOfAll(const messages::Ask&) {\n"
+                                                              "        return zelto::Value::ofList();\n"));
+}
+
 TEST(Generation, AsksMessagesWithMoreKeysFirst) {
     const Generation made = generated(message("* d\r\nPlain: S1 F1 H->E\r\n    U1 1 N 1.\r\n"
                                               "* d\r\nKeyed: S1 F1 H->E\r\n    U1 1 N 1 [K].\r\n"));

@@ -1,6 +1,6 @@
 #include "shell/generated_folder.h"
 
-#include "shell/program.h"
+#include "unit/shell/program.h"
 
 #include <gtest/gtest.h>
 

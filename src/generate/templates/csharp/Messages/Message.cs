@@ -41,14 +41,14 @@ namespace ${package}.Messages
 //% end
 //% if values
 //% if isKey
-            ${field} = codec.ListOf(${field}, Count.${rule}(${count}), () => ${memberInitial}, member =>
+            ${field} = codec.ListOf<${memberType}>(${field}, Count.${rule}(${count}), () => ${memberInitial}, member =>
             {
                 ${memberType} value = codec.${readMember};
                 codec.Key(${keyValue}, ${keyLiteral});
                 return value;
             });
 //% else
-            ${field} = codec.ListOf(
+            ${field} = codec.ListOf<${memberType}>(
                 ${field}, Count.${rule}(${count}), () => ${memberInitial}, member => codec.${readMember});
 //% end
 //% end
@@ -90,14 +90,14 @@ namespace ${package}.Messages
 //% end
 //% if values
 //% if isKey
-                ${field} = codec.ListOf(${field}, Count.${rule}(${count}), () => ${memberInitial}, member =>
+                ${field} = codec.ListOf<${memberType}>(${field}, Count.${rule}(${count}), () => ${memberInitial}, member =>
                 {
                     ${memberType} value = codec.${readMember};
                     codec.Key(${keyValue}, ${keyLiteral});
                     return value;
                 });
 //% else
-                ${field} = codec.ListOf(
+                ${field} = codec.ListOf<${memberType}>(
                     ${field}, Count.${rule}(${count}), () => ${memberInitial}, member => codec.${readMember});
 //% end
 //% end
