@@ -131,7 +131,7 @@ std::string ValueLiterals::oneValue(const ItemTree& item, std::string_view word)
 }
 
 std::string ValueLiterals::literalOf(const std::string& pattern, const std::string& value) const {
-    // A minus is an operator: the number behind it is out of range in some languages.
+    // A minus is an operator: the number after it is out of range in some languages.
     constexpr std::string_view kLeast = "-9223372036854775808";
     return value == kLeast ? language_.word("leastI8") : filled(pattern, value);
 }
