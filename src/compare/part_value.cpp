@@ -189,6 +189,7 @@ std::vector<std::optional<std::string>> valuesAt(const Project& project,
                                                  const std::vector<ValuePlace>& places) {
     const ProjectParts parts(project);
     std::vector<Text> values;
+    values.reserve(places.size());
     for (const ValuePlace& place : places)
         values.push_back(isSide(place) ? Text(wordOf(project.side)) : valueIn(parts, place));
     return values;

@@ -116,6 +116,7 @@ private:
     static std::vector<Gap> gapsBetween(const Nodes& nodes, const ConstNodes& wanted, NumberOf numberOf) {
         const auto numbersOf = [&numberOf](const auto& list) {
             std::vector<std::uint64_t> numbers;
+            numbers.reserve(list.size());
             for (const Node* node : list)
                 numbers.push_back(numberOf(*node));
             return numbers;
