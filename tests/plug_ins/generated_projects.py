@@ -19,7 +19,7 @@ BATCH = len(project_maker.PROJECT_NAMES)
 
 def main():
     zbc, language, compiler = sys.argv[1:4]
-    count = int(os.environ.get("ZB_PLUG_IN_PROJECTS", sys.argv[4] if len(sys.argv) > 4 else "4"))
+    count = int(os.environ.get("ZB_PLUG_IN_PROJECTS", sys.argv[4] if len(sys.argv) > 4 else "10"))
     messages = 0
     for first in range(0, count, BATCH):
         with tempfile.TemporaryDirectory() as name:
