@@ -2,14 +2,15 @@
 
 #include "desktop/binders/binder.h"
 
+class QMenu;
 class QPlainTextEdit;
+class QPoint;
 
 namespace zb {
 
 class TextField;
 
-/// A field of several lines. Its widget edits the text by itself, and each change of it is a paste of the
-/// whole text into the store.
+/// A text of several lines that cannot be changed, such as the output of a generator.
 class TextViewBinder final : public Binder {
 public:
     TextViewBinder(TextField& field, QPlainTextEdit& view, Binding& binding);
@@ -17,7 +18,8 @@ public:
 private:
     void show(Change change) override;
     bool keyPressed(QKeyEvent& event) override;
-    void takeText();
+    void openContextMenu(const QPoint& place);
+    void addViewCommands(QMenu& menu);
 
     TextField& field_;
     QPlainTextEdit& view_;
