@@ -33,7 +33,7 @@ TEST_F(GenerateVerbTest, RefusesAFolderThatIsNoPlugIn) {
 
 TEST_F(GenerateVerbTest, RefusesLanguagesThatItDoesNotHave) {
     expectFault({"generate", project_, "--lang", "cobol"}, 2,
-                "zbc: there is no language cobol, only cpp (see zbc --help)\n");
+                "zbc: there is no language cobol, only cpp, csharp and java (see zbc --help)\n");
 }
 
 } // namespace

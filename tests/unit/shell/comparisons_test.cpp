@@ -109,6 +109,7 @@ TEST_F(ComparisonsTest, TreesAreExpandedAlike) {
 TEST_F(ComparisonsTest, ATakenFieldIsOneStepThatCanBeUndone) {
     compareWith(fileWith({{"AreYouThere: S1 F1 W", "AreYouThere: S1 F1"}}));
     const std::string before = dump();
+    EXPECT_EQ(window.lblCount.text(), "1 of 1");
     click(window.cmdTakeLeft);
     EXPECT_EQ(application.frmSECSEditor.liveTree().find("AreYouThere")->text(),
               "AreYouThere: S1 F1 <R> H<->E");
@@ -116,7 +117,7 @@ TEST_F(ComparisonsTest, ATakenFieldIsOneStepThatCanBeUndone) {
     EXPECT_EQ(application.frmWorkbench.cmdUndo.toolTip(), "Undo: Take AreYouThere");
     click(application.frmWorkbench.cmdUndo);
     EXPECT_EQ(dump(), before);
-    EXPECT_EQ(window.lblCount.text(), "1 difference");
+    EXPECT_EQ(window.lblCount.text(), "1 of 1");
     click(application.frmWorkbench.cmdRedo);
     EXPECT_EQ(window.lblCount.text(), "No differences");
     EXPECT_FALSE(application.frmWorkbench.cmdRedo.enabled());
