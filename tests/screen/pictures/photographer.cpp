@@ -2,30 +2,48 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QHash>
 #include <QTimer>
 #include <QWidget>
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <utility>
+#include <vector>
 
 namespace zb::test {
 
 namespace {
 
-constexpr int kColours = 80;
+constexpr int kColours = 128;
+constexpr int kAlike = 24; // the sum of the differences of the channels
 
-// The colours that cover most of a picture: text is smoothed over few shades of few colours.
+bool areAlike(QRgb left, QRgb right) {
+    return std::abs(qRed(left) - qRed(right)) + std::abs(qGreen(left) - qGreen(right)) +
+               std::abs(qBlue(left) - qBlue(right)) <
+           kAlike;
+}
+
+// The colours that cover most of a picture. Shades that nobody tells apart count as one, so that the smoothed
+// edges of much text leave room for the colour of a single row.
 QList<QRgb> mainColours(const QImage& picture) {
-    QHash<QRgb, int> counts;
+    std::map<QRgb, int> counts;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x)
             ++counts[picture.pixel(x, y)];
     }
-    QList<QRgb> colours = counts.keys();
-    std::sort(colours.begin(), colours.end(),
-              [&](QRgb left, QRgb right) { return counts[left] > counts[right]; });
-    return colours.mid(0, kColours);
+    std::vector<std::pair<int, QRgb>> byCount;
+    for (const auto& [colour, count] : counts)
+        byCount.emplace_back(count, colour);
+    std::sort(byCount.rbegin(), byCount.rend());
+    QList<QRgb> chosen;
+    for (const auto& [count, colour] : byCount) {
+        const auto isAlike = [one = colour](QRgb other) { return areAlike(one, other); };
+        if (chosen.size() < kColours && std::none_of(chosen.begin(), chosen.end(), isAlike))
+            chosen.push_back(colour);
+    }
+    return chosen;
 }
 
 } // namespace
