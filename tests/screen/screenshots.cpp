@@ -137,7 +137,8 @@ void photographRehearsal(ProgramOnScreen& program, Photographer& camera) {
     window.timeline.select(kLateReply);
     window.recording.txtRecording.setText(kFolder + "/odd.log");
     window.txtTyped.setText("S5F1 W\n<L <B 0x80> <U4 3011> <A 'RF fault'>>.");
-    zb::UserHands(application.desktop).click(zb::Target::whole(application.frmWorkbench.notices.cmdCloseNotice));
+    zb::UserHands(application.desktop)
+        .click(zb::Target::whole(application.frmWorkbench.notices.cmdCloseNotice));
     camera.take(*program.screen.mainWindow(), QStringLiteral("rehearsal"));
     window.forget();
 }

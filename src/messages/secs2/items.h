@@ -32,7 +32,8 @@ public:
     }
     /// The memory that the items take beside the object itself, in bytes.
     std::size_t memory() const {
-        return items_.capacity() * sizeof(Item) + bytes_.capacity() + open_.capacity() * sizeof(std::uint32_t);
+        return items_.capacity() * sizeof(Item) + bytes_.capacity() +
+               open_.capacity() * sizeof(std::uint32_t);
     }
     /// The number of members, characters (bytes of a text) or values.
     static std::size_t count(const Item& item);
