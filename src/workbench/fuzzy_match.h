@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -30,6 +31,7 @@ public:
     explicit FuzzyWord(std::string_view typed) : word_(foldedText(typed)), letters_(lettersOf(typed)) {}
 
     std::uint64_t letters() const { return letters_; }
+    std::size_t size() const { return word_.size(); }
     /// How well the text matches, 0 for not at all. From best to worst: the text begins with the word; a word
     /// of the text does; it is anywhere in one piece; its pieces begin words of the text; it is scattered. Of
     /// equals, the shorter text is better.

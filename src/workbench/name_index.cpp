@@ -12,6 +12,8 @@ namespace {
 constexpr int kShareOfMessage = 4;
 // More than the lengths of two texts can differ in.
 constexpr int kNameBonus = 100;
+// More than the length of a description takes away.
+constexpr int kWholeNameBonus = 200;
 
 struct Hit {
     int score = 0;
@@ -71,8 +73,10 @@ private:
     /// What a row shows beside its name may be the name of another.
     int scoreOf(const NameIndex::Entry& entry, const FuzzyWord& word) const {
         const int inAll = word.score(index_.searchText(entry));
-        const bool inName = inAll != 0 && word.score(index_.searchName(entry)) != 0;
-        return inAll + (inName ? kNameBonus : 0);
+        const SearchText name = index_.searchName(entry);
+        const bool inName = inAll != 0 && word.score(name) != 0;
+        const bool isName = inName && name.folded.size() == word.size();
+        return inAll + (inName ? kNameBonus : 0) + (isName ? kWholeNameBonus : 0);
     }
 
     int scoreOfMessage(const NameIndex::Entry& item, std::size_t word) {

@@ -78,6 +78,14 @@ TEST_F(NameIndexTest, MoreWordsFindTheItemsOfAMessage) {
     EXPECT_THAT(find("s5f2 alid"), testing::ElementsAre());
 }
 
+TEST_F(NameIndexTest, AWholeNameComesFirst) {
+    index.addMessage("LotEnded",
+                     "S6F11 The lot has left the load port, with one result for each of its wafers, in slots",
+                     20);
+    index.addMessage("LotEndedAck", "S6F12", 30);
+    EXPECT_THAT(find("lotended"), testing::ElementsAre("LotEnded", "LotEndedAck"));
+}
+
 TEST_F(NameIndexTest, CountsAllAndListsTheBest) {
     EXPECT_THAT(find("a", 2), testing::SizeIs(2));
     EXPECT_EQ(all, 6U);
