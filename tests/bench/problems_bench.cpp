@@ -2,6 +2,7 @@
 // of the first check keeps the window busy. Processor time.
 #include "bench/generated_model.h"
 #include "bench/generated_project.h"
+#include "bench/slices.h"
 #include "support/temporary_folder.h"
 #include "unit/shell/program.h"
 #include "workbench/problems_pane.h"
@@ -9,7 +10,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <ctime>
 #include <fstream>
 #include <string>
 #include <utility>
@@ -18,11 +18,7 @@
 namespace zb::bench {
 namespace {
 
-double processorSeconds() {
-    std::timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
+using test::processorSeconds;
 
 struct Desk {
     explicit Desk(std::int64_t messages) {
@@ -35,22 +31,7 @@ struct Desk {
 
     void checkStandard() { pane.chkCheckStandard.setChecked(true); }
 
-    /// Runs what is to be called at once, as the event loop does. The time of the longest call.
-    double runSlices() {
-        double longest = 0;
-        for (;;) {
-            std::vector<test::SilentScreen::Later> now;
-            now.swap(program.screen.later);
-            std::erase_if(now, [](const auto& later) { return later.delay.count() > 0; });
-            if (now.empty())
-                return longest;
-            for (const auto& later : now) {
-                const double start = processorSeconds();
-                later.run();
-                longest = std::max(longest, processorSeconds() - start);
-            }
-        }
-    }
+    double runSlices() { return test::runSlices(program.screen); }
 
     test::TemporaryFolder folder;
     std::filesystem::path path = folder / "Large.zbp";

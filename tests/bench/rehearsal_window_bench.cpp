@@ -1,6 +1,7 @@
 // The document Rehearsal: how long an edit of the project takes until all messages are judged again, and how
 // long a slice keeps the window busy. Processor time, without a screen.
 #include "bench/long_recording.h"
+#include "bench/slices.h"
 #include "platform/text.h"
 #include "project/project_text.h"
 #include "unit/shell/program.h"
@@ -9,7 +10,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <ctime>
 #include <malloc.h>
 #include <string>
 #include <utility>
@@ -18,11 +18,7 @@
 namespace zb::bench {
 namespace {
 
-double processorSeconds() {
-    std::timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
+using test::processorSeconds;
 
 double usedMegabytes() {
     return static_cast<double>(mallinfo2().uordblks) / (1024 * 1024);
@@ -41,22 +37,7 @@ struct Desk {
         megabytes = usedMegabytes() - before;
     }
 
-    /// Runs what is to be called at once, as the event loop does. The time of the longest call.
-    double runSlices() {
-        double longest = 0;
-        for (;;) {
-            std::vector<test::SilentScreen::Later> now;
-            now.swap(program.screen.later);
-            std::erase_if(now, [](const auto& later) { return later.delay.count() > 0; });
-            if (now.empty())
-                return longest;
-            for (const auto& later : now) {
-                const double start = processorSeconds();
-                later.run();
-                longest = std::max(longest, processorSeconds() - start);
-            }
-        }
-    }
+    double runSlices() { return test::runSlices(program.screen); }
 
     /// Other conditions for the events, so that their verdicts change, or those of before.
     void edit(bool there) {

@@ -28,7 +28,7 @@ private:
     TextField& field_;
     QPlainTextEdit& edit_;
     bool taking_ = false; // the store takes what the widget shows
-    bool inKey_ = false;  // the widget handles a key that the store has been told of
+    bool inKey_ = false;  // the widget handles a key that the store knows of
 };
 
 } // namespace zb
