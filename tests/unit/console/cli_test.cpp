@@ -173,8 +173,10 @@ TEST_F(Cli, ReportsFilesThatAreNoProjects) {
         {encodeUtf16("hello\r\n"), "it has neither a project header nor a section of messages"}};
     for (const auto& [bytes, why] : broken) {
         const std::string file = write("Broken.zbp", bytes);
+        std::string reason = file + ": not a project file: ";
+        reason += why + "\n";
         for (const char* verb : {"list", "check", "build"})
-            expectFault({verb, file}, 1, file + ": not a project file: " + why + "\n");
+            expectFault({verb, file}, 1, reason);
     }
 }
 

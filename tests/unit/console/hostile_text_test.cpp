@@ -7,7 +7,6 @@
 #include "unit/console/all_verbs.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -15,7 +14,6 @@
 namespace zb::test {
 namespace {
 
-namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;

@@ -72,12 +72,14 @@ std::string faultOfObject(const Object& object, const Json& value, const std::st
         return place + " is no object";
     for (const auto& [name, property] : object)
         if (property.isRequired && !value.contains(name))
-            return place + " has no " + name;
+            return std::string(place).append(" has no ").append(name);
     for (const auto& [name, member] : value.items()) {
         const auto property = object.find(name);
         if (property == object.end())
-            return place + " may not have " + name;
-        if (std::string text = fault(property->second.kind, member, place + "/" + name); !text.empty())
+            return std::string(place).append(" may not have ").append(name);
+        if (std::string text =
+                fault(property->second.kind, member, std::string(place).append("/").append(name));
+            !text.empty())
             return text;
     }
     return {};
