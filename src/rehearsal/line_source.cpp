@@ -20,8 +20,14 @@ bool isLeadSurrogate(char16_t unit) {
 Result<LineSource> LineSource::open(const std::filesystem::path& path) {
     LineSource source;
     std::error_code fault;
-    if (!std::filesystem::is_regular_file(path, fault))
-        return systemError(fault ? fault.value() : std::filesystem::is_directory(path) ? EISDIR : EINVAL);
+    const std::filesystem::file_status status = std::filesystem::status(path, fault);
+    if (fault)
+        return systemError(fault.value());
+    if (std::filesystem::is_directory(status))
+        return systemError(EISDIR);
+    // Reading a pipe or a device could wait or read on for ever.
+    if (!std::filesystem::is_regular_file(status))
+        return FileError{EINVAL, "Not a regular file"};
     source.file_.open(path, std::ios::binary);
     if (!source.file_)
         return systemError(errno);

@@ -5,6 +5,7 @@
 
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace zb::test {
 namespace {
@@ -57,6 +58,18 @@ TEST(LineSource, PassesTheMarkOfUtf8) {
     EXPECT_EQ(linesOf("\xEF\xBB\xBFone\ntwo"), "one\ntwo\n");
     EXPECT_EQ(linesOf("\xEF\xBB"), "\xEF\xBB\n") << "no mark";
     EXPECT_EQ(linesOf(""), "");
+}
+
+TEST(LineSource, OpensOnlyFiles) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    const auto faultOf = [](const std::filesystem::path& path) {
+        return rehearsal::LineSource::open(path).error();
+    };
+    EXPECT_EQ(faultOf(folder / "missing"), (FileError{ENOENT, "No such file or directory"}));
+    EXPECT_EQ(faultOf(folder.path()), (FileError{EISDIR, "Is a directory"}));
+    EXPECT_EQ(faultOf(folder / "pipe"), (FileError{EINVAL, "Not a regular file"}));
+    EXPECT_EQ(faultOf("/dev/zero"), (FileError{EINVAL, "Not a regular file"}));
 }
 
 } // namespace
