@@ -1,4 +1,5 @@
 #include "desktop/message_boxes.h"
+#include "desktop/models/node_tree_view.h"
 #include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
 #include "desktop/start/start_panel.h"
@@ -11,13 +12,17 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
+#include <QUrl>
 
 #include <array>
 
@@ -97,6 +102,18 @@ struct HostileText : ::testing::Test {
         EXPECT_EQ(hands().focus(field), "");
         EXPECT_EQ(hands().type(field, text), "");
     }
+    /// Lets a file fall onto the message tree, where it opens as what it is.
+    void drop(const std::filesystem::path& file) {
+        QWidget& tree =
+            *program.widget<NodeTreeView>(program.application.frmSECSEditor, "tvwEdit").viewport();
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(toQt(file.string()))});
+        QDragEnterEvent enter(QPoint(4, 4), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&tree, &enter);
+        QDropEvent fall(QPoint(4, 4), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&tree, &fall);
+        program.settle();
+    }
     void click(Control& button) {
         EXPECT_EQ(hands().click(Target::whole(button)), "");
         program.settle();
@@ -158,6 +175,31 @@ TEST_F(HostileText, WhatIsFoundIsShownAsItIs) {
     EXPECT_THAT(go.lvwGo.rows().front()->cells(), Contains(HasSubstr("<b>Ask</b>")));
     demandPlainLabels();
     demandPlainTips();
+}
+
+TEST_F(HostileText, ALibraryShowsItsFileAndItsMessagesAsTheyAre) {
+    writeFile(folder / "<h1>Library.sml",
+              "// <b>Told</b>\nAsk: S1F1 W\n<L <A \"<img src='/nowhere.png'>\">>\n.\nNo: S1F<b>x</b>\n.\n");
+    drop(folder / "<h1>Library.sml");
+    EXPECT_EQ(program.application.frmSECSEditor.lvwSource.count(), 1U);
+    EXPECT_GT(demandPlainLabels(), 5);
+    EXPECT_THAT(demandPlainTips(), HasSubstr("<img src='/nowhere.png'>"));
+    open(workbench().problems); // what was found in the file is there
+    demandPlainLabels();
+    EXPECT_THAT(demandPlainTips(), HasSubstr("<h1>Library.sml"));
+}
+
+TEST_F(HostileText, ARehearsalShowsTheRecordingAsItIs) {
+    writeFile(folder / "<h1>Day.log", "2026-03-21 08:00:01.000|<b>x</b>|--> [0x00000001] 'S1F1' W\n"
+                                      "    <L [1]\n      <A \"<img src='/nowhere.png'>\">\n    >\n.\n");
+    drop(folder / "<h1>Day.log");
+    frmRehearsal& rehearsal = program.application.frmRehearsal;
+    ASSERT_TRUE(rehearsal.visible());
+    rehearsal.finish();
+    program.settle();
+    ASSERT_EQ(rehearsal.timeline.lvwTimeline.count(), 1U);
+    EXPECT_GT(demandPlainLabels(), 5);
+    EXPECT_THAT(demandPlainTips(), HasSubstr("<img src='/nowhere.png'>"));
 }
 
 TEST_F(HostileText, ADocumentOfDifferencesShowsTheTextAsItIs) {
