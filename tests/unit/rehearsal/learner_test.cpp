@@ -57,6 +57,7 @@ TEST(Learner, WhatIsLearnedOpensAsALibrary) {
         learner.add(message);
     const auto records = learner.records();
     std::vector<const SECSMessageRecord*> pointers;
+    pointers.reserve(records.size());
     for (const auto& record : records)
         pointers.push_back(&record);
     const TemporaryFolder folder;

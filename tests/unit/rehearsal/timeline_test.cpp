@@ -13,7 +13,6 @@
 
 #include <fstream>
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -172,7 +171,8 @@ TEST(KeptRecording, ReadingCanBeCancelledAndReportsHowFarItIs) {
         ASSERT_TRUE(rehearsal::keepRecording(kEtcher + "recordings/" + name, options));
         EXPECT_GT(work.done(), 0.5) << name;
         work.cancel();
-        EXPECT_THROW(rehearsal::keepRecording(kEtcher + "recordings/" + name, options), Cancelled) << name;
+        EXPECT_THROW((void)rehearsal::keepRecording(kEtcher + "recordings/" + name, options), Cancelled)
+            << name;
     }
 }
 

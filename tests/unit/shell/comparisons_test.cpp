@@ -39,7 +39,7 @@ struct ComparisonsTest : ::testing::Test {
             EXPECT_THAT(text, HasSubstr(before));
             text = replaceAll(text, before, after);
         }
-        const std::string path = (folder / "Other.zbp").string();
+        std::string path = (folder / "Other.zbp").string();
         writeFile(path, encodeUtf16(text));
         return path;
     }
