@@ -179,19 +179,25 @@ TEST_F(HostileText, WhatIsFoundIsShownAsItIs) {
 
 TEST_F(HostileText, ALibraryShowsItsFileAndItsMessagesAsTheyAre) {
     writeFile(folder / "<h1>Library.sml",
-              "// <b>Told</b>\nAsk: S1F1 W\n<L <A \"<img src='/nowhere.png'>\">>\n.\nNo: S1F<b>x</b>\n.\n");
+              "// <b>Told</b>\nAsk: S1F1 W\n<L <A \"<img src=/nowhere.png>\">>\n.\nNo: S1F<b>x</b>\n.\n");
     drop(folder / "<h1>Library.sml");
     EXPECT_EQ(program.application.frmSECSEditor.lvwSource.count(), 1U);
     EXPECT_GT(demandPlainLabels(), 5);
-    EXPECT_THAT(demandPlainTips(), HasSubstr("<img src='/nowhere.png'>"));
-    open(workbench().problems); // what was found in the file is there
+    EXPECT_THAT(demandPlainTips(), HasSubstr("<img src=/nowhere.png>"));
+    auto& file = program.widget<QLabel>(program.application.frmSECSEditor, "lblLibraryFile");
+    restOn(file, file.rect().center());
+    ASSERT_NE(tipLabel(), nullptr);
+    EXPECT_EQ(tipLabel()->textFormat(), Qt::PlainText);
+    EXPECT_THAT(fromQt(tipLabel()->text()), HasSubstr("<h1>Library.sml"));
+    click(program.application.frmSECSEditor.cmdLibraryFindings);
+    EXPECT_TRUE(workbench().problems.isOpen());
     demandPlainLabels();
-    EXPECT_THAT(demandPlainTips(), HasSubstr("<h1>Library.sml"));
+    demandPlainTips();
 }
 
 TEST_F(HostileText, ARehearsalShowsTheRecordingAsItIs) {
     writeFile(folder / "<h1>Day.log", "2026-03-21 08:00:01.000|<b>x</b>|--> [0x00000001] 'S1F1' W\n"
-                                      "    <L [1]\n      <A \"<img src='/nowhere.png'>\">\n    >\n.\n");
+                                      "    <L [1]\n      <A \"<img src=/nowhere.png>\">\n    >\n.\n");
     drop(folder / "<h1>Day.log");
     frmRehearsal& rehearsal = program.application.frmRehearsal;
     ASSERT_TRUE(rehearsal.visible());
@@ -199,7 +205,7 @@ TEST_F(HostileText, ARehearsalShowsTheRecordingAsItIs) {
     program.settle();
     ASSERT_EQ(rehearsal.timeline.lvwTimeline.count(), 1U);
     EXPECT_GT(demandPlainLabels(), 5);
-    EXPECT_THAT(demandPlainTips(), HasSubstr("<img src='/nowhere.png'>"));
+    EXPECT_THAT(demandPlainTips(), HasSubstr("<img src=/nowhere.png>"));
 }
 
 TEST_F(HostileText, ADocumentOfDifferencesShowsTheTextAsItIs) {
