@@ -85,10 +85,11 @@ zbc check Etcher.zbp --warnings
   used twice, a text without apostrophes, sub items of an item that is not a list, a line that
   belongs to no message, and similar.
 zbc check Etcher.zbp --standard --except style
-  Also compares the messages with the published layouts and data items of SECS-II, and looks for keys
-  that do not tell messages apart, TR messages that are never chosen, values that do not fit, and
-  similar. The exit status is 1 when any of this is found. A file Etcher.zbcheck beside the project
-  can silence rules, or single places: "std.item.length AlarmReport 1/3".
+  Reports the warnings too, compares the messages with the published layouts and data items of SECS-II,
+  and looks for keys that do not tell messages apart, TR messages that are never chosen, values that do
+  not fit, and similar. The exit status is 1 when the standards check finds anything. A file
+  Etcher.zbcheck beside the project can silence rules, or single places:
+  "std.item.length AlarmReport 1/3".
 zbc check --rules
   Lists all rules with their categories.)";
 }
@@ -97,7 +98,8 @@ void CheckVerb::declare(CLI::App& app) {
     app.add_option("PROJECT", project_, "The project file, *.zbp")->type_name("FILE");
     app.add_flag("--warnings", selection_.warnings,
                  "Also report what a build accepts but is probably a mistake");
-    app.add_flag("--standard", selection_.standard, "Also check against the published standards");
+    app.add_flag("--standard", selection_.standard,
+                 "Also report warnings, and check against the published standards");
     app.add_option("--only", selection_.only,
                    "Report only these: ids of rules, starts of ids, or categories, separated by commas")
         ->type_name("RULES")

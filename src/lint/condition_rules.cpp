@@ -6,6 +6,7 @@
 #include "model/condition_text.h"
 #include "model/statement.h"
 #include "model/tr_message_record.h"
+#include "platform/number.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -35,6 +36,14 @@ const CheckedItem* findItem(const CheckedMessage& message, std::string_view name
     return found == message.items.end() ? nullptr : &*found;
 }
 
+/// Bytes are between apostrophes, as decimal or hexadecimal numbers.
+bool isBytes(std::string_view text) {
+    const std::vector<std::string> words = splitAtBlanks(text);
+    return std::all_of(words.begin(), words.end(), [](const std::string& word) {
+        return isNumeric(word) || upper(word).starts_with("0X");
+    });
+}
+
 /// What is wrong with the value of a comparison; empty when it is of the item's kind.
 std::string kindFault(const Comparison& comparison, const CheckedItem& item) {
     const std::string& type = item.record.getType();
@@ -42,9 +51,12 @@ std::string kindFault(const Comparison& comparison, const CheckedItem& item) {
         return {};
     const ConditionValueForm form = conditionValueForm(type);
     const bool wantsText = form == ConditionValueForm::Quoted;
-    if (wantsText == comparison.hasTextValue() && isConditionValue(form, comparison.plainValue()))
+    const bool isByteFault = type == "B" && comparison.hasTextValue() && !isBytes(comparison.plainValue());
+    if (wantsText == comparison.hasTextValue() && isConditionValue(form, comparison.plainValue()) &&
+        !isByteFault)
         return {};
-    const std::string_view wanted = wantsText                             ? "a text between apostrophes"
+    const std::string_view wanted = isByteFault                           ? "a byte"
+                                    : wantsText                           ? "a text between apostrophes"
                                     : form == ConditionValueForm::Boolean ? "TRUE or FALSE"
                                                                           : "a number";
     return "\"" + item.record.getName() + "\" is " + type + " and is compared with " + comparison.value +

@@ -1,5 +1,6 @@
 #include "lint/cures.h"
 
+#include "lint/checked_message.h"
 #include "messages/item_names.h"
 #include "messages/libraries/built_in.h"
 #include "messages/library_store.h"
@@ -62,20 +63,42 @@ Cure waitCure(const Node& message, bool wait) {
             TextCure{message.index(), SECSMessageRecord::fromParts(head, {}, {}).composeNodeText()}};
 }
 
-/// The published reply with that stream and function; one without data for a message of the user's own.
-SECSMessageRecord publishedReply(int stream, int function) {
-    SECSLibraryStore library(CodePage(1252));
-    for (const std::string& block : semiLibraryBlocks())
-        library.load(block, kFormatSemi);
-    const auto found =
-        library.getByStreamFunction("S" + std::to_string(stream) + " F" + std::to_string(function));
-    return found.empty() ? SECSMessageRecord() : *found.front();
-}
-
 std::string otherWay(std::string_view direction) {
     if (direction == "H->E")
         return "H<-E";
     return direction == "H<-E" ? "H->E" : "H<->E";
+}
+
+/// The way of a reply that is missing: where both sides may begin, one of the two may be there.
+std::string wayOfMissingReply(const SECSMessageRecord& primary, const NodeTree& tree) {
+    const auto isReply = [&](const SECSMessageRecord& record) {
+        return record.getStream() == primary.getStream() && record.getFunction() == primary.getFunction() + 1;
+    };
+    for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next()) {
+        if (!isMessageNode(*node))
+            continue;
+        const SECSMessageRecord record = messageRecordOf(*node);
+        const std::string direction(record.getDirection());
+        if (isReply(record) && DirectionSet::of(primary.getDirection()).holds(DirectionSet::of(direction)))
+            return otherWay(direction);
+    }
+    return otherWay(primary.getDirection());
+}
+
+/// The published reply with the stream, function and direction; one without data for a message of the user's
+/// own.
+SECSMessageRecord publishedReply(const SECSMessageHead& head) {
+    SECSLibraryStore library(CodePage(1252));
+    for (const std::string& block : semiLibraryBlocks())
+        library.load(block, kFormatSemi);
+    const auto found =
+        library.getByStreamFunction("S" + std::to_string(head.stream) + " F" + std::to_string(head.function));
+    const auto fitting = std::find_if(found.begin(), found.end(), [&](const SECSMessageRecord* record) {
+        return DirectionSet::of(record->getDirection()).holds(DirectionSet::of(head.direction));
+    });
+    if (fitting != found.end())
+        return **fitting;
+    return found.empty() ? SECSMessageRecord() : *found.front();
 }
 
 std::optional<Cure> replyCure(const Node& message, const NodeTree& tree) {
@@ -83,11 +106,11 @@ std::optional<Cure> replyCure(const Node& message, const NodeTree& tree) {
     SECSMessageHead head;
     head.stream = primary.getStream();
     head.function = primary.getFunction() + 1;
-    head.direction = otherWay(primary.getDirection());
+    head.direction = wayOfMissingReply(primary, tree);
     head.name = "S" + std::to_string(head.stream) + "F" + std::to_string(head.function);
     while (isMessageKeyUsed(tree, head.name, 0))
         head.name += "1";
-    const SECSMessageRecord published = publishedReply(head.stream, head.function);
+    const SECSMessageRecord published = publishedReply(head);
     return Cure{
         "Add the reply " + head.name,
         AddedMessageCure{message.index(), SECSMessageRecord::fromParts(head, published.getDescription(),

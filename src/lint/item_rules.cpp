@@ -2,6 +2,7 @@
 
 #include "lint/rule.h"
 #include "lint/rule_context.h"
+#include "lint/value_fit.h"
 #include "platform/number.h"
 #include "platform/text.h"
 
@@ -126,7 +127,9 @@ void visitUnknownCodes(const MessageContext& context,
     visitPublishedItems(
         context, [&](const CheckedItem& item, const PublishedItem& published, std::string_view name) {
             const std::string& type = item.record.getType();
-            if (published.codes.empty() || type == "X" || type == "BOOLEAN" || !fitsFormat(published, item))
+            // What does not fit into its type is reported for that.
+            if (published.codes.empty() || type == "X" || type == "BOOLEAN" || !fitsFormat(published, item) ||
+                rangeFault(item.record))
                 return;
             const bool isText = itemKind(type) == ItemKind::Quoted;
             const std::vector<std::string> values =

@@ -12,8 +12,8 @@ namespace {
 
 std::string counted(std::ptrdiff_t count, const std::string& what) {
     if (count == 0)
-        return "it";
-    return "it and the " + std::to_string(count) + " " + what + (count == 1 ? "" : "s") + " after it";
+        return "it out";
+    return "out it and the " + std::to_string(count) + " " + what + (count == 1 ? "" : "s") + " after it";
 }
 
 template<typename Records>
@@ -23,7 +23,7 @@ std::ptrdiff_t recordsAfter(const Records& records, const std::string& name) {
     return found == records.end() ? 0 : records.end() - found - 1;
 }
 
-/// What is left out of the TMD file; empty when nothing of the model is found.
+/// What the TMD file leaves out, with that word; empty when nothing of the model is found.
 std::string leftOut(const Finding& finding, const ProjectView& project) {
     const FindingPlace& place = finding.place;
     if (place.subject == FindingPlace::Subject::Sequence) {
@@ -40,7 +40,7 @@ std::string leftOut(const Finding& finding, const ProjectView& project) {
     if (!place.item.empty())
         return counted(recordsAfter(record->TRItems(), place.item), "TR item");
     if (!finding.text.starts_with("\"" + place.message + "\""))
-        return "the choice of TR messages for this SECS message and those after it";
+        return "out the choice of TR messages for this SECS message and those after it";
     return counted(recordsAfter(project.model->TRMessages(), place.message), "TR message");
 }
 
@@ -50,7 +50,7 @@ void explainLeftOut(Finding& finding, const ProjectView& project) {
     if (finding.id != "tmd.name")
         return;
     if (const std::string text = leftOut(finding, project); !text.empty())
-        finding.text += ", so that it leaves out " + text;
+        finding.text += ", so that it leaves " + text;
 }
 
 } // namespace zb

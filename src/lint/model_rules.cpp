@@ -63,7 +63,12 @@ struct SequenceStep {
     int row; ///< among all rows, from 1
     std::string position;
     int stream;
-    int function; ///< kUnknown when the row names no message of the project
+    int function;  ///< kUnknown when the row names no message of the project
+    int direction; ///< kToHost or kToEquip
+
+    bool isReplyTo(const SequenceStep& other) const {
+        return other.stream == stream && other.function == function - 1 && other.direction != direction;
+    }
 };
 constexpr int kUnknown = -1;
 
@@ -90,7 +95,8 @@ void visitSequences(const ProjectView& project, Visit visit) {
             record == nullptr ? nullptr : project.messages.getByName(record->SECSMessage());
         steps.push_back({static_cast<int>(at) + 1, std::to_string(position),
                          message == nullptr ? kUnknown : message->getStream(),
-                         message == nullptr ? kUnknown : message->getFunction()});
+                         message == nullptr ? kUnknown : message->getFunction(),
+                         record == nullptr ? kUnknown : record->Direction()});
     }
     if (name)
         visit(*name, steps);
@@ -122,22 +128,19 @@ void checkDefaultFirst(const ModelContext& context, Report& report) {
 
 void checkReplyOrder(const ModelContext& context, Report& report) {
     visitSequences(context.project, [&](const std::string& name, const std::vector<SequenceStep>& steps) {
-        std::set<std::pair<int, int>> seen;
         bool isUnknownBefore = false; // what may be the primary message is a fault of its own
-        for (const SequenceStep& step : steps) {
-            seen.emplace(step.stream, step.function);
-            isUnknownBefore = isUnknownBefore || step.function == kUnknown;
-            const bool isReply = step.function > 0 && step.function % 2 == 0;
-            if (!isReply || seen.contains({step.stream, step.function - 1}))
+        for (auto step = steps.begin(); step != steps.end(); ++step) {
+            isUnknownBefore = isUnknownBefore || step->function == kUnknown;
+            const bool isReply = step->function > 0 && step->function % 2 == 0;
+            const auto isPrimary = [&](const SequenceStep& other) { return step->isReplyTo(other); };
+            if (!isReply || std::any_of(steps.begin(), step, isPrimary))
                 continue;
-            const bool comesLater = std::any_of(steps.begin(), steps.end(), [&](const SequenceStep& other) {
-                return other.stream == step.stream && other.function == step.function - 1;
-            });
+            const bool comesLater = std::any_of(step, steps.end(), isPrimary);
             if (isUnknownBefore && !comesLater)
                 continue;
             const std::string reply =
-                "The reply S" + std::to_string(step.stream) + "F" + std::to_string(step.function);
-            report.tell(FindingPlace::inSequence(name, step.position, step.row),
+                "The reply S" + std::to_string(step->stream) + "F" + std::to_string(step->function);
+            report.tell(FindingPlace::inSequence(name, step->position, step->row),
                         reply +
                             (comesLater ? " is before its primary message" : " follows no primary message"));
         }

@@ -23,7 +23,9 @@ bool RuleSelection::wants(const Finding& finding) const {
         return false;
     if (!only.empty())
         return selectsAny(only, *rule);
-    return rule->set == RuleSet::Standard ? standard : warnings || finding.severity == Severity::Error;
+    if (rule->set == RuleSet::Standard)
+        return standard;
+    return standard || warnings || finding.severity == Severity::Error;
 }
 
 std::optional<std::string> RuleSelection::unknownSelector() const {

@@ -11,7 +11,7 @@ namespace zb {
 /// Which findings of a check are wanted.
 struct RuleSelection {
     bool warnings = false; ///< also doubts of the rules of every check
-    bool standard = false; ///< also the rules of the standards check
+    bool standard = false; ///< also these doubts, and the rules of the standards check
     /// When there are any, exactly what they select is wanted, whatever the other members say.
     std::vector<std::string> only = {};
     std::vector<std::string> except = {};

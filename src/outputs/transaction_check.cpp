@@ -156,7 +156,9 @@ private:
         if (record == nullptr)
             return tell("There is no TR message " + quoted(name), "seq.message.unknown");
         const std::string direction = directionText(record->Direction());
-        if (row.direction != direction)
+        // A TR message that goes to neither side is reported itself.
+        const bool goesAnywhere = record->Direction() == kToHost || record->Direction() == kToEquip;
+        if (goesAnywhere && row.direction != direction)
             tell(quoted(name) + " goes " + direction + " now, and not " +
                      (row.direction.empty() ? "nowhere" : row.direction),
                  "seq.direction", Severity::Warning);

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <deque>
 #include <iterator>
+#include <string_view>
 #include <utility>
 
 namespace zb {
@@ -71,9 +72,9 @@ bool ProblemFilter::lets(const ProblemView& problem) const {
         return false;
     if (text.empty())
         return true;
-    const std::string all =
-        severityWord(finding.severity) + "\n" + whereText(finding) + "\n" + finding.text + "\n" + finding.id;
-    return contains(upper(all), upper(text));
+    const auto holds = [this](std::string_view column) { return contains(upper(column), text); };
+    return holds(finding.text) || holds(whereText(finding)) || holds(finding.id) ||
+           holds(severityWord(finding.severity));
 }
 
 std::size_t ProblemFilter::countIn(const FindingTally& tally) const {

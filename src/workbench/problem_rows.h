@@ -17,7 +17,7 @@ struct ProblemFilter {
     std::array<bool, kSeverities> severities{true, true, true};          ///< by Severity
     std::array<bool, kFindingKinds> kinds{true, true, true, true, true}; ///< by FindingKind
     bool silenced = false;                                               ///< also silenced ones
-    std::string text;                                                    ///< within any column, in any case
+    std::string text; ///< in upper case; a row has it in any column, in any case
 
     bool lets(const ProblemView& problem) const;
     /// How many it lets through, of those that were counted; it must have no text.

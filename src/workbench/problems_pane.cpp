@@ -3,6 +3,7 @@
 #include "controls/desktop.h"
 #include "controls/key.h"
 #include "editor/frm_sec_editor.h"
+#include "platform/text.h"
 #include "project/module_state.h"
 #include "workbench/document_command.h"
 #include "workbench/frm_workbench.h"
@@ -173,7 +174,7 @@ ProblemFilter ProblemsPane::filter() const {
     for (std::size_t at = 0; at < kFindingKinds; ++at)
         filter.kinds[at] = chkKind[at].checked();
     filter.silenced = chkShowSilenced.checked();
-    filter.text = txtProblemFilter.text();
+    filter.text = upper(txtProblemFilter.text());
     return filter;
 }
 

@@ -110,5 +110,41 @@ BENCHMARK(headEdit)
     ->UseManualTime()
     ->Unit(benchmark::kMicrosecond);
 
+/// Times a change of what the open pane lists, back and forth. All rows are replaced.
+template<typename Change>
+void changeList(benchmark::State& state, Change change) {
+    Desk desk(state.range(0));
+    desk.pane.open();
+    desk.runSlices();
+    bool isFirst = true;
+    for (auto _ : state) {
+        const double start = processorSeconds();
+        change(desk.pane, isFirst);
+        state.SetIterationTime(processorSeconds() - start);
+        isFirst = !isFirst;
+    }
+    state.counters["findings"] = desk.pane.watch.tally().of(Severity::Warning);
+}
+
+void filterKey(benchmark::State& state) {
+    changeList(state, [](ProblemsPane& pane, bool isFirst) {
+        pane.txtProblemFilter.setText(isFirst ? "no such text" : "warning");
+    });
+}
+
+void filterToggle(benchmark::State& state) {
+    changeList(state, [](ProblemsPane& pane, bool isFirst) { pane.chkSeverity[1].setChecked(!isFirst); });
+}
+
+void sortByText(benchmark::State& state) {
+    changeList(state, [](ProblemsPane& pane, bool isFirst) {
+        pane.lvwProblems.setSorted(isFirst, 2);
+        benchmark::DoNotOptimize(pane.lvwProblems.shown().size());
+    });
+}
+BENCHMARK(filterKey)->Name("ProblemsFilterKey")->Arg(10'000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(filterToggle)->Name("ProblemsToggle")->Arg(10'000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(sortByText)->Name("ProblemsSort")->Arg(10'000)->UseManualTime()->Unit(benchmark::kMillisecond);
+
 } // namespace
 } // namespace zb::bench

@@ -38,8 +38,11 @@ protected:
 TEST_F(CheckVerbTest, ReportsStandardsWhenAskedFor) {
     const std::string faults = line(count_) + line(unknown_) + line(empty_);
     expectFault({"check", file_}, 1, faults);
-    expectFault({"check", file_, "--standard"}, 1,
-                line(count_) + line(wait_) + line(unknown_) + line(empty_));
+    expectFault({"check", file_, "--warnings"}, 1,
+                line(count_) + line(twice_) + line(unknown_) + line(empty_));
+    const std::string all = line(count_) + line(twice_) + line(wait_) + line(unknown_) + line(empty_);
+    expectFault({"check", file_, "--standard"}, 1, all);
+    expectFault({"check", file_, "--standard", "--warnings"}, 1, all);
     expectFault({"check", file_, "--standard", "--except", "definition,model"}, 1, line(wait_));
     expectFault({"check", file_, "--except", "definition", "--except", "tr,seq"}, 0, "");
 }
@@ -99,7 +102,7 @@ TEST_F(CheckVerbTest, GivesASarifLogThatItsSchemaAllows) {
               "smd.item.count");
     EXPECT_EQ(result["locations"][0]["physicalLocation"]["region"]["startLine"], 12);
     EXPECT_EQ(result["locations"][0]["logicalLocations"][0]["fullyQualifiedName"], "Own/1");
-    EXPECT_EQ(log["runs"][0]["results"].size(), 4U);
+    EXPECT_EQ(log["runs"][0]["results"].size(), 5U);
 }
 
 TEST_F(CheckVerbTest, EscapesTheNameOfTheFileInSarif) {

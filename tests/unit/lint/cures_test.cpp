@@ -71,6 +71,8 @@ TEST(Cures, AddAMissingReply) {
                 "std.reply.missing: Start"),
         "Add the reply S2F421");
     EXPECT_EQ(curedBy("* d\nOwn: S64 F1 W H->E.\n", "std.reply.missing: Own"), "Add the reply S64F2");
+    EXPECT_EQ(curedBy("* d\nOwn: S64 F1 W H<->E.\n* d\nDone: S64 F2 H<-E.\n", "std.reply.missing: Own"),
+              "Add the reply S64F2");
 }
 
 TEST(Cures, AreNotMadeForWhatIsCuredOrHasNoSingleCure) {

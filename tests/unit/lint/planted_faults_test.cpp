@@ -111,10 +111,25 @@ constexpr Plant kInMessages[] = {
     {"U1 1 CPVAL 1", "U1 1 CPVAL 1 [K]", "key.second: Start: 1/2/1/2"},
     {"    L 3\n        U2 1 SLOT", "    L 4\n        U2 1 SLOT", "smd.item.count: Report: 1"},
     {"U1 1 RESULT 0", "U1 1 RESULT -1", "smd.item.value: ReportTaken: 1"},
+    {"H<-E\n    L 2\n        B 1 HCACK 0", "H<-E\n    L 2\n        B 1 HCACK 300",
+     "smd.item.value: Done: 1/1"},
+    {"* Own\n",
+     "* Link\nLink: S1 F13 W H->E\n    L 0.\n* Reply\nLinked: S1 F14 H->E\n    L 2\n"
+     "        B 1 COMMACK 0\n        L 0.\n* Own\n",
+     "std.reply.direction: Linked"},
+    {"* Own\n",
+     "* Link\nLink: S1 F13 W H<->E\n    L 0.\n* Reply\nLinked: S1 F14 H->E\n    L 2\n"
+     "        B 1 COMMACK 0\n        L 0.\n* Own\n",
+     "std.reply.missing: Link"},
 };
 
 constexpr Plant kInModel[] = {
     {"({RESULT} == 0)", "({RESULT} == 'A')", "tr.condition.kind: Good"},
+    {"## [TR MESSAGE] Good\n",
+     "## [TR MESSAGE] Taken\n  SECSMessage AlarmTaken\n  Condition ({ACKC5} == 'x')\n  Direction 2\n"
+     "EndTRMessage\n## [TR MESSAGE] Good\n",
+     "tr.condition.kind: Taken"},
+    {"  Report True\n  Direction 2\n", "  Report True\n  Direction 3\n", "tr.direction: StartLot"},
     {"({RESULT} == 0)", "({RESULT[1]} == 0)", "tr.item.index: Good"},
     {"({RESULT} == 0)", "({RESULT} == 0", "tr.condition.form: Good"},
     {"({RESULT} == 0)", "(({RESULT} == 0) and ({RESULT} == 1))", "tr.condition.unreachable: Good"},
@@ -138,6 +153,7 @@ constexpr Plant kInModel[] = {
     {"Item 2 U2 1 SLOT 1", "Item 2 U2 1 SLOT 99999", "tr.block.range: LotReport: 1/1"},
     {"'L2              '", "'한국어한국어한국어'", "tr.block.length: LotReport: 1/2"},
     {"Item 2 B 1 HCACK 0", "Item 2 B 1 HCACK 9", "tr.block.code: LotDone: 1/1"},
+    {"Item 2 B 1 HCACK 0", "Item 2 B 1 HCACK 300", "tr.block.range: LotDone: 1/1"},
     {"Item 2 U2 1 SLOT 1", "Item 2 U4 1 SLOT 1", "tr.block.changed: LotReport: 1/1"},
     {"    L 3\n        U2 1 SLOT 1", "    L 3\n        U2 1 SLOT 1 [K]", "tr.block.key: LotReport: 1/1"},
     {"SeqItem\u00FF3\u00FFToHost\u00FFLotReport\n", "", "seq.reply.order: Lot: 3"},
@@ -167,6 +183,43 @@ TEST(SoundVariants, AreNotReported) {
     expectNone("* Own\n", "* Own time\nOwnTime: S66 F1 H<-E\n    F4 1 TIME 0.5.\n* Own\n");
     expectNone("Alarm: S5 F1 W H<-E", "Alarm: S5 F1 H<-E");
     expectNone("A 4 RCMD 'STOP' [K]", "A 4V RCMD ''");
+}
+
+// Both sides ask, so that there are replies of both.
+TEST(Sequences, HaveTheReplyOfTheOtherSide) {
+    const std::string messages = "* Ask\nAsk: S64 F1 W H<->E.\n* Answer\nAnswer: S64 F2 H<->E.\n";
+    const auto message = [](const std::string& name, const std::string& secsMessage, int direction) {
+        return "## [TR MESSAGE] " + name + "\n  SECSMessage " + secsMessage +
+               "\n  Report False\n  Direction " + std::to_string(direction) + "\nEndTRMessage\n";
+    };
+    const std::string model = "###[TRANSACTION MODEL] 1\n" + message("Asked", "Ask", 2) +
+                              message("Told", "Answer", 2) + message("Tell", "Answer", 1);
+    const auto places = [&](const std::string& reply) {
+        return placesOf(findingsOf(projectOf(messages, model + "\n\n\n###[SEQUENCE TABLE]\n" +
+                                                           "SeqName\u00FFTalk\u00FF\u00FF\n" +
+                                                           "SeqItem\u00FF1\u00FFToEquip\u00FFAsked\n" +
+                                                           "SeqItem\u00FF2\u00FF" + reply + "\n")));
+    };
+    EXPECT_THAT(places("ToHost\u00FFTell"), ElementsAre());
+    EXPECT_THAT(places("ToEquip\u00FFTold"), ElementsAre("seq.reply.order: Talk: 2"));
+}
+
+TEST(SoundVariants, EitherSideHasItsReply) {
+    const std::string link = "* Link\nLink: S1 F13 W H<->E\n    L 0.\n";
+    const std::string data = "    L 2\n        B 1 COMMACK 0\n        L 0.\n";
+    const auto places = [&](const std::string& replies) {
+        return placesOf(findingsOf(projectOf(kMessages + link + replies)));
+    };
+    EXPECT_THAT(places("* Both\nLinked: S1 F14 H<->E\n" + data), ElementsAre());
+    EXPECT_THAT(places("* Host\nLinked: S1 F14 H->E\n" + data + "* Equipment\nLinkedE: S1 F14 H<-E\n" + data),
+                ElementsAre());
+}
+
+TEST(MissingReplies, SayWhichSideHasNone) {
+    const Findings findings =
+        findingsOf(projectOf("* Ask\nAsk: S64 F1 W H<->E.\n* Answer\nAnswer: S64 F2 H<-E.\n"));
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings[0].text, "The reply S64F2 from the host to the equipment is not defined");
 }
 
 TEST(TmdNames, SayWhatTheFileLeavesOut) {

@@ -83,6 +83,7 @@ TEST(RuleSelection, OnlyNamesWhatIsWanted) {
     EXPECT_FALSE(RuleSelection{}.wants(standard));
     EXPECT_TRUE((RuleSelection{.warnings = true}.wants(doubt)));
     EXPECT_TRUE((RuleSelection{.standard = true}.wants(standard)));
+    EXPECT_TRUE((RuleSelection{.standard = true}.wants(doubt)));
     const RuleSelection only{.only = {"smd.name"}};
     EXPECT_TRUE(only.wants(doubt));
     EXPECT_FALSE(only.wants(fault));
