@@ -17,7 +17,7 @@ bool isTowards(const SECSMessageRecord& record, Side side) {
     return record.getDirection() != away;
 }
 
-std::string quoted(std::string_view name) {
+std::string inQuotes(std::string_view name) {
     return "'" + std::string(name) + "'";
 }
 
@@ -40,7 +40,7 @@ PlugInModel::PlugInModel(const Project& project) : project_(project) {
 }
 
 std::optional<std::size_t> PlugInModel::addMessage(const SECSMessageRecord& record, std::string_view place) {
-    const std::string name = std::string(place) + " " + quoted(record.getName());
+    const std::string name = std::string(place) + " " + inQuotes(record.getName());
     const int stream = record.getStream();
     const int function = record.getFunction();
     if (stream < 0 || stream > kHighestStream || function < 0 || function > kHighestFunction) {
@@ -73,11 +73,11 @@ void PlugInModel::takeMessages() {
 
 void PlugInModel::takeTransactions() {
     for (const auto& record : project_.model->TRMessages()) {
-        const std::string name = "The transaction message " + quoted(record->Name());
+        const std::string name = "The transaction message " + inQuotes(record->Name());
         const auto found = byName_.find(upper(record->SECSMessage()));
         if (found == byName_.end()) {
             notes_.push_back(name + " is left out: there is no SECS message " +
-                             quoted(record->SECSMessage()));
+                             inQuotes(record->SECSMessage()));
         } else if (record->Direction() == project_.model->SentDirection()) {
             takeSent(*record, found->second);
         } else if (record->Direction() == project_.model->ReceivedDirection()) {
@@ -98,7 +98,7 @@ void PlugInModel::takeSent(const TRMessageRecord& record, std::size_t message) {
         if (data.fault.empty() && isValueOf(data.roots, messages_[message]->items.roots))
             sent.data = std::move(data);
         else
-            notes_.push_back("The transaction message " + quoted(record.Name()) +
+            notes_.push_back("The transaction message " + inQuotes(record.Name()) +
                              " starts with the values of its SECS message: its own data is not of that form");
     }
     sent_.push_back(std::move(sent));
@@ -115,7 +115,7 @@ void PlugInModel::orderChains() {
         });
         for (auto hidden = defaults; hidden != chain.end(); ++hidden) {
             if (hidden != defaults)
-                notes_.push_back("The transaction message " + quoted(received_[*hidden].record->Name()) +
+                notes_.push_back("The transaction message " + inQuotes(received_[*hidden].record->Name()) +
                                  " never applies: another one without a condition comes before it");
         }
         if (defaults != chain.end())

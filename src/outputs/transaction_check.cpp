@@ -18,7 +18,7 @@ namespace {
 
 using ItemNames = std::unordered_set<std::string>;
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     return "\"" + std::string(text) + "\"";
 }
 
@@ -81,7 +81,7 @@ public:
 private:
     void checkName(const std::string& name) {
         if (!isXmlName(name))
-            tell(quoted(name) + " is no name that a TMD file can hold", "tmd.name");
+            tell(inQuotes(name) + " is no name that a TMD file can hold", "tmd.name");
     }
 
     void checkText(const std::string& text) {
@@ -97,7 +97,7 @@ private:
         if (!isSECSMessageSelected(record)) {
             tell(std::string(kNoSECSMessageText), "tr.secs.none");
         } else if (found == nullptr) {
-            tell(std::string(kUnknownSECSMessageText) + " There is no " + quoted(name), "tr.secs.unknown");
+            tell(std::string(kUnknownSECSMessageText) + " There is no " + inQuotes(name), "tr.secs.unknown");
         } else {
             checkName(name);
             items_.emplace();
@@ -121,8 +121,8 @@ private:
         if (isBlank(record.SECSMessage()))
             return;
         if (const auto first = defaults_.add(record, received_))
-            tell(std::string(kSecondDefaultText) + " " + quoted(*first) + " is one for " +
-                     quoted(record.SECSMessage()) + " already",
+            tell(std::string(kSecondDefaultText) + " " + inQuotes(*first) + " is one for " +
+                     inQuotes(record.SECSMessage()) + " already",
                  "tr.default.twice");
     }
 
@@ -144,7 +144,7 @@ private:
     /// Each that is missing is reported once a place.
     void checkDataItem(const std::string& name) {
         if (items_ && !name.empty() && !items_->contains(name) && reported_.insert(name).second)
-            tell("The SECS message has no data item " + quoted(name), "tr.item.unknown");
+            tell("The SECS message has no data item " + inQuotes(name), "tr.item.unknown");
     }
 
     void checkSequenceRow(const SequenceRow& row) {
@@ -154,12 +154,12 @@ private:
         const TRMessageRecord* record =
             project_.model == nullptr ? nullptr : project_.model->getTRMessage(name);
         if (record == nullptr)
-            return tell("There is no TR message " + quoted(name), "seq.message.unknown");
+            return tell("There is no TR message " + inQuotes(name), "seq.message.unknown");
         const std::string direction = directionText(record->Direction());
         // A TR message that goes to neither side is reported itself.
         const bool goesAnywhere = record->Direction() == kToHost || record->Direction() == kToEquip;
         if (goesAnywhere && row.direction != direction)
-            tell(quoted(name) + " goes " + direction + " now, and not " +
+            tell(inQuotes(name) + " goes " + direction + " now, and not " +
                      (row.direction.empty() ? "nowhere" : row.direction),
                  "seq.direction", Severity::Warning);
     }
