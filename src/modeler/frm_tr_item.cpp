@@ -25,6 +25,10 @@ bool isBare(const std::string& text) {
     return text == kIfImage || text == kElifImage;
 }
 
+bool isValue(const Node& node) {
+    return node.image() == kItemValueImage;
+}
+
 } // namespace
 
 frmTRItem::frmTRItem(Desktop& desktop, ModuleState& state, ModelViews& views)
@@ -267,6 +271,12 @@ void frmTRItem::connectStatements() {
         if (button == kRightButton && node != nullptr && node->parent() != nullptr)
             openPopup(*node);
     };
+    desktop().keys().add({{kKeyDelete, 0},
+                          {this, {&tvwStatement}},
+                          "the statements",
+                          "Deletes the selected statement or value; an if with its whole chain",
+                          [this] { return deleteSelected(); },
+                          true});
     mnuSetValue.onClick = [this] { setValue(); };
     mnuDelete.onClick = [this] { deleteStatement(); };
 }
@@ -276,12 +286,18 @@ std::optional<DragData> frmTRItem::dragStatement(Pane& picture, std::string_view
     return DragData{{}, &picture, DragData::Form::Picture};
 }
 
-// A click has the effect of a drop on the selected node.
+// A click has the effect of a drop on the selected node. Below a value, and beside it, a statement would be
+// lost when the text is written: there the click goes on with the chain that the value belongs to.
 void frmTRItem::clickStatement(std::string_view type) {
     Node* selected = tvwStatement.nodes().selected();
     currentNode_ = selected != nullptr ? selected : statements_.root();
     if (currentNode_ == nullptr)
         return;
+    if (isValue(*currentNode_) && currentNode_->parent() != nullptr)
+        currentNode_ = currentNode_->parent();
+    if (currentNode_->child() != nullptr && isValue(*currentNode_->child()) &&
+        currentNode_->parent() != nullptr)
+        currentNode_ = currentNode_->parent();
     statementType_ = type;
     dropPicture();
 }
@@ -343,6 +359,15 @@ void frmTRItem::setValue() {
 }
 
 // A chain has no meaning without its "if", so the whole chain is deleted with it.
+bool frmTRItem::deleteSelected() {
+    Node* selected = tvwStatement.nodes().selected();
+    if (selected == nullptr || selected->parent() == nullptr)
+        return false;
+    currentNode_ = selected;
+    deleteStatement();
+    return true;
+}
+
 void frmTRItem::deleteStatement() {
     if (currentNode_ == nullptr)
         return;

@@ -89,6 +89,8 @@ private:
     void openPopup(Node& node);
     void setValue();
     void deleteStatement();
+    /// False when there is nothing to delete.
+    bool deleteSelected();
 
     ConditionHome conditionHome();
     UnfinishedWork::Dialog keptWork();

@@ -86,6 +86,7 @@ UnfinishedWork::Dialog frmTRMessage::keptWork() {
     UnfinishedWork::Dialog work;
     work.leftOut = {&chkKeepVisible};
     work.filledIn = {&txtItemValue, &cmbItemValue};
+    work.isTypedIn = [this] { return values_.isEdited(); };
     work.subject = [this] {
         const std::string name = trim(txtTRName.text());
         return (cmdUpdate.caption() == "&Add" ? "new TR message" : "TR message") +

@@ -6,7 +6,10 @@
 #include "modeler/frm_tr_modeler.h"
 #include "modeler/model_nodes.h"
 
+#include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace zb {
 
@@ -33,17 +36,43 @@ ModelTreeCommands::ModelTreeCommands(frmTRModeler& window) : window_(window) {
         tree->onReached = [this, tree](Node& node) { press(*tree, &node); };
         tree->onDragStart = [tree](Node& node) { return DragData{node.text(), tree}; };
     }
-    window_.desktop().keys().add({{kKeyF2, 0},
-                                  {&window_, {&window_.tvwRcvTRMsg, &window_.tvwSndTRMsg}},
-                                  "the trees of the modeler",
-                                  "Renames the selected message",
-                                  [this] { return rename(); }});
+    wireKeys();
     wireReceived();
     wireSent();
 }
 
+void ModelTreeCommands::wireKeys() {
+    const auto add = [this](KeyEvent key, std::vector<const Control*> trees, const char* purpose,
+                            std::function<bool()> run) {
+        window_.desktop().keys().add(
+            {key, {&window_, std::move(trees)}, "the trees of the modeler", purpose, std::move(run)});
+    };
+    const Tree& received = window_.tvwRcvTRMsg;
+    const std::vector<const Control*> both{&received, &window_.tvwSndTRMsg};
+    add({kKeyF2, 0}, both, "Renames the selected message", [this] { return rename(); });
+    add({kKeyInsert, 0}, both, "Opens the dialog for a new message", [this] {
+        if (&focusedTree() == &window_.tvwSndTRMsg)
+            window_.messageDialog().addSndTRMessage();
+        else
+            window_.messageDialog().addRcvTRMessage();
+        return true;
+    });
+    add({kKeyInsert, kShiftKey}, {&received}, "Opens the dialog for a new item of the message", [this] {
+        const Node* node = window_.tvwRcvTRMsg.nodes().selected();
+        if (node == nullptr || levelOf(*node) == ModelLevel::Root)
+            return false;
+        const bool isItem = levelOf(*node) == ModelLevel::Item;
+        window_.itemDialog().addTRItem(std::string((isItem ? node->parent() : node)->text()));
+        return true;
+    });
+}
+
+Tree& ModelTreeCommands::focusedTree() {
+    return window_.focusControl() == &window_.tvwSndTRMsg ? window_.tvwSndTRMsg : window_.tvwRcvTRMsg;
+}
+
 bool ModelTreeCommands::rename() {
-    Tree& tree = window_.focusControl() == &window_.tvwSndTRMsg ? window_.tvwSndTRMsg : window_.tvwRcvTRMsg;
+    Tree& tree = focusedTree();
     if (selectedOf(tree, ModelLevel::Message) == nullptr)
         return false;
     window_.renameSelected(tree);

@@ -35,12 +35,14 @@ public:
     void edit(const Tree& tree, const Node& node);
 
 private:
+    void wireKeys();
     void wireReceived();
     void wireSent();
     void press(Tree& tree, Node* node);
     /// Shows the selection in the table and in the open dialogs.
     void follow(Tree& tree, const Node* node);
     void followInDialogs(const Tree& tree, const Node& node);
+    Tree& focusedTree();
     /// Renames the message in the tree with the focus; false when none is selected.
     bool rename();
     void keyDown(Tree& tree, KeyEvent key);

@@ -88,9 +88,14 @@ std::string SentValueEditor::entered() const {
                                                                   : trim(window_.txtItemValue.text());
 }
 
+// A click on a node without a value asks for none, but the item before it is still the selected one.
+bool SentValueEditor::isEdited() const {
+    return selectedItem_ && window_.cmdSetValue.enabled() && entered() != asked_;
+}
+
 std::optional<UnsetValue> SentValueEditor::unsetValue() const {
     const Node* node = window_.tvwSelSECSMsg.nodes().selected();
-    if (!selectedItem_ || node == nullptr || selectedItem_->getType() == "L" || entered() == asked_)
+    if (!isEdited() || node == nullptr || selectedItem_->getType() == "L")
         return std::nullopt;
     return UnsetValue{placeOfItem(*node), node->text(), selectedItem_->getName(), entered()};
 }

@@ -25,6 +25,8 @@ public:
     /// The same when the value was edited; a list gets its count in any case. Then asks for the value of the
     /// next item that can be set, or moves on to the button of the dialog after the last one.
     void setAndGoOn();
+    /// The user has entered something for the item.
+    bool isEdited() const;
     /// What was entered for the item and not written to its node.
     std::optional<UnsetValue> unsetValue() const;
     /// Leaves the item whose value is being set.

@@ -57,6 +57,11 @@ void SequenceCommands::wireKeys() {
     add({kKeyDown, kAltKey}, "Moves the selected rows down", [this] { moveRows(Step::Down); });
     add({'D', kControlKey}, "Duplicates the selected rows", [this] { duplicateRows(); });
     add({kKeyF2, 0}, "Renames the selected sequence", [this] { renameSequence(); });
+    window_.desktop().keys().add(
+        {{kKeyInsert, 0}, {&window_, {&window_.lvwSequence}}, "the sequences", "Adds a sequence", [this] {
+             addSequence();
+             return true;
+         }});
 }
 
 void SequenceCommands::press(int button, ListRow* row) {

@@ -20,7 +20,8 @@ void UnfinishedWork::putAside() {
     if (!begun_ || !window_.visible())
         return;
     Kept kept{*std::exchange(begun_, std::nullopt), contents(), {}};
-    if (kept.contents.holdsSameAs(kept.begun, dialog_.filledIn))
+    const bool isTypedIn = dialog_.isTypedIn && dialog_.isTypedIn();
+    if (!isTypedIn && kept.contents.holdsSameAs(kept.begun, dialog_.filledIn))
         return;
     kept.restoreState = dialog_.keepState();
     const std::string subject = dialog_.subject();

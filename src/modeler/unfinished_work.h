@@ -22,6 +22,8 @@ public:
         std::vector<const Control*> leftOut;
         /// Fields that the dialog fills by itself: a change of them alone is no work.
         std::vector<const Control*> filledIn;
+        /// Whether the user has typed into one of these. May be empty.
+        std::function<bool()> isTypedIn = {};
         /// What the dialog is about, such as "TR message Start".
         std::function<std::string()> subject;
         /// Keeps what the dialog knows beside its controls, and returns what brings that back.

@@ -30,6 +30,30 @@ TEST_F(ItemStatements, BuildAChainFromPictures) {
     EXPECT_EQ(node(3).key(), "TVW_KEY2");
 }
 
+TEST_F(ItemStatements, AClickOnAPictureGoesOnBesideAStatementWithAValue) {
+    click(dialog.picIF);
+    addCondition();
+    drop("S1", node(2));
+    answerValue("3");
+    chooseFromPopup(dialog.mnuSetValue, node(2));
+    ASSERT_EQ(dialog.tvwStatement.nodes().selected(), &node(3));
+    click(dialog.picELSE);
+    EXPECT_EQ(text(), "if ({NAME} == 'x'):\r\n NAME='3'\r\nelse:");
+    hands.click(on(node(2)));
+    click(dialog.picELIF);
+    EXPECT_EQ(lastBox(), "\"ELSE\" statement already exists.");
+}
+
+TEST_F(ItemStatements, DelDeletesTheSelectedOne) {
+    drop(dialog.picELSE, node(1));
+    hands.setAtKeyboard(true);
+    hands.key(dialog.tvwStatement, {kKeyDelete, 0});
+    EXPECT_EQ(text(), "if");
+    EXPECT_EQ(dialog.tvwStatement.nodes().selected(), &node(1));
+    hands.key(dialog.tvwStatement, {kKeyDelete, 0});
+    EXPECT_EQ(text(), "if");
+}
+
 TEST_F(ItemStatements, SelectTheNodeUnderADrag) {
     drop(dialog.picIF, node(1));
     hands.dragOver({"any", nullptr}, on(node(1)));
