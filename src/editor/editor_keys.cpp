@@ -1,6 +1,7 @@
 #include "editor/editor_keys.h"
 
 #include "controls/desktop.h"
+#include "controls/key_effects.h"
 #include "editor/frm_sec_editor.h"
 
 #include <array>
@@ -11,6 +12,7 @@ namespace zb {
 namespace {
 
 constexpr const char* kTree = "the message tree";
+constexpr const char* kMessagePane = "the message pane";
 constexpr const char* kPane = "the item pane";
 
 class Keys {
@@ -51,10 +53,47 @@ public:
         add({kKeySpace, kControlKey}, tree, kTree,
             "Marks the selected message or item, or takes its mark away",
             [&marks = window_.markedNodes] { marks.toggleSelected(); });
+        MessageEntry& messages = window_.messageEntry;
+        add({kKeyUp, kControlKey}, tree, kTree, "Goes to the message before",
+            [&messages] { messages.goToPrevious(); });
+        add({kKeyDown, kControlKey}, tree, kTree, "Goes to the next message",
+            [&messages] { messages.goToNext(); });
+        addExtend(kKeyUp, MarkedNodes::Way::Up, "Marks up to the message or item before");
+        addExtend(kKeyDown, MarkedNodes::Way::Down, "Marks up to the next message or item");
         addMove(kKeyUp, NodeMove::Up, "Moves the message or item up");
         addMove(kKeyDown, NodeMove::Down, "Moves the message or item down");
         addMove(kKeyLeft, NodeMove::Out, "Moves the item out of its list");
         addMove(kKeyRight, NodeMove::In, "Moves the item into the list above it");
+    }
+
+    void addLibraryKeys() {
+        constexpr const char* kFilter = "the filter of the library";
+        const auto leave = [&list = window_.lvwSource] {
+            if (list.selected() == nullptr && !list.shown().empty())
+                reachRow(list, *list.shown().front());
+            list.setFocus();
+        };
+        add({kKeyEnter, 0}, {&window_.txtSourceFilter}, kFilter, "Goes to the list", leave, true);
+        add({kKeyDown, 0}, {&window_.txtSourceFilter}, kFilter, "Goes to the list", leave, true);
+        add(
+            {kKeyEnter, 0}, {&window_.lvwSource}, "the library", "Adds the selected messages to the project",
+            [&library = window_.libraryPane] { library.addSelected(); }, true);
+    }
+
+    void addMessageKeys() {
+        MessageEntry& entry = window_.messageEntry;
+        const std::vector<const Control*> fields{
+            &window_.txtStream, &window_.txtFunction, &window_.txtMsgName,   &window_.txtDescription,
+            &window_.chkWait,   &window_.chkReply,    &window_.chkNoLogging, &window_.optHost,
+            &window_.optEqp,    &window_.optBoth};
+        add({'M', kControlKey}, {}, "the editor", "Begins a new message, and goes to its stream",
+            [&entry] { entry.begin(); });
+        add(
+            {kKeyEnter, 0}, fields, kMessagePane,
+            "Changes the selected message, or adds the one that was begun, and goes to the tree",
+            [&entry] { entry.finish(); }, true);
+        add({kKeyEnter, kControlKey}, fields, kMessagePane, "Adds the message, and goes to it in the tree",
+            [&entry] { entry.add(); });
     }
 
     void addPaneKeys() {
@@ -81,6 +120,15 @@ private:
     void addMove(int code, NodeMove way, const char* purpose) {
         add({code, kAltKey}, {&window_.tvwEdit}, kTree, purpose,
             [&moves = window_.nodeMoves, way] { moves.move(way); });
+    }
+
+    // From an item the key goes on from row to row.
+    void addExtend(int code, MarkedNodes::Way way, const char* purpose) {
+        window_.desktop().keys().add({{code, kShiftKey},
+                                      {&window_, {&window_.tvwEdit}},
+                                      kTree,
+                                      purpose,
+                                      [&marks = window_.markedNodes, way] { return marks.extend(way); }});
     }
 
     void addTypes(std::vector<const Control*> places) {
@@ -124,6 +172,8 @@ KeyEvent keyOfType(int button) {
 void addEditorKeys(frmSECSEditor& window) {
     Keys keys(window);
     keys.addTreeKeys();
+    keys.addLibraryKeys();
+    keys.addMessageKeys();
     keys.addPaneKeys();
 }
 

@@ -6,6 +6,7 @@
 #include "editor/library_pane.h"
 #include "editor/marked_changes.h"
 #include "editor/marked_nodes.h"
+#include "editor/message_entry.h"
 #include "editor/message_pane.h"
 #include "editor/node_moves.h"
 #include "editor/shared_nodes.h"
@@ -99,6 +100,7 @@ public:
     MarkedChanges markedChanges{*this};
     NodeMoves nodeMoves{*this};
     ItemEntry itemEntry{*this};
+    MessageEntry messageEntry{*this};
     LibraryPane libraryPane{*this};
     SharedNodes sharedNodes{*this};
     TypeAhead typeAhead{*this};

@@ -82,6 +82,11 @@ bool ItemEntry::chooseType(int button) {
     const Node* selected = window_.liveTree().selected();
     if (selected == nullptr || selected->parent() == nullptr || !finishTyping())
         return false;
+    // The button writes what the pane shows, which a search or a save has left with another item.
+    if (window_.tvwEdit.focused()) {
+        const Desktop::FocusStays stays(window_.desktop());
+        window_.treeInteraction.nodeClick();
+    }
     fire(window_.tbritemType.onButtonClick,
          window_.tbritemType.buttons()[static_cast<std::size_t>(button) - 1]);
     // The value of what was a list can be entered only after the item was shown again.

@@ -285,6 +285,11 @@ SECSLibraryStore::Records LibraryPane::selectedInProject() const {
     return records;
 }
 
+void LibraryPane::addSelected() {
+    startDrag();
+    dropRows();
+}
+
 void LibraryPane::replaceSelected() {
     const SECSLibraryStore::Records records = selectedInProject();
     if (records.empty())

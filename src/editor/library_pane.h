@@ -46,6 +46,8 @@ public:
     SECSLibraryStore::Records selectedMessages() const;
     /// Those of them that the project has, too.
     SECSLibraryStore::Records selectedInProject() const;
+    /// Adds the messages of the selected rows, as a drag onto the tree does.
+    void addSelected();
     /// Puts the library's messages of the selected rows in the place of the project's, as one step.
     void replaceSelected();
 

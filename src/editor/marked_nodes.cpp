@@ -1,6 +1,7 @@
 #include "editor/marked_nodes.h"
 
 #include "controls/key.h"
+#include "controls/key_effects.h"
 #include "editor/frm_sec_editor.h"
 #include "messages/message_nodes.h"
 
@@ -14,6 +15,10 @@ bool areAlike(const Node& unit, const Node& other) {
     if (unit.parent() == nullptr || other.parent() == nullptr)
         return unit.parent() == other.parent();
     return &rootOf(unit) == &rootOf(other);
+}
+
+bool isMessage(Node& root) {
+    return messageOf(root).message == &root;
 }
 
 /// The next node in the order of the tree, below `top`; null at the end.
@@ -32,7 +37,7 @@ std::vector<Node*> messagesBetween(NodeTree& tree, const Node* first, const Node
     bool inside = false;
     for (Node* root = tree.firstRoot(); root != nullptr; root = root->next()) {
         const bool isEnd = root == first || root == last;
-        if ((isEnd || inside) && messageOf(*root).message == root)
+        if ((isEnd || inside) && isMessage(*root))
             found.push_back(root);
         if (isEnd && (inside || first == last))
             break;
@@ -57,6 +62,22 @@ std::vector<Node*> itemsBetween(const Node* first, const Node* last) {
 }
 
 } // namespace
+
+Node* messageBefore(Node& node) {
+    Node* own = unitOf(rootOf(node));
+    Node* before = own == nullptr ? nullptr : own->previous();
+    while (before != nullptr && !isMessage(*before))
+        before = before->previous();
+    return before;
+}
+
+Node* messageAfter(Node& node) {
+    Node* own = unitOf(rootOf(node));
+    Node* after = own == nullptr ? nullptr : own->next();
+    while (after != nullptr && !isMessage(*after))
+        after = after->next();
+    return after;
+}
 
 Node* unitOf(Node& node) {
     return node.parent() == nullptr ? messageOf(node).message : &node;
@@ -134,7 +155,7 @@ std::vector<Node*> MarkedNodes::units() const {
     const Node& any = **marks.all().begin();
     if (any.parent() == nullptr) {
         for (Node* root = window_.liveTree().firstRoot(); root != nullptr; root = root->next()) {
-            if (marks.holds(*root) && messageOf(*root).message == root)
+            if (marks.holds(*root) && isMessage(*root))
                 found.push_back(root);
         }
         return found;
@@ -164,6 +185,16 @@ void MarkedNodes::set(const std::vector<Node*>& units) {
 void MarkedNodes::toggleSelected() {
     if (Node* selected = window_.liveTree().selected(); selected != nullptr)
         toggle(*selected);
+}
+
+bool MarkedNodes::extend(Way way) {
+    Node* selected = window_.liveTree().selected();
+    if (selected == nullptr || selected->parent() != nullptr)
+        return false;
+    Node* target = way == Way::Up ? messageBefore(*selected) : messageAfter(*selected);
+    if (target != nullptr)
+        reachNode(window_.tvwEdit, *target, kShiftKey);
+    return true;
 }
 
 std::string MarkedNodes::count() const {

@@ -24,6 +24,10 @@ public:
     void clear() { set({}); }
     /// Takes the mark of the selected node away, or gives it one.
     void toggleSelected();
+    /// Marks up to the message before (`Down`: after) the selected one, whose items are passed over, and
+    /// selects it. False while an item is selected, whose neighbour is one row away.
+    enum class Way { Up, Down };
+    bool extend(Way way);
     /// "3 messages", "1 item"; empty without marks.
     std::string count() const;
 
@@ -40,6 +44,12 @@ private:
     Node* anchor_ = nullptr; // valid while the tree has it at its position
     int anchorIndex_ = 0;
 };
+
+/// The MessageNode before the message of this node, or after it; null when there is none.
+/// @{
+Node* messageBefore(Node& node);
+Node* messageAfter(Node& node);
+/// @}
 
 /// The MessageNode of a root node, or the item itself; null when a root node belongs to no message.
 Node* unitOf(Node& node);

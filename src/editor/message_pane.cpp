@@ -132,22 +132,23 @@ void MessagePane::chooseMessage() {
         window_.liveTree().select(node);
 }
 
-void MessagePane::add() {
+bool MessagePane::add() {
     if (refuseNameOfAdd() || refuseNumbers("a"))
-        return;
+        return false;
     if (window_.txtMsgName.text().empty())
         window_.txtMsgName.setText(defaultName(window_.txtStream.text(), window_.txtFunction.text()));
     const std::string name = window_.txtMsgName.text();
     if (isMessageKeyUsed(window_.liveTree(), name, 0)) {
         window_.desktop().showBox(name + " already exits.", BoxIcon::Critical);
         window_.txtMsgName.setFocus();
-        return;
+        return false;
     }
     window_.desktop().steps().name("Add " + name);
     needDirection();
     append(name, nodeText(), window_.txtDescription.text());
     if (!isEven(window_.txtFunction.text()))
         addReply();
+    return true;
 }
 
 void MessagePane::addReply() {
@@ -165,24 +166,28 @@ void MessagePane::append(const std::string& name, std::string text, std::string 
     window_.TreeView_ForeColor();
 }
 
-void MessagePane::change() {
+bool MessagePane::change() {
     if (refuseNumbers("j"))
-        return;
+        return false;
     // A failed check can select an item while the button is still enabled; it is not a message.
     Node* selected = window_.liveTree().selected();
     if (selected == nullptr || selected->parent() != nullptr) {
         window_.desktop().showBox("No selected message.");
-        return;
+        return false;
     }
     window_.desktop().steps().name("Change " + nameForSteps(*selected));
-    if (const Node* message = messageOf(*selected).message; message != nullptr)
-        applyMessageChange(message->index());
+    const Node* message = messageOf(*selected).message;
+    return message == nullptr || applyFields(message->index());
 }
 
 void MessagePane::applyMessageChange(int index) {
+    applyFields(index);
+}
+
+bool MessagePane::applyFields(int index) {
     Node* message = window_.liveTree().at(index);
     if (message == nullptr)
-        return;
+        return true;
     const std::string oldName(nameInText(wordAt(message->text(), 0)));
     if (window_.txtMsgName.text().empty() || isNoName(window_.txtMsgName.text()))
         window_.txtMsgName.setText(oldName);
@@ -190,7 +195,7 @@ void MessagePane::applyMessageChange(int index) {
         if (isMessageKeyUsed(window_.liveTree(), newName, index)) {
             window_.desktop().showBox(newName + " already exists.", BoxIcon::Critical);
             window_.txtMsgName.setFocus();
-            return;
+            return false;
         }
         removeCbo(oldName);
         InsertCbo(newName);
@@ -207,6 +212,7 @@ void MessagePane::applyMessageChange(int index) {
     window_.shownMessage.isSelected();
     if (window_.txtMsgName.text() != oldName)
         fire(onRenamed, oldName, window_.txtMsgName.text());
+    return true;
 }
 
 void MessagePane::numberChanged(Word word) {

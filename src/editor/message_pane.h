@@ -34,6 +34,12 @@ public:
     /// box.
     void applyMessageChange(int index);
 
+    /// The commands of the two buttons. False when the fields are refused, after a box.
+    /// @{
+    bool add();
+    bool change();
+    /// @}
+
     /// The user has given a message another name.
     std::function<void(const std::string& from, const std::string& to)> onRenamed;
 
@@ -41,9 +47,8 @@ private:
     enum class Word { Stream, Function };
 
     void wireFields();
-    void add();
     void addReply();
-    void change();
+    bool applyFields(int index);
     void chooseMessage();
     void numberChanged(Word word);
     void enableByFunction();

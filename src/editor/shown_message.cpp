@@ -22,6 +22,11 @@ void ShownMessage::isEmptied() {
     show();
 }
 
+void ShownMessage::isNew() {
+    state_ = State::New;
+    show();
+}
+
 void ShownMessage::isNone() {
     state_ = State::None;
     show();
@@ -40,6 +45,8 @@ void ShownMessage::show() {
         text = "shows " + name_ + ", selected is " + selected;
     else if (!selected.empty() && state_ == State::Emptied)
         text = "is empty, selected is " + selected;
+    else if (state_ == State::New)
+        text = "a new message: Enter adds it";
     window_.lblStale.setText(text);
     window_.lblStale.setToolTip(text);
     window_.lblStale.setVisible(!text.empty());

@@ -18,11 +18,14 @@ public:
     void isSelected();
     /// A walk over all messages has emptied the fields.
     void isEmptied();
+    /// The user begins a message that the tree does not have.
+    void isNew();
+    bool showsNew() const { return state_ == State::New; }
     /// The fields are empty, and nobody takes them for those of a message.
     void isNone();
 
 private:
-    enum class State { None, Emptied, Message };
+    enum class State { None, Emptied, New, Message };
 
     std::string nameOfSelected() const;
     void show();

@@ -98,7 +98,7 @@ public:
     SearchPane search{*this};
 
     TreeMore treeMore;
-    MenuEntry mnuWhereUsed{*this, "mnuWhereUsed", "Where &Used", &treeMore.mnuTreeMore};
+    MenuEntry mnuWhereUsed{*this, "mnuWhereUsed", "&Where Used", &treeMore.mnuTreeMore};
 
     ModelFilter modelFilter{*this};
     ModelerMore modelerMore{*this, services_.modeler};

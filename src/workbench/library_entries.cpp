@@ -11,6 +11,7 @@ namespace zb {
 
 LibraryEntries::LibraryEntries(frmWorkbench& workbench)
     : mnuLibraryMore(workbench, "mnuLibraryMore"),
+      mnuLibraryAdd(workbench, "mnuLibraryAdd", "&Add to the project", &mnuLibraryMore),
       mnuLibraryReplace(workbench, "mnuLibraryReplace", "&Replace from library", &mnuLibraryMore),
       mnuLibraryCompare(workbench, "mnuLibraryCompare", "&Compare with library", &mnuLibraryMore),
       workbench_(workbench) {
@@ -23,15 +24,18 @@ LibraryEntries::LibraryEntries(frmWorkbench& workbench)
         if (button == kRight && row != nullptr && !row->selected())
             list.select(row);
     };
+    mnuLibraryAdd.setShortcut("Enter");
+    mnuLibraryAdd.onClick = [this] { workbench_.services().editor.libraryPane.addSelected(); };
     mnuLibraryReplace.onClick = [this] { replace(); };
     mnuLibraryCompare.onClick = [this] { compare(); };
 }
 
 void LibraryEntries::opened() {
     const LibraryPane& library = workbench_.services().editor.libraryPane;
+    const bool hasProject = !isBlank(workbench_.services().state.ProjectName);
+    mnuLibraryAdd.setEnabled(hasProject && !library.selectedMessages().empty());
     mnuLibraryReplace.setEnabled(!library.selectedInProject().empty());
-    mnuLibraryCompare.setEnabled(!isBlank(workbench_.services().state.ProjectName) &&
-                                 !library.selectedMessages().empty());
+    mnuLibraryCompare.setEnabled(hasProject && !library.selectedMessages().empty());
 }
 
 void LibraryEntries::replace() {

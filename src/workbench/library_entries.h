@@ -12,6 +12,7 @@ public:
     explicit LibraryEntries(frmWorkbench& workbench);
 
     PopupMenu mnuLibraryMore;
+    MenuEntry mnuLibraryAdd;
     MenuEntry mnuLibraryReplace;
     MenuEntry mnuLibraryCompare;
 

@@ -25,15 +25,21 @@ MarksPane::MarksPane(frmWorkbench& workbench)
                           "another case, {type} is that of an item");
     txtPattern.setText("{name}");
     txtPattern.onChange = [this] { refresh(); };
-    cmdRenameMarked.onClick = [this] {
-        lblRefusal.setText(changes().rename(txtPattern.text()));
-        refresh();
+    cmdRenameMarked.onClick = [this] { rename(); };
+    txtPattern.onKeyDown = [this](KeyEvent key) {
+        if (key.code == kKeyEnter && cmdRenameMarked.enabled())
+            rename();
     };
     wireButtons();
     this->workbench().services().editor.markedNodes.onChange = [this] {
         setCount(numberOf(this->workbench().services().editor.markedNodes.count()));
         refresh();
     };
+}
+
+void MarksPane::rename() {
+    lblRefusal.setText(changes().rename(txtPattern.text()));
+    refresh();
 }
 
 MarkedChanges& MarksPane::changes() const {

@@ -33,6 +33,7 @@ public:
 private:
     void opened() override { refresh(); }
     void refresh();
+    void rename();
     void wireButtons();
     MarkedChanges& changes() const;
 };

@@ -5,7 +5,7 @@
 namespace zb {
 
 TreeMore::TreeMore(Window& window, frmSECSEditor& editor)
-    : mnuTreeMore(window, "mnuTreeMore"),
+    : mnuTreeMore(window, "mnuTreeMore"), mnuNewMessage(window, "mnuNewMessage", "New Message", &mnuTreeMore),
       mnuInsertAndEdit(window, "mnuInsertAndEdit", "Insert Item and Edit", &mnuTreeMore),
       mnuAddChildAndEdit(window, "mnuAddChildAndEdit", "Add Child Item and Edit", &mnuTreeMore),
       mnuEditName(window, "mnuEditName", "Edit", &mnuTreeMore),
@@ -19,6 +19,8 @@ TreeMore::TreeMore(Window& window, frmSECSEditor& editor)
       mnuShowMarks(window, "mnuShowMarks", "Change All Marked", &mnuTreeMore), editor_(editor) {
     editor_.mnuPopup.setCompanion(mnuTreeMore);
     mnuTreeMore.onOpen = [this] { enableEntries(); };
+    mnuNewMessage.setShortcut("Ctrl+M");
+    mnuNewMessage.onClick = [this] { editor_.messageEntry.begin(); };
     mnuInsertAndEdit.setShortcut("Ins");
     mnuAddChildAndEdit.setShortcut("Shift+Ins");
     mnuEditName.setShortcut("Enter");

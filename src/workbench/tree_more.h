@@ -13,6 +13,7 @@ public:
     TreeMore(Window& window, frmSECSEditor& editor);
 
     PopupMenu mnuTreeMore;
+    MenuEntry mnuNewMessage;
     MenuEntry mnuInsertAndEdit;
     MenuEntry mnuAddChildAndEdit;
     MenuEntry mnuEditName;

@@ -198,8 +198,10 @@ void ItemBinder::scrollAtEdge(const QPoint& place) {
 bool ItemBinder::keyPressed(QKeyEvent& event) {
     flush();
     const auto key = meaningOf(event).key;
+    // Shift+Ins matches a paste as well; it is a command of the message tree.
+    const bool isDrop = event.key() == Qt::Key_V && wantsKey(event);
     const bool isCommand =
-        key && binding().desktop.keys().find(control().window(), &control(), *key) != nullptr;
+        !isDrop && key && binding().desktop.keys().find(control().window(), &control(), *key) != nullptr;
     if (isCommand && Binder::keyPressed(event))
         return true;
     if (dragByKey(event) || mouseByKey(event) || Binder::keyPressed(event))

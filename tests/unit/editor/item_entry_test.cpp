@@ -66,6 +66,19 @@ TEST_F(ItemEntryTest, TheKeysOfTypesPressTheButtons) {
     EXPECT_TRUE(window.txtItemName.focused());
 }
 
+TEST_F(ItemEntryTest, TheKeyOfATypeInTheTreeLeavesTheNameOfAnItemThatThePaneDoesNotShow) {
+    key(window.tvwEdit, kKeyInsert);
+    type(window.txtItemName, "RCMD");
+    key(window.txtItemName, kKeyEnter, kControlKey);
+    type(window.txtItemName, "PARAMS");
+    key(window.txtItemName, kKeyEscape);
+    select(tree().find("S2F41")->child());
+    key(window.tvwEdit, '2', kControlKey);
+    EXPECT_EQ(textAt(1), "A 1 RCMD ''");
+    EXPECT_EQ(textAt(2), "U2 1 PARAMS 0");
+    EXPECT_TRUE(window.tvwEdit.focused());
+}
+
 TEST_F(ItemEntryTest, EnterGoesFromNameToValueAndOnToTheNextName) {
     key(window.tvwEdit, kKeyInsert);
     key(window.txtItemName, kKeyEnter, kControlKey);

@@ -63,13 +63,22 @@ TEST_F(MarkedNodesTest, ShiftAndArrowsMarkMessagesAsAWhole) {
     clickNode(node("A"));
     key(window.tvwEdit, kKeyDown, kShiftKey);
     EXPECT_EQ(marked(), "A B ");
-    for (int i = 0; i < 6; ++i)
-        key(window.tvwEdit, kKeyDown, kShiftKey);
+    key(window.tvwEdit, kKeyDown, kShiftKey);
     EXPECT_EQ(marked(), "A B C ");
+    EXPECT_EQ(tree().selected(), node("C"));
     key(window.tvwEdit, kKeyUp, kShiftKey);
     EXPECT_EQ(marked(), "A B ");
     key(window.tvwEdit, kKeyUp);
     EXPECT_EQ(marked(), "");
+}
+
+TEST_F(MarkedNodesTest, ShiftAndArrowsMarkItemsRowByRow) {
+    Node* list = node("B")->child();
+    clickNode(list);
+    key(window.tvwEdit, kKeyDown, kShiftKey);
+    EXPECT_EQ(tree().selected(), list->child());
+    key(window.tvwEdit, kKeyDown, kShiftKey);
+    EXPECT_EQ(tree().selected(), list->lastChild());
 }
 
 TEST_F(MarkedNodesTest, ItemsOfOneMessageAreMarkedAndNotThoseBelowThem) {
