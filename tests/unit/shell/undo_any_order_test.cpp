@@ -9,7 +9,7 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <functional>
+#include <initializer_list>
 #include <iterator>
 #include <memory>
 #include <random>
@@ -24,35 +24,42 @@ namespace fs = std::filesystem;
 using test::WatchedHands;
 using test::Witness;
 
+/// Users who follow each other in one program: starting it takes longer than opening a project.
 class UndoAnyOrder {
 public:
-    UndoAnyOrder(unsigned seed, const fs::path& project) : random_(seed), program_(files_) {
+    UndoAnyOrder() : program_(files_) {
         program_.screen.modal = [this](Window& window) { answer(window); };
-        app().start(project.string());
-        messages_ = std::make_unique<Witness>(app().editorHistory.steps,
-                                              [this] { return test::dumpMessages(app()); });
-        model_ =
-            std::make_unique<Witness>(app().modelerHistory.steps, [this] { return test::dumpModel(app()); });
+        app().start({});
     }
 
+    void open(unsigned seed, const fs::path& project) {
+        random_.seed(seed);
+        hands_.look = nullptr;
+        made_ = 0;
+        putAway();
+        ASSERT_TRUE(app().projects.openFile(project.string()));
+        ASSERT_EQ(messages_.steps() + model_.steps(), 0U);
+    }
+
+    /// Whether the user has ended the program.
+    bool ended() { return app().ended(); }
+
     void run() {
-        // The histories call the witnesses as long as the program runs.
-        Witness& messages = *messages_;
-        Witness& model = *model_;
         const std::size_t actions = 10 + pick(30);
         const bool models = pick(2) == 0;
         if (models)
             app().showModeler();
         hands_.look = [&] {
-            messages.look();
-            model.look();
+            messages_.look();
+            model_.look();
         };
         hands_.look();
         for (std::size_t i = 0; i < actions; ++i) {
             act(models);
             if (pick(8) != 0)
                 continue;
-            Witness& witness = pick(2) == 0 ? messages : model;
+            Witness& witness = pick(2) == 0 ? messages_ : model_;
+            putComparisonAway();
             if (witness.steps() > 0)
                 witness.goBackAndForth(1 + pick(witness.steps()));
             if (testing::Test::HasFatalFailure())
@@ -62,9 +69,10 @@ public:
             if (testing::Test::HasFatalFailure())
                 return;
         }
+        putComparisonAway();
         hands_.look = nullptr;
-        made_ = messages.steps() + model.steps();
-        for (Witness* witness : {&messages, &model}) {
+        made_ = messages_.steps() + model_.steps();
+        for (Witness* witness : {&messages_, &model_}) {
             witness->goBackAndForth(witness->steps());
             if (testing::Test::HasFatalFailure())
                 return;
@@ -75,6 +83,13 @@ public:
 
 private:
     Application& app() { return program_.application; }
+    /// What the user before has left open.
+    void putAway() {
+        app().desktop.closePopup();
+        for (Window* window : std::initializer_list<Window*>{&app().frmCompare, &app().frmTRMessage,
+                                                             &app().frmTRItem, &app().frmFind})
+            window->hide();
+    }
     std::size_t pick(std::size_t count) {
         return std::uniform_int_distribution<std::size_t>(0, count - 1)(random_);
     }
@@ -233,8 +248,13 @@ private:
         hands_.look();
         for (std::size_t count = pick(4); count > 0 && window.visible(); --count)
             anything(window);
-        if (pick(2) == 0)
-            window.hide();
+        putComparisonAway();
+    }
+
+    /// As long as it is in front, each undo compares again, which takes longer than all else.
+    void putComparisonAway() {
+        if (pick(8) != 0)
+            app().frmCompare.hide();
     }
 
     void undoOrRedo() {
@@ -353,8 +373,12 @@ private:
     SystemFileLayer files_;
     test::Program program_;
     WatchedHands hands_{program_.application.desktop};
-    std::unique_ptr<Witness> messages_;
-    std::unique_ptr<Witness> model_;
+    // The histories call these as long as the program runs.
+    test::ReportedDumps dumps_{program_.application};
+    Witness messages_{app().editorHistory.steps, [this] { return test::dumpMessages(app()); },
+                      [this] { return dumps_.messages(); }};
+    Witness model_{app().modelerHistory.steps, [this] { return test::dumpModel(app()); },
+                   [this] { return dumps_.model(); }};
     std::size_t made_ = 0;
 };
 
@@ -363,25 +387,38 @@ std::size_t sequences() {
     return set == nullptr ? 300 : static_cast<std::size_t>(std::atol(set));
 }
 
-TEST(UndoInAnyOrder, GoesBackAndForthExactly) {
+constexpr std::size_t kRanges = 4;
+
+/// One of the ranges of seeds, which can run beside each other.
+class UndoInAnyOrder : public testing::TestWithParam<std::size_t> {};
+
+TEST_P(UndoInAnyOrder, GoesBackAndForthExactly) {
+    constexpr std::size_t kUsersOfAProgram = 8;
+    const std::size_t first = GetParam() * sequences() / kRanges + 1;
+    const std::size_t end = (GetParam() + 1) * sequences() / kRanges + 1;
     const test::TemporaryFolder folder;
+    std::unique_ptr<UndoAnyOrder> program;
     std::size_t made = 0;
-    for (std::size_t seed = 1; seed <= sequences(); ++seed) {
+    for (std::size_t seed = first; seed < end; ++seed) {
         // A save or build of one user must not change what the next one opens.
         const fs::path project = folder / ("Line" + std::to_string(seed)) / "Line.zbp";
         fs::create_directories(project.parent_path());
         fs::copy_file(fs::path(ZB_SOURCE_FOLDER) /
                           (seed % 3 == 0 ? "examples/faulty/Faulty.zbp" : "examples/etcher/Etcher.zbp"),
                       project);
-        UndoAnyOrder user(static_cast<unsigned>(seed), project);
-        user.run();
+        if (program == nullptr || program->ended() || (seed - first) % kUsersOfAProgram == 0)
+            program = std::make_unique<UndoAnyOrder>();
+        program->open(static_cast<unsigned>(seed), project);
+        program->run();
         ASSERT_FALSE(testing::Test::HasFatalFailure()) << "seed " << seed;
-        made += user.made();
+        made += program->made();
         fs::remove_all(project.parent_path());
     }
     // Users who change nothing would prove nothing.
-    EXPECT_GT(made, 3 * sequences());
+    EXPECT_GT(made, 3 * (end - first));
 }
+
+INSTANTIATE_TEST_SUITE_P(Seeds, UndoInAnyOrder, testing::Range<std::size_t>(0, kRanges));
 
 } // namespace
 } // namespace zb
