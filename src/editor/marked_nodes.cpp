@@ -4,6 +4,7 @@
 #include "controls/key_effects.h"
 #include "editor/frm_sec_editor.h"
 #include "messages/message_nodes.h"
+#include "platform/wildcard.h"
 
 #include <algorithm>
 
@@ -80,7 +81,11 @@ Node* messageAfter(Node& node) {
 }
 
 Node* unitOf(Node& node) {
-    return node.parent() == nullptr ? messageOf(node).message : &node;
+    if (node.parent() != nullptr)
+        return &node;
+    // Separators without a message may follow each other.
+    Node* message = messageOf(node).message;
+    return message != nullptr && hasColon(message->text()) ? message : nullptr;
 }
 
 MarkedNodes::MarkedNodes(frmSECSEditor& window) : window_(window) {

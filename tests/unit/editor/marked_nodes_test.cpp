@@ -52,6 +52,18 @@ TEST_F(MarkedNodesTest, ASecondControlClickTakesTheMarkAway) {
     EXPECT_EQ(marked(), "C D ");
 }
 
+TEST_F(MarkedNodesTest, SeparatorsWithoutAMessageAreNotChangedAsOne) {
+    Node& separator = tree().add(nullptr, Relation::Last, {});
+    tree().add(nullptr, Relation::Last, {});
+    Node& last = tree().add(nullptr, Relation::Last, {});
+    // As an undo selects it; a click would write a message into the last one.
+    select(&separator);
+    EXPECT_EQ(window.markedChanges.rename("New"), "");
+    window.markedChanges.setDirection("H->E");
+    EXPECT_EQ(last.text(), "");
+    EXPECT_EQ(last.key(), "");
+}
+
 TEST_F(MarkedNodesTest, APlainClickEndsTheMarks) {
     clickNode(node("C"));
     controlClick(node("A"));
