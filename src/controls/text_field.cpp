@@ -97,7 +97,8 @@ void TextField::paste(std::string_view text) {
     if (locked_ || readOnly_)
         return;
     text = fitting(text);
-    if (text != text_)
+    // A field that is written through has the history of its document.
+    if (text != text_ && !writesThrough_)
         history_.remember(state(), TextHistory::Step::Whole);
     const ByUser byUser(changedByUser_);
     setText(text);
@@ -132,7 +133,7 @@ void TextField::replaceSelection(std::string_view text, TextHistory::Step step) 
     if (from == to && text.empty())
         return;
     const bool same = std::string_view(text_).substr(from, to - from) == text;
-    if (!same)
+    if (!same && !writesThrough_)
         history_.remember(state(), step);
     const ByUser byUser(changedByUser_);
     const std::size_t start = from;

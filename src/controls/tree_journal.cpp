@@ -91,6 +91,11 @@ std::uintptr_t placeOf(const TreeEdit& edit) {
     return reinterpret_cast<std::uintptr_t>(edit.node) + static_cast<std::uintptr_t>(edit.part);
 }
 
+/// A value that can be set without regard to others: Keys are unique.
+bool isPlainValue(const TreeEdit& edit) {
+    return edit.kind == Kind::Value && edit.part != NodePart::Key;
+}
+
 std::size_t bytesOf(const TreeEdit& edit) {
     std::size_t sum = sizeof edit;
     if (const auto* text = std::get_if<std::unique_ptr<std::string>>(&edit.other))
@@ -173,8 +178,15 @@ void TreePart::append(std::unique_ptr<StepPart> later) {
     auto& part = static_cast<TreePart&>(*later); // parts of one source have one type
     if (part.changesDocument())
         selectedAfter_ = part.selectedAfter_;
-    for (TreeEdit& edit : part.edits_)
-        record(std::move(edit));
+    // Typing changes the same value again and again.
+    const auto isKnown = [this](const TreeEdit& edit) {
+        return isPlainValue(edit) && !edits_.empty() && isPlainValue(edits_.front()) &&
+               placeOf(edits_.front()) == placeOf(edit);
+    };
+    for (TreeEdit& edit : part.edits_) {
+        if (!isKnown(edit))
+            record(std::move(edit));
+    }
     if (edits_.size() >= compactAt_) {
         compact();
         compactAt_ = 2 * edits_.size() + 16;
@@ -188,8 +200,7 @@ void TreePart::compact() {
     all.swap(edits_);
     bytes_ = sizeof(TreePart);
     for (TreeEdit& edit : all) {
-        const bool value = edit.kind == Kind::Value && edit.part != NodePart::Key;
-        if (!value || known.insert(placeOf(edit)).second)
+        if (!isPlainValue(edit) || known.insert(placeOf(edit)).second)
             record(std::move(edit));
     }
 }

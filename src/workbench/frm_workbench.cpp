@@ -2,6 +2,7 @@
 
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <utility>
@@ -101,14 +102,26 @@ void frmWorkbench::closed() {
     desktop().activate(document != nullptr ? *document : services_.mainWindow);
 }
 
+namespace {
+
+/// Shown after each step, and typing goes on in the same one: no text is made for what is shown already.
+void showStep(Button& button, std::string_view way, const std::string& step) {
+    const std::string& shown = button.toolTip();
+    if (!step.empty() && shown.size() == way.size() + 2 + step.size() && shown.starts_with(way) &&
+        shown.ends_with(step))
+        return;
+    button.setToolTip(step.empty() ? "Nothing to " + lower(way) : std::string(way) + ": " + step);
+    button.setEnabled(!step.empty());
+}
+
+} // namespace
+
 void frmWorkbench::showUndo(const std::string& step) {
-    cmdUndo.setToolTip(step.empty() ? "Nothing to undo" : "Undo: " + step);
-    cmdUndo.setEnabled(!step.empty());
+    showStep(cmdUndo, "Undo", step);
 }
 
 void frmWorkbench::showRedo(const std::string& step) {
-    cmdRedo.setToolTip(step.empty() ? "Nothing to redo" : "Redo: " + step);
-    cmdRedo.setEnabled(!step.empty());
+    showStep(cmdRedo, "Redo", step);
 }
 
 } // namespace zb
