@@ -50,6 +50,7 @@ std::vector<Message> semiMessages() {
 
 std::vector<std::string> namesOf(const std::vector<Message>& messages) {
     std::vector<std::string> names;
+    names.reserve(messages.size());
     for (const auto& message : messages)
         names.push_back(message.name);
     return names;
@@ -58,7 +59,7 @@ std::vector<std::string> namesOf(const std::vector<Message>& messages) {
 std::string textOf(const std::string& name) {
     for (const auto& message : semiMessages())
         if (message.name == name)
-            return message.text.substr(2 * 72 + message.title.size() + 4);
+            return message.text.substr(std::size_t{2} * 72 + message.title.size() + 4);
     return "no message " + name;
 }
 

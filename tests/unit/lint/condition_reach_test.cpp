@@ -9,9 +9,11 @@ namespace {
 
 Reach reach(const std::string& text, const std::vector<std::string>& earlierTexts) {
     std::vector<Condition> earlier;
+    earlier.reserve(earlierTexts.size());
     for (const std::string& other : earlierTexts)
         earlier.push_back(Condition::parse(other));
     std::vector<const Condition*> pointers;
+    pointers.reserve(earlier.size());
     for (const Condition& condition : earlier)
         pointers.push_back(&condition);
     return reachOf(Condition::parse(text), pointers);

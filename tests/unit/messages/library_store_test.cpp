@@ -21,7 +21,7 @@ using Lines = std::vector<std::string>;
 class LibraryStore : public testing::Test {
 protected:
     std::string write(const std::string& name, const std::string& bytes) {
-        const std::string path = (folder.path() / name).string();
+        std::string path = (folder.path() / name).string();
         std::ofstream(path, std::ios::binary) << bytes;
         return path;
     }

@@ -60,6 +60,7 @@ TEST(MdfText, ReportsWhatBreaksTheGrammarAndGoesOn) {
                  "  MESSAGE C  \r\n\r\nHEAD S1 F1 H->E\nEND\n",
                  findings);
     std::vector<std::string> names;
+    names.reserve(records.size());
     for (const SECSMessageRecord& record : records)
         names.emplace_back(record.getName());
     EXPECT_THAT(names, ElementsAre("B", "C"));

@@ -81,7 +81,7 @@ private:
         const std::size_t end = text_.find_first_of("\"\r\n", at_);
         if (end == std::string_view::npos || text_[end] != '"')
             fail("a quote on the same line");
-        const std::string text(text_.substr(at_, end - at_));
+        std::string text(text_.substr(at_, end - at_));
         at_ = end + 1;
         return text;
     }
@@ -142,7 +142,7 @@ private:
         const std::size_t end = std::min(text_.find_first_of(" \r\n<>", at_), text_.size());
         if (end == at_)
             fail("a word");
-        const std::string word(text_.substr(at_, end - at_));
+        std::string word(text_.substr(at_, end - at_));
         at_ = end;
         return word;
     }

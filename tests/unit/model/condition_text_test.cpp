@@ -55,7 +55,7 @@ TEST(ExpandCondition, RefusesWhatOutgrowsAllMemory) {
     Rows rows{{"S1", "{A} == 1"}, {"C1", "S1 and S1"}};
     for (int i = 2; i <= 60; ++i) {
         const std::string below = "C" + std::to_string(i - 1);
-        rows["C" + std::to_string(i)] = below + " and " + below;
+        rows["C" + std::to_string(i)] = std::string(below).append(" and ").append(below);
     }
     EXPECT_EQ(expand(rows["C60"], rows), std::nullopt);
     EXPECT_EQ(expand(rows["C3"], rows)->size(), 8U * 10U + 7U * 7U);

@@ -22,6 +22,7 @@ std::unique_ptr<TRItemRecord> item(std::string name) {
 template<typename Records>
 std::vector<std::string> namesOf(const Records& records) {
     std::vector<std::string> names;
+    names.reserve(records.size());
     for (const auto& record : records)
         names.push_back(record->Name());
     return names;

@@ -32,7 +32,7 @@ struct ItemDesk {
         addMessage("Mute", "NONE");
     }
 
-    TRMessageRecord& addMessage(std::string name, std::string secsMessage) {
+    TRMessageRecord& addMessage(const std::string& name, std::string secsMessage) {
         auto record = std::make_unique<TRMessageRecord>();
         record->setName(name);
         record->setSECSMessage(std::move(secsMessage));
@@ -40,7 +40,7 @@ struct ItemDesk {
         state.TRModelStore->addTRMessage(std::move(record));
         return *state.TRModelStore->getTRMessage(name);
     }
-    TRItemRecord& addItem(std::string name, std::string statements = {}) {
+    TRItemRecord& addItem(const std::string& name, std::string statements = {}) {
         auto record = std::make_unique<TRItemRecord>();
         record->setName(name);
         record->setType("NUMERIC");
@@ -66,7 +66,7 @@ struct ItemDesk {
         click(entry);
     }
     /// Answers the dialog for values the next times that it is shown.
-    void answerValue(std::string value) {
+    void answerValue(const std::string& value) {
         screen.modal = [value](Window& window) {
             auto& valueDialog = static_cast<frmSetTRItemValue&>(window);
             valueDialog.txtTRItemValue.setText(value);

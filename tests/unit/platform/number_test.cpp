@@ -84,11 +84,11 @@ TEST(Rounding, RefusesWhatLiesOutside) {
     EXPECT_EQ(toInteger(-0.5, 0, 255), 0);
     EXPECT_EQ(toInteger(-1, 0, 255), std::nullopt);
     constexpr long long kLeast = std::numeric_limits<long long>::min();
-    constexpr long long kMost = std::numeric_limits<long long>::max();
-    EXPECT_EQ(toInteger(9223372036854775808.0, kLeast, kMost), std::nullopt);
-    EXPECT_EQ(toInteger(-9223372036854775808.0, kLeast, kMost), kLeast);
-    EXPECT_EQ(toInteger(std::nan(""), kLeast, kMost), std::nullopt);
-    EXPECT_EQ(toInteger(HUGE_VAL, kLeast, kMost), std::nullopt);
+    constexpr long long kGreatest = std::numeric_limits<long long>::max();
+    EXPECT_EQ(toInteger(9223372036854775808.0, kLeast, kGreatest), std::nullopt);
+    EXPECT_EQ(toInteger(-9223372036854775808.0, kLeast, kGreatest), kLeast);
+    EXPECT_EQ(toInteger(std::nan(""), kLeast, kGreatest), std::nullopt);
+    EXPECT_EQ(toInteger(HUGE_VAL, kLeast, kGreatest), std::nullopt);
 }
 
 struct PrintRow {

@@ -45,7 +45,8 @@ TEST(ProjectText, IsComposedAsItWasRead) {
     for (const std::string& messages : {std::string(), kMessages})
         for (const std::string& foreign : {std::string(), kForeign})
             for (const std::string& model : {std::string(), kModel}) {
-                const std::string text = kHeader + messages + foreign + model + kSequences;
+                const std::string text =
+                    std::string(kHeader).append(messages).append(foreign).append(model).append(kSequences);
                 EXPECT_EQ(composedAgain(text), text);
             }
     const std::string host = "\r\n###[PROJECT INFORMATION]\r\nProjectType=1\r\n\r\n\r\n\r\n"

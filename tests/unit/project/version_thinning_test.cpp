@@ -17,6 +17,7 @@ constexpr std::chrono::system_clock::time_point kNow = std::chrono::sys_days(day
 
 std::vector<VersionAge> aged(const std::vector<std::chrono::system_clock::duration>& ages) {
     std::vector<VersionAge> versions;
+    versions.reserve(ages.size());
     for (const auto& age : ages)
         versions.push_back({kNow - age, 100});
     return versions;
