@@ -31,10 +31,12 @@ private:
 } // namespace
 
 EditorHistory::EditorHistory(frmSECSEditor& window)
-    : window_(window), tree_(window.tvwEdit), names_(window.cboSECSMessage), expands_(window.mnuExpand) {
+    : window_(window), tree_(window.tvwEdit), names_(window.cboSECSMessage), expands_(window.mnuExpand),
+      marks_(window.markedNodes) {
     steps.add(tree_);
     steps.add(names_);
     steps.add(expands_);
+    steps.add(marks_);
     tree_.onReplaced = [this] {
         steps.stop();
         if (onReplaced)
@@ -45,10 +47,13 @@ EditorHistory::EditorHistory(frmSECSEditor& window)
 }
 
 void EditorHistory::show(const UndoHistory::Step& step, UndoHistory::Way way) {
-    if (step.parts.front() == nullptr)
+    // The parts of `tree_`, which was added first, and of `marks_`, which was added last.
+    const auto* tree = static_cast<const TreePart*>(step.parts.front().get());
+    const auto* marks = static_cast<const MarksPart*>(step.parts.back().get());
+    if (tree == nullptr)
         return;
-    Node* node = static_cast<const TreePart&>(*step.parts.front()).affected(way); // the part of `tree_`
-    window_.treeInteraction.showAgain(node);
+    window_.treeInteraction.showAgain(tree->affected(way));
+    window_.markedNodes.set(marks == nullptr ? marks_.last() : marks->marks(way));
 }
 
 bool EditorHistory::CheckJournal::hasChanged() const {

@@ -3,6 +3,7 @@
 #include "controls/combo_journal.h"
 #include "controls/tree_journal.h"
 #include "controls/undo_history.h"
+#include "editor/marks_journal.h"
 
 #include <functional>
 #include <optional>
@@ -12,8 +13,8 @@ namespace zb {
 class MenuEntry;
 class frmSECSEditor;
 
-/// The undoable steps of the message tree: its nodes with all that is seen of them, and the names in the list
-/// of messages.
+/// The undoable steps of the message tree: its nodes with all that is seen of them, its marks, and the names
+/// in the list of messages.
 class EditorHistory {
 public:
     explicit EditorHistory(frmSECSEditor& window);
@@ -44,6 +45,7 @@ private:
     TreeJournal tree_;
     ComboJournal names_;
     CheckJournal expands_;
+    MarksJournal marks_;
 };
 
 } // namespace zb

@@ -2,6 +2,7 @@
 
 #include "controls/desktop.h"
 #include "editor/editor_keys.h"
+#include "editor/value_notice.h"
 #include "platform/number.h"
 #include "project/module_state.h"
 #include "project/project_messages.h"
@@ -43,16 +44,33 @@ void frmSECSEditor::openEditorProject(MessageTree messages) {
 }
 
 std::string frmSECSEditor::buildMessageText(WalkMode mode) {
-    state_.SECSMessageStore = std::make_unique<SECSMessageStore>();
+    return takeWalk(prepareWalk(mode, {}));
+}
+
+PreparedWalk frmSECSEditor::prepareWalk(WalkMode mode, const Progress& progress) {
+    return SmdWriter(state_.codePage).prepare(mode, liveTree(), progress);
+}
+
+std::string frmSECSEditor::takeWalk(PreparedWalk walk) {
+    state_.SECSMessageStore = std::move(walk.store);
     InitMsg();
     hideItemPane();
-    SmdWriter writer(state_.codePage,
-                     [this](const SECSMessageRecord& record) { display_DefSECSMsg(record); });
-    WalkOutcome outcome = writer.buildMessageText(mode, liveTree(), *state_.SECSMessageStore);
+    walk.normalize(liveTree());
+    // Each would set the same fields, so that the last one is what is seen.
+    if (!walk.records.empty())
+        display_DefSECSMsg(*walk.records.back());
     shownMessage.isEmptied();
-    if (outcome.fault)
-        showFault(*outcome.fault);
-    return std::move(outcome.status);
+    reportLosses(walk);
+    if (walk.outcome.fault)
+        showFault(*walk.outcome.fault);
+    return std::move(walk.outcome.status);
+}
+
+void frmSECSEditor::reportLosses(const PreparedWalk& walk) {
+    if (walk.losses == 1)
+        reportLoss(desktop(), walk.firstLoss);
+    else if (walk.losses > 1)
+        reportLoss(desktop(), std::to_string(walk.losses) + " values were cut. " + walk.firstLoss);
 }
 
 void frmSECSEditor::showFault(const NodeFault& fault) {

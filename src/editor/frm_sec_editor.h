@@ -47,6 +47,12 @@ public:
     /// empty on success, otherwise the text of the first fault, whose node is selected and marked after a box
     /// has shown it.
     std::string buildMessageText(WalkMode mode);
+    /// The same in two steps. The first changes nothing and touches no control, so that another thread may do
+    /// it; the tree must not change before the second, which shows what was found.
+    /// @{
+    PreparedWalk prepareWalk(WalkMode mode, const Progress& progress);
+    std::string takeWalk(PreparedWalk walk);
+    /// @}
     /// Not supported: nothing is printed.
     std::string printEditorProject() { return {}; }
 
@@ -80,6 +86,7 @@ private:
     static constexpr int kFirstTreeWidth = 4500;
 
     void replaceTree();
+    void reportLosses(const PreparedWalk& walk);
     void showFault(const NodeFault& fault);
     void toggleExpand();
     void wireTreeWidth();

@@ -4,11 +4,12 @@
 #include "editor/editor_controls.h"
 #include "editor/item_key_filter.h"
 #include "editor/step_names.h"
+#include "editor/value_notice.h"
 #include "messages/item_key.h"
-#include "messages/item_normalizer.h"
 #include "messages/item_record.h"
 #include "messages/item_value.h"
 #include "messages/message_nodes.h"
+#include "messages/value_loss.h"
 #include "platform/number.h"
 #include "platform/text.h"
 
@@ -225,7 +226,9 @@ void ItemPane::valueChanged() {
         return;
     if (form != ValueForm::Boolean && form != ValueForm::Quoted) {
         const CountMode mode = window_.chkFix.checked() ? CountMode::Fixed : CountMode::Variable;
-        storeValueQuietly(normalizeItemValue(type, countOfField(), mode, window_.txtInit.text()));
+        const std::string typed = window_.txtInit.text();
+        storeValueQuietly(normalizeItemValue(type, countOfField(), mode, typed));
+        reportLoss(window_.desktop(), lostByType(type, typed, window_.txtInit.text()));
     }
     updateItemNodeText(*node);
     if (form != ValueForm::Quoted)
@@ -245,8 +248,7 @@ void ItemPane::valueLeft() {
         return;
     const UserSteps::Part part(window_.desktop().steps(), typingIn(window_.lblInit, *node),
                                {&window_.txtInit, node});
-    SECSItemRecord record = recordOf(*node);
-    normalizeItem(*node, record, codePage_);
+    normalizeAndReport(window_.desktop(), *node, recordOf(*node), codePage_);
 }
 
 int ItemPane::countOfField() const {

@@ -91,6 +91,7 @@ Node* unitOf(Node& node) {
 MarkedNodes::MarkedNodes(frmSECSEditor& window) : window_(window) {
     window_.tvwEdit.onMarking = [this](Node& node, int shift) { press(node, shift); };
     window_.tvwEdit.marks().onChange = [this] {
+        ++changes_;
         window_.tvwEdit.ring(Change::Selection);
         fire(onChange);
     };

@@ -31,6 +31,9 @@ public:
     /// "3 messages", "1 item"; empty without marks.
     std::string count() const;
 
+    /// Another number after each change of the marks.
+    unsigned long changes() const { return changes_; }
+
     /// There are other marks than before.
     std::function<void()> onChange;
 
@@ -43,6 +46,7 @@ private:
     frmSECSEditor& window_;
     Node* anchor_ = nullptr; // valid while the tree has it at its position
     int anchorIndex_ = 0;
+    unsigned long changes_ = 0;
 };
 
 /// The MessageNode before the message of this node, or after it; null when there is none.

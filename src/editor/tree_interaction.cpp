@@ -3,8 +3,8 @@
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
 #include "editor/step_names.h"
+#include "editor/value_notice.h"
 #include "messages/item_key.h"
-#include "messages/item_normalizer.h"
 #include "messages/item_record.h"
 #include "messages/message_nodes.h"
 #include "messages/message_record.h"
@@ -159,7 +159,7 @@ void TreeInteraction::itemClick(Node& node) {
     window_.picItem.setVisible(true);
     SECSItemRecord record;
     record.parseText(node.text());
-    normalizeItem(node, record, window_.state().codePage);
+    normalizeAndReport(window_.desktop(), node, record, window_.state().codePage);
     record.parseText(node.text());
     window_.txtItemName.setText(record.getName());
     window_.itemPane.selectTypeButton(record.getType());

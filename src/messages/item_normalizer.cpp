@@ -141,11 +141,17 @@ std::optional<std::string> normalizedItemText(SECSItemRecord record, const CodeP
     return composeItemText(record);
 }
 
-void normalizeItem(Node& node, const SECSItemRecord& record, const CodePage& codePage) {
+std::optional<std::string> changedItemText(std::string_view text, const SECSItemRecord& record,
+                                           const CodePage& codePage) {
     const ItemKind kind = itemKind(record.getType());
-    if (kind == ItemKind::List || isPlainlyNormal(node.text(), record, kind))
-        return;
-    if (std::optional<std::string> text = normalizedItemText(record, codePage))
+    if (kind == ItemKind::List || isPlainlyNormal(text, record, kind))
+        return std::nullopt;
+    std::optional<std::string> normalized = normalizedItemText(record, codePage);
+    return normalized == text ? std::nullopt : std::move(normalized);
+}
+
+void normalizeItem(Node& node, const SECSItemRecord& record, const CodePage& codePage) {
+    if (std::optional<std::string> text = changedItemText(node.text(), record, codePage))
         node.setText(*std::move(text));
 }
 

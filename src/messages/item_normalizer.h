@@ -25,6 +25,9 @@ int normalizeVariableValues(std::string_view type, int count, std::string& value
 
 /// The canonical Text of an item; nothing when the Text must not change.
 std::optional<std::string> normalizedItemText(SECSItemRecord record, const CodePage& codePage);
+/// The same for a Text from which the record was parsed; nothing also when the Text is canonical already.
+std::optional<std::string> changedItemText(std::string_view text, const SECSItemRecord& record,
+                                           const CodePage& codePage);
 /// Rewrites the node's Text, from which the record was parsed, in its canonical form.
 void normalizeItem(Node& node, const SECSItemRecord& record, const CodePage& codePage);
 

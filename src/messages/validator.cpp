@@ -1,23 +1,16 @@
 #include "messages/validator.h"
 
-#include "platform/tree/node_tree.h"
+#include "platform/tree/node.h"
 
 namespace zb {
 
-OptionalFault Validator::checkItemName(int index, NodeTree& tree) {
-    Node* node = tree.at(index);
-    if (node == nullptr)
-        return std::nullopt;
-    item_.parseText(node->text());
+Validator::Checked Validator::check(const Node& item) {
+    item_.parseText(item.text());
     if (OptionalFault fault = nameFault(item_, itemNames_))
-        return fault;
-    normalizeItem(*node, item_, codePage_);
-    return std::nullopt;
-}
-
-OptionalFault Validator::checkItemValues(const NodeTree& tree, int index) {
-    const Node* node = tree.at(index);
-    return node == nullptr ? std::nullopt : valueFault(node->text(), node->children());
+        return {fault, std::nullopt};
+    std::optional<std::string> canonical = changedItemText(item.text(), item_, codePage_);
+    OptionalFault fault = valueFault(canonical ? *canonical : item.text(), item.children());
+    return {fault, std::move(canonical)};
 }
 
 } // namespace zb

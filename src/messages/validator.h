@@ -3,22 +3,29 @@
 #include "messages/definition_rules.h"
 #include "messages/item_normalizer.h"
 
+#include <optional>
+#include <string>
+
 namespace zb {
 
 class CodePage;
-class NodeTree;
+class Node;
 
-/// Checks the items of a message one after the other.
+/// Checks the items of a message one after the other. Nothing is changed.
 class Validator {
 public:
+    struct Checked {
+        OptionalFault fault;
+        /// The canonical Text of an item whose name is good, where its Text is another one.
+        std::optional<std::string> canonicalText;
+    };
+
     explicit Validator(const CodePage& codePage) : codePage_(codePage) {}
 
     /// Forgets the names of the previous message.
     void beginMessage() { itemNames_.clear(); }
-    /// Normalizes the item when its name is good. An index without a node has no fault.
-    OptionalFault checkItemName(int index, NodeTree& tree);
-    /// An index without a node has no fault.
-    static OptionalFault checkItemValues(const NodeTree& tree, int index);
+    /// The name of the item, and then the values of its canonical Text.
+    Checked check(const Node& item);
 
 private:
     const CodePage& codePage_;

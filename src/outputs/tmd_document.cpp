@@ -43,7 +43,8 @@ public:
           sent_(projectType == 1 ? kToEquip : kToHost) {}
 
     void writeSECSMessages(XmlElement& section) const;
-    void writeTransactionMessages(XmlElement& receivedSection, XmlElement& sentSection) const;
+    void writeTransactionMessages(XmlElement& receivedSection, XmlElement& sentSection,
+                                  const Progress& progress) const;
 
 private:
     static void addStatement(XmlElement& element, std::string condition, const std::string& name);
@@ -91,8 +92,11 @@ void TmdComposer::addStatement(XmlElement& element, std::string condition, const
     element.children().insert(place, std::move(statement));
 }
 
-void TmdComposer::writeTransactionMessages(XmlElement& receivedSection, XmlElement& sentSection) const {
+void TmdComposer::writeTransactionMessages(XmlElement& receivedSection, XmlElement& sentSection,
+                                           const Progress& progress) const {
+    std::size_t done = 0;
     for (const auto& record : model_.TRMessages()) {
+        progress.at(done++, model_.TRMessages().size());
         XmlElement element = createElement(record->Name());
         setElementAttribute(element, "SECSMessage", record->SECSMessage());
         if (record->Direction() == received_) {
@@ -154,7 +158,8 @@ void writeSequences(const Sequences& sequences, XmlElement& section) {
 
 } // namespace
 
-XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequences& sequences) {
+XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequences& sequences,
+                      const Progress& progress) {
     XmlElement secsMessages = createElement("SECSMessages");
     XmlElement received = createElement("TransactionMessages");
     setElementAttribute(received, "Type", "R");
@@ -164,7 +169,7 @@ XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequence
 
     const TmdComposer composer(model, projectType);
     trapped([&] { composer.writeSECSMessages(secsMessages); });
-    trapped([&] { composer.writeTransactionMessages(received, sent); });
+    trapped([&] { composer.writeTransactionMessages(received, sent, progress); });
     trapped([&] { writeSequences(sequences, sequenceSection); });
 
     XmlElement root = createElement(kRootName);
@@ -175,11 +180,16 @@ XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequence
     return root;
 }
 
-Result<TmdContent> writeTMD(const ProjectView& project, FileLayer& files, const std::string& path) {
+Result<TmdContent> writeTMD(const ProjectView& project, FileLayer& files, const std::string& path,
+                            const Progress& progress) {
+    constexpr double kComposed = 0.6;
+    const XmlElement root = composeTmd(*project.model, projectTypeOf(project.side), project.sequences,
+                                       progress.part(0, kComposed));
+    const std::string document = xmlDocument(root);
+    progress.part(kComposed, 1).at(1, 1);
     if (const Result<void> deleted = deleteFileIfExists(files, path); !deleted)
         return deleted.error();
-    const XmlElement root = composeTmd(*project.model, projectTypeOf(project.side), project.sequences);
-    if (const Result<void> written = replaceFile(files, path, xmlDocument(root)); !written)
+    if (const Result<void> written = replaceFile(files, path, document); !written)
         return written.error();
     const auto& sections = root.children();
     return TmdContent{sections[1].children().size() + sections[2].children().size(),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/progress.h"
 #include "platform/result.h"
 #include "platform/xml_element.h"
 
@@ -18,7 +19,8 @@ struct ProjectView;
 ///
 /// A record that a document cannot hold, for example one whose name is not an XML name, ends its section
 /// there without a message; the records before it stay.
-XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequences& sequences);
+XmlElement composeTmd(const TRModelStore& model, int projectType, const Sequences& sequences,
+                      const Progress& progress = {});
 
 /// The contents of a written TMD file.
 struct TmdContent {
@@ -29,7 +31,9 @@ struct TmdContent {
     std::vector<std::string> leftOut = {};
 };
 
-/// Replaces the TMD file at `path`; the project has a model. After an error there is no file.
-Result<TmdContent> writeTMD(const ProjectView& project, FileLayer& files, const std::string& path);
+/// Replaces the TMD file at `path`; the project has a model. After an error there is no file. Throws
+/// Cancelled as long as the old file is there, which then stays.
+Result<TmdContent> writeTMD(const ProjectView& project, FileLayer& files, const std::string& path,
+                            const Progress& progress = {});
 
 } // namespace zb

@@ -96,14 +96,20 @@ Result<bool> takeRights(FileLayer& layer, const ScratchFile& file, const fs::pat
     return true;
 }
 
+struct NewContent {
+    std::string_view bytes;
+    unsigned newMode; // of a file that was not there yet
+    Progress progress;
+};
+
 // False when no file beside the old one can take its place.
 Result<bool> writeBeside(FileLayer& layer, const fs::path& target, const std::optional<FileStatus>& old,
-                         std::string_view bytes, unsigned newMode) {
+                         const NewContent& content) {
     ScratchFile temporary(layer, scratchPath(layer, target, kKind));
     // A file that only some users may read must not be open to others while it is written.
-    if (const Result<void> created = temporary.create(old ? kPrivateMode : newMode); !created)
+    if (const Result<void> created = temporary.create(old ? kPrivateMode : content.newMode); !created)
         return created.error();
-    if (const Result<void> filled = temporary.write(bytes); !filled)
+    if (const Result<void> filled = temporary.write(content.bytes, content.progress); !filled)
         return filled.error();
     if (old) {
         if (Result<bool> taken = takeRights(layer, temporary, target, *old); !taken || !*taken)
@@ -115,7 +121,7 @@ Result<bool> writeBeside(FileLayer& layer, const fs::path& target, const std::op
     return done ? Result<bool>(true) : Result<bool>(done.error());
 }
 
-Result<void> replace(FileLayer& layer, const fs::path& path, std::string_view bytes, unsigned newMode) {
+Result<void> replace(FileLayer& layer, const fs::path& path, const NewContent& content) {
     const Result<fs::path> target = followLinks(layer, path);
     if (!target)
         return target.error();
@@ -127,11 +133,11 @@ Result<void> replace(FileLayer& layer, const fs::path& path, std::string_view by
         finishGuardedWrite(layer, *target);
     const bool hasOtherNames = *old && (*old)->names > 1;
     const Result<bool> written =
-        hasOtherNames ? Result<bool>(false) : writeBeside(layer, *target, *old, bytes, newMode);
+        hasOtherNames ? Result<bool>(false) : writeBeside(layer, *target, *old, content);
     if (!written)
         return written.error();
     if (!*written)
-        return writeGuarded(layer, *target, bytes);
+        return writeGuarded(layer, *target, content.bytes);
     // The new content is there under its name. Should the sync of the name fail and the machine stop at
     // once, the old content comes back whole, which is no reason to call the save a failure.
     static_cast<void>(layer.syncFolder(target->parent_path()));
@@ -140,12 +146,13 @@ Result<void> replace(FileLayer& layer, const fs::path& path, std::string_view by
 
 } // namespace
 
-Result<void> replaceFile(FileLayer& layer, const fs::path& path, std::string_view bytes) {
-    return replace(layer, path, bytes, kNewFileMode);
+Result<void> replaceFile(FileLayer& layer, const fs::path& path, std::string_view bytes,
+                         const Progress& progress) {
+    return replace(layer, path, {bytes, kNewFileMode, progress});
 }
 
 Result<void> replacePrivateFile(FileLayer& layer, const fs::path& path, std::string_view bytes) {
-    return replace(layer, path, bytes, kPrivateMode);
+    return replace(layer, path, {bytes, kPrivateMode, {}});
 }
 
 Result<void> replaceFile(const fs::path& path, std::string_view bytes) {

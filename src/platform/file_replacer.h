@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/file_layer.h"
+#include "platform/progress.h"
 #include "platform/result.h"
 
 namespace zb {
@@ -21,7 +22,10 @@ namespace zb {
 /// target from a process that no longer runs are removed. The error has the number of the system, and a
 /// sentence that names the file and the failed step. It is also an error when the target is not a regular
 /// file, or one that the user may not write.
-Result<void> replaceFile(FileLayer& layer, const std::filesystem::path& path, std::string_view bytes);
+///
+/// Throws Cancelled as long as the old file is there, which then stays.
+Result<void> replaceFile(FileLayer& layer, const std::filesystem::path& path, std::string_view bytes,
+                         const Progress& progress = {});
 /// The same; a file that was not there yet can be read by this user alone.
 Result<void> replacePrivateFile(FileLayer& layer, const std::filesystem::path& path, std::string_view bytes);
 /// The same as the first, on the real system.

@@ -75,9 +75,14 @@ Result<void> ScratchFile::create(unsigned mode) {
     return {};
 }
 
-Result<void> ScratchFile::write(std::string_view bytes) {
-    if (const Result<void> written = writeAll(layer_, *descriptor_, bytes); !written)
-        return namingFile("write", path_, written.error());
+Result<void> ScratchFile::write(std::string_view bytes, const Progress& progress) {
+    constexpr std::size_t kPiece = std::size_t{8} << 20U;
+    for (std::size_t done = 0; done < bytes.size(); done += kPiece) {
+        progress.at(done, bytes.size());
+        if (const Result<void> written = writeAll(layer_, *descriptor_, bytes.substr(done, kPiece)); !written)
+            return namingFile("write", path_, written.error());
+    }
+    progress.at(1, 1);
     return {};
 }
 

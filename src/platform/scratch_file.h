@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_layer.h"
+#include "platform/progress.h"
 #include "platform/result.h"
 
 #include <filesystem>
@@ -37,7 +38,7 @@ public:
 
     /// Nothing may have this name yet.
     Result<void> create(unsigned mode);
-    Result<void> write(std::string_view bytes);
+    Result<void> write(std::string_view bytes, const Progress& progress = {});
     /// What was written outlasts a hard stop of the machine.
     Result<void> finish();
     /// Gives it the name of another file, which it replaces.

@@ -161,9 +161,18 @@ void Application::showEditor() {
 
 void Application::showModeler() {
     // The modeler reads messages only from the store, which this walk checks and fills.
-    if (!ProjectName.empty() && !isBlank(frmSECSEditor.buildMessageText(WalkMode::Modeler))) {
-        frmMain.showEditorState();
-        return;
+    if (!ProjectName.empty()) {
+        PreparedWalk walk;
+        const bool done =
+            desktop.screen().doLongWork("Checking " + ProjectName, [&](const Progress& progress) {
+                walk = frmSECSEditor.prepareWalk(WalkMode::Modeler, progress);
+            });
+        if (!done)
+            return;
+        if (!isBlank(frmSECSEditor.takeWalk(std::move(walk)))) {
+            frmMain.showEditorState();
+            return;
+        }
     }
     frmMain.showModelerState();
     frmTRModeler.show();

@@ -9,6 +9,7 @@ namespace zb {
 
 class Desktop;
 class ModelerControls;
+class Progress;
 class frmSECSEditor;
 struct ModuleState;
 struct TmdContent;
@@ -23,13 +24,14 @@ struct BuildWindows {
     std::function<void()> showProblems;
 };
 
-/// The builds, reachable from all windows.
+/// The builds, reachable from all windows. The user can cancel one that takes long, and files and windows are
+/// then as they were.
 class BuildCommands {
 public:
     BuildCommands(ModuleState& state, BuildWindows windows) : state_(state), windows_(std::move(windows)) {}
 
-    /// Builds the SMD file, or the MDF file when the option `MessageFormat` is "mdf". The target is emptied
-    /// first, so a build that fails leaves it empty. True on success.
+    /// Builds the SMD file, or the MDF file when the option `MessageFormat` is "mdf". A build that fails
+    /// leaves the target empty. True on success.
     bool buildSmd();
     /// Checks the transaction model and builds the TMD file. A project with no transaction model builds as a
     /// success, with no file. True on success, and also when the file could not be written: then nothing is
@@ -39,6 +41,10 @@ public:
 private:
     bool buildSmdTo(const std::string& target, DefinitionForm form);
     bool writeDefinitions(const std::string& target, DefinitionForm form);
+    bool reportDefinitions(const std::string& target);
+    bool buildTmdTo(const std::string& target);
+    /// False when the user has cancelled it.
+    bool runLongWork(const std::string& target, const std::function<void(const Progress&)>& work);
     void postBuilt(const std::string& target, const std::string& content);
     void reportTmd(const std::string& target, const TmdContent& content);
 

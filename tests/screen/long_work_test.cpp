@@ -19,6 +19,7 @@
 #include <atomic>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <stdexcept>
 #include <thread>
 
@@ -176,6 +177,48 @@ TEST_F(LargeProject, IsNotOpenedWhenItsStartIsCancelled) {
     EXPECT_FALSE(program.application.frmSECSEditor.visible());
     EXPECT_EQ(program.settings.readRegValue(kSettingsKey, kRecentProject), path.string());
     EXPECT_EQ(std::filesystem::file_size(path), text.size());
+}
+
+/// The same project, open, with a definition file of an earlier build.
+struct LargeBuild : LargeProject {
+    LargeBuild() {
+        program.application.start(path.string());
+        std::ofstream(target) << "old";
+    }
+
+    std::string targetText() {
+        std::ifstream file(target, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    std::filesystem::path target = folder / "ZeltoInfo/Large.smd";
+};
+
+TEST_F(LargeBuild, ShowsItsProgress) {
+    QString text;
+    Onlooker onlooker([&](QDialog& dialog) { text = dialog.findChild<QLabel*>()->text(); });
+    EXPECT_TRUE(program.application.builds.buildSmd());
+    EXPECT_EQ(text, "Building Large.smd");
+    EXPECT_GT(onlooker.looks(), 10);
+    EXPECT_GT(targetText().size(), 1'000'000U);
+}
+
+TEST_F(LargeBuild, LeavesTheFileWhenItIsCancelled) {
+    Node& item = *program.application.frmSECSEditor.liveTree().find("Message1")->child();
+    item.setText("U4 2 DATAID 0");
+    Onlooker onlooker(pressCancel);
+    EXPECT_FALSE(program.application.builds.buildSmd());
+    EXPECT_TRUE(onlooker.sawDialog());
+    EXPECT_EQ(targetText(), "old");
+    EXPECT_EQ(item.text(), "U4 2 DATAID 0");
+}
+
+TEST_F(LargeBuild, StaysInTheEditorWhenTheWayToTheModelerIsCancelled) {
+    Onlooker onlooker(pressCancel);
+    program.application.showModeler();
+    EXPECT_TRUE(onlooker.sawDialog());
+    EXPECT_FALSE(program.application.frmTRModeler.visible());
+    EXPECT_TRUE(program.application.frmSECSEditor.visible());
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "messages/smd/smd_writer.h"
 
+#include "messages/value_loss.h"
 #include "platform/text.h"
 #include "platform/wildcard.h"
 
@@ -19,27 +20,44 @@ bool isBuild(WalkMode mode) {
 
 /// A save also keeps items below an item that is not a list: they may have been read so, and must not be
 /// lost.
-bool isOpen(const Node& item, WalkMode mode) {
+bool isOpen(const Node& item, std::string_view text, WalkMode mode) {
     if (item.child() == nullptr)
         return false;
-    std::string_view text = trimmed(item.text());
+    text = trimmed(text);
     return isSave(mode) || takeWord(text) == "L";
 }
 
 } // namespace
 
-WalkOutcome SmdWriter::buildMessageText(WalkMode mode, NodeTree& tree, SECSMessageStore& store) {
-    for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next()) {
-        if (!hasColon(node->text()))
-            continue;
-        if (WalkOutcome outcome = writeMessage(*node, mode, tree, store); !outcome.status.empty())
-            return outcome;
-    }
-    return {};
+void PreparedWalk::normalize(NodeTree& tree) {
+    for (CanonicalText& canonical : canonicalTexts)
+        tree.at(canonical.nodeIndex)->setText(std::move(canonical.text));
+    canonicalTexts.clear();
 }
 
-WalkOutcome SmdWriter::writeMessage(const Node& node, WalkMode mode, NodeTree& tree,
-                                    SECSMessageStore& store) {
+WalkOutcome SmdWriter::buildMessageText(WalkMode mode, NodeTree& tree, SECSMessageStore& store) {
+    PreparedWalk walk = prepare(mode, tree);
+    walk.normalize(tree);
+    store = std::move(*walk.store);
+    return std::move(walk.outcome);
+}
+
+PreparedWalk SmdWriter::prepare(WalkMode mode, const NodeTree& tree, const Progress& progress) {
+    walk_ = PreparedWalk();
+    nodesDone_ = 0;
+    for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next()) {
+        ++nodesDone_;
+        if (!hasColon(node->text()))
+            continue;
+        progress.at(nodesDone_, tree.count());
+        walk_.outcome = writeMessage(*node, mode);
+        if (!walk_.outcome.status.empty())
+            break;
+    }
+    return std::move(walk_);
+}
+
+WalkOutcome SmdWriter::writeMessage(const Node& node, WalkMode mode) {
     if (!isSave(mode)) {
         OptionalFault fault = streamFault(node.text());
         if (!fault)
@@ -47,28 +65,28 @@ WalkOutcome SmdWriter::writeMessage(const Node& node, WalkMode mode, NodeTree& t
         if (fault)
             return {std::string(fault->text), NodeFault{*fault, node.index()}};
     }
-    if (const auto fault = composeMessage(node, mode, tree))
+    if (const auto fault = composeMessage(node, mode))
         return {"occur an Error", fault};
-    store.addMessageText(buffer_);
-    const SECSMessageRecord* record = node.key().empty() ? nullptr : store.getByName(node.key());
-    if (record != nullptr && onRecord_)
-        onRecord_(*record);
+    walk_.store->addMessageText(buffer_);
+    const SECSMessageRecord* record = node.key().empty() ? nullptr : walk_.store->getByName(node.key());
+    if (record != nullptr)
+        walk_.records.push_back(record);
     return {};
 }
 
-std::string SmdWriter::composeForSave(NodeTree& tree) {
+std::string SmdWriter::composeForSave(const NodeTree& tree) {
     std::string text;
     for (const Node* node = tree.firstRoot(); node != nullptr; node = node->next()) {
         if (!hasColon(node->text()))
             continue;
-        composeMessage(*node, WalkMode::SaveProject, tree);
+        composeMessage(*node, WalkMode::SaveProject);
         text += buffer_;
     }
     buffer_.clear();
     return text;
 }
 
-std::optional<NodeFault> SmdWriter::composeMessage(const Node& node, WalkMode mode, NodeTree& tree) {
+std::optional<NodeFault> SmdWriter::composeMessage(const Node& node, WalkMode mode) {
     buffer_.clear();
     writeComment(node, isBuild(mode) ? Form::Build : Form::Project);
     buffer_ += node.text();
@@ -77,7 +95,7 @@ std::optional<NodeFault> SmdWriter::composeMessage(const Node& node, WalkMode mo
         return std::nullopt;
     }
     buffer_ += kLineEnd;
-    return writeItems(node, mode, tree);
+    return writeItems(node, mode);
 }
 
 void SmdWriter::writeComment(const Node& messageNode, Form form) {
@@ -90,17 +108,25 @@ void SmdWriter::writeComment(const Node& messageNode, Form form) {
 }
 
 /// Without recursion, for trees of any depth. Only the last direct item ends the message.
-std::optional<NodeFault> SmdWriter::writeItems(const Node& node, WalkMode mode, NodeTree& tree) {
+std::optional<NodeFault> SmdWriter::writeItems(const Node& node, WalkMode mode) {
     const Form form = isBuild(mode) ? Form::Build : Form::Project;
     validator_.beginMessage();
     int depth = 0;
     for (const Node* item = node.child(); item != nullptr;) {
+        ++nodesDone_;
+        std::string_view text = item->text();
         if (!isSave(mode)) {
-            if (const auto fault = checkItem(item->index(), tree))
-                return fault;
+            Validator::Checked checked = validator_.check(*item);
+            if (checked.canonicalText) {
+                noteLoss(lostByCount(text, *checked.canonicalText));
+                walk_.canonicalTexts.push_back({item->index(), *std::move(checked.canonicalText)});
+                text = walk_.canonicalTexts.back().text;
+            }
+            if (checked.fault)
+                return NodeFault{*checked.fault, item->index()};
         }
-        const bool isOpenList = isOpen(*item, mode);
-        writeItem(*item, depth, isOpenList, item == node.lastChild(), form);
+        const bool isOpenList = isOpen(*item, text, mode);
+        writeItem(text, depth, isOpenList, item == node.lastChild(), form);
         if (isOpenList) {
             item = item->child();
             ++depth;
@@ -116,18 +142,16 @@ std::optional<NodeFault> SmdWriter::writeItems(const Node& node, WalkMode mode, 
     return std::nullopt;
 }
 
-std::optional<NodeFault> SmdWriter::checkItem(int index, NodeTree& tree) {
-    OptionalFault fault = validator_.checkItemName(index, tree);
-    if (!fault)
-        fault = Validator::checkItemValues(tree, index);
-    return fault ? std::optional(NodeFault{*fault, index}) : std::nullopt;
+void SmdWriter::noteLoss(std::string loss) {
+    if (!loss.empty() && walk_.losses++ == 0)
+        walk_.firstLoss = std::move(loss);
 }
 
-void SmdWriter::writeItem(const Node& item, int depth, bool isOpenList, bool isLast, Form form) {
+void SmdWriter::writeItem(std::string_view text, int depth, bool isOpenList, bool isLast, Form form) {
     indent(depth);
     if (form == Form::Build)
         buffer_ += '<';
-    buffer_ += item.text();
+    buffer_ += text;
     if (form == Form::Build && !isOpenList)
         buffer_ += '>';
     if (isLast && !isOpenList)
@@ -149,7 +173,7 @@ void SmdWriter::indent(int depth) {
     buffer_.append((static_cast<std::size_t>(depth) + 1) * 4, ' ');
 }
 
-Result<std::optional<SECSMessageRecord>, std::string> SmdWriter::composeSingleMessage(NodeTree& tree) {
+Result<std::optional<SECSMessageRecord>, std::string> SmdWriter::composeSingleMessage(const NodeTree& tree) {
     const Node* node = tree.firstRoot();
     while (node != nullptr && !hasColon(node->text()))
         node = node->next();
@@ -160,7 +184,7 @@ Result<std::optional<SECSMessageRecord>, std::string> SmdWriter::composeSingleMe
     buffer_ += node->text();
     buffer_.append(node->child() == nullptr ? "." : "").append(kLineEnd);
     if (node->child() != nullptr)
-        writeItems(*node, WalkMode::ModelerSave, tree);
+        writeItems(*node, WalkMode::ModelerSave);
     SECSMessageRecord record;
     const std::string status = record.parseSmd(buffer_, kFormatSmd);
     buffer_.clear();

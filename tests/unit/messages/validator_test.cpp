@@ -21,10 +21,10 @@ TEST_P(Items, AreNormalizedAndChecked) {
     test::Workbench bench;
     Node& node = bench.tree.add(nullptr, Relation::Last, GetParam().before);
     Validator validator(bench.codePage);
-    OptionalFault fault = validator.checkItemName(1, bench.tree);
-    if (!fault)
-        fault = Validator::checkItemValues(bench.tree, 1);
-    EXPECT_EQ(node.text(), GetParam().after);
+    const auto [fault, canonicalText] = validator.check(node);
+    EXPECT_EQ(node.text(), GetParam().before);
+    EXPECT_EQ(canonicalText.value_or(node.text()), GetParam().after);
+    EXPECT_NE(canonicalText, GetParam().before) << "a change that is none";
     EXPECT_EQ(fault ? test::Workbench::textOf(*fault) : "", GetParam().fault);
 }
 
@@ -133,16 +133,15 @@ TEST(NameRules, ANameOccursOnceInAMessage) {
     for (const char* text : {"A 1 one 'x'", "L 0 ONE", "U1 1 two 5", "U1 1 5"})
         bench.tree.add(nullptr, Relation::Last, text);
     Validator validator(bench.codePage);
-    EXPECT_FALSE(validator.checkItemName(1, bench.tree));
-    const OptionalFault fault = validator.checkItemName(2, bench.tree);
+    const auto faultOf = [&](int index) { return validator.check(*bench.tree.at(index)).fault; };
+    EXPECT_FALSE(faultOf(1));
+    const OptionalFault fault = faultOf(2);
     ASSERT_TRUE(fault.has_value());
     EXPECT_EQ(test::Workbench::textOf(*fault), "! The name of this item be duplicated");
-    EXPECT_FALSE(validator.checkItemName(3, bench.tree));
-    EXPECT_FALSE(validator.checkItemName(4, bench.tree));
-    EXPECT_FALSE(validator.checkItemName(99, bench.tree));
-    EXPECT_FALSE(Validator::checkItemValues(bench.tree, 99));
+    EXPECT_FALSE(faultOf(3));
+    EXPECT_FALSE(faultOf(4));
     validator.beginMessage();
-    EXPECT_FALSE(validator.checkItemName(2, bench.tree));
+    EXPECT_FALSE(faultOf(2));
 }
 
 TEST(NameRules, CharactersAreCheckedOnTheirOwn) {

@@ -51,11 +51,12 @@ struct Workbench {
 
     /// Refills the store; the text of a fault is led by "! " when it is shown as an error.
     WalkOutcome walk(WalkMode mode) {
-        store = std::make_unique<SECSMessageStore>();
-        SmdWriter writer(codePage, [this](const SECSMessageRecord& record) {
-            calls.push_back("record " + std::string(record.getName()));
-        });
-        WalkOutcome outcome = writer.buildMessageText(mode, tree, *store);
+        PreparedWalk walk = SmdWriter(codePage).prepare(mode, tree);
+        walk.normalize(tree);
+        for (const SECSMessageRecord* record : walk.records)
+            calls.push_back("record " + std::string(record->getName()));
+        store = std::move(walk.store);
+        WalkOutcome outcome = std::move(walk.outcome);
         if (outcome.fault)
             faults.push_back(textOf(outcome.fault->fault));
         return outcome;

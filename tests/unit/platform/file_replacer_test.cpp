@@ -43,6 +43,18 @@ TEST(FileReplacer, WritesNewAndOldFiles) {
     EXPECT_EQ(namesIn(folder.path()), Names({"a.zbp"}));
 }
 
+TEST(FileReplacer, ACancelledWriteLeavesTheOldFile) {
+    const TemporaryFolder folder;
+    writeFile(folder / "a.smd", "old");
+    LongWork cancelled;
+    cancelled.cancel();
+    SystemFileLayer files;
+    EXPECT_THROW(static_cast<void>(replaceFile(files, folder / "a.smd", "new", Progress(cancelled))),
+                 Cancelled);
+    EXPECT_EQ(readFile(folder / "a.smd"), "old");
+    EXPECT_EQ(namesIn(folder.path()), Names({"a.smd"}));
+}
+
 TEST(FileReplacer, WritesRelativePaths) {
     const TemporaryFolder folder;
     const fs::path relative = fs::proximate(folder / "a.zbp");
