@@ -44,6 +44,8 @@ public:
         add(
             {kKeyEnter, 0}, tree, kTree, "Goes to the name of the selected item or message",
             [&entry] { entry.edit(); }, true);
+        add({'C', kControlKey | kShiftKey}, tree, kTree, "Copies as SML without names, counts and comments",
+            [&shared = window_.sharedNodes] { shared.copyBare(); });
         add({'V', kControlKey | kShiftKey}, tree, kTree,
             "Pastes messages from the clipboard: SML, or a list such as S1F1, S1F2",
             [&shared = window_.sharedNodes] { shared.paste(); });

@@ -130,7 +130,10 @@ std::optional<CopiedNodes> copiesOfExchangeText(std::string_view text) {
     return whole && !copies.empty() ? std::optional(std::move(copies)) : std::nullopt;
 }
 
-std::string sharedTextOf(const CopiedNodes& copies) {
+namespace {
+
+/// An item alone has no form in SML; it is written as the body of a message without a number.
+std::vector<SECSMessageRecord> messagesOf(const CopiedNodes& copies) {
     std::vector<SECSMessageRecord> records;
     for (const auto& copy : copies) {
         const Node* last = copy->lastRoot();
@@ -140,41 +143,32 @@ std::string sharedTextOf(const CopiedNodes& copies) {
             records.push_back(messageRecordOf(*last));
             continue;
         }
-        // An item alone has no form in SML; it is written as the body of a message without a number.
         NodeTree around;
         Node& message = addMessageNodes(around, nullptr, "Item", "Item: S0 F0 H<->E", "");
         copyExactly(*last, around, &message, Relation::Child);
         records.push_back(messageRecordOf(message));
     }
+    return records;
+}
+
+std::vector<const SECSMessageRecord*> pointersTo(const std::vector<SECSMessageRecord>& records) {
     std::vector<const SECSMessageRecord*> pointers;
     pointers.reserve(records.size());
     for (const SECSMessageRecord& record : records)
         pointers.push_back(&record);
-    return composeSml(pointers);
+    return pointers;
 }
 
-std::optional<std::vector<std::string>> streamFunctionList(std::string_view text) {
-    constexpr std::string_view kBetween = " \t\r\n,;";
-    std::vector<std::string> names;
-    for (std::size_t at = text.find_first_not_of(kBetween); at != std::string_view::npos;
-         at = text.find_first_not_of(kBetween, at)) {
-        const std::size_t end = std::min(text.find_first_of(kBetween, at), text.size());
-        std::string name = upper(text.substr(at, end - at));
-        if (name.ends_with('W') && name.find('F') != std::string::npos)
-            name.pop_back();
-        const std::size_t letter = name.find('F');
-        const auto isNumber = [](std::string_view digits) {
-            return !digits.empty() && digits.size() <= 3 &&
-                   digits.find_first_not_of("0123456789") == std::string_view::npos;
-        };
-        if (letter == std::string::npos || !name.starts_with('S') ||
-            !isNumber(std::string_view(name).substr(1, letter - 1)) ||
-            !isNumber(std::string_view(name).substr(letter + 1)))
-            return std::nullopt;
-        names.push_back(std::move(name));
-        at = end;
-    }
-    return names.empty() ? std::nullopt : std::optional(std::move(names));
+} // namespace
+
+std::string sharedTextOf(const CopiedNodes& copies) {
+    const std::vector<SECSMessageRecord> records = messagesOf(copies);
+    return composeSml(pointersTo(records));
+}
+
+BareSml bareTextOf(const CopiedNodes& copies) {
+    const std::vector<SECSMessageRecord> records = messagesOf(copies);
+    return composeBareSml(pointersTo(records));
 }
 
 } // namespace zb

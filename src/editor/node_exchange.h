@@ -1,5 +1,6 @@
 #pragma once
 
+#include "messages/bare_sml.h"
 #include "platform/tree/node_tree.h"
 
 #include <memory>
@@ -22,9 +23,7 @@ std::optional<CopiedNodes> copiesOfExchangeText(std::string_view text);
 
 /// SML for other programs: of messages as a whole, of items alone their structures. Lines end in CR LF.
 std::string sharedTextOf(const CopiedNodes& copies);
-
-/// A text of nothing but names of messages by stream and function, such as "S1F1, S1F2 S6F11W": "S1F1",
-/// "S1F2", "S6F11". None for any other text.
-std::optional<std::vector<std::string>> streamFunctionList(std::string_view text);
+/// The same without names, counts and comments, for strict readers.
+BareSml bareTextOf(const CopiedNodes& copies);
 
 } // namespace zb

@@ -3,6 +3,7 @@
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
 #include "editor/node_exchange.h"
+#include "editor/stream_function_list.h"
 #include "messages/library_store.h"
 #include "messages/message_nodes.h"
 #include "messages/smd/smd_reader.h"
@@ -50,6 +51,20 @@ void SharedNodes::put() {
     window_.desktop().screen().putOnClipboard({sharedTextOf(copies), exchangeTextOf(copies)});
 }
 
+void SharedNodes::copyBare() {
+    const CopiedNodes copies = window_.treeCommands.copiesOfTargets();
+    if (copies.empty())
+        return;
+    const BareSml bare = bareTextOf(copies);
+    window_.desktop().screen().putOnClipboard({bare.text, {}});
+    std::string text = "Copied as bare SML";
+    if (!bare.notes.empty())
+        text += "; " + bare.notes.front();
+    if (bare.notes.size() > 1)
+        text += ", and " + std::to_string(bare.notes.size() - 1) + " more";
+    window_.desktop().post({text, {}, "copy"});
+}
+
 void SharedNodes::paste() {
     const SharedClipboard contents = window_.desktop().screen().clipboard();
     if (!contents.nodes.empty())
@@ -64,6 +79,7 @@ void SharedNodes::pasteNodes(std::string_view nodes) {
         report(0, 0, "the clipboard holds nothing that can be pasted here");
         return;
     }
+    fire(onFindings, Findings());
     const bool messages = copies->front()->firstRoot()->next() != nullptr;
     Node* selected = window_.liveTree().selected();
     if (messages && selected == nullptr) {
@@ -110,6 +126,7 @@ void SharedNodes::pasteText(std::string_view text) {
 }
 
 void SharedNodes::pasteList(const std::vector<std::string>& names) {
+    fire(onFindings, Findings());
     std::list<SECSMessageRecord> bare;
     std::vector<const SECSMessageRecord*> records;
     for (const std::string& name : names) {

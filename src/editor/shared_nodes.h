@@ -21,6 +21,9 @@ public:
     /// Puts there whatever is copied in the tree from now on.
     explicit SharedNodes(frmSECSEditor& window);
 
+    /// Puts what a copy would take there as bare SML, for simulators with strict readers. What was copied for
+    /// the editor stays.
+    void copyBare();
     /// Adds what is on the clipboard after the selected message or item, or at the end. A notice says how
     /// much was read.
     void paste();

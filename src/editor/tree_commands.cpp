@@ -84,15 +84,17 @@ void TreeCommands::cut() {
 }
 
 void TreeCommands::copy() {
-    const std::vector<Node*> nodes = targets();
-    if (nodes.empty())
-        return;
+    if (auto copies = copiesOfTargets(); !copies.empty())
+        takeCopies(std::move(copies));
+}
+
+std::vector<std::unique_ptr<NodeTree>> TreeCommands::copiesOfTargets() {
     std::vector<std::unique_ptr<NodeTree>> copies;
-    for (Node* node : nodes) {
+    for (Node* node : targets()) {
         copies.push_back(std::make_unique<NodeTree>());
         copyTo(*node, *copies.back());
     }
-    takeCopies(std::move(copies));
+    return copies;
 }
 
 void TreeCommands::takeCopies(std::vector<std::unique_ptr<NodeTree>> copies) {

@@ -37,6 +37,8 @@ public:
     const std::vector<std::unique_ptr<NodeTree>>& copies() const { return copies_; }
     /// Takes these as what was copied last.
     void takeCopies(std::vector<std::unique_ptr<NodeTree>> copies);
+    /// What a copy would take; empty when nothing is selected.
+    std::vector<std::unique_ptr<NodeTree>> copiesOfTargets();
     /// Something else was copied.
     std::function<void()> onCopied;
 

@@ -14,6 +14,7 @@ TreeMore::TreeMore(Window& window, frmSECSEditor& editor)
       mnuMoveDown(window, "mnuMoveDown", "Move Down", &mnuTreeMore),
       mnuMoveOut(window, "mnuMoveOut", "Move Out", &mnuTreeMore),
       mnuMoveIn(window, "mnuMoveIn", "Move In", &mnuTreeMore),
+      mnuCopyBare(window, "mnuCopyBare", "Copy as Bare SML", &mnuTreeMore),
       mnuPasteShared(window, "mnuPasteShared", "Paste from Clipboard", &mnuTreeMore),
       mnuToggleMark(window, "mnuToggleMark", "Mark", &mnuTreeMore),
       mnuShowMarks(window, "mnuShowMarks", "Change All Marked", &mnuTreeMore), editor_(editor) {
@@ -30,7 +31,9 @@ TreeMore::TreeMore(Window& window, frmSECSEditor& editor)
     mnuEditNext.onClick = [this] { editor_.itemEntry.editNext(); };
     mnuPasteShared.setShortcut("Ctrl+Shift+V");
     mnuPasteShared.onClick = [this] { editor_.sharedNodes.paste(); };
-    mnuPasteShared.withSeparatorAbove();
+    mnuCopyBare.setShortcut("Ctrl+Shift+C");
+    mnuCopyBare.onClick = [this] { editor_.sharedNodes.copyBare(); };
+    mnuCopyBare.withSeparatorAbove();
     mnuToggleMark.setShortcut("Ctrl+Space");
     mnuToggleMark.onClick = [this] { editor_.markedNodes.toggleSelected(); };
     mnuToggleMark.withSeparatorAbove();
@@ -55,6 +58,7 @@ void TreeMore::enableEntries() {
     mnuToggleMark.setCaption(isMarked ? "Unmark" : "Mark");
     mnuEditNext.setEnabled(selected != nullptr && selected->parent() != nullptr &&
                            selected->next() != nullptr);
+    mnuCopyBare.setEnabled(selected != nullptr);
     mnuMoveUp.setEnabled(editor_.nodeMoves.isPossible(NodeMove::Up));
     mnuMoveDown.setEnabled(editor_.nodeMoves.isPossible(NodeMove::Down));
     mnuMoveOut.setEnabled(editor_.nodeMoves.isPossible(NodeMove::Out));

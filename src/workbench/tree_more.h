@@ -22,6 +22,7 @@ public:
     MenuEntry mnuMoveDown;
     MenuEntry mnuMoveOut;
     MenuEntry mnuMoveIn;
+    MenuEntry mnuCopyBare;
     MenuEntry mnuPasteShared;
     MenuEntry mnuToggleMark;
     MenuEntry mnuShowMarks;

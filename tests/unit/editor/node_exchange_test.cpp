@@ -45,11 +45,11 @@ TEST(NodeExchange, OtherProgramsGetSml) {
     EXPECT_NE(text.find("<L"), std::string::npos) << text;
 }
 
-TEST(NodeExchange, AListOfMessagesIsRead) {
-    using Names = std::vector<std::string>;
-    EXPECT_EQ(streamFunctionList("S1F1, s1f2;\nS6F11W"), (Names{"S1F1", "S1F2", "S6F11"}));
-    for (const char* text : {"", " , ", "S1F1 W .", "Establish S1F13", "S1F", "SF1", "S1F1111", "<L>"})
-        EXPECT_FALSE(streamFunctionList(text)) << text;
+TEST(NodeExchange, StrictReadersGetBareSml) {
+    const BareSml bare = bareTextOf(oneMessage());
+    EXPECT_EQ(bare.text.find("S6F11 W\r\n"), 0U) << bare.text;
+    EXPECT_EQ(bare.text.find("REPORT"), std::string::npos) << bare.text;
+    EXPECT_EQ(bare.text.find("//"), std::string::npos) << bare.text;
 }
 
 TEST(NamePattern, PutsThePartsIn) {

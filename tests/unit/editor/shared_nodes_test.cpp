@@ -58,6 +58,10 @@ TEST_F(SharedNodesTest, AllThatWasFoundInATextIsReportedAndANoticeShowsIt) {
     window.sharedNodes.pasteText("S1F5 W.\r\n");
     EXPECT_TRUE(found.empty());
     EXPECT_TRUE(notices.actions.empty());
+    window.sharedNodes.pasteText("S1F7\r\n<Q 1>\r\n.\r\n");
+    EXPECT_EQ(found.size(), 1U);
+    window.sharedNodes.pasteText("S1F9");
+    EXPECT_TRUE(found.empty()) << "what was found in an earlier text";
 }
 
 TEST_F(SharedNodesTest, OfAListTheLibraryGivesWhatItHas) {
