@@ -135,6 +135,12 @@ void Display::dragPictureFromNeighbour(const Spot& to) {
     dragFrom(neighbour_.offerPicture(), to);
 }
 
+void Display::dragFilesFromNeighbour(std::string_view paths, const Spot& to) {
+    steps_.rest();
+    uncover(to);
+    dragFrom(neighbour_.offerFiles(paths), to);
+}
+
 void Display::dragFrom(const QPoint& start, const Spot& to) {
     const QPoint end = onScreen(to);
     steps_.run({[this, start] { server_.movePointer(start); }, setButton(Button::Left, true),

@@ -38,6 +38,7 @@ public:
     void drag(const Spot& from, const std::function<Spot()>& to);
     void dragFromNeighbour(std::string_view text, const Spot& to);
     void dragPictureFromNeighbour(const Spot& to);
+    void dragFilesFromNeighbour(std::string_view paths, const Spot& to);
     /// The pointer on the title bar of a window's frame.
     void clickTitle(QWidget& window);
 

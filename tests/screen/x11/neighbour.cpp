@@ -64,6 +64,10 @@ QPoint Neighbour::offerPicture() {
     return placeIn(ask("picture", {}));
 }
 
+QPoint Neighbour::offerFiles(std::string_view paths) {
+    return placeIn(ask("files", paths));
+}
+
 void Neighbour::await(const char* report) {
     const QByteArray line = readLine();
     if (line != report)

@@ -7,8 +7,8 @@
 
 namespace zb::test {
 
-/// Another program on the display, in a process of its own: the owner of the clipboard, and what text is
-/// dragged from. It is started when it is needed first.
+/// Another program on the display, in a process of its own: the owner of the clipboard, and what texts and
+/// files are dragged from. It is started when it is needed first.
 class Neighbour {
 public:
     ~Neighbour();
@@ -17,9 +17,10 @@ public:
     void copy(std::string_view text);
     /// The selection, which the middle button pastes, is its own from then on.
     void select(std::string_view text);
-    /// The place to drag this text from, or a picture.
+    /// The place to drag this text from, or a picture, or the files with these paths, one a line.
     QPoint offer(std::string_view text);
     QPoint offerPicture();
+    QPoint offerFiles(std::string_view paths);
     /// Its drag has begun; was accepted or refused at the place to which the pointer has moved; is over.
     void awaitDrag();
     void awaitAnswer();

@@ -3,6 +3,7 @@
 //   copy HEX    owns the clipboard with the text: "copied"
 //   select HEX  owns the selection, which the middle button pastes: "selected"
 //   picture     as offer, but of a picture without a text
+//   files HEX   as offer, but of the files with these paths, one a line, as a file manager offers them
 //   offer HEX   shows a place to drag the text from: its coordinates; then "drag" when the drag begins,
 //   "answered"
 //               each time the program under the pointer has accepted or refused it, and "over" when it ends
@@ -15,6 +16,7 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QSocketNotifier>
+#include <QUrl>
 #include <QWidget>
 
 #include <xcb/xcb.h>
@@ -65,9 +67,11 @@ public:
         setGeometry(corner.x() - kSide, corner.y() - kSide, kSide, kSide);
     }
 
-    void offer(const QString& text, bool picture) {
+    enum class Offer { Text, Picture, Files };
+
+    void offer(const QString& text, Offer what) {
         text_ = text;
-        picture_ = picture;
+        what_ = what;
         offered_ = true;
         show();
         raise();
@@ -90,10 +94,7 @@ private:
             return;
         auto* drag = new QDrag(this); // NOLINT(cppcoreguidelines-owning-memory): Qt deletes it
         auto mime = std::make_unique<QMimeData>();
-        if (picture_)
-            mime->setImageData(QImage(4, 4, QImage::Format_RGB32));
-        else
-            mime->setText(text_);
+        fill(*mime);
         drag->setMimeData(mime.release());
         answer("drag");
         drag->exec(Qt::CopyAction | Qt::MoveAction);
@@ -101,8 +102,26 @@ private:
         answer("over");
     }
 
+    void fill(QMimeData& mime) const {
+        switch (what_) {
+        case Offer::Text:
+            mime.setText(text_);
+            break;
+        case Offer::Picture:
+            mime.setImageData(QImage(4, 4, QImage::Format_RGB32));
+            break;
+        case Offer::Files: {
+            QList<QUrl> urls;
+            for (const QString& path : text_.split('\n'))
+                urls.append(QUrl::fromLocalFile(path));
+            mime.setUrls(urls);
+            break;
+        }
+        }
+    }
+
     QString text_;
-    bool picture_ = false;
+    Offer what_ = Offer::Text;
     bool offered_ = false;
     bool announced_ = false;
 };
@@ -138,7 +157,9 @@ int main(int argc, char* argv[]) {
                 QGuiApplication::clipboard()->setText(text, QClipboard::Selection);
                 answer("selected");
             } else {
-                handle.offer(text, line.starts_with("picture"));
+                handle.offer(text, line.starts_with("picture") ? Handle::Offer::Picture
+                                   : line.starts_with("files") ? Handle::Offer::Files
+                                                               : Handle::Offer::Text);
             }
         }
     });

@@ -1,9 +1,12 @@
 // What other programs and the window manager do to the windows at a display: the selection, drags, the
 // stacking order.
 #include "desktop/models/node_tree_view.h"
+#include "messages/mdf_text.h"
+#include "platform/text_file.h"
 #include "screen/script/spots.h"
 #include "screen/support/program_on_screen.h"
 #include "screen/x11/display.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -12,8 +15,12 @@
 #include <QMainWindow>
 #include <QScreen>
 
+#include <filesystem>
+
 namespace zb::test {
 namespace {
+
+namespace fs = std::filesystem;
 
 struct BesideOthers : ::testing::Test {
     BesideOthers() {
@@ -81,6 +88,58 @@ TEST_F(BesideOthers, APictureFromAnotherProgramFallsOnTheStatements) {
     display.dragPictureFromNeighbour(spot(dialog.tvwStatement, root));
     ASSERT_EQ(root.children(), 1);
     EXPECT_EQ(root.child()->text(), "if");
+}
+
+/// Files of a file manager.
+struct FilesOfOthers : BesideOthers {
+    FilesOfOthers() {
+        const fs::path project = folder / "Line/Line.zbp";
+        fs::create_directories(project.parent_path());
+        writeFile(project, encodeUtf16("\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n## [EDIT SMD]\r\n"
+                                       "* Are you there\r\nA: S1 F1 W H->E.\r\n"));
+        writeFile(folder / "sml.sml", "S1F1 W\n.\n");
+        writeFile(folder / "smd.smd", "* one\r\nB: S1 F3 W H->E.\r\n* two\r\nC: S1 F4 H<-E.\r\n");
+        writeFile(folder / "mdf.mdf", composedMdf());
+    }
+
+    static std::string composedMdf() {
+        SECSMessageRecord record;
+        record.parseNodeText("D: S1 F5 W H->E", "three");
+        return composeMdf({&record});
+    }
+
+    void drop(const char* name, const Spot& to) {
+        display.dragFilesFromNeighbour((folder / name).string(), to);
+        display.steps().rest();
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(FilesOfOthers, AProjectOpens) {
+    drop("Line/Line.zbp", spot(editor().tvwEdit));
+    EXPECT_EQ(program.application.ProjectName, "Line");
+    EXPECT_NE(editor().liveTree().find("A"), nullptr);
+    EXPECT_EQ(editor().liveTree().count(), 3U) << "and no text falls into the tree";
+}
+
+TEST_F(FilesOfOthers, DefinitionsOpenAsTheLibrary) {
+    drop("sml.sml", spot(editor().tvwEdit));
+    EXPECT_TRUE(editor().libraryMenu.mnuLIBSML.checked());
+    EXPECT_EQ(editor().lvwSource.count(), 1U);
+    drop("smd.smd", spot(editor().lvwSource));
+    EXPECT_TRUE(editor().libraryMenu.mnuLIBSMD.checked());
+    EXPECT_EQ(editor().lvwSource.count(), 2U);
+    drop("mdf.mdf", spot(editor().tvwEdit));
+    EXPECT_TRUE(editor().libraryMenu.mnuLIBMDF.checked());
+    EXPECT_EQ(editor().lvwSource.count(), 1U);
+    EXPECT_EQ(editor().liveTree().count(), 0U);
+}
+
+TEST_F(FilesOfOthers, AFileOverAFieldIsNotItsText) {
+    drop("sml.sml", spot(editor().txtDescription));
+    EXPECT_EQ(editor().txtDescription.text(), "");
+    EXPECT_TRUE(editor().libraryMenu.mnuLIBSML.checked());
 }
 
 TEST_F(BesideOthers, AKeptDialogStaysAboveTheMainWindowThatIsClicked) {
