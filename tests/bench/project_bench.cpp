@@ -5,6 +5,7 @@
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
+#include <utility>
 
 namespace zb::bench {
 namespace {
@@ -71,6 +72,18 @@ void CheckedWalkWithBuild(benchmark::State& state) {
     }
 }
 
+// The part of it that the windows wait for.
+void TakeACheckedWalk(benchmark::State& state) {
+    Opened opened(state.range(0));
+    frmSECSEditor& editor = opened.program.application.frmSECSEditor;
+    for (auto _ : state) {
+        state.PauseTiming();
+        PreparedWalk walk = editor.prepareWalk(WalkMode::BuildSmd, {});
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(editor.takeWalk(std::move(walk)));
+    }
+}
+
 void LookUpByKey(benchmark::State& state) {
     Opened opened(state.range(0));
     std::size_t number = 0;
@@ -110,6 +123,7 @@ BENCHMARK(MemoryOfATree)->Arg(10000)->Iterations(1)->Unit(benchmark::kMillisecon
 BENCHMARK(SaveWalk)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Save)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(CheckedWalkWithBuild)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(TakeACheckedWalk)->Arg(10000)->Arg(100000)->Iterations(5)->Unit(benchmark::kMillisecond);
 BENCHMARK(LookUpByKey)->Arg(1000)->Arg(10000);
 BENCHMARK(AddAndRemoveAMessage)->Arg(1000)->Arg(10000);
 BENCHMARK(RemoveTheFirstMessage)->Arg(1000)->Arg(10000)->Iterations(200)->Unit(benchmark::kMicrosecond);

@@ -116,6 +116,30 @@ TEST(SmdWriter, AnItemFaultStopsTheCheckedWalk) {
     EXPECT_EQ(bench.store->getMessages().size(), 1U);
 }
 
+TEST(SmdWriter, APreparedWalkHasChangedNothing) {
+    test::Workbench bench;
+    bench.read({"* a", "M: S1 F1 H->E", "    A 3 N 'x'", "    A 1 'yz'", "    U1 1 5."});
+    const std::string before = test::outline(bench.tree);
+    PreparedWalk walk = SmdWriter(bench.codePage).prepare(WalkMode::BuildSmd, bench.tree);
+    EXPECT_EQ(test::outline(bench.tree), before);
+    EXPECT_EQ(walk.canonicalTexts.size(), 2U);
+    EXPECT_EQ(walk.losses, 1U);
+    EXPECT_EQ(walk.firstLoss, "The item has a count of 1: 'yz' was cut to 'y'");
+    EXPECT_NE(walk.store->allTexts().find("<A 3 N 'x  '>"), std::string::npos);
+    walk.normalize(bench.tree);
+    EXPECT_EQ(bench.tree.at(4)->text(), "A 3 N 'x  '");
+    EXPECT_EQ(bench.tree.at(5)->text(), "A 1 'y'");
+}
+
+TEST(SmdWriter, AWalkCanBeCancelled) {
+    test::Workbench bench;
+    bench.read({"* a", "M: S1 F1 H->E."});
+    LongWork work;
+    work.cancel();
+    EXPECT_THROW(SmdWriter(bench.codePage).prepare(WalkMode::SaveProject, bench.tree, Progress(work)),
+                 Cancelled);
+}
+
 TEST(SmdWriter, NormalizedTextsAreWritten) {
     test::Workbench bench;
     bench.read({"* ", "M: S1 F1 H->E", "    U1 3 1", "    boolean 2 X T."});
