@@ -17,7 +17,7 @@ TEST(LostByCount, IsNothingWhereAllValuesAreKept) {
     EXPECT_EQ(lostByCount("A 3 'abc  '", "A 3 'abc'"), "");
     EXPECT_EQ(lostByCount("U1 3 1", "U1 3 1 0 0"), "");
     EXPECT_EQ(lostByCount("boolean 2 X T", "BOOLEAN 2 X True False"), "");
-    EXPECT_EQ(lostByCount("U1  2  1   2", "U1 2 1 2"), "");
+    EXPECT_EQ(lostByCount("U1 2 1   2", "U1 2 1 2"), "");
 }
 
 TEST(LostByCount, ShortensLongValuesBetweenCharacters) {
