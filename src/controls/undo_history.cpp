@@ -14,6 +14,15 @@ std::size_t bytesOf(const UndoHistory::Step& step) {
     return sum;
 }
 
+void appendPart(std::unique_ptr<StepPart>& to, std::unique_ptr<StepPart> from) {
+    if (from == nullptr)
+        return;
+    if (to == nullptr)
+        to = std::move(from);
+    else
+        to->append(std::move(from));
+}
+
 /// The place of the joint step among the steps; their number when it is not there.
 std::size_t placeOf(JointStep joint, const std::deque<UndoHistory::Step>& steps) {
     const auto found =
@@ -53,6 +62,24 @@ bool UndoHistory::isTypingAt(TypingPlace place) const {
 void UndoHistory::closeStep(const std::string& name, TypingPlace place, JointStep joint) {
     if (moving_ || (joint == kNotJoint && !hasChanged()))
         return;
+    if (joint == kNotJoint && isTypingAt(place)) {
+        // Each key comes here: the step that goes on takes the changes without another one.
+        Step& last = undone_.back();
+        bool changed = false;
+        bytes_ -= bytesOf(last);
+        for (std::size_t i = 0; i < sources_.size(); ++i) {
+            std::unique_ptr<StepPart> part = sources_[i]->take();
+            changed = changed || (part != nullptr && part->changesDocument());
+            appendPart(last.parts[i], std::move(part));
+        }
+        bytes_ += bytesOf(last);
+        if (changed) {
+            dropRedone(redone_.size());
+            tell();
+        }
+        dropOldest();
+        return;
+    }
     Step step = takeStep(name, place, joint);
     if (step.parts.empty())
         return;
@@ -67,24 +94,14 @@ void UndoHistory::closeStep(const std::string& name, TypingPlace place, JointSte
 
 void UndoHistory::push(Step step) {
     dropRedone(redone_.size());
-    if (isTypingAt(step.place)) {
-        append(undone_.back(), std::move(step));
-    } else {
-        bytes_ += bytesOf(step);
-        undone_.push_back(std::move(step));
-    }
+    bytes_ += bytesOf(step);
+    undone_.push_back(std::move(step));
 }
 
 void UndoHistory::append(Step& to, Step from) {
     bytes_ -= bytesOf(to);
-    for (std::size_t i = 0; i < from.parts.size(); ++i) {
-        if (from.parts[i] == nullptr)
-            continue;
-        if (to.parts[i] == nullptr)
-            to.parts[i] = std::move(from.parts[i]);
-        else
-            to.parts[i]->append(std::move(from.parts[i]));
-    }
+    for (std::size_t i = 0; i < from.parts.size(); ++i)
+        appendPart(to.parts[i], std::move(from.parts[i]));
     bytes_ += bytesOf(to);
 }
 

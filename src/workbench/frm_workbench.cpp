@@ -2,7 +2,6 @@
 
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
-#include "platform/text.h"
 
 #include <algorithm>
 #include <utility>
@@ -105,23 +104,24 @@ void frmWorkbench::closed() {
 namespace {
 
 /// Shown after each step, and typing goes on in the same one: no text is made for what is shown already.
-void showStep(Button& button, std::string_view way, const std::string& step) {
-    const std::string& shown = button.toolTip();
-    if (!step.empty() && shown.size() == way.size() + 2 + step.size() && shown.starts_with(way) &&
-        shown.ends_with(step))
-        return;
-    button.setToolTip(step.empty() ? "Nothing to " + lower(way) : std::string(way) + ": " + step);
+void showStep(Button& button, std::string_view way, std::string_view nothing, std::string_view step) {
+    const std::string_view shown = button.toolTip();
+    const bool isShown = step.empty() ? shown == nothing
+                                      : shown.size() == way.size() + step.size() && shown.starts_with(way) &&
+                                            shown.ends_with(step);
+    if (!isShown)
+        button.setToolTip(step.empty() ? std::string(nothing) : std::string(way) + std::string(step));
     button.setEnabled(!step.empty());
 }
 
 } // namespace
 
 void frmWorkbench::showUndo(const std::string& step) {
-    showStep(cmdUndo, "Undo", step);
+    showStep(cmdUndo, "Undo: ", "Nothing to undo", step);
 }
 
 void frmWorkbench::showRedo(const std::string& step) {
-    showStep(cmdRedo, "Redo", step);
+    showStep(cmdRedo, "Redo: ", "Nothing to redo", step);
 }
 
 } // namespace zb
