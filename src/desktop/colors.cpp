@@ -1,6 +1,6 @@
 #include "desktop/colors.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPalette>
 
 #include <algorithm>
@@ -65,19 +65,39 @@ QColor readable(QColor text, const QColor& background) {
 
 namespace {
 
+QColor mixed(const QColor& color, const QColor& other, float share) {
+    const auto mix = [share](float left, float right) { return share * left + (1 - share) * right; };
+    return QColor::fromRgbF(mix(color.redF(), other.redF()), mix(color.greenF(), other.greenF()),
+                            mix(color.blueF(), other.blueF()));
+}
+
 /// The highlight of the palette with the background of its fields.
 QColor mixedHighlight(const QPalette& palette, float share) {
-    const QColor highlight = palette.color(QPalette::Highlight);
-    const QColor base = palette.color(QPalette::Base);
-    const auto mix = [share](float left, float right) { return share * left + (1 - share) * right; };
-    return QColor::fromRgbF(mix(highlight.redF(), base.redF()), mix(highlight.greenF(), base.greenF()),
-                            mix(highlight.blueF(), base.blueF()));
+    return mixed(palette.color(QPalette::Highlight), palette.color(QPalette::Base), share);
 }
 
 } // namespace
 
 QColor restingHighlight(const QPalette& palette) {
     return mixedHighlight(palette, 0.35F);
+}
+
+QColor hintColor(const QPalette& palette) {
+    constexpr double kLeastContrast = 2;
+    const QColor field = palette.color(QPalette::Base);
+    const QColor hint = palette.color(QPalette::PlaceholderText);
+    if (contrast(mixed(hint, field, hint.alphaF()), field) >= kLeastContrast)
+        return hint;
+    return mixed(palette.color(QPalette::Text), field, 0.6F);
+}
+
+void makeHintsReadable() {
+    const QColor hint = hintColor(QGuiApplication::palette());
+    if (hint == QGuiApplication::palette().color(QPalette::PlaceholderText))
+        return;
+    QPalette hints;
+    hints.setColor(QPalette::PlaceholderText, hint);
+    QApplication::setPalette(hints);
 }
 
 QColor markedRow(const QPalette& palette) {

@@ -4,6 +4,7 @@
 #include "controls/menu.h"
 #include "controls/window.h"
 #include "desktop/accessibility/accessible_tree.h"
+#include "desktop/colors.h"
 #include "desktop/dialog_places.h"
 #include "desktop/forms/forms.h"
 #include "desktop/frame_kind.h"
@@ -37,6 +38,7 @@ DesktopScreen::~DesktopScreen() {
 
 void DesktopScreen::attach(Desktop& desktop, const std::string& layoutFile) {
     binding_ = std::make_unique<Binding>(desktop, pictures_);
+    makeHintsReadable();
     timers_ = std::make_unique<QObject>();
     layout_.open(layoutFile);
     AccessibleTree::install();

@@ -106,7 +106,9 @@ void WorkbenchPlace::open(QWidget& pane) {
     const int height = strip_.height() + (remembered == 0 ? kFirstHeight : remembered);
     column_.show();
     splitter_.setHandleWidth(kGrip);
-    form_.setMinimumHeight(strip_.height() + kLeastHeight);
+    // The contents of a pane are never crowded.
+    column_.layout()->activate();
+    form_.setMinimumHeight(strip_.height() + std::max(kLeastHeight, column_.minimumSizeHint().height()));
     form_.setMaximumHeight(QWIDGETSIZE_MAX);
     splitter_.setSizes({std::max(0, all - kGrip - height), height});
 }

@@ -134,6 +134,21 @@ TEST_P(Colors, TextWithoutAColourIsThePalettes) {
               kStroke);
 }
 
+TEST(HintColor, IsThatOfThePaletteWhereItCanBeRead) {
+    QPalette light(Qt::lightGray);
+    light.setColor(QPalette::Base, Qt::white);
+    light.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+    EXPECT_EQ(hintColor(light), QColor(0, 0, 0, 128));
+}
+
+TEST(HintColor, CanBeReadInADarkThemeThatDoesNotNameIt) {
+    QPalette dark(Qt::darkGray);
+    dark.setColor(QPalette::Base, QColor(35, 38, 41));
+    dark.setColor(QPalette::Text, QColor(239, 240, 241));
+    dark.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+    EXPECT_GE(contrast(hintColor(dark), QColor(35, 38, 41)), kReadable);
+}
+
 INSTANTIATE_TEST_SUITE_P(Palettes, Colors, ::testing::Values(Shade::Light, Shade::Dark),
                          [](const auto& tested) { return tested.param == Shade::Light ? "Light" : "Dark"; });
 

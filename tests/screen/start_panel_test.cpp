@@ -15,6 +15,7 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 #include <QToolButton>
 
@@ -254,6 +255,20 @@ TEST_F(Start, RecentProjectsAreOneClickAway) {
     program.settle();
     EXPECT_EQ(program.application.ProjectName, "Etcher");
     EXPECT_FALSE(panel().isVisible());
+}
+
+TEST_F(Start, EnterOpensTheRecentProjectWithTheFocus) {
+    const std::filesystem::path copy = folder / "Etcher/Etcher.zbp";
+    std::filesystem::create_directories(copy.parent_path());
+    std::filesystem::copy_file(kExample, copy);
+    RecentProjects(program.settings).add(copy.string());
+    start("");
+    auto* recent = panel().findChild<QToolButton*>(QStringLiteral("startRecent1"));
+    ASSERT_NE(recent, nullptr);
+    recent->setFocus();
+    QTest::keyClick(recent, Qt::Key_Return);
+    program.settle();
+    EXPECT_EQ(program.application.ProjectName, "Etcher");
 }
 
 TEST_F(Start, TheArrowBesideOpenShowsTheRecentProjects) {

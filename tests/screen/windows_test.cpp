@@ -15,6 +15,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QScrollArea>
 #include <QSplitter>
 
 namespace zb::test {
@@ -157,6 +158,40 @@ TEST_F(Windows, ANarrowWindowCutsNoCaptionOfTheEditor) {
         const QRect place(part.mapTo(program.screen.mainWindow(), QPoint()), part.size());
         EXPECT_TRUE(program.screen.mainWindow()->rect().contains(place)) << name;
     }
+}
+
+TEST_F(Windows, ALowWindowCrowdsNoPane) {
+    program.screen.mainWindow()->resize(800, 600);
+    program.settle();
+    program.screen.binding().hands.click(Target::whole(program.application.frmWorkbench.marks.button));
+    program.settle();
+    EXPECT_EQ(program.screen.mainWindow()->height(), 600);
+    const auto& pane = program.widget<QWidget>(program.application.frmWorkbench, "pnlMarks");
+    for (const char* name : {"txtPattern", "cmdRenameMarked", "cmdToEquip", "cmdLogging", "lvwMarks"}) {
+        const auto& part = program.widget<QWidget>(program.application.frmWorkbench, name);
+        EXPECT_GE(part.height(), part.minimumSizeHint().height()) << name;
+        EXPECT_TRUE(pane.rect().contains(QRect(part.mapTo(&pane, QPoint()), part.size()))) << name;
+    }
+}
+
+TEST_F(Windows, InALowWindowAFieldOfTheEditorComesIntoViewWithTheKeyboard) {
+    program.screen.mainWindow()->resize(800, 600);
+    program.screen.binding().hands.click(Target::whole(program.application.frmWorkbench.marks.button));
+    program.settle();
+    auto& column = program.widget<QScrollArea>(editor(), "fieldColumn");
+    const auto isInView = [&](QWidget& field) {
+        return column.viewport()->rect().contains(
+            QRect(field.mapTo(column.viewport(), QPoint()), field.size()));
+    };
+    auto& value = program.widget<QWidget>(editor(), "txtInit");
+    ASSERT_FALSE(isInView(value));
+    value.setFocus();
+    program.settle();
+    EXPECT_TRUE(isInView(value));
+    auto& stream = program.widget<QWidget>(editor(), "txtStream");
+    stream.setFocus();
+    program.settle();
+    EXPECT_TRUE(isInView(stream));
 }
 
 TEST_F(Windows, TheListAboveTheTreeOpensTwentyRowsAtMost) {

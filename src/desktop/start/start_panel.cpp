@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QFileInfo>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
@@ -40,6 +41,16 @@ private:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(palette().color(QPalette::Highlight));
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+    }
+};
+
+/// Enter presses it, as it does the buttons above.
+class RecentButton final : public QToolButton {
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            click();
+        else
+            QToolButton::keyPressEvent(event);
     }
 };
 
@@ -81,6 +92,7 @@ StartPanel::StartPanel(QWidget& place, const Pictures& pictures, Ways ways)
            ways_.openExample);
     recent_ = new QVBoxLayout;
     recent_->setSpacing(0);
+    recent_->setContentsMargins(kWayMargins, 0, 0, 0);
     column->addLayout(recent_);
     column->addStretch(3);
     setWidget(sheet);
@@ -129,17 +141,17 @@ void StartPanel::showRecent() {
         return;
     auto* title = new QLabel(QStringLiteral("Recent projects"));
     title->setForegroundRole(QPalette::Text);
-    title->setContentsMargins(kWayMargins, kWayMargins / 2, 0, 0);
+    title->setContentsMargins(0, kWayMargins / 2, 0, 0);
     recent_->addWidget(title);
     int number = 0;
     for (const std::string& path : paths)
-        recent_->addWidget(makeRecent(path, ++number));
+        recent_->addWidget(makeRecent(path, ++number), 0, Qt::AlignLeft);
 }
 
 QWidget* StartPanel::makeRecent(const std::string& path, int number) {
     constexpr int kWidest = 420;
     const QFileInfo file(toQt(path));
-    auto* button = new QToolButton;
+    auto* button = new RecentButton;
     QString text = file.completeBaseName() + QStringLiteral("  –  ") + file.path();
     text = fontMetrics().elidedText(text, Qt::ElideMiddle, kWidest);
     button->setText(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
@@ -148,7 +160,6 @@ QWidget* StartPanel::makeRecent(const std::string& path, int number) {
     button->setAccessibleName(toQt(path));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::StrongFocus);
-    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     button->setToolButtonStyle(Qt::ToolButtonTextOnly);
     connect(button, &QToolButton::clicked, this, [this, path] { ways_.openRecent(path); });
     return button;
