@@ -14,6 +14,8 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStyle>
@@ -60,6 +62,7 @@ WorkbenchPlace::WorkbenchPlace(Window& workbench, QWidget& form, QMainWindow& ma
     splitter_.setHandleWidth(0);
     form_.setFixedHeight(strip_.height());
     addKeys(main);
+    letDocumentsShrink();
     AccessibleNotice::install();
     if (auto* strip = dynamic_cast<frmWorkbench*>(&workbench_); strip != nullptr)
         strip->notices.onNews = [this] { AccessibleNotice::report(part<QLabel>(form_, "lblNotice")); };
@@ -71,6 +74,17 @@ WorkbenchPlace::~WorkbenchPlace() {
         strip->notices.onNews = nullptr;
     if (opened_ != nullptr)
         layout_.rememberHeight(memoryOf(*opened_), form_.height() - strip_.height());
+}
+
+// Of all documents only the one in front needs its least height.
+void WorkbenchPlace::letDocumentsShrink() {
+    auto* documents = splitter_.findChild<QMdiArea*>();
+    if (documents == nullptr)
+        return;
+    connect(documents, &QMdiArea::subWindowActivated, this, [documents] {
+        if (const QMdiSubWindow* shown = documents->currentSubWindow(); shown != nullptr)
+            documents->setMinimumHeight(shown->minimumSizeHint().height());
+    });
 }
 
 void WorkbenchPlace::addKeys(QMainWindow& main) {

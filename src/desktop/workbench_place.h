@@ -27,6 +27,7 @@ public:
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void letDocumentsShrink();
     void addKeys(QMainWindow& main);
     void open(QWidget& pane);
     void close(const QWidget& pane);
