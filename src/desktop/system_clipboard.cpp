@@ -23,7 +23,8 @@ void putOnSystemClipboard(const SharedClipboard& contents) {
     auto* mime = new QMimeData; // the clipboard takes it
     mime->setText(toQt(contents.text));
     mime->setData(kSml, bytesOf(contents.text));
-    mime->setData(kNodes, bytesOf(contents.nodes));
+    if (!contents.nodes.empty())
+        mime->setData(kNodes, bytesOf(contents.nodes));
     QGuiApplication::clipboard()->setMimeData(mime);
 }
 
