@@ -211,13 +211,13 @@ void WorkKeeper::reportOther(const ProjectHolder& other) {
 }
 
 void WorkKeeper::offer(const SessionTrace& trace) {
-    app_.desktop.post({"Unsaved work on " + nameOf(trace.project) + " of " + localTime(trace.workTime) +
-                           " was found after a crash",
-                       {{"Recover", [this, trace] { recover(trace); }},
-                        {"Compare", [this, trace] { compare(trace); }},
-                        {"Discard", [this, trace] { discard(trace); }}},
-                       topicOf(trace),
-                       Notice::Stays::UntilClosed});
+    app_.desktop.post(
+        {"Unsaved work on " + nameOf(trace.project) + " of " + localTime(trace.workTime) + " was found",
+         {{"Recover", [this, trace] { recover(trace); }},
+          {"Compare", [this, trace] { compare(trace); }},
+          {"Discard", [this, trace] { discard(trace); }}},
+         topicOf(trace),
+         Notice::Stays::UntilClosed});
 }
 
 void WorkKeeper::recover(const SessionTrace& trace) {

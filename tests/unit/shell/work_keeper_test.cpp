@@ -15,6 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 
 struct WorkKeeperTest : ::testing::Test {
@@ -231,6 +232,9 @@ TEST_F(WorkKeeperTest, TheEndOfTheSystemKeepsTheWorkAtOnce) {
     addMessage(*program, "1");
     program->application.work.keepNow();
     EXPECT_EQ(kept().size(), 1U);
+    program.reset();
+    // Nothing has crashed.
+    EXPECT_THAT(shown(*start(project())), EndsWith(" was found"));
 }
 
 TEST_F(WorkKeeperTest, AStateFolderThatCannotBeWrittenIsReportedOnce) {
