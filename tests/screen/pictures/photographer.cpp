@@ -34,6 +34,7 @@ QList<QRgb> mainColours(const QImage& picture) {
             ++counts[picture.pixel(x, y)];
     }
     std::vector<std::pair<int, QRgb>> byCount;
+    byCount.reserve(counts.size());
     for (const auto& [colour, count] : counts)
         byCount.emplace_back(count, colour);
     std::sort(byCount.rbegin(), byCount.rend());
