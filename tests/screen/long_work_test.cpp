@@ -195,10 +195,10 @@ struct LargeBuild : LargeProject {
 };
 
 TEST_F(LargeBuild, ShowsItsProgress) {
-    QString text;
-    Onlooker onlooker([&](QDialog& dialog) { text = dialog.findChild<QLabel*>()->text(); });
+    QString shown;
+    Onlooker onlooker([&](QDialog& dialog) { shown = dialog.findChild<QLabel*>()->text(); });
     EXPECT_TRUE(program.application.builds.buildSmd());
-    EXPECT_EQ(text, "Building Large.smd");
+    EXPECT_EQ(shown, "Building Large.smd");
     EXPECT_GT(onlooker.looks(), 10);
     EXPECT_GT(targetText().size(), 1'000'000U);
 }
