@@ -61,7 +61,7 @@ const std::string& nastyPiece(std::mt19937& random) {
     return kPieces[std::uniform_int_distribution<std::size_t>(0, kPieces.size() - 1)(random)];
 }
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     return std::string("[").append(text).append("]\n");
 }
 
@@ -76,30 +76,30 @@ std::string described(const XmlElement& element) {
 }
 
 std::string described(const SECSMessageRecord& block) {
-    std::string text = quoted(block.getName()) + quoted(block.getHeadText()) + quoted(block.getBodyText()) +
-                       quoted(block.getDirection());
+    std::string text = inQuotes(block.getName()) + inQuotes(block.getHeadText()) +
+                       inQuotes(block.getBodyText()) + inQuotes(block.getDirection());
     for (const int number : {block.getStream(), block.getFunction()})
         text += std::to_string(number) + " ";
     for (const bool flag : {block.getWait(), block.getReply(), block.getNoLogging()})
         text += flag ? "1" : "0";
     for (const SECSItemRecord& item : block.getItems())
-        text += quoted(item.getType() + "|" + item.getName() + "|" + item.getValue() + "|" +
-                       std::to_string(item.getCount()) + (item.isFixed() ? " fixed" : " variable") +
-                       (item.isKey() ? " key " : " ") + std::to_string(item.getLevel()));
+        text += inQuotes(item.getType() + "|" + item.getName() + "|" + item.getValue() + "|" +
+                         std::to_string(item.getCount()) + (item.isFixed() ? " fixed" : " variable") +
+                         (item.isKey() ? " key " : " ") + std::to_string(item.getLevel()));
     return text;
 }
 
 std::string described(const TRItemRecord& item) {
-    return quoted(item.Name()) + quoted(item.Type()) + quoted(item.Value()) + quoted(item.ABSValue()) +
-           quoted(item.StatementText()) +
+    return inQuotes(item.Name()) + inQuotes(item.Type()) + inQuotes(item.Value()) +
+           inQuotes(item.ABSValue()) + inQuotes(item.StatementText()) +
            (item.ConditionNode() ? described(*item.ConditionNode()) : "no condition") + "\n";
 }
 
 } // namespace
 
 std::string described(const TRMessageRecord& message) {
-    std::string text = "message " + quoted(message.Name()) + quoted(message.SECSMessage()) +
-                       quoted(message.Condition()) + (message.Report() ? "report " : "silent ") +
+    std::string text = "message " + inQuotes(message.Name()) + inQuotes(message.SECSMessage()) +
+                       inQuotes(message.Condition()) + (message.Report() ? "report " : "silent ") +
                        std::to_string(message.Direction()) + "\n" +
                        (message.DataBlock() ? described(*message.DataBlock()) : "no data block") + "\n";
     for (const auto& item : message.TRItems())
