@@ -262,11 +262,11 @@ ItemReader::Step ItemReader::openUntypedItem(std::size_t offset, std::string_vie
     hasLastItem_ = true;
     if (word.empty()) {
         const char c = scanner_.peek();
-        if (scanner_.atEnd() || (c != '<' && c != '>' && !scanner_.atEllipsis()))
+        if (scanner_.atEnd() || (c != '<' && c != '>' && c != '[' && !scanner_.atEllipsis()))
             return fail("an item type");
         findings_.fail(offset, "expected an item type; the item was read as a list");
         lastItem_ = body_.add(ItemType::List, offset);
-        return Step::Next;
+        return readBrackets(lastItem_);
     }
     if (isDigit(word[0])) {
         scanner_.moveTo(offset);

@@ -53,6 +53,9 @@ INSTANTIATE_TEST_SUITE_P(
                 "1 L 5\n2 U2 1 356\n2 I4 2 4 -4\n2 B 1 10\n2 F4 1 1.5\n2 U4 0\n"},
         Dialect{"NoType", "<\n<U1 29>\n>",
                 "1 L 1\n2 U1 1 29\nerror 3:1 expected an item type; the item was read as a list\n"},
+        Dialect{"NoTypeButACount", "< [2] <B 300> <A 'x'>>",
+                "1 L 2\n2 B 1 255\n2 A 1 'x'\nerror 2:3 expected an item type; the item was read as a list\n"
+                "error 2:10 expected a whole number from 0 to 255, found \"300\"; it was read as 255\n"},
         Dialect{"OneLine", "<L[2]<U4 1><U4 2>>", "1 L 2\n2 U4 1 1\n2 U4 1 2\n"},
         Dialect{"SpacesEverywhere", "< L [ 2 ]\n< U2  1 >\n<A\t'x' > >  ", "1 L 2\n2 U2 1 1\n2 A 1 'x'\n"},
         Dialect{"CommasBetweenItems", "<L <U4 1> , <U4 2>,\n>",
