@@ -28,8 +28,8 @@ QColor readable(QColor text, const QColor& background);
 /// focus is distinct.
 QColor restingHighlight(const QPalette& palette);
 
-/// The colour of the hint in an empty field: that of the palette, unless it cannot be told from the field, as
-/// in a dark theme that does not name it.
+/// The colour of the hint in an empty field: that of the palette, unless it is too near to that of the field,
+/// as in a dark theme that does not name it.
 QColor hintColor(const QPalette& palette);
 /// Gives all fields this colour for their hints; the other colours stay those of the theme.
 void makeHintsReadable();
