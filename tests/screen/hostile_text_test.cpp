@@ -179,7 +179,7 @@ TEST_F(HostileText, WhatIsFoundIsShownAsItIs) {
 
 TEST_F(HostileText, ALibraryShowsItsFileAndItsMessagesAsTheyAre) {
     writeFile(folder / "<h1>Library.sml",
-              "// <b>Told</b>\nAsk: S1F1 W\n<L <A \"<img src=/nowhere.png>\">>\n.\nNo: S1F<b>x</b>\n.\n");
+              "// <b>Library</b>\nAsk: S1F1 W\n<L <A \"<img src=/nowhere.png>\">>\n.\nNo: S1F<b>x</b>\n.\n");
     drop(folder / "<h1>Library.sml");
     EXPECT_EQ(program.application.frmSECSEditor.lvwSource.count(), 1U);
     EXPECT_GT(demandPlainLabels(), 5);

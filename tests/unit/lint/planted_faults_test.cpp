@@ -193,15 +193,15 @@ TEST(Sequences, HaveTheReplyOfTheOtherSide) {
                "\n  Report False\n  Direction " + std::to_string(direction) + "\nEndTRMessage\n";
     };
     const std::string model = "###[TRANSACTION MODEL] 1\n" + message("Asked", "Ask", 2) +
-                              message("Told", "Answer", 2) + message("Tell", "Answer", 1);
+                              message("AnswerToEquip", "Answer", 2) + message("AnswerToHost", "Answer", 1);
     const auto places = [&](const std::string& reply) {
         return placesOf(findingsOf(projectOf(messages, model + "\n\n\n###[SEQUENCE TABLE]\n" +
                                                            "SeqName\u00FFTalk\u00FF\u00FF\n" +
                                                            "SeqItem\u00FF1\u00FFToEquip\u00FFAsked\n" +
                                                            "SeqItem\u00FF2\u00FF" + reply + "\n")));
     };
-    EXPECT_THAT(places("ToHost\u00FFTell"), ElementsAre());
-    EXPECT_THAT(places("ToEquip\u00FFTold"), ElementsAre("seq.reply.order: Talk: 2"));
+    EXPECT_THAT(places("ToHost\u00FFAnswerToHost"), ElementsAre());
+    EXPECT_THAT(places("ToEquip\u00FFAnswerToEquip"), ElementsAre("seq.reply.order: Talk: 2"));
 }
 
 TEST(SoundVariants, EitherSideHasItsReply) {
