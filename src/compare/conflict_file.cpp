@@ -1,5 +1,7 @@
 #include "compare/conflict_file.h"
 
+#include "platform/file_access.h"
+#include "platform/file_replacer.h"
 #include "platform/ordered_json.h"
 #include "platform/text_file.h"
 
@@ -52,6 +54,16 @@ std::string composeConflicts(const std::vector<MergeConflict>& conflicts) {
                         {"ours", jsonOf(conflict.ours)},
                         {"theirs", jsonOf(conflict.theirs)}});
     return list.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+Result<void> writeConflicts(FileLayer& files, const std::filesystem::path& file,
+                            const std::vector<MergeConflict>& conflicts) {
+    const Result<FileStatus> there = files.status(file);
+    if (conflicts.empty() || (there && there->kind == FileKind::Link)) {
+        if (const Result<void> removed = deleteFileIfExists(files, file.string()); !removed)
+            return removed.error();
+    }
+    return conflicts.empty() ? Result<void>() : replaceFile(files, file, composeConflicts(conflicts));
 }
 
 std::optional<std::vector<MergeConflict>> readConflicts(std::string_view text) {

@@ -28,7 +28,7 @@ struct ConfigLine {
 
 /// Git quotes what it puts in place of %P; the other names are its own.
 constexpr std::array<ConfigLine, 6> kConfig{
-    {{"diff.zeltobench.textconv", "zbc diff --textconv"},
+    {{"diff.zeltobench.textconv", "zbc diff --textconv --"},
      {"diff.zeltobench.cachetextconv", "false"},
      {"merge.zeltobench.name", "Zeltobench projects"},
      {"merge.zeltobench.driver", "zbc merge %O %A %B -o %A --path %P"},
@@ -46,7 +46,7 @@ public:
 
 private:
     Result<fs::path, GitFault> attributesFile() const;
-    static int writeAttributes(const fs::path& file, ConsoleStreams streams);
+    int writeAttributes(const fs::path& file, ConsoleStreams streams) const;
 
     bool global_ = false;
 };
@@ -98,7 +98,11 @@ Result<fs::path, GitFault> GitSetupVerb::attributesFile() const {
     return fs::path(home) / ".config" / "git" / "attributes";
 }
 
-int GitSetupVerb::writeAttributes(const fs::path& file, ConsoleStreams streams) {
+int GitSetupVerb::writeAttributes(const fs::path& file, ConsoleStreams streams) const {
+    // A link comes with the repository, and may lead to a file of the user that is none of its.
+    std::error_code error;
+    if (!global_ && fs::is_symlink(file, error))
+        return refuse(file.string(), "cannot be written: it is a link, which git does not follow", streams);
     const Result<std::string> old = readBytes(file);
     if (!old && old.error().number != ENOENT)
         return refuse(file.string(), "cannot be read: " + old.error().description, streams);
@@ -107,7 +111,6 @@ int GitSetupVerb::writeAttributes(const fs::path& file, ConsoleStreams streams) 
     if (hasLine(text, kAttributes))
         return kExitDone;
     text.append(text.empty() || text.ends_with('\n') ? "" : "\n").append(kAttributes).append("\n");
-    std::error_code error;
     fs::create_directories(file.parent_path(), error);
     if (error)
         return refuse(file.string(), "cannot be written: " + error.message(), streams);

@@ -5,9 +5,7 @@
 #include "console/output_guard.h"
 #include "console/printable.h"
 #include "console/project_loading.h"
-#include "platform/file_access.h"
 #include "platform/file_layer.h"
-#include "platform/file_replacer.h"
 #include "platform/text_file.h"
 #include "platform/user_folders.h"
 #include "project/project_file_writer.h"
@@ -143,8 +141,7 @@ int MergeVerb::finish(const std::vector<MergeConflict>& conflicts, ConsoleStream
     const std::string& project = path_.empty() ? out_ : path_;
     const std::string file = project + kConflictsEnding;
     SystemFileLayer files;
-    const Result<void> written =
-        conflicts.empty() ? deleteFileIfExists(files, file) : replaceFile(file, composeConflicts(conflicts));
+    const Result<void> written = writeConflicts(files, file, conflicts);
     for (const MergeConflict& conflict : conflicts)
         printConflict(streams.err, project, conflict);
     if (!written) {

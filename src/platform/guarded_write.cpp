@@ -100,6 +100,10 @@ Result<void> writeGuarded(FileLayer& layer, const fs::path& target, std::string_
 }
 
 void finishGuardedWrite(FileLayer& layer, const fs::path& target) {
+    // Whoever puts a link and a guard into a folder must not reach a file elsewhere.
+    const Result<FileStatus> status = layer.status(target);
+    if (!status || status->kind != FileKind::Regular)
+        return;
     for (const fs::path& path : staleScratch(layer, target, kKind)) {
         const Result<std::string> text = readBytes(path);
         const Result<std::string> now = readBytes(target);

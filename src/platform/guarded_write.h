@@ -18,7 +18,7 @@ Result<void> writeGuarded(FileLayer& layer, const std::filesystem::path& target,
 
 /// Completes what a stopped process began: a file of which a part is new becomes new as a whole. A file that
 /// another program has changed since is left alone. To be called before the file is read. What cannot be
-/// done now is left for the next time.
+/// done now is left for the next time. A link is not followed: the guard of a file is beside the file itself.
 void finishGuardedWrite(FileLayer& layer, const std::filesystem::path& target);
 
 } // namespace zb

@@ -43,7 +43,9 @@ Result<ProjectFile> readProjectFile(const std::string& path, const Progress& pro
     constexpr double kRead = 0.2;
     constexpr double kDecoded = 0.5;
     SystemFileLayer files;
-    finishGuardedWrite(files, path);
+    std::error_code error;
+    if (const fs::path itself = fs::canonical(path, error); !error)
+        finishGuardedWrite(files, itself);
     const Result<std::string> bytes = readBytes(path);
     if (!bytes)
         return bytes.error();

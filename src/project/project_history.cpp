@@ -161,7 +161,7 @@ Result<fs::path> ProjectHistory::restore(const fs::path& projectFile, int number
     const std::string base = beginning(projectFile.stem().string()) + "_version" + std::to_string(number);
     fs::path target = projectFile.parent_path() / (base + std::string(kExtension));
     std::error_code error;
-    for (int copy = 2; fs::exists(target, error); ++copy)
+    for (int copy = 2; fs::exists(fs::symlink_status(target, error)); ++copy)
         target = projectFile.parent_path() / (base + "_" + std::to_string(copy) + std::string(kExtension));
     if (const Result<void> written = replacePrivateFile(files_, target, *bytes); !written)
         return written.error();

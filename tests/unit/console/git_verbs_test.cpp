@@ -95,7 +95,7 @@ TEST_F(GitVerbs, SetupSaysWhatItWrites) {
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out,
               fs::canonical(".").string() + "/.gitattributes: *.zbp diff=zeltobench merge=zeltobench\n" +
-                  "git config --local: diff.zeltobench.textconv = zbc diff --textconv\n"
+                  "git config --local: diff.zeltobench.textconv = zbc diff --textconv --\n"
                   "git config --local: diff.zeltobench.cachetextconv = false\n"
                   "git config --local: merge.zeltobench.name = Zeltobench projects\n"
                   "git config --local: merge.zeltobench.driver = zbc merge %O %A %B -o %A --path %P\n"
@@ -118,7 +118,7 @@ TEST_F(GitVerbs, SetupCanBeForAllRepositories) {
     EXPECT_FALSE(fs::exists(".gitattributes"));
     EXPECT_EQ(test::readFile(folder_ / "home/.config/git/attributes"),
               "*.zbp diff=zeltobench merge=zeltobench\n");
-    EXPECT_EQ(git({"config", "--global", "diff.zeltobench.textconv"}), "zbc diff --textconv\n");
+    EXPECT_EQ(git({"config", "--global", "diff.zeltobench.textconv"}), "zbc diff --textconv --\n");
     EXPECT_EQ(git({"check-attr", "diff", "Etcher.zbp"}), "Etcher.zbp: diff: zeltobench\n");
 }
 
@@ -220,6 +220,36 @@ TEST_F(GitVerbs, ANameThatBeginsWithADashIsNoOptionOfGit) {
     EXPECT_EQ(run.status, 3) << run.out;
     EXPECT_FALSE(fs::exists(file));
     EXPECT_FALSE(fs::exists(file + ":Etcher.zbp"));
+}
+
+TEST_F(GitVerbs, SetupDoesNotFollowALinkOfTheRepository) {
+    test::writeFile(folder_ / "home/notes", "mine\n");
+    fs::create_symlink(folder_ / "home/notes", ".gitattributes");
+    const Outcome run = runZbc({"git-setup"});
+    EXPECT_EQ(run.status, 3);
+    EXPECT_NE(run.err.find("it is a link, which git does not follow"), std::string::npos) << run.err;
+    EXPECT_EQ(test::readFile(folder_ / "home/notes"), "mine\n");
+}
+
+TEST_F(GitVerbs, AProjectMayBeNamedLikeAnOption) {
+    ASSERT_EQ(runZbc({"git-setup"}).status, 0);
+    test::writeFile("-o.zbp", encodeUtf16(kStart + kHello + kEnd));
+    git({"add", "--", "-o.zbp"});
+    git({"commit", "--quiet", "-m", "More"});
+    test::writeFile("-o.zbp", encodeUtf16(kStart + kHello + kOurs + kEnd));
+    const std::string shown = git({"diff", "--no-color"});
+    EXPECT_NE(shown.find("+* Ours\n"), std::string::npos) << shown;
+}
+
+TEST_F(GitVerbs, ConflictsReplaceALinkOfTheRepositoryAndNotItsTarget) {
+    ASSERT_EQ(runZbc({"git-setup"}).status, 0);
+    test::writeFile(folder_ / "home/notes", "mine\n");
+    fs::create_symlink(folder_ / "home/notes", "Etcher.zbp.conflicts");
+    branch("* We\r\nAreYouThere: S1 F1 W H<->E.\r\n", "* They\r\nAreYouThere: S1 F1 W H<->E.\r\n");
+    git({"merge", "--quiet", "--no-edit", "theirs"}, 1);
+    EXPECT_EQ(test::readFile(folder_ / "home/notes"), "mine\n");
+    EXPECT_FALSE(fs::is_symlink("Etcher.zbp.conflicts"));
+    EXPECT_EQ(nlohmann::json::parse(test::readFile("Etcher.zbp.conflicts")).size(), 1U);
 }
 
 } // namespace

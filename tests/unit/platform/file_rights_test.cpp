@@ -194,5 +194,15 @@ TEST_F(FileRights, ANewPrivateFileIsReadByItsUserAlone) {
     EXPECT_EQ(modeOf(path), 0644U);
 }
 
+TEST_F(FileRights, AGuardBesideALinkReachesNoFileElsewhere) {
+    fs::create_directory(folder / "received");
+    fs::create_symlink(path, folder / "received/b.zbp");
+    const std::string guard = ".b.zbp.zbguard-" + endedProcess();
+    writeFile(folder / "received" / guard, "zbguard 0 16\nold content, evil");
+    SystemFileLayer layer;
+    finishGuardedWrite(layer, folder / "received/b.zbp");
+    EXPECT_EQ(readFile(path), "old content");
+}
+
 } // namespace
 } // namespace zb

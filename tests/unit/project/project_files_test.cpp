@@ -1,12 +1,16 @@
 #include "project/project_files.h"
 
 #include "platform/drives.h"
+#include "platform/text_file.h"
 #include "project/project_text.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace zb {
 namespace {
@@ -77,6 +81,35 @@ TEST(Drives, BeginWithTheRootAndHoldEveryFolder) {
     EXPECT_EQ(driveOf(drives, "/"), "/ [File System]");
     EXPECT_EQ(driveOf({"/ [File System]", "/media/usb"}, "/media/usb/x"), "/media/usb");
     EXPECT_EQ(driveOf({"/ [File System]", "/media/usb"}, "/media/usbstick"), "/ [File System]");
+}
+
+// The number of a process that has ended.
+std::string endedProcess() {
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(0);
+    ::waitpid(child, nullptr, 0);
+    return std::to_string(child);
+}
+
+TEST(ProjectFiles, AReadThroughALinkCompletesTheWriteOfTheFileItself) {
+    const test::TemporaryFolder folder;
+    const auto project = [](const std::string& name) {
+        return encodeUtf16("## [EDIT SMD]\r\n* d\r\n" + name + ": S1 F1 H->E.\r\n");
+    };
+    const std::string before = project("AA");
+    const std::string after = project("BB");
+    std::filesystem::create_directory(folder / "other");
+    std::filesystem::create_symlink(folder / "a.zbp", folder / "other/b.zbp");
+    test::writeFile(folder / "a.zbp", project("BA"));
+    const std::string process = endedProcess();
+    test::writeFile(folder / ("other/.b.zbp.zbguard-" + process),
+                    "zbguard 0 " + std::to_string(before.size() + 4) + "\n" + project("BA") + "evil");
+    test::writeFile(folder / (".a.zbp.zbguard-" + process), "zbguard " + std::to_string(before.size()) + " " +
+                                                                std::to_string(after.size()) + "\n" + before +
+                                                                after);
+    ASSERT_TRUE(readProjectFile((folder / "other/b.zbp").string()));
+    EXPECT_EQ(test::readFile(folder / "a.zbp"), after);
 }
 
 } // namespace

@@ -168,5 +168,16 @@ TEST_F(History, KeepsNothingWithoutAFolder) {
     EXPECT_TRUE(none.versions(project).empty());
 }
 
+TEST_F(History, ARestoredVersionGoesThroughNoLink) {
+    save("one");
+    save("two");
+    const std::filesystem::path link = folder / "Line_version1.zbp";
+    std::filesystem::create_symlink(folder / "elsewhere", link);
+    const auto restored = history.restore(project, 1);
+    ASSERT_TRUE(restored.ok());
+    EXPECT_EQ(restored->filename(), "Line_version1_2.zbp");
+    EXPECT_FALSE(std::filesystem::exists(folder / "elsewhere"));
+}
+
 } // namespace
 } // namespace zb
