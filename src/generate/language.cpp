@@ -38,6 +38,12 @@ void appendUnit(std::string& literal, char32_t unit) {
         literal += kHex[unit >> (shift - 4U) & 15U];
 }
 
+/// The end of a part of a literal and the start of the next, before its character `at`.
+void appendBreak(std::string& literal, std::size_t at, std::size_t part) {
+    if (at > 0 && at % part == 0)
+        literal += at == part ? "\".concat(\"" : "\").concat(\"";
+}
+
 } // namespace
 
 std::vector<std::string> Language::folders() {
@@ -100,8 +106,7 @@ std::string Language::textLiteral(std::string_view bytes) const {
     const std::size_t part = longestText_ == 0 ? bytes.size() : longestText_;
     std::string literal = "\"";
     for (std::size_t at = 0; at < bytes.size(); ++at) {
-        if (at > 0 && at % part == 0)
-            literal += at == part ? "\".concat(\"" : "\").concat(\"";
+        appendBreak(literal, at, part);
         appendEscaped(literal, static_cast<unsigned char>(bytes[at]));
     }
     return literal + (bytes.size() > part ? "\")" : "\"");
@@ -110,9 +115,12 @@ std::string Language::textLiteral(std::string_view bytes) const {
 std::string Language::shownLiteral(std::string_view text) const {
     if (!unicodeEscapes_)
         return textLiteral(text);
+    const std::size_t part = longestText_ == 0 ? text.size() : longestText_;
     std::string literal = "\"";
     constexpr char32_t kFirstPair = 0x10000;
-    for (std::size_t at = 0; at < text.size();) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size(); ++count) {
+        appendBreak(literal, count, part);
         const DecodedCharacter character = decodeCharacter(text, at);
         const char32_t point = character.codePoint;
         at += character.length;
@@ -125,7 +133,7 @@ std::string Language::shownLiteral(std::string_view text) const {
             appendUnit(literal, 0xDC00 + (point & 0x3FFU));
         }
     }
-    return literal + "\"";
+    return literal + (count > part ? "\")" : "\"");
 }
 
 std::string filled(std::string_view pattern, std::string_view text) {

@@ -2,14 +2,18 @@
 #include "platform/code_page.h"
 #include "platform/locale.h"
 #include "platform/printable.h"
+#include "platform/process_signals.h"
 #include "platform/setting_names.h"
 #include "platform/settings.h"
+#include "platform/standard_descriptors.h"
 #include "platform/user_folders.h"
 
 #include <exception>
 #include <iostream>
 
 int main(int argc, char** argv) {
+    zb::fillStandardDescriptors();
+    zb::letLargeWritesFail();
     try {
         const zb::SettingsStore settings(zb::settingsFolder());
         const zb::CodePage codePage =

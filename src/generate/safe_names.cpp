@@ -6,6 +6,9 @@ namespace zb::generate {
 
 namespace {
 
+// Well below what file systems allow, with room for a number and the ending.
+constexpr std::size_t kLongest = 100;
+
 bool isUpper(char c) {
     return c >= 'A' && c <= 'Z';
 }
@@ -54,6 +57,7 @@ std::string typeName(std::string_view text, std::string_view fallback) {
     }
     if (name.empty() || isDigit(name.front()))
         name.insert(0, fallback);
+    name.resize(std::min(name.size(), kLongest));
     return name;
 }
 

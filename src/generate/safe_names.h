@@ -8,7 +8,8 @@
 namespace zb::generate {
 
 /// "PortRefused" from "PORT_REFUSED", "Svid" from "SVID": ASCII letters and digits, the first an upper-case
-/// letter; words of capitals only are lowered. A text without letters and digits gives `fallback`.
+/// letter; words of capitals only are lowered. A text without letters and digits gives `fallback`. At most
+/// 100 characters, since some become names of files.
 std::string typeName(std::string_view text, std::string_view fallback);
 /// The same with a lower-case first letter.
 std::string fieldName(std::string_view text, std::string_view fallback);

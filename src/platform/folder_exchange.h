@@ -9,4 +9,9 @@ namespace zb {
 /// offer it; nothing is changed then.
 bool exchangeFolders(const std::filesystem::path& one, const std::filesystem::path& other);
 
+/// Gives a folder that shall replace another one its mode, group, access control list and user attributes,
+/// and its owner where the system allows it. What it cannot have is left out: nobody gets a right that the
+/// other folder does not give.
+void giveFolderRights(const std::filesystem::path& from, const std::filesystem::path& to);
+
 } // namespace zb

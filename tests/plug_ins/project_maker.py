@@ -4,7 +4,8 @@ import struct
 
 # Words of the languages, of the generated code and of the operating system, and names that differ in case only.
 ITEM_NAMES = """CLASS NEW OPERATOR INT VALUE MESSAGE HEADER ITEMS FORMAT COUNT LIST SELF CODEC MEMBER TO_SML DEFAULT YIELD WAIT
-    GET_CLASS Lot LOT lot2 BASE EVENT STRING Object READ EQUALS NAME APPLIES VALUE_OF_LOT COMPUTE_LOT 1ST X_ AND LINUX""".split()
+    GET_CLASS Lot LOT lot2 BASE EVENT STRING Object READ EQUALS NAME APPLIES VALUE_OF_LOT COMPUTE_LOT 1ST X_ AND LINUX
+    kHead kName kIsReported""".split()
 MESSAGE_NAMES = """class Class Message String Process System Value PlugIn Encoder Any List Main Error Received Con Link Object Record
     double DOUBLE Lot_Done LotDone Transport Exception Zelto Messages Header""".split()
 PROJECT_NAMES = ["class", "java", "System", "2nd project", "Zelto", "Messages", "std", "P-8", "Etcher", "Größe"]

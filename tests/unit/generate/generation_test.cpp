@@ -140,5 +140,13 @@ TEST(Generation, KeepsTextsOfTheProjectInCommentsAndLiterals) {
     EXPECT_THAT(textOf(made, "messages/Ask2.h"), HasSubstr("/// S1F3. */ #error ${type}   #error\n"));
 }
 
+TEST(Generation, AnItemHasNoNameThatTheCodeHas) {
+    const Generation made = generated(message("* d\r\nAsk: S1 F1 H->E\r\n    L 2\r\n        U1 1 kHead 1\r\n"
+                                              "        U1 1 kName 1.\r\n"));
+    EXPECT_THAT(textOf(made, "messages/Ask.h"), HasSubstr("std::uint8_t kHead2 = 1;"));
+    EXPECT_THAT(textOf(generated(message("* d\r\nCON: S1 F1 H->E.\r\n")), "messages/Con2.h"),
+                HasSubstr("struct Con2"));
+}
+
 } // namespace
 } // namespace zb::generate

@@ -34,5 +34,11 @@ TEST(SafeNames, AreGivenOnce) {
     EXPECT_EQ(names.take("outer"), "outer2");
 }
 
+TEST(SafeNames, AreShortEnoughForNamesOfFiles) {
+    const std::string longName(70000, 'x');
+    EXPECT_EQ(typeName(longName, "X"), "X" + std::string(99, 'x'));
+    EXPECT_EQ(fieldName(longName, "x"), std::string(100, 'x'));
+}
+
 } // namespace
 } // namespace zb::generate

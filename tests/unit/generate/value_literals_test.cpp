@@ -74,5 +74,16 @@ TEST(CommentText, StaysOnItsLine) {
     EXPECT_EQ(commentText("\xEC\x97\x90\xEC\xB9\xAD"), "\xEC\x97\x90\xEC\xB9\xAD");
 }
 
+TEST(JavaLiterals, OfLongNamesHaveParts) {
+    const Language language("java");
+    const CodePage codePage(949);
+    const ValueLiterals literals(language, codePage);
+    const std::string part(16000, 'x');
+    EXPECT_EQ(literals.shownText(part), "\"" + part + "\"");
+    EXPECT_EQ(literals.shownText(part + "y"), "\"" + part + "\".concat(\"y\")");
+    EXPECT_EQ(literals.shownText(part + part + "\xC3\xA9"),
+              "\"" + part + "\".concat(\"" + part + "\").concat(\"\\u00e9\")");
+}
+
 } // namespace
 } // namespace zb::generate
