@@ -1,5 +1,6 @@
 #include "console/verbs.h"
 
+#include "console/output_guard.h"
 #include "console/printable.h"
 #include "console/recording_options.h"
 #include "messages/secs2/sml_data.h"
@@ -63,6 +64,10 @@ void DecodeVerb::declare(CLI::App& app) {
 }
 
 int DecodeVerb::run(ConsoleStreams streams) {
+    if (const std::string why = outputMisuse(out_, {recording_.path()}); !why.empty()) {
+        streams.err << "zbc: --output: " << why << " (see zbc --help)\n";
+        return kExitUsage;
+    }
     int status = kExitDone;
     const auto recording = recording_.open(Side::Host, streams, status);
     if (!recording)

@@ -5,6 +5,7 @@
 #include "compare/difference_page.h"
 #include "console/compared_project.h"
 #include "console/difference_json.h"
+#include "console/output_guard.h"
 #include "console/printable.h"
 #include "platform/file_replacer.h"
 #include "project/project_text.h"
@@ -88,6 +89,10 @@ int DiffVerb::run(ConsoleStreams streams) {
         return printText(streams);
     if (b_.empty()) {
         streams.err << "zbc: B is required (see zbc --help)\n";
+        return kExitUsage;
+    }
+    if (const std::string why = outputMisuse(html_, {a_, b_}); !why.empty()) {
+        streams.err << "zbc: --html: " << why << " (see zbc --help)\n";
         return kExitUsage;
     }
     const auto first = loadCompared(a_, streams);

@@ -1,5 +1,6 @@
 #include "console/verbs.h"
 
+#include "console/output_guard.h"
 #include "console/printable.h"
 #include "console/project_loading.h"
 #include "document/interface_document.h"
@@ -58,16 +59,16 @@ bool DocumentVerb::isMarkdown() const {
 }
 
 int DocumentVerb::run(ConsoleStreams streams) {
+    if (const std::string why = outputMisuse(out_, {project_}); !why.empty()) {
+        streams.err << "zbc: --out: " << why << " (see zbc --help)\n";
+        return kExitUsage;
+    }
     int status = kExitDone;
     const auto file = loadProject(project_, streams, status);
     if (!file)
         return status;
     const InterfaceFacts facts =
         interfaceFacts(file->project, std::filesystem::path(project_).stem().string());
-    if (lower(std::filesystem::path(out_).extension().string()) == ".zbp") {
-        streams.err << "zbc: --out: " << printable(out_) << " is a project (see zbc --help)\n";
-        return kExitUsage;
-    }
     const std::string text = isMarkdown() ? interfaceMarkdown(facts) : interfaceHtml(facts);
     if (out_.empty()) {
         streams.out << text;

@@ -1,6 +1,7 @@
 #include "console/verbs.h"
 
 #include "console/library_bytes.h"
+#include "console/output_guard.h"
 #include "console/printable.h"
 #include "console/recording_options.h"
 #include "platform/file_replacer.h"
@@ -54,10 +55,15 @@ int LearnVerb::run(ConsoleStreams streams) {
         return kExitUsage;
     }
     std::error_code ignored;
+    if (std::filesystem::equivalent(out_, recording_.path(), ignored)) {
+        streams.err << "zbc: " << printable(out_) << " is what is read (see zbc --help)\n";
+        return kExitUsage;
+    }
     if (sourceKind(out_) == SourceKind::Project && std::filesystem::exists(out_, ignored)) {
         streams.err << printable(out_) << ": is there already: zbc add puts messages into a project\n";
         return kExitFault;
     }
+    const OutputGuard guard(out_);
     int status = kExitDone;
     const auto recording = recording_.open(Side::Host, streams, status);
     if (!recording)
@@ -85,6 +91,10 @@ int LearnVerb::run(ConsoleStreams streams) {
     if (records.empty()) {
         streams.err << printable(recording_.path()) << ": no message was found\n";
         return kExitFault;
+    }
+    if (!guard.isUnchanged()) {
+        streams.err << printable(out_) << ": was changed by another program meanwhile: nothing is written\n";
+        return kExitFileFault;
     }
     const int written = write(records, streams);
     return written == kExitDone ? status : written;

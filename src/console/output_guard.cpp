@@ -1,7 +1,10 @@
 #include "console/output_guard.h"
 
+#include "console/message_source.h"
+#include "platform/printable.h"
 #include "platform/text_file.h"
 
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -31,6 +34,16 @@ bool FolderGuard::isUnchanged(const std::string& name) const {
         return known->second.isUnchanged();
     std::error_code ignored;
     return !std::filesystem::exists(std::filesystem::symlink_status(folder_ / name, ignored));
+}
+
+std::string outputMisuse(const std::string& out, const std::vector<std::string>& inputs) {
+    if (sourceKind(out) == SourceKind::Project)
+        return printable(out) + " is a project";
+    std::error_code ignored;
+    const bool isRead = std::any_of(inputs.begin(), inputs.end(), [&](const std::string& input) {
+        return std::filesystem::equivalent(out, input, ignored);
+    });
+    return isRead ? printable(out) + " is what is read" : std::string();
 }
 
 } // namespace zb

@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zb {
 
@@ -35,5 +36,9 @@ private:
     std::filesystem::path folder_;
     std::map<std::string, OutputGuard> files_;
 };
+
+/// Why a verb must not write to this file; empty when it may. Projects are replaced only by the verbs that
+/// keep what was there, and no verb writes over what it reads.
+std::string outputMisuse(const std::string& out, const std::vector<std::string>& inputs);
 
 } // namespace zb

@@ -229,5 +229,17 @@ TEST_F(CompareVerbs, CompatAcceptsExtensionsAndNames) {
     EXPECT_EQ(runZbc({"compat", "--against", "nobody", project_, b}).status, 2);
 }
 
+TEST_F(CompareVerbs, APageReplacesNoProjectAndNothingThatIsCompared) {
+    const std::string before = test::readFile(project_);
+    expectRun({"diff", project_, project_, "--html", path("Other.ZBP")}, 2, "",
+              "zbc: --html: " + path("Other.ZBP") + " is a project (see zbc --help)\n");
+    ASSERT_EQ(runZbc({"convert", project_, path("a.sml")}).status, 0);
+    const std::string library = test::readFile(path("a.sml"));
+    expectRun({"diff", project_, path("a.sml"), "--html", path("a.sml")}, 2, "",
+              "zbc: --html: " + path("a.sml") + " is what is read (see zbc --help)\n");
+    EXPECT_EQ(test::readFile(path("a.sml")), library);
+    EXPECT_EQ(test::readFile(project_), before);
+}
+
 } // namespace
 } // namespace zb
