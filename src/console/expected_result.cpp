@@ -69,6 +69,8 @@ std::vector<std::string> ExpectedResult::finish() {
     std::size_t missing = 0;
     while (nextLine())
         ++missing;
+    if (lines_.isBroken())
+        return {"the expected result cannot be read on from its line " + std::to_string(lines_.lineNumber())};
     if (missing == 0)
         return {};
     return {"after message " + std::to_string(number_) + ": " + std::to_string(missing) +

@@ -28,6 +28,8 @@ public:
     std::optional<std::string_view> next();
     /// Of the line that `next` returned last, from 1.
     std::size_t lineNumber() const { return lineNumber_; }
+    /// Whether the lines ended because the file could not be read on.
+    bool isBroken() const { return file_.bad(); }
     /// The bytes of the file that have been read, and all that it had when it was opened; 0 for a text.
     /// @{
     std::size_t bytesRead() const { return bytesRead_; }

@@ -278,6 +278,9 @@ void LogRecording::finish() {
         packets_->finish();
         emitPackets();
     }
+    if (lines_.isBroken())
+        faults_.push_back(
+            {"line " + std::to_string(lines_.lineNumber()), "the file cannot be read on from here"});
     if (block_.openBlocks() > 0)
         faults_.push_back({"end of the log", std::to_string(block_.openBlocks()) + " messages lack blocks"});
     ended_ = true;

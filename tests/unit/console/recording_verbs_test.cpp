@@ -147,5 +147,29 @@ TEST_F(RecordingVerbs, LearnWritesLibrariesAndProjects) {
     EXPECT_EQ(added.status, 0) << added.err;
 }
 
+TEST_F(RecordingVerbs, NeitherProjectsNorTheRecordingAreReplaced) {
+    const std::string recording = test::readFile(good_);
+    const std::string project = test::readFile(project_);
+    expectFault({"decode", good_, "-o", project_}, 2,
+                "zbc: --output: " + project_ + " is a project (see zbc --help)\n");
+    expectFault({"decode", good_, "-o", good_}, 2,
+                "zbc: --output: " + good_ + " is what is read (see zbc --help)\n");
+    const std::string sml = write("log.sml", recording);
+    expectFault({"learn", sml, sml}, 2, "zbc: " + sml + " is what is read (see zbc --help)\n");
+    EXPECT_EQ(test::readFile(good_), recording);
+    EXPECT_EQ(test::readFile(sml), recording);
+    EXPECT_EQ(test::readFile(project_), project);
+}
+
+TEST_F(RecordingVerbs, ARecordingThatCannotBeReadOnIsReported) {
+    // Reading this regular file fails.
+    const Outcome run = runZbc({"decode", "/proc/self/mem"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.err.find("the file cannot be read on from here"), std::string::npos) << run.err;
+    const Outcome expected = runZbc({"rehearse", project_, good_, "--expect", "/proc/self/mem"});
+    EXPECT_EQ(expected.status, 1);
+    EXPECT_NE(expected.err.find("the expected result cannot be read on"), std::string::npos) << expected.err;
+}
+
 } // namespace
 } // namespace zb
