@@ -8,6 +8,7 @@
 #include "platform/process_signals.h"
 #include "platform/program_folder.h"
 #include "platform/settings.h"
+#include "platform/standard_descriptors.h"
 #include "platform/user_folders.h"
 #include "shell/application.h"
 
@@ -67,6 +68,7 @@ private:
 } // namespace
 
 int main(int argc, char* argv[]) {
+    zb::fillStandardDescriptors();
     zb::letLargeWritesFail();
     zb::GuardedApplication qt(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zeltobench"));

@@ -14,6 +14,9 @@ constexpr unsigned kNewFileMode = 0666;
 
 Result<void> createAndRemove(FileLayer& files, const std::string& path) {
     const Result<int> descriptor = files.create(path, kNewFileMode);
+    // Another program has just created it.
+    if (!descriptor && descriptor.error().number == EEXIST)
+        return files.checkWritable(path);
     if (!descriptor)
         return descriptor.error();
     const Result<void> closed = files.close(*descriptor);

@@ -25,6 +25,18 @@ bool hasNameOf(const fs::path& path, const std::string& prefix) {
     return name.starts_with(prefix) && name.size() == prefix.size() + kPattern.size();
 }
 
+fs::path systemFolder() {
+    std::error_code error;
+    fs::path folder = fs::temp_directory_path(error);
+    if (!error)
+        folder = fs::canonical(folder, error);
+    const char* chosen = std::getenv("TMPDIR");
+    if (error)
+        throw fs::filesystem_error("no folder for temporary files", chosen == nullptr ? "/tmp" : chosen,
+                                   error);
+    return folder;
+}
+
 void removeUnused(const fs::path& among, const std::string& prefix) {
     std::error_code error;
     for (fs::directory_iterator entry(among, error); !error && entry != fs::directory_iterator();
@@ -42,7 +54,7 @@ void removeUnused(const fs::path& among, const std::string& prefix) {
 } // namespace
 
 TemporaryFolder::TemporaryFolder(const std::string& prefix) {
-    const fs::path among = fs::canonical(fs::temp_directory_path());
+    const fs::path among = systemFolder();
     removeUnused(among, prefix);
     do {
         std::string pattern = (among / (prefix + std::string(kPattern))).string();

@@ -260,6 +260,8 @@ TEST_F(SettingsFolder, IsChosenByTheEnvironment) {
     EXPECT_EQ(settingsFolder(), "/home/me/.config/zeltobench");
     set("", "/config", "/home/me");
     EXPECT_EQ(settingsFolder(), "/config/zeltobench");
+    set("", "config", "/home/me");
+    EXPECT_EQ(settingsFolder(), "/home/me/.config/zeltobench");
     set("/own", "/config", "/home/me");
     EXPECT_EQ(settingsFolder(), "/own");
 }

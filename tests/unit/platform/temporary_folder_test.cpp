@@ -74,5 +74,16 @@ TEST_F(TemporaryFolders, OnlyTheUserCanEnter) {
     EXPECT_EQ(status.st_mode & 07777U, 0700U);
 }
 
+TEST_F(TemporaryFolders, AMissingOneIsNamed) {
+    const std::string missing = (among / "missing").string();
+    setenv("TMPDIR", missing.c_str(), 1);
+    try {
+        const TemporaryFolder folder("zbc-");
+        FAIL() << "a folder was made";
+    } catch (const fs::filesystem_error& error) {
+        EXPECT_THAT(error.what(), testing::HasSubstr(missing));
+    }
+}
+
 } // namespace
 } // namespace zb
