@@ -7,10 +7,12 @@ import doubling
 import faults
 import hostile
 import kill
+import places
 import together
 from common import Failure, Programs
 
-ATTACKS = {"kill": kill, "faults": faults, "together": together, "hostile": hostile, "doubling": doubling}
+ATTACKS = {"kill": kill, "faults": faults, "together": together, "hostile": hostile, "places": places,
+           "doubling": doubling}
 
 
 def main(arguments):
