@@ -4,7 +4,9 @@
 #include "console/suggestion.h"
 #include "console/verbs.h"
 #include "platform/printable.h"
+#include "platform/settings_file.h"
 #include "platform/text.h"
+#include "platform/user_folders.h"
 #include "platform/version.h"
 
 #include <CLI/CLI.hpp>
@@ -30,6 +32,17 @@ std::string firstLine(std::string_view text) {
 int refuse(const std::string& what, ConsoleStreams streams) {
     streams.err << "zbc: " << printable(firstLine(what)) << " (see zbc --help)\n";
     return kExitUsage;
+}
+
+/// What a build writes depends on settings: others than those of the user are no secret. A script has its
+/// own.
+void reportSettings(const Verb& verb, std::ostream& err) {
+    const SettingsFile settings(settingsFolder());
+    const Result<void> read = verb.name() == "script" ? Result<void>() : settings.check();
+    if (!read)
+        err << printable(settings.path().string())
+            << ": cannot be read, and the usual settings are taken: " << printable(read.error().description)
+            << '\n';
 }
 
 Verb* chosenVerb(const CLI::App& app, const Verbs& verbs) {
@@ -77,7 +90,10 @@ int runConsole(const Verbs& verbs, const std::vector<std::string>& arguments, Co
         return refuse(describeUnknownWord(app).value_or(error.what()), streams);
     }
     Verb* verb = chosenVerb(app, verbs);
-    return verb == nullptr ? refuse("a verb is missing", streams) : verb->run(streams);
+    if (verb == nullptr)
+        return refuse("a verb is missing", streams);
+    reportSettings(*verb, streams.err);
+    return verb->run(streams);
 }
 
 } // namespace zb

@@ -80,6 +80,14 @@ std::optional<std::string> SettingsFile::read(const SettingPlace& place) const {
     return level->is_string() ? std::optional(level->get<std::string>()) : std::nullopt;
 }
 
+Result<void> SettingsFile::check() const {
+    const Result<std::string> bytes = readBytes(path_);
+    if (bytes)
+        return parse(*bytes) ? Result<void>() : FileError{EINVAL, "It is damaged"};
+    const int number = bytes.error().number;
+    return number == ENOENT || number == ENOTDIR ? Result<void>() : bytes.error();
+}
+
 Result<void> SettingsFile::write(const SettingPlace& place, const std::string& value) const {
     // Many writers need a moment; a stopped one must not stop this program for good.
     constexpr std::chrono::seconds kLongestWait{30};

@@ -26,6 +26,9 @@ public:
 
     /// The text at this location; nothing when there is none, or no valid file.
     std::optional<std::string> read(const SettingPlace& place) const;
+    /// Why no setting of the file can be read. It is no fault that there is none.
+    Result<void> check() const;
+    const std::filesystem::path& path() const { return path_; }
     /// Sets the text at this place, valid UTF-8 all. A damaged file is kept under another name first. Another
     /// program that writes is waited for. When anything fails, nothing is changed.
     Result<void> write(const SettingPlace& place, const std::string& value) const;

@@ -292,5 +292,21 @@ TEST_F(Cli, GivesScriptsSettingsOfTheirOwn) {
     EXPECT_FALSE(fs::exists(path("config")));
 }
 
+TEST_F(Cli, SettingsThatCannotBeReadAreReported) {
+    const std::string settings = path("config/settings.json");
+    EXPECT_EQ(runZbc({"list", project_}).err, "");
+    std::filesystem::create_directory(path("config"));
+    test::writeFile(settings, "{");
+    const Outcome damaged = runZbc({"list", project_});
+    EXPECT_EQ(damaged.status, 0);
+    EXPECT_EQ(damaged.err, settings + ": cannot be read, and the usual settings are taken: It is damaged\n");
+    test::writeFile(settings, "{}");
+    EXPECT_EQ(runZbc({"list", project_}).err, "");
+    std::filesystem::remove(settings);
+    std::filesystem::create_directory(settings);
+    EXPECT_EQ(runZbc({"list", project_}).err,
+              settings + ": cannot be read, and the usual settings are taken: Is a directory\n");
+}
+
 } // namespace
 } // namespace zb
