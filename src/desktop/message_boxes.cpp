@@ -1,6 +1,7 @@
 #include "desktop/message_boxes.h"
 
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -53,9 +54,7 @@ QStringList filtersOf(const QString& filter) {
 } // namespace
 
 std::unique_ptr<QMessageBox> makeBox(const Box& box, QWidget* parent) {
-    QString text = toQt(box.text);
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    auto shown = std::make_unique<QMessageBox>(iconOf(box.icon), toQt(box.title), text,
+    auto shown = std::make_unique<QMessageBox>(iconOf(box.icon), shownTitle(box.title), shownInBox(box.text),
                                                buttonsOf(box.buttons), parent);
     shown->setTextFormat(Qt::PlainText);
     return shown;

@@ -1,6 +1,6 @@
 #include "desktop/plain_labels.h"
 
-#include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -12,7 +12,7 @@ QString toolTipOf(std::string_view text) {
     // More would not fit a screen, and Qt lays out all of it before it shows any.
     constexpr qsizetype kLongest = 2000;
     // A UTF-16 unit takes at most three bytes.
-    const QString whole = toQt(text.substr(0, 4 * static_cast<std::size_t>(kLongest)));
+    const QString whole = shownLines(text.substr(0, 4 * static_cast<std::size_t>(kLongest)));
     return whole.size() <= kLongest ? whole : whole.left(kLongest) + QChar(0x2026);
 }
 

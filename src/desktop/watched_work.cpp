@@ -1,6 +1,6 @@
 #include "desktop/watched_work.h"
 
-#include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -27,9 +27,9 @@ public:
         setObjectName(QStringLiteral("progress"));
         setWindowTitle(QStringLiteral("Zeltobench"));
         label_.setTextFormat(Qt::PlainText);
-        label_.setText(toQt(what));
+        label_.setText(shownLine(what));
         bar_.setRange(0, kSteps);
-        bar_.setAccessibleName(toQt(what));
+        bar_.setAccessibleName(shownLine(what));
         auto* layout = new QVBoxLayout(this);
         layout->addWidget(&label_);
         layout->addWidget(&bar_);

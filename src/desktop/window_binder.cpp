@@ -19,6 +19,7 @@
 #include "desktop/key_codes.h"
 #include "desktop/models/node_tree_view.h"
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QAbstractButton>
 #include <QCloseEvent>
@@ -135,7 +136,7 @@ void WindowBinder::flush() {
 
 void WindowBinder::showState() {
     const std::string& note = window_.titleNote();
-    form_.setWindowTitle(toQt(note.empty() ? window_.caption() : note + " - " + window_.caption()));
+    form_.setWindowTitle(shownTitle(note.empty() ? window_.caption() : note + " - " + window_.caption()));
     if (onChange)
         onChange();
 }

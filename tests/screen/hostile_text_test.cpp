@@ -2,6 +2,7 @@
 #include "desktop/models/node_tree_view.h"
 #include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 #include "desktop/start/start_panel.h"
 #include "platform/text_file.h"
 #include "project/recent_projects.h"
@@ -288,6 +289,41 @@ TEST_F(HostileText, BoxesThatQtMakesShowTheirTextAsItIs) {
     const auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
     ASSERT_NE(label, nullptr);
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
+}
+
+TEST_F(HostileText, ALineStaysOneAndKeepsItsDirection) {
+    EXPECT_EQ(shownLine("a\u2028b\x0b\r\nc\td"), QStringLiteral("a b   c d"));
+    EXPECT_EQ(shownLine("x\u202e: S1 F1 H->E\x1b"), QStringLiteral("x?: S1 F1 H->E?"));
+    const QString cut = shownLine("a" + std::string(2'000'000, '\xc3'));
+    EXPECT_LT(shownLine(std::string(2'000'000, 'x')).size(), 5000);
+    EXPECT_EQ(cut.back(), QChar(0x2026));
+    EXPECT_EQ(shownTitle("Line[*] - Zeltobench"), QStringLiteral("Line[*][*] - Zeltobench"));
+}
+
+// A row as high as the screen, or a box without its button, were what such names made.
+TEST_F(HostileText, NamesOfManyLinesAndOfAMegabyteLeaveRowsAndBoxesAsTheyAre) {
+    frmWorkbench& strip = workbench();
+    open(strip.log);
+    strip.log.add("12:00", "short");
+    program.settle();
+    auto& view = program.widget<QAbstractItemView>(strip, "lvwLog");
+    const int height = view.sizeHintForIndex(view.model()->index(0, 1)).height();
+    std::string lines;
+    for (int i = 0; i < 1000; ++i)
+        lines += "l\u2028\x0b\n";
+    strip.log.add("12:00", lines);
+    strip.log.add("12:00", std::string(1'000'000, 'n'));
+    program.settle();
+    for (int row = 1; row < view.model()->rowCount(); ++row)
+        EXPECT_EQ(view.sizeHintForIndex(view.model()->index(row, 1)).height(), height);
+    for (const std::string& name :
+         {lines, std::string(1'000'000, 'n'), lines + std::string(1'000'000, 'n')}) {
+        const auto box =
+            makeBox({name + " already exists.", "title", BoxIcon::Critical, BoxButtons::OK}, nullptr);
+        box->show();
+        EXPECT_LT(box->height(), 768);
+        EXPECT_TRUE(box->text().endsWith(QLatin1String(" already exists.")));
+    }
 }
 
 TEST_F(HostileText, AToolTipOfAVeryLongTextIsItsBeginning) {

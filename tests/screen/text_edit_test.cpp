@@ -6,6 +6,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTest>
 
@@ -73,6 +75,40 @@ TEST_F(TextEdit, PastesOverTheSelection) {
     QTest::keyClick(&edit(), Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(&edit(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(field().text(), "a\nb");
+}
+
+// As where nothing is selected for the middle button, or the owner of the clipboard does not answer.
+TEST_F(TextEdit, PastesNothingOfAClipboardWithoutFormats) {
+    QGuiApplication::clipboard()->setMimeData(new QMimeData); // the clipboard takes it
+    QTest::keyClick(&edit(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(field().text(), "one\ntwo");
+    EXPECT_EQ(edit().toPlainText(), QStringLiteral("one\ntwo"));
+}
+
+// The widgets would lay it out for minutes.
+TEST_F(TextEdit, RefusesAPasteOfManyMegabytesWithANotice) {
+    QGuiApplication::clipboard()->setText(QString(50'000'000, QLatin1Char('x')));
+    QTest::keyClick(&edit(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(field().text(), "one\ntwo");
+    frmWorkbench& strip = program.application.frmWorkbench;
+    EXPECT_EQ(strip.notices.lblNotice.text(),
+              "Not pasted: the text has 50 million characters, and a field takes at most 4");
+    strip.compare.open();
+    program.settle();
+    auto& line = program.widget<QLineEdit>(strip, "txtComparedWith");
+    program.screen.binding().hands.focus(strip.compare.txtComparedWith);
+    QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(strip.compare.txtComparedWith.text(), "");
+    EXPECT_EQ(strip.log.lvwLog.count(), 2U);
+    // Of a text of many lines the field takes the first.
+    QGuiApplication::clipboard()->setText(
+        QString(6'000'000, QLatin1Char('x')).replace(5, 1, QLatin1String("\n")));
+    QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(strip.compare.txtComparedWith.text(), "xxxxx");
+    QGuiApplication::clipboard()->clear();
+    line.selectAll();
+    QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(strip.compare.txtComparedWith.text(), "xxxxx");
 }
 
 TEST_F(TextEdit, ShowsItsTextAgainWhenTheStoreTakesNone) {

@@ -5,6 +5,7 @@
 #include "desktop/pictures/pictures.h"
 #include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -247,7 +248,7 @@ const QLabel* StatusBarBinder::panel(std::string_view key) const {
 
 void StatusBarBinder::show(Change /*change*/) {
     for (std::size_t i = 0; i < panels_.size(); ++i) {
-        panels_[i]->setText(toQt(store_.panels()[i].text));
+        panels_[i]->setText(shownLine(store_.panels()[i].text));
         panels_[i]->setToolTip(toolTipOf(store_.panels()[i].text));
         // A name is shown whole where the window is narrow; of a path the tool tip shows the rest.
         if (store_.panels()[i].key != "Status")

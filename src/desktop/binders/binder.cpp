@@ -6,7 +6,7 @@
 #include "controls/text_field.h"
 #include "controls/window.h"
 #include "desktop/key_codes.h"
-#include "desktop/qt_text.h"
+#include "desktop/plain_labels.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -62,7 +62,7 @@ void Binder::showState() {
     widget_->setEnabled(control_.enabled());
     widget_->setVisible(control_.visible());
     if (!control_.toolTip().empty())
-        widget_->setToolTip(toQt(control_.toolTip()));
+        widget_->setToolTip(toolTipOf(control_.toolTip()));
 }
 
 void Binder::followFocus() {

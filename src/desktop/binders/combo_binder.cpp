@@ -2,7 +2,7 @@
 
 #include "controls/combo.h"
 #include "desktop/models/combo_model.h"
-#include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -107,7 +107,7 @@ void ComboBinder::show(Change change) {
         QMetaObject::invokeMethod(
             this, [this] { flush(); }, Qt::QueuedConnection);
     }
-    box_.setShownText(toQt(combo_.text()));
+    box_.setShownText(shownLine(combo_.text()));
     if (change == Change::Value && !rowsAreOld_)
         flush();
 }

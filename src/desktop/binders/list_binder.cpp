@@ -5,6 +5,7 @@
 #include "desktop/layout_memory.h"
 #include "desktop/models/list_model.h"
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 #include "desktop/units.h"
 
 #include <QHeaderView>
@@ -183,7 +184,7 @@ QRect ListBinder::placeOf(const Target& target) const {
 QStringList ListBinder::selectedTexts() const {
     QStringList texts;
     for (const ListRow* row : list_.selectedRows())
-        texts << toQt(row->text());
+        texts << shownLine(row->text());
     return texts;
 }
 

@@ -3,6 +3,7 @@
 #include "controls/menu.h"
 #include "controls/window.h"
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QAction>
 #include <QCursor>
@@ -146,7 +147,8 @@ void MenuBinder::insert(MenuEntry& entry, QAction& action) {
 void MenuBinder::showEntry(const MenuEntry& entry) {
     QAction* action = actionOf(entry);
     const bool showsKey = entry.popup() != nullptr && !entry.shortcut().empty();
-    action->setText(toQt(showsKey ? entry.caption() + "\t" + entry.shortcut() : entry.caption()));
+    const QString caption = shownLine(entry.caption());
+    action->setText(showsKey ? caption + QLatin1Char('\t') + toQt(entry.shortcut()) : caption);
     action->setEnabled(entry.enabled());
     action->setVisible(entry.visible());
     if (entry.checked())

@@ -6,6 +6,7 @@
 #include "desktop/forms/picture_box.h"
 #include "desktop/pictures/pictures.h"
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -75,7 +76,7 @@ LabelBinder::LabelBinder(Control& control, QLabel& label, Binding& binding)
 }
 
 void LabelBinder::show(Change /*change*/) {
-    label_.setText(toQt(static_cast<Label&>(control()).text()));
+    label_.setText(shownLines(static_cast<Label&>(control()).text()));
 }
 
 PaneBinder::PaneBinder(Control& control, QWidget& widget, Binding& binding)

@@ -2,7 +2,9 @@
 
 #include "controls/desktop.h"
 #include "controls/text_field.h"
+#include "desktop/forms/lines_edit.h"
 #include "desktop/key_codes.h"
+#include "desktop/pasted_text.h"
 #include "desktop/qt_text.h"
 
 #include <QCoreApplication>
@@ -52,6 +54,10 @@ TextEditBinder::TextEditBinder(TextField& field, QPlainTextEdit& edit, Binding& 
     edit_.setUndoRedoEnabled(false); // the store has its own
     edit_.setTabChangesFocus(true);
     edit_.setContextMenuPolicy(Qt::CustomContextMenu);
+    if (auto* lines = dynamic_cast<LinesEdit*>(&edit_); lines != nullptr)
+        lines->takes = [&desktop = this->binding().desktop](qsizetype characters) {
+            return takesPasted(characters, desktop);
+        };
     connect(&edit_, &QPlainTextEdit::customContextMenuRequested, this, &TextEditBinder::openContextMenu);
     connect(&edit_, &QPlainTextEdit::textChanged, this, &TextEditBinder::takeText);
     connect(&edit_, &QPlainTextEdit::cursorPositionChanged, this, &TextEditBinder::takeSelection);

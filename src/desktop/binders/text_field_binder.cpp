@@ -3,6 +3,7 @@
 #include "controls/text_field.h"
 #include "desktop/binders/dragging.h"
 #include "desktop/key_codes.h"
+#include "desktop/pasted_text.h"
 #include "desktop/qt_text.h"
 
 #include <QAction>
@@ -184,7 +185,7 @@ bool TextFieldBinder::mouseReleased(const QMouseEvent& event) {
     if (clipboard->supportsSelection()) {
         const int place = line_.cursorPositionAt(event.position().toPoint());
         hands().insertAt(field_, storePosition(field_.text(), place),
-                         fromQt(clipboard->text(QClipboard::Selection)));
+                         pasted(clipboard->text(QClipboard::Selection)));
     }
     return true;
 }
@@ -296,7 +297,7 @@ bool TextFieldBinder::drops(QEvent& event) {
         hands().drop(data, Target::whole(field_));
     } else if (data.form == DragData::Form::Text) {
         const int place = line_.cursorPositionAt(drop.position().toPoint());
-        hands().insertAt(field_, storePosition(field_.text(), place), data.text);
+        hands().insertAt(field_, storePosition(field_.text(), place), pasted(toQt(data.text)));
     }
     return true;
 }
@@ -326,6 +327,10 @@ void TextFieldBinder::cut() {
     hands().insert(field_, "");
 }
 
+std::string TextFieldBinder::pasted(const QString& text) {
+    return pastedLine(text, binding().desktop);
+}
+
 void TextFieldBinder::paste() {
     // A field that is only filled by drops accepts the keyboard's drag.
     if (field_.onDropData && field_.readOnly()) {
@@ -333,7 +338,9 @@ void TextFieldBinder::paste() {
             hands().drop(*taken, Target::whole(field_));
         return;
     }
-    hands().insert(field_, fromQt(QGuiApplication::clipboard()->text()));
+    // A clipboard that does not answer must not delete the selection.
+    if (const std::string text = pasted(QGuiApplication::clipboard()->text()); !text.empty())
+        hands().insert(field_, text);
 }
 
 QAction& TextFieldBinder::makeAction(const char* name, const QString& text, void (TextFieldBinder::*run)()) {

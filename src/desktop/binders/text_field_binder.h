@@ -42,6 +42,7 @@ private:
     void copy();
     void cut();
     void paste();
+    std::string pasted(const QString& text);
     void selectAll();
     void deleteWord(bool toStart);
     void openContextMenu(const QPoint& place);

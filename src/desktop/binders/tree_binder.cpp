@@ -4,7 +4,7 @@
 #include "desktop/colors.h"
 #include "desktop/models/node_tree_model.h"
 #include "desktop/models/node_tree_view.h"
-#include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -59,7 +59,7 @@ QRect TreeBinder::placeOf(const Target& target) const {
 
 QStringList TreeBinder::selectedTexts() const {
     const Node* selected = tree_.nodes().selected();
-    return selected == nullptr ? QStringList() : QStringList(toQt(selected->text()));
+    return selected == nullptr ? QStringList() : QStringList(shownLine(selected->text()));
 }
 
 bool TreeBinder::startsDrags() const {

@@ -2,6 +2,7 @@
 
 #include "controls/combo.h"
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 namespace zb {
 
@@ -16,6 +17,7 @@ QVariant ComboModel::data(const QModelIndex& index, int role) const {
     const std::string& entry = store_.entries()[row];
     switch (role) {
     case Qt::DisplayRole:
+        return shownLine(entry);
     case Qt::EditRole:
         return toQt(entry);
     case kNoteRole:

@@ -5,6 +5,7 @@
 #include "desktop/pictures/pictures.h"
 #include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QBrush>
 #include <QFont>
@@ -36,7 +37,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return {};
     switch (role) {
     case Qt::DisplayRole:
-        return toQt(row->cell(static_cast<std::size_t>(index.column())));
+        return shownLine(row->cell(static_cast<std::size_t>(index.column())));
     case Qt::ToolTipRole:
         return toolTip(*row, static_cast<std::size_t>(index.column()));
     case Qt::ForegroundRole:

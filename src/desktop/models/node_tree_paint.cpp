@@ -1,7 +1,7 @@
 #include "controls/tree.h"
 #include "desktop/colors.h"
 #include "desktop/models/node_tree_view.h"
-#include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -13,15 +13,6 @@ namespace {
 
 constexpr int kBoxSize = 9;
 constexpr int kTextPadding = 3;
-constexpr int kLongestText = 4096; // of a value of a megabyte no more than this is visible
-
-QString shownText(const Node& node) {
-    // A line break would make the row two lines high.
-    QString text = toQt(std::string_view(node.text()).substr(0, kLongestText));
-    text.replace(QLatin1Char('\r'), QLatin1Char(' '));
-    text.replace(QLatin1Char('\n'), QLatin1Char(' '));
-    return text;
-}
 
 } // namespace
 
@@ -107,7 +98,7 @@ void NodeTreeView::paintText(QPainter& painter, const Node& node, const QRect& r
     QFont font = this->font();
     font.setBold(node.bold());
     painter.setFont(font);
-    const QString text = shownText(node);
+    const QString text = shownLine(node.text());
     int left = textLeft(node);
     const QIcon icon = qvariant_cast<QIcon>(index.data(Qt::DecorationRole));
     if (!icon.isNull()) {

@@ -4,6 +4,7 @@
 #include "desktop/accessibility/accessible_tree.h"
 #include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 #include "platform/tree/node_walk.h"
 
 #include <QEvent>
@@ -380,7 +381,7 @@ bool NodeTreeView::viewportEvent(QEvent* event) {
     const Node* node = nodeAt(help->pos());
     const bool cut =
         node != nullptr &&
-        textLeft(*node) + fontMetrics().horizontalAdvance(toQt(node->text())) > viewport()->width();
+        textLeft(*node) + fontMetrics().horizontalAdvance(shownLine(node->text())) > viewport()->width();
     QToolTip::showText(help->globalPos(), cut ? toolTipOf(node->text()) : toolTip(), this);
     return true;
 }

@@ -3,6 +3,7 @@
 #include "desktop/pictures/pictures.h"
 #include "desktop/plain_labels.h"
 #include "desktop/qt_text.h"
+#include "desktop/shown_text.h"
 
 #include <QCommandLinkButton>
 #include <QEvent>
@@ -152,7 +153,7 @@ QWidget* StartPanel::makeRecent(const std::string& path, int number) {
     constexpr int kWidest = 420;
     const QFileInfo file(toQt(path));
     auto* button = new RecentButton;
-    QString text = file.completeBaseName() + QStringLiteral("  –  ") + file.path();
+    QString text = shownLine(fromQt(file.completeBaseName() + QStringLiteral("  –  ") + file.path()));
     text = fontMetrics().elidedText(text, Qt::ElideMiddle, kWidest);
     button->setText(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
     button->setObjectName(QStringLiteral("startRecent%1").arg(number));
