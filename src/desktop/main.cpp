@@ -4,6 +4,7 @@
 #include "desktop/qt_text.h"
 #include "desktop/watched_generator.h"
 #include "platform/end_requests.h"
+#include "platform/exit_hook.h"
 #include "platform/file_layer.h"
 #include "platform/process_signals.h"
 #include "platform/program_folder.h"
@@ -92,6 +93,8 @@ int main(int argc, char* argv[]) {
         application.work.keepNow();
         requests.obey();
     });
+    // Qt ends the program so when the display is gone.
+    const zb::ExitHook displayLost([&application] { application.work.keepNow(); });
     SessionEnd sessionEnd([&application] { application.work.keepNow(); });
     qt.installEventFilter(&sessionEnd);
     QObject::connect(

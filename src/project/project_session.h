@@ -43,6 +43,9 @@ public:
     void refresh();
     /// The project is closed in the regular way: nothing of it is left.
     void leave();
+    /// The project is closed although its work could not be saved: what was kept stays, as if the program had
+    /// been killed.
+    void abandon() { lock_.reset(); }
     /// True between `enter` and `leave`, unless no trace could be left.
     bool isEntered() const { return lock_ != nullptr; }
 

@@ -306,8 +306,9 @@ ProjectLifecycle::Goes ProjectLifecycle::askToSave() {
         {"Do you want to save current project", {}, BoxIcon::Question, BoxButtons::YesNoCancel});
     if (answer == Answer::Cancel)
         return Goes::Nowhere;
-    if (answer == Answer::Yes)
-        saveProject();
+    app_.work.promptBegins();
+    if (answer == Answer::Yes && !saveProject())
+        app_.work.saveFailedAtPrompt();
     return Goes::On;
 }
 

@@ -108,9 +108,23 @@ void WorkKeeper::projectOpened(const OptionalFingerprint& work) {
     saved_ = work ? *work : fingerprintOf(composeWork());
     kept_.reset();
     actionsSeen_ = app_.desktop.actions();
+    const bool hasLeftWork = leaveSession();
     report(session_.enter(project_));
     note_.enter(project_);
     lookForOthers();
+    if (hasLeftWork)
+        offerOfOtherProjects();
+}
+
+void WorkKeeper::saveFailedAtPrompt() {
+    keepNow();
+    leavesWork_ = kept_.has_value();
+}
+
+bool WorkKeeper::leaveSession() {
+    const bool leavesWork = std::exchange(leavesWork_, false);
+    leavesWork ? session_.abandon() : session_.leave();
+    return leavesWork;
 }
 
 void WorkKeeper::projectSaved(std::string_view text) {
@@ -124,11 +138,13 @@ void WorkKeeper::projectSaved(std::string_view text) {
 
 void WorkKeeper::projectClosed() {
     finishWriting();
-    session_.leave();
+    const bool hasLeftWork = leaveSession();
     note_.leave();
     project_.clear();
     saved_.reset();
     kept_.reset();
+    if (hasLeftWork)
+        offerOfOtherProjects();
 }
 
 // Off the event loop but for the text itself, which is made of the stores.

@@ -61,6 +61,12 @@ public:
     /// Whether that is what the file holds.
     bool isSaved() const;
 
+    /// The prompt before another command decides about the work anew.
+    void promptBegins() { leavesWork_ = false; }
+    /// The save of that prompt has failed, and the command goes on all the same. When it closes the project,
+    /// the work stays and is offered as that of a killed program.
+    void saveFailedAtPrompt();
+
 private:
     /// What came of a keeping, and the work that is kept since; nothing when the work is saved.
     struct Kept {
@@ -69,6 +75,8 @@ private:
     };
 
     static Fingerprint fingerprintOf(std::string_view text);
+    /// Whether work was left behind.
+    bool leaveSession();
     void schedule();
     void look();
     void refresh();
@@ -93,6 +101,7 @@ private:
     OptionalFingerprint kept_;
     std::future<Kept> writing_;
     int actionsSeen_ = -1;
+    bool leavesWork_ = false; // when the project is closed
     bool faultReported_ = false;
 };
 

@@ -4,6 +4,7 @@ offers that work, and what is recovered and saved is what was there.
 
   on_display.sh recovery_at_display.py ZELTOBENCH PROJECT
 """
+import os
 import pathlib
 import re
 import shutil
@@ -88,6 +89,37 @@ class Recovery(unittest.TestCase):
         program.until(self.kept, "kept work")
         self.assertEqual(program.end(signal.SIGKILL), -signal.SIGKILL)
         self.recover()
+
+    # As when the display manager ends the session of a user who has logged out.
+    def test_a_lost_display(self):
+        with tempfile.TemporaryFile("w+") as number:
+            server = subprocess.Popen(["Xvfb", "-displayfd", str(number.fileno()), "-screen", "0", "1400x900x24",
+                                       "-nolisten", "tcp", "-noreset"], pass_fds=[number.fileno()],
+                                      stderr=subprocess.DEVNULL)
+            self.addCleanup(server.wait)
+            self.addCleanup(server.kill)
+            before = os.environ["DISPLAY"]
+            self.addCleanup(os.environ.__setitem__, "DISPLAY", before)
+            os.environ["DISPLAY"] = ":" + self.number_of(number)
+            manager = subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL)
+            self.addCleanup(manager.wait)
+            self.addCleanup(manager.kill)
+            program = self.delete_a_message()
+            server.kill()
+            self.assertEqual(program.process.wait(LONGEST), 1)
+            os.environ["DISPLAY"] = before
+        self.recover()
+
+    @staticmethod
+    def number_of(file):
+        end = time.monotonic() + LONGEST
+        while time.monotonic() < end:
+            file.seek(0)
+            text = file.read()
+            if text.endswith("\n"):
+                return text.strip()
+            time.sleep(0.1)
+        raise AssertionError("the server never has a number")
 
     def test_the_end_of_the_session(self):
         manager = subprocess.Popen([sys.executable, pathlib.Path(__file__).with_name("session_manager.py")],

@@ -211,6 +211,49 @@ TEST_F(WorkKeeperTest, ARegularEndAndAnotherProjectRemoveTheWork) {
     EXPECT_TRUE(fs::is_empty(folder / "state/sessions"));
 }
 
+// A folder in place of the file: the save fails as on a full disk, but for every user.
+TEST_F(WorkKeeperTest, WorkThatThePromptAtTheEndCouldNotSaveIsOfferedByTheNextStart) {
+    auto program = start(project());
+    addMessage(*program, "1");
+    fs::rename(project(), folder / "before.zbp");
+    fs::create_directory(project());
+    program->screen.answers = {Answer::Yes};
+    UserHands(program->application.desktop).close(program->application.frmMain);
+    EXPECT_TRUE(program->application.ended());
+    EXPECT_EQ(program->screen.boxes.size(), 2U) << "the prompt, and the fault of the save";
+    program.reset();
+    EXPECT_EQ(kept().size(), 1U);
+
+    const auto next = start({});
+    ASSERT_THAT(shown(*next), HasSubstr("Unsaved work on Etcher"));
+    press(*next, 0, "Recover");
+    EXPECT_TRUE(has(*next, "S99F1"));
+}
+
+TEST_F(WorkKeeperTest, WorkThatThePromptBeforeAnotherProjectCouldNotSaveIsOfferedAtOnce) {
+    fs::create_directories(folder / "Other");
+    fs::copy_file(project(), folder / "Other/Other.zbp");
+    const auto program = start(project());
+    addMessage(*program, "1");
+    fs::remove(project());
+    fs::create_directory(project());
+    program->screen.answers = {Answer::Yes, Answer::No};
+    // The dialog is cancelled at first: the project stays open, and its work its own.
+    UserHands hands(program->application.desktop);
+    hands.click(Target::whole(program->application.frmMain.mnuOpen));
+    EXPECT_EQ(program->application.ProjectName, "Etcher");
+    EXPECT_EQ(shown(*program), "");
+    program->screen.answers = {Answer::Yes, Answer::No};
+    program->screen.picks = {(folder / "Other/Other.zbp").string()};
+    hands.click(Target::whole(program->application.frmMain.mnuOpen));
+    EXPECT_EQ(program->application.ProjectName, "Other");
+    EXPECT_FALSE(has(*program, "S99F1"));
+    ASSERT_THAT(shown(*program), HasSubstr("Unsaved work on Etcher"));
+    press(*program, 0, "Recover");
+    EXPECT_EQ(program->application.ProjectName, "Etcher");
+    EXPECT_TRUE(has(*program, "S99F1"));
+}
+
 TEST_F(WorkKeeperTest, WorkThatIsTakenBackIsNotKept) {
     const auto program = start(project());
     addMessage(*program, "2"); // a reply, of which no other message is added
