@@ -260,17 +260,9 @@ ItemReader::Step ItemReader::openItem() {
 
 ItemReader::Step ItemReader::openUntypedItem(std::size_t offset, std::string_view word) {
     hasLastItem_ = true;
-    if (word.empty()) {
-        const char c = scanner_.peek();
-        if (scanner_.atEnd() || (c != '<' && c != '>' && c != '[' && !scanner_.atEllipsis()))
-            return fail("an item type");
-        findings_.fail(offset, "expected an item type; the item was read as a list");
-        lastItem_ = body_.add(ItemType::List, offset);
-        return readBrackets(lastItem_);
-    }
-    if (isDigit(word[0])) {
+    if (word.empty() || isDigit(word[0])) {
         scanner_.moveTo(offset);
-        return fail("an item type");
+        return openItemByContent(offset);
     }
     // "<CPVAL>" is a value of any type.
     const std::size_t index = lastItem_ = body_.add(ItemType::Any, offset);
@@ -286,6 +278,21 @@ ItemReader::Step ItemReader::openUntypedItem(std::size_t offset, std::string_vie
     }
     scanner_.advance();
     return Step::Next;
+}
+
+// Without a type and a name, what follows shows whether it is a list. Values may be of any type.
+ItemReader::Step ItemReader::openItemByContent(std::size_t offset) {
+    const char c = scanner_.atEnd() ? '\0' : scanner_.peek();
+    if (c == '<' || c == '>' || c == '[' || scanner_.atEllipsis()) {
+        findings_.fail(offset, "expected an item type; the item was read as a list");
+        lastItem_ = body_.add(ItemType::List, offset);
+        return readBrackets(lastItem_);
+    }
+    if (!isDigit(c) && c != '+' && c != '-' && !isQuote(c))
+        return fail("an item type");
+    findings_.fail(offset, "expected an item type; the item was read as one of any type");
+    lastItem_ = body_.add(ItemType::Any, offset);
+    return readValues(lastItem_);
 }
 
 ItemReader::Step ItemReader::readBrackets(std::size_t index) {

@@ -48,6 +48,7 @@ private:
     Step stepAtPoint();
     Step openItem();
     Step openUntypedItem(std::size_t offset, std::string_view word);
+    Step openItemByContent(std::size_t offset);
     Step readBrackets(std::size_t index);
     std::optional<std::size_t> passPlainCount();
     Step readBracket(std::size_t index);

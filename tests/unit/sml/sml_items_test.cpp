@@ -56,6 +56,11 @@ INSTANTIATE_TEST_SUITE_P(
         Dialect{"NoTypeButACount", "< [2] <B 300> <A 'x'>>",
                 "1 L 2\n2 B 1 255\n2 A 1 'x'\nerror 2:3 expected an item type; the item was read as a list\n"
                 "error 2:10 expected a whole number from 0 to 255, found \"300\"; it was read as 255\n"},
+        Dialect{"ValuesWithoutAType", "<L < -1 300> <3> <'a b'>>",
+                "1 L 3\n2 X 6 '-1 300'\n2 X 1 '3'\n2 X 3 'a b'\n"
+                "error 2:6 expected an item type; the item was read as one of any type\n"
+                "error 2:15 expected an item type; the item was read as one of any type\n"
+                "error 2:19 expected an item type; the item was read as one of any type\n"},
         Dialect{"OneLine", "<L[2]<U4 1><U4 2>>", "1 L 2\n2 U4 1 1\n2 U4 1 2\n"},
         Dialect{"SpacesEverywhere", "< L [ 2 ]\n< U2  1 >\n<A\t'x' > >  ", "1 L 2\n2 U2 1 1\n2 A 1 'x'\n"},
         Dialect{"CommasBetweenItems", "<L <U4 1> , <U4 2>,\n>",
@@ -204,7 +209,6 @@ INSTANTIATE_TEST_SUITE_P(
         Dialect{"TextInANumber", "<U1 'x'>",
                 "error 2:5 expected a whole number from 0 to 255, found \"'x'\"\n"},
         Dialect{"UnknownType", "<U3 1>", "error 2:2 expected an item type, found \"U3\"\n"},
-        Dialect{"NumberForAType", "<3>", "error 2:2 expected an item type, found \"3\"\n"},
         Dialect{"BracketNotClosed", "<A[3 'abc'>", "error 2:3 expected a count in brackets, found \"[3\"\n"},
         Dialect{"NoNameBehindTheSign", "<A 'x'> = ", "error 2:11 expected a name after \"=\", found \".\"\n"},
         Dialect{"WordsBehindTheBody", "<A 'x'> !", "error 2:9 expected \".\", found \"!.\"\n"}));
