@@ -106,7 +106,9 @@ Silencing Silencing::placeOf(const Finding& finding) {
 Silencings Silencings::parse(std::string_view text) {
     Silencings silencings;
     LineReader reader(text);
-    while (const auto line = reader.next()) {
+    while (auto line = reader.next()) {
+        // Returns at the end of a line would be taken for a part of its end when the file is read again.
+        line->remove_suffix(line->size() - (line->find_last_not_of('\r') + 1));
         silencings.lines_.emplace_back(*line);
         if (const auto silencing = silencingOf(*line))
             silencings.insert(*silencing);

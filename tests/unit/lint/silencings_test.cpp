@@ -55,6 +55,14 @@ TEST(Silencings, KeepLinesThatCannotBeUnderstood) {
     }
 }
 
+TEST(Silencings, ReadBackAsTheyWereWrittenWhateverEndsALine) {
+    for (const std::string_view text : {"smd.name\r", "smd.name A\r\r\r\nvalue\r\r", "\r", "\r\n\r\r\n"}) {
+        const std::string written = Silencings::parse(text).text();
+        EXPECT_EQ(Silencings::parse(written).text(), written);
+        EXPECT_EQ(written.find('\r'), std::string::npos);
+    }
+}
+
 TEST(Silencings, DifferInEveryWord) {
     auto silencings = Silencings::parse("std.item \"A\\nB\"\n");
     EXPECT_FALSE(silencings.silences(finding("std.item.length", "A", "B")));
