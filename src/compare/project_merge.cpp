@@ -24,6 +24,15 @@ Side mergeSides(const ProjectParts& base, const ProjectParts& ours, const Projec
                                                                                        : side;
 }
 
+/// The blank lines before the first message, which belong to no part.
+std::string_view linesBeforeMessages(const ProjectParts& parts) {
+    const std::string_view text = parts.project().messages.text();
+    const Blocks& messages = parts.blocks(ProjectParts::Messages);
+    if (messages.empty())
+        return {};
+    return text.substr(0, static_cast<std::size_t>(messages.front().text.data() - text.data()));
+}
+
 Project mergeParts(const ProjectParts& base, const ProjectParts& ours, const ProjectParts& theirs,
                    MergeContext& context) {
     std::array<std::string, ProjectParts::kSections> sections;
@@ -37,6 +46,11 @@ Project mergeParts(const ProjectParts& base, const ProjectParts& ours, const Pro
         base.project().messages.hasSection()
             ? ours.project().messages.hasSection() && theirs.project().messages.hasSection()
             : ours.project().messages.hasSection() || theirs.project().messages.hasSection();
+    if (!sections[ProjectParts::Messages].empty()) {
+        const std::string_view before = linesBeforeMessages(ours);
+        const bool isTheirs = !context.takes && before == linesBeforeMessages(base);
+        sections[ProjectParts::Messages].insert(0, isTheirs ? linesBeforeMessages(theirs) : before);
+    }
     if (hasSection || !sections[ProjectParts::Messages].empty())
         merged.messages = ProjectMessages(std::move(sections[ProjectParts::Messages]));
     merged.model->setProjectType(projectTypeOf(merged.side));

@@ -155,6 +155,13 @@ TEST(ProjectMerge, KeepsLinesThatNobodyTouchedAsTheyAre) {
               odd + changed(kHello, " W", "") + kData);
 }
 
+TEST(ProjectMerge, KeepsBlankLinesBeforeTheFirstMessage) {
+    EXPECT_EQ(merged(kHello, "\n\n" + kHello, kHello).messages, "\n\n" + kHello);
+    EXPECT_EQ(merged(kHello, kHello, " \n" + kHello + kData).messages, " \n" + kHello + kData);
+    EXPECT_EQ(merged("\n" + kHello, "\n" + kHello, kHello).messages, kHello);
+    EXPECT_EQ(merged("", "\n" + kHello, "").messages, "\n" + kHello);
+}
+
 TEST(ProjectMerge, MergesTheModelAndTheSequences) {
     const std::string rest =
         "###[TRANSACTION MODEL] 1\n## [TR MESSAGE] Go\n  SECSMessage Hello\n  Condition ({A} == 1)\n"
