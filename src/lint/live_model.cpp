@@ -48,6 +48,7 @@ void LiveModel::restart(const Subject& subject, const CodePage& codePage, bool s
     groupOf_.clear();
     touched_.clear();
     queue_.clear();
+    areRecordsGathered_ = false;
     sequences_.clear();
     subject_ = subject;
     codePage_ = codePage;
@@ -62,6 +63,7 @@ void LiveModel::restart(const Subject& subject, const CodePage& codePage, bool s
 
 void LiveModel::touch(std::string_view trMessage) {
     touched_.emplace_back(trMessage);
+    areRecordsGathered_ = false;
     checksSequences_ = true;
 }
 
@@ -95,22 +97,33 @@ void LiveModel::takeTouched() {
     const std::string name = std::move(touched_.front());
     touched_.pop_front();
     if (const auto before = groupOf_.find(name); before != groupOf_.end()) {
-        queueGroup(before->second);
-        --groups_[before->second].count;
+        --queueGroup(before->second->first)->second.count;
         groupOf_.erase(before);
     }
     const TRMessageRecord* record = subject_.model == nullptr ? nullptr : subject_.model->getTRMessage(name);
     if (record == nullptr)
         return;
-    const std::string group = upper(record->SECSMessage());
+    const auto group = queueGroup(upper(record->SECSMessage()));
     groupOf_.emplace(name, group);
-    queueGroup(group);
-    ++groups_[group].count;
+    ++group->second.count;
 }
 
-void LiveModel::queueGroup(const std::string& group) {
-    if (!std::exchange(groups_[group].isQueued, true))
+LiveModel::Groups::iterator LiveModel::queueGroup(const std::string& group) {
+    const auto queued = groups_.try_emplace(group).first;
+    if (!std::exchange(queued->second.isQueued, true))
         queue_.push_back(group);
+    return queued;
+}
+
+// One walk over the model for all groups: with one for each, a model takes the square of its length.
+void LiveModel::gatherRecords() {
+    if (std::exchange(areRecordsGathered_, true))
+        return;
+    for (auto& [name, group] : groups_)
+        group.records.clear();
+    for (const auto& record : subject_.model->TRMessages())
+        if (const auto known = groupOf_.find(record->Name()); known != groupOf_.end())
+            known->second->second.records.push_back(record.get());
 }
 
 void LiveModel::checkGroup(const std::string& name) {
@@ -121,12 +134,8 @@ void LiveModel::checkGroup(const std::string& name) {
         groups_.erase(name);
         return;
     }
-    std::vector<const TRMessageRecord*> records;
-    for (const auto& record : subject_.model->TRMessages()) {
-        const auto known = groupOf_.find(record->Name());
-        if (known != groupOf_.end() && known->second == name)
-            records.push_back(record.get());
-    }
+    gatherRecords();
+    const std::vector<const TRMessageRecord*>& records = group.records;
     SECSMessageStore messages;
     addDefinition(*subject_.tree, name, codePage_, messages);
     const ProjectView view{sideOf(subject_.projectType), messages, subject_.model, *subject_.sequences};

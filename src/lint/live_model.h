@@ -5,6 +5,7 @@
 #include "platform/code_page.h"
 #include "platform/finding.h"
 
+#include <cstddef>
 #include <deque>
 #include <functional>
 #include <map>
@@ -12,10 +13,12 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace zb {
 
 class NodeTree;
+class TRMessageRecord;
 class TRModelStore;
 
 /// The findings of a transaction model and its sequences, kept up to date. TR messages of one SECS message
@@ -42,6 +45,8 @@ public:
     void touchSequences();
 
     bool isDone() const { return touched_.empty() && queue_.empty() && !checksSequences_; }
+    /// How many calls of `checkNext` are left, about: a touched TR message may add one.
+    std::size_t stepsLeft() const { return touched_.size() + queue_.size() + (checksSequences_ ? 1 : 0); }
     /// Checks the TR messages of one SECS message, or the sequences. No effect when all is done.
     void checkNext();
 
@@ -58,22 +63,26 @@ private:
         bool isQueued = false;
         int count = 0;
         Findings findings;
+        std::vector<const TRMessageRecord*> records; ///< in the order of the model, once they are gathered
     };
+    using Groups = std::map<std::string, Group>;
 
     void takeTouched();
-    void queueGroup(const std::string& group);
+    Groups::iterator queueGroup(const std::string& group);
+    void gatherRecords();
     void checkGroup(const std::string& name);
     void checkAllSequences();
     void replace(Findings& findings, Findings fresh) const;
 
     Subject subject_;
     CodePage codePage_;
-    std::optional<StandardCheck> check_;                   // none without the rules of the standards check
-    std::map<std::string, Group> groups_;                  // by upper-cased SECS message
-    std::unordered_map<std::string, std::string> groupOf_; // by TR message
-    std::deque<std::string> touched_;                      // TR messages
-    std::deque<std::string> queue_;                        // groups
-    Sequences sequences_;                                  // as they were checked
+    std::optional<StandardCheck> check_; // none without the rules of the standards check
+    Groups groups_;                      // by upper-cased SECS message
+    std::unordered_map<std::string, Groups::iterator> groupOf_; // by TR message
+    std::deque<std::string> touched_;                           // TR messages
+    std::deque<std::string> queue_;                             // groups
+    bool areRecordsGathered_ = false;
+    Sequences sequences_; // as they were checked
     Findings sequenceFindings_;
     bool checksSequences_ = false;
 };

@@ -24,13 +24,13 @@ std::unique_ptr<TRItemRecord> item(int number) {
 
 } // namespace
 
-std::string modelText(std::size_t messages) {
+std::string modelText(std::size_t messages, std::size_t secsMessages) {
     constexpr int kItems = 4;
     TRModelStore model;
     for (std::size_t number = 1; number <= messages; ++number) {
         auto record = std::make_unique<TRMessageRecord>();
         record->setName("Received" + std::to_string(number));
-        record->setSECSMessage(messageName(number % 100 + 1));
+        record->setSECSMessage(messageName(number % secsMessages + 1));
         record->setCondition("{CEID} == " + std::to_string(number));
         record->setDirection(kToEquip);
         for (int each = 1; each <= kItems; ++each)

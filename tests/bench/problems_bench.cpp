@@ -23,7 +23,12 @@ using test::processorSeconds;
 struct Desk {
     explicit Desk(std::int64_t messages) {
         const auto count = static_cast<std::size_t>(messages);
-        std::ofstream(path, std::ios::binary) << projectText(count) << modelText(count / 10);
+        open(projectText(count) + modelText(count / 10));
+    }
+    explicit Desk(const std::string& project) { open(project); }
+
+    void open(const std::string& project) {
+        std::ofstream(path, std::ios::binary) << project;
         program.application.start(path.string());
         runSlices();
         checkStandard();
@@ -57,6 +62,28 @@ BENCHMARK(firstCheck)
     ->Name("ProblemsFirstCheck")
     ->Arg(1'000)
     ->Arg(10'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
+/// As many TR messages as SECS messages, one for each.
+void modelCheck(benchmark::State& state) {
+    const auto count = static_cast<std::size_t>(state.range(0));
+    Desk desk(projectText(count) + modelText(count, count));
+    ProblemWatch& watch = desk.pane.watch;
+    for (auto _ : state) {
+        watch.restart();
+        const double start = processorSeconds();
+        watch.finish();
+        state.SetIterationTime(processorSeconds() - start);
+    }
+    state.SetComplexityN(state.range(0));
+}
+BENCHMARK(modelCheck)
+    ->Name("ProblemsModelCheck")
+    ->Arg(1'000)
+    ->Arg(4'000)
+    ->Arg(16'000)
+    ->Complexity()
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
