@@ -78,6 +78,9 @@ void LiveMessages::restart(const NodeTree& tree, const CodePage& codePage, bool 
         check_.emplace(codePage_);
     phase_ = Phase::Index;
     cursor_ = tree.firstRoot();
+    rootsLeft_ = 0;
+    for (const Node* root = cursor_; root != nullptr; root = root->next())
+        rootsLeft_ += 2; // one in each phase
     lastSerial_ = 0;
 }
 
@@ -112,8 +115,11 @@ void LiveMessages::walkOn() {
         const bool isIndexed = phase_ == Phase::Index;
         phase_ = isIndexed ? Phase::Check : Phase::Done;
         cursor_ = isIndexed ? tree_->firstRoot() : nullptr;
+        if (phase_ == Phase::Done)
+            rootsLeft_ = 0;
         return;
     }
+    rootsLeft_ -= rootsLeft_ > 0 ? 1 : 0;
     const Node& node = *std::exchange(cursor_, cursor_->next());
     Root& root = take(node);
     if (phase_ == Phase::Check && !root.isChecked)

@@ -6,6 +6,7 @@
 #include "platform/finding.h"
 #include "platform/tree/node_tree.h"
 
+#include <cstddef>
 #include <deque>
 #include <functional>
 #include <list>
@@ -29,6 +30,8 @@ public:
     void restart(const NodeTree& tree, const CodePage& codePage, bool standard);
 
     bool isDone() const { return phase_ == Phase::Done && queue_.empty() && linkQueue_.empty(); }
+    /// How many calls of `checkNext` are left, about: a message may add others.
+    std::size_t stepsLeft() const { return rootsLeft_ + queue_.size() + linkQueue_.size(); }
     /// Checks one message, or does less. No effect when all is done.
     void checkNext();
 
@@ -102,6 +105,7 @@ private:
     std::deque<const Node*> linkQueue_;
     Phase phase_ = Phase::Done;
     const Node* cursor_ = nullptr;
+    std::size_t rootsLeft_ = 0; // of both phases, without what is added or removed meanwhile
     int lastSerial_ = 0;
 };
 

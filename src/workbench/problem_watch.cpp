@@ -4,6 +4,7 @@
 #include "controls/tree.h"
 #include "project/module_state.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -36,6 +37,7 @@ ProblemWatch::~ProblemWatch() {
 void ProblemWatch::restart() {
     messages_.restart(tree_.nodes(), state_.codePage, standard_);
     restartModel();
+    mostSteps_ = stepsLeft();
     hasChanged_ = true;
     slices_.schedule();
 }
@@ -97,9 +99,18 @@ bool ProblemWatch::work() {
     return true;
 }
 
+int ProblemWatch::percentDone() const {
+    if (isDone())
+        return 100;
+    const std::size_t left = std::min(stepsLeft(), mostSteps_);
+    return mostSteps_ == 0 ? 0 : std::min(99, static_cast<int>(100 * (mostSteps_ - left) / mostSteps_));
+}
+
 void ProblemWatch::report() {
-    if (std::exchange(hasChanged_, false) && onChange)
-        onChange();
+    mostSteps_ = isDone() ? 0 : std::max(mostSteps_, stepsLeft());
+    const auto& report = std::exchange(hasChanged_, false) ? onChange : onProgress;
+    if (report)
+        report();
 }
 
 void ProblemWatch::note(const Findings& gone, const Findings& come) {

@@ -7,6 +7,7 @@
 #include "platform/tree/node_tree.h"
 #include "workbench/idle_slices.h"
 
+#include <cstddef>
 #include <functional>
 
 namespace zb {
@@ -50,6 +51,8 @@ public:
     /// Does all that is left to do. For users who wait until it is done.
     void finish();
     bool isDone() const { return messages_.isDone() && model_.isDone(); }
+    /// How much of the work is done, in percent, from 0 to 99; 100 when all is.
+    int percentDone() const;
 
     /// Whether the rules of the standards check are checked, too.
     bool checksStandard() const { return standard_; }
@@ -70,6 +73,8 @@ public:
 
     /// After a slice in which findings have come or gone, or the check has come to its end.
     std::function<void()> onChange;
+    /// After any other slice.
+    std::function<void()> onProgress;
 
 private:
     void afterInsert(Node& node) override;
@@ -78,6 +83,7 @@ private:
     void afterFill() override;
 
     void restartModel();
+    std::size_t stepsLeft() const { return messages_.stepsLeft() + model_.stepsLeft(); }
     bool work();
     void report();
     void note(const Findings& gone, const Findings& come);
@@ -96,6 +102,7 @@ private:
     int projectType_ = 0;
     bool standard_ = false;
     bool hasChanged_ = false;
+    std::size_t mostSteps_ = 0; // that were left at once since all was done
     IdleSlices slices_;
 };
 

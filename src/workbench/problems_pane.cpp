@@ -79,6 +79,7 @@ ProblemsPane::ProblemsPane(frmWorkbench& workbench)
     txtProblemFilter.setToolTip("Lists only rows with this text");
     txtProblemFilter.onChange = [this] { showRows(); };
     watch.onChange = [this] { show(); };
+    watch.onProgress = [this] { showProgress(); };
     LibraryNotice& library = workbench.services().editor.libraryPane.notice();
     library.onFindings = [this](const Findings& findings) { watch.setImport(findings); };
     library.onShow = [this] { showImport(); };
@@ -159,12 +160,17 @@ void ProblemsPane::showCounts() {
 void ProblemsPane::showRows() {
     rowsAreOld_ = false;
     rows_.show(watch, filter());
-    const std::size_t matching = rows_.matching();
-    if (matching > ProblemRows::kMostRows)
-        lblProblemCount.setText("The first " + std::to_string(ProblemRows::kMostRows) + " of " +
-                                std::to_string(matching) + " are listed");
-    else
-        lblProblemCount.setText(watch.isDone() ? "" : "Checking...");
+    showProgress();
+}
+
+void ProblemsPane::showProgress() {
+    std::vector<std::string> parts;
+    if (const std::size_t matching = rows_.matching(); matching > ProblemRows::kMostRows)
+        parts.push_back("The first " + std::to_string(ProblemRows::kMostRows) + " of " +
+                        std::to_string(matching) + " are listed");
+    if (!watch.isDone())
+        parts.push_back("Checking... " + std::to_string(watch.percentDone()) + " %");
+    lblProblemCount.setText(join(parts, ". "));
 }
 
 ProblemFilter ProblemsPane::filter() const {

@@ -49,6 +49,7 @@ private:
     void show();
     void showCounts();
     void showRows();
+    void showProgress();
     void sortBy(std::size_t column);
     void openCommands(ListRow* row);
     void goTo(const ListRow* row);

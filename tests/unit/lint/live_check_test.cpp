@@ -134,6 +134,20 @@ TEST_F(LiveMessagesTest, CheckOnlyWhatAChangeConcerns) {
     EXPECT_LE(finish(), 6); // the message itself, and those of its old and new function
 }
 
+TEST_F(LiveMessagesTest, TheStepsThatAreLeftComeDownToNone) {
+    readSmdSection(tree, kMessages);
+    live.restart(tree, CodePage(1252), false);
+    const std::size_t atFirst = live.stepsLeft();
+    const int pieces = finish();
+    EXPECT_LE(atFirst, static_cast<std::size_t>(pieces));
+    EXPECT_GE(atFirst + 4, static_cast<std::size_t>(pieces));
+    EXPECT_EQ(live.stepsLeft(), 0U);
+    tree.find("One")->child()->setText("L 9");
+    EXPECT_EQ(live.stepsLeft(), 1U);
+    finish();
+    EXPECT_EQ(live.stepsLeft(), 0U);
+}
+
 TEST_F(LiveMessagesTest, SeveralPiecesMakeTheFirstCheck) {
     readSmdSection(tree, kMessages);
     live.restart(tree, CodePage(1252), true);
@@ -291,6 +305,23 @@ TEST_F(LiveModelTest, FindsTheSameAsACheckOfTheWholeProject) {
     model.deleteTRMessage("Any");
     expectSame("empty");
     EXPECT_EQ(count, 0);
+}
+
+// Their order decides which of them the driver chooses.
+TEST_F(LiveModelTest, ATRMessageThatMovesIsCheckedInItsNewPlace) {
+    open(
+        "###[TRANSACTION MODEL] 1\n"
+        "## [TR MESSAGE] First\n  SECSMessage Start\n  Condition ({RCMD} == 'START')\n  Direction 2\nEndTRMessage\n"
+        "## [TR MESSAGE] Any\n  SECSMessage Start\n  Direction 2\nEndTRMessage\n");
+    expectSame("at first");
+    const std::ptrdiff_t atFirst = count;
+    TRModelStore& model = *project.model;
+    model.insertAt(1, model.takeAt(0));
+    expectSame("the default comes first");
+    EXPECT_GT(count, atFirst);
+    model.insertAt(1, model.takeAt(0));
+    expectSame("moved back");
+    EXPECT_EQ(count, atFirst);
 }
 
 TEST_F(LiveModelTest, SequencesAreCheckedWhenTheyDiffer) {

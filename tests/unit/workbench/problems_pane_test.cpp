@@ -130,6 +130,25 @@ TEST_F(ProblemsPaneTest, OfMoreProblemsThanAreListedTheFirstOnesAreShownWhatever
     EXPECT_EQ(rows().size(), 111U);
 }
 
+TEST_F(ProblemsPaneTest, ACheckThatTakesMoreThanASliceShowsHowFarItIs) {
+    std::string messages;
+    for (int number = 0; number < 20'000; ++number)
+        messages += "* d\r\nM" + std::to_string(number) + ": S6 F11 W H<-E\r\n    U4 1 A 0.\r\n";
+    open(messages);
+    EXPECT_EQ(pane.watch.percentDone(), 100);
+    pane.watch.restart();
+    EXPECT_EQ(pane.watch.percentDone(), 0);
+    runSlice();
+    EXPECT_THAT(pane.lblProblemCount.text(), testing::MatchesRegex("Checking... [0-9]+ %"));
+    const int first = pane.watch.percentDone();
+    EXPECT_LT(first, 100);
+    for (int slice = 0; slice < 5; ++slice)
+        runSlice();
+    EXPECT_GE(pane.watch.percentDone(), first);
+    pane.finish();
+    EXPECT_EQ(pane.lblProblemCount.text(), "");
+}
+
 TEST_F(ProblemsPaneTest, TogglesAndTheFilterChooseRows) {
     open(kMessages);
     hands.click(Target::whole(pane.chkCheckStandard));
