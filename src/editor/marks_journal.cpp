@@ -7,7 +7,7 @@
 namespace zb {
 
 std::size_t MarksPart::bytes() const {
-    return sizeof *this + (before_.capacity() + after_.capacity()) * sizeof(Node*);
+    return sizeof *this + (before_.capacity() + after_.capacity()) * sizeof(void*);
 }
 
 void MarksPart::append(std::unique_ptr<StepPart> later) {
