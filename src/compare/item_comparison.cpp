@@ -109,7 +109,7 @@ private:
             return add(ChangeKind::Changed, left, right, "row", form_.shownItem(before),
                        form_.shownItem(after));
         const bool bothFollow = countFollowsItems(left_, left) && countFollowsItems(right_, right);
-        bool told = false;
+        bool reported = false;
         for (const ItemField& field : fieldsOf(left_.at(left).text, right_.at(right).text)) {
             const bool isCount = std::string_view(field.key) == "count";
             if (field.before == field.after || (isCount && bothFollow))
@@ -117,9 +117,9 @@ private:
             const bool isName = std::string_view(field.key) == "name";
             add(isName ? ChangeKind::Renamed : ChangeKind::Changed, left, right, field.key, field.before,
                 field.after);
-            told = true;
+            reported = true;
         }
-        if (!told)
+        if (!reported)
             add(ChangeKind::Changed, left, right, "text", left_.at(left).text, right_.at(right).text);
     }
 

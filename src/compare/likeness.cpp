@@ -14,7 +14,7 @@ namespace {
 
 /// In a group of so few pairs, each is compared.
 constexpr std::size_t kFewPairs = 20'000;
-/// A line that more parts than this have tells nothing about one of them.
+/// A line that more parts than this contain does not help to pair them.
 constexpr std::size_t kCommonLine = 32;
 
 constexpr double kLeast = 0.5;

@@ -141,8 +141,8 @@ int AddVerb::run(ConsoleStreams streams) {
     }
     for (const SECSMessageRecord* record : taking.taken())
         streams.out << printable(record->getName()) << '\n';
-    const bool told = !reportColons(taking.taken(), project_, streams.err) || taking.reportedDuplicates();
-    return told ? kExitFault : libraryStatus;
+    const bool reported = !reportColons(taking.taken(), project_, streams.err) || taking.reportedDuplicates();
+    return reported ? kExitFault : libraryStatus;
 }
 
 int AddVerb::write(ProjectFileWriter& writer, const std::string& before, const std::string& after,

@@ -31,7 +31,7 @@ private:
 std::string GenerateVerb::example() const {
     return R"(zbc generate Etcher.zbp --lang cpp
   Writes the folder ZeltoPlugIn/cpp next to the project, in place of the one that was there, and prints
-  its path and what is in it. Files with names *.user.* are kept. README.md in the folder tells how to
+  its path and what is in it. Files with names *.user.* are kept. README.md in the folder says how to
   build and use the plug-in.)";
 }
 

@@ -66,7 +66,7 @@ private:
 std::string MergeVerb::example() const {
     return R"(zbc merge base.zbp mine.zbp yours.zbp -o Etcher.zbp
   Writes a project with the changes of both sides. Where both changed the same thing differently,
-  it has the value of OURS, a line on standard error tells the place and both values, and the file
+  it has the value of OURS, a line on standard error reports the place and both values, and the file
   Etcher.zbp.conflicts has them as JSON; the exit status is then 1. With --ours or --theirs the
   values of that side are taken, and there are no conflicts.)";
 }

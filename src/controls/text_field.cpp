@@ -76,9 +76,9 @@ void TextField::enterKey(KeyEvent key) {
     if (key.code == kKeyBackspace || key.code == kKeyDelete) {
         if (anchor_ == caret_) {
             if (key.code == kKeyBackspace)
-                anchor_ = before(caret_);
+                anchor_ = positionBefore(caret_);
             else
-                caret_ = behind(caret_);
+                caret_ = positionAfter(caret_);
         }
         replaceSelection({}, TextHistory::Step::Whole);
     } else if (key.code == kKeyEnter && lines_ == Lines::Many) {
@@ -149,10 +149,10 @@ void TextField::moveCaret(KeyEvent key) {
     std::size_t target = caret_;
     switch (key.code) {
     case kKeyLeft:
-        target = before(caret_);
+        target = positionBefore(caret_);
         break;
     case kKeyRight:
-        target = behind(caret_);
+        target = positionAfter(caret_);
         break;
     case kKeyHome:
         target = 0;
@@ -167,11 +167,11 @@ void TextField::moveCaret(KeyEvent key) {
     select(extend ? anchor_ : target, target);
 }
 
-std::size_t TextField::before(std::size_t position) const {
+std::size_t TextField::positionBefore(std::size_t position) const {
     return position == 0 ? 0 : characterStart(text_, position - 1);
 }
 
-std::size_t TextField::behind(std::size_t position) const {
+std::size_t TextField::positionAfter(std::size_t position) const {
     if (position >= text_.size())
         return text_.size();
     ++position;

@@ -76,8 +76,8 @@ private:
     TextState state() const { return {text_, anchor_, caret_}; }
     std::string_view fitting(std::string_view text) const;
     void moveCaret(KeyEvent key);
-    std::size_t before(std::size_t position) const;
-    std::size_t behind(std::size_t position) const;
+    std::size_t positionBefore(std::size_t position) const;
+    std::size_t positionAfter(std::size_t position) const;
     void changed();
 
     Lines lines_;

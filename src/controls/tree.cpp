@@ -61,7 +61,7 @@ void Tree::replaceNodes(std::unique_ptr<NodeTree> fresh) {
     // The old nodes are destroyed only after all views have released them.
     fire(onReplaced);
     marks_.follow(*nodes_);
-    nodes_->setListener(told());
+    nodes_->setListener(allListeners());
     for (NodeTreeListener* watcher : watchers_)
         watcher->afterFill();
     if (NodeTreeRecorder* recorder = fresh->recorder(); recorder != nullptr)
@@ -76,20 +76,20 @@ void Tree::setFilter(std::function<bool(const Node&)> shows) {
 
 void Tree::setListener(NodeTreeListener* listener) {
     listener_ = listener;
-    nodes_->setListener(told());
+    nodes_->setListener(allListeners());
 }
 
 void Tree::addWatcher(NodeTreeListener& watcher) {
     watchers_.push_back(&watcher);
-    nodes_->setListener(told());
+    nodes_->setListener(allListeners());
 }
 
 void Tree::removeWatcher(const NodeTreeListener& watcher) {
     std::erase(watchers_, &watcher);
-    nodes_->setListener(told());
+    nodes_->setListener(allListeners());
 }
 
-NodeTreeListener* Tree::told() {
+NodeTreeListener* Tree::allListeners() {
     listeners_.all = watchers_;
     if (listener_ != nullptr)
         listeners_.all.insert(listeners_.all.begin(), listener_);

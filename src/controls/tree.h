@@ -87,7 +87,7 @@ private:
 
         std::vector<NodeTreeListener*> all; // the screen's is the first
     };
-    NodeTreeListener* told();
+    NodeTreeListener* allListeners();
 
     std::unique_ptr<NodeTree> nodes_;
     OptionalColor backColor_;

@@ -60,8 +60,8 @@ std::array<std::string, 4> fieldsOf(const std::string& row) {
 /// The entry of a drag from the second column of a row: "   1,  13" is "S1 F13".
 std::string entryOf(const std::string& streamFunction) {
     const std::string_view stream = before(streamFunction, ",");
-    const std::size_t behind = std::min(stream.size() + 1, streamFunction.size());
-    return "S" + trim(stream) + " F" + trim(std::string_view(streamFunction).substr(behind));
+    const std::size_t functionStart = std::min(stream.size() + 1, streamFunction.size());
+    return "S" + trim(stream) + " F" + trim(std::string_view(streamFunction).substr(functionStart));
 }
 
 /// The cells of a row, and its Key.

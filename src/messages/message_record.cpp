@@ -241,7 +241,7 @@ std::string SECSMessageRecord::takeHead() {
     const std::size_t colon = nodeText.find(": ");
     name_ = partOf(trimmed(nodeText.substr(0, colon)));
     if (colon == std::string_view::npos)
-        return "The head has no \": \" behind the message name";
+        return "The head has no \": \" after the message name";
     const std::string_view written = trimmed(nodeText.substr(colon + 2));
     std::string tail(written);
     std::replace(tail.begin(), tail.end(), '\t', ' ');

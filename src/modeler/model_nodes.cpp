@@ -124,10 +124,10 @@ void removeChildNodes(Tree& tree, const Node& node) {
     const int position = node.index();
     if (const Node* sibling = node.next(); sibling != nullptr) {
         for (int count = sibling->index() - position - 1; count > 0; --count) {
-            Node* behind = nodes.at(position + 1);
-            if (behind == nullptr)
+            Node* child = nodes.at(position + 1);
+            if (child == nullptr)
                 return;
-            nodes.remove(*behind);
+            nodes.remove(*child);
         }
         return;
     }

@@ -124,13 +124,13 @@ ProcessOutcome ZeltoGenerator::run(std::vector<std::string>& arguments) const {
 }
 
 ProcessOutcome ZeltoGenerator::runWatched(const std::vector<std::string>& arguments) const {
-    std::size_t told = 0;
+    std::size_t shownEnd = 0;
     const auto watch = [&](std::string_view output) {
         const std::size_t end = output.rfind('\n') + 1; // 0 without a line
         std::string lines;
-        if (end > told) {
-            lines = shown(output.substr(told, end - told));
-            told = end;
+        if (end > shownEnd) {
+            lines = shown(output.substr(shownEnd, end - shownEnd));
+            shownEnd = end;
         }
         return watch_(lines);
     };

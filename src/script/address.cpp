@@ -27,7 +27,7 @@ std::optional<int> wholeNumber(std::string_view text) {
     return number;
 }
 
-/// The number behind "#"; nothing for a Key.
+/// The number after "#"; nothing for a Key.
 std::optional<int> positionOf(std::string_view member) {
     return member.starts_with('#') ? wholeNumber(member.substr(1)) : std::nullopt;
 }

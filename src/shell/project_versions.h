@@ -37,7 +37,7 @@ public:
     /// Whether another program has changed the project file at this path since it was opened or saved. Asked
     /// before a save, which replaces the change.
     bool isChangedOnDisk(const std::string& path) const;
-    /// The project was saved; `replaced` tells that a change of another program was replaced.
+    /// The project was saved; `replaced` says that a change of another program was replaced.
     void saved(const std::string& path, std::string_view text, bool replaced);
     /// A step of all documents was undone: what was said of it is true no more.
     void stepUndone(const std::string& step);

@@ -1,4 +1,4 @@
-# Sourced by the tests of this folder: what differs is told, and the test goes on to tell the rest.
+# Sourced by the tests of this folder: a difference is reported, and the test goes on to find the others.
 export LC_ALL=C
 status=0
 

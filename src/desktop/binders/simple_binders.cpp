@@ -120,13 +120,13 @@ bool PaneBinder::eventFilter(QObject* watched, QEvent* event) {
 bool PaneBinder::mousePressed(const QMouseEvent& event) {
     pressedAt_ = event.position().toPoint();
     const auto& pane = static_cast<Pane&>(control());
-    const bool told = pane.onPress || pane.onClick || control().onDragData;
+    const bool takesPress = pane.onPress || pane.onClick || control().onDragData;
     const QPointer<Binder> alive(this);
     const bool pressed =
-        told && hands().mouseDown(Target::whole(control()), UserHands::MouseButton::Left).empty();
+        takesPress && hands().mouseDown(Target::whole(control()), UserHands::MouseButton::Left).empty();
     if (alive)
         pressed_ = pressed && event.button() == Qt::LeftButton;
-    return told;
+    return takesPress;
 }
 
 bool PaneBinder::mouseReleased() {

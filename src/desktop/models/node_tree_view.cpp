@@ -156,8 +156,8 @@ std::optional<int> NodeTreeView::rowOfNode(const Node& node) const {
 Node* NodeTreeView::nodeOfRow(int row) const {
     if (row < 0 || row >= rowCount())
         return nullptr;
-    const auto behind = std::upper_bound(starts_.begin(), starts_.end(), row);
-    const auto place = static_cast<std::size_t>(behind - starts_.begin()) - 1;
+    const auto nextRoot = std::upper_bound(starts_.begin(), starts_.end(), row);
+    const auto place = static_cast<std::size_t>(nextRoot - starts_.begin()) - 1;
     Node* node = nodes_->roots()[place];
     const Node& root = *node;
     for (int at = starts_[place]; at < row && node != nullptr; ++at)

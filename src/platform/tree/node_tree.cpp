@@ -54,7 +54,7 @@ void Node::setExpanded(bool expanded) {
         return;
     changes(NodePart::Expanded);
     expanded_ = expanded;
-    if (NodeTreeListener* listener = tree_->told(); listener != nullptr)
+    if (NodeTreeListener* listener = tree_->activeListener(); listener != nullptr)
         listener->nodeExpanded(*this);
 }
 
@@ -105,7 +105,7 @@ void Node::changes(NodePart part) {
 }
 
 void Node::changed() {
-    if (NodeTreeListener* listener = tree_->told(); listener != nullptr)
+    if (NodeTreeListener* listener = tree_->activeListener(); listener != nullptr)
         listener->nodeChanged(*this);
 }
 
@@ -127,7 +127,7 @@ Node* NodeTree::find(std::string_view key) const {
 
 Node& NodeTree::add(Node* relative, Relation relation, std::string text) {
     const Place place = placeOf(relative, relation);
-    if (NodeTreeListener* listener = told(); listener != nullptr)
+    if (NodeTreeListener* listener = activeListener(); listener != nullptr)
         listener->beforeInsert(place.parent, place.previous);
     // make_unique cannot call the constructor, which is private to trees.
     nodes_.push_back(std::unique_ptr<Node>(new Node(*this)));
@@ -139,7 +139,7 @@ Node& NodeTree::add(Node* relative, Relation relation, std::string text) {
     link(node, node, place);
     if (recorder_ != nullptr)
         recorder_->afterAdd(node);
-    if (NodeTreeListener* listener = told(); listener != nullptr)
+    if (NodeTreeListener* listener = activeListener(); listener != nullptr)
         listener->afterInsert(node);
     return node;
 }
@@ -175,7 +175,7 @@ void NodeTree::clear() {
 }
 
 NodeBranch NodeTree::detach(Node& node) {
-    if (NodeTreeListener* listener = told(); listener != nullptr)
+    if (NodeTreeListener* listener = activeListener(); listener != nullptr)
         listener->beforeRemove(node);
     const Node* selectedBefore = selected_;
     NodeBranch branch;
@@ -185,7 +185,7 @@ NodeBranch NodeTree::detach(Node& node) {
     branch.nodes_.reserve(countNodes(node));
     unlink(node);
     closeUp(markLeaving(node), branch.nodes_);
-    if (NodeTreeListener* listener = told(); listener != nullptr) {
+    if (NodeTreeListener* listener = activeListener(); listener != nullptr) {
         listener->afterRemove();
         if (selected_ != selectedBefore)
             listener->selectionChanged();
@@ -211,7 +211,7 @@ void NodeTree::attach(NodeBranch branch) {
     std::optional<Filling> filling;
     if (branch.first_ != branch.last_)
         filling.emplace(*this);
-    if (NodeTreeListener* listener = told(); listener != nullptr)
+    if (NodeTreeListener* listener = activeListener(); listener != nullptr)
         listener->beforeInsert(branch.parent_, branch.previous_);
     for (const auto& node : branch.nodes_) {
         node->leaving_ = false;
@@ -220,19 +220,19 @@ void NodeTree::attach(NodeBranch branch) {
     }
     openUp(branch.nodes_);
     link(*branch.first_, *branch.last_, {branch.parent_, branch.previous_});
-    if (NodeTreeListener* listener = told(); listener != nullptr)
+    if (NodeTreeListener* listener = activeListener(); listener != nullptr)
         listener->afterInsert(*branch.first_);
 }
 
 NodeTree::Filling::Filling(NodeTree& tree) : tree_(tree), selectedBefore_(tree.selected_) {
-    if (NodeTreeListener* listener = tree_.told(); listener != nullptr)
+    if (NodeTreeListener* listener = tree_.activeListener(); listener != nullptr)
         listener->beforeFill();
     ++tree_.fillings_;
 }
 
 NodeTree::Filling::~Filling() {
     --tree_.fillings_;
-    NodeTreeListener* listener = tree_.told();
+    NodeTreeListener* listener = tree_.activeListener();
     if (listener == nullptr)
         return;
     listener->afterFill();
@@ -244,7 +244,7 @@ void NodeTree::select(Node* node) {
     if (selected_ == node)
         return;
     selected_ = node;
-    if (NodeTreeListener* listener = told(); listener != nullptr)
+    if (NodeTreeListener* listener = activeListener(); listener != nullptr)
         listener->selectionChanged();
 }
 
@@ -261,7 +261,7 @@ void NodeTree::setOrdinaryForeColor(OptionalColor color) {
     if (recorder_ != nullptr && ordinaryForeColor_ != color)
         recorder_->beforeRecolor(ordinaryForeColor_);
     ordinaryForeColor_ = color;
-    if (NodeTreeListener* listener = told(); listener != nullptr)
+    if (NodeTreeListener* listener = activeListener(); listener != nullptr)
         listener->allChanged();
 }
 

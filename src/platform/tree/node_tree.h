@@ -160,7 +160,7 @@ private:
     OptionalColor ordinaryForeColor_;
     bool ownForeColors_ = false;
     /// Null while the tree is being filled.
-    NodeTreeListener* told() const { return fillings_ == 0 ? listener_ : nullptr; }
+    NodeTreeListener* activeListener() const { return fillings_ == 0 ? listener_ : nullptr; }
 
     NodeTreeListener* listener_ = nullptr;
     NodeTreeRecorder* recorder_ = nullptr;

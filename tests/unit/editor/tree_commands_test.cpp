@@ -131,7 +131,7 @@ struct PasteRow {
     std::string clipboard; ///< "message", "item", "list" or "nothing"
     std::string place;     ///< Text of the selected node; "none" selects nothing
     PastePosition position;
-    std::string outcome; ///< "refused", "silent", or a Text that stands in the tree afterwards
+    std::string outcome; ///< "refused", "silent", or a Text that the tree has afterwards
 };
 
 std::ostream& operator<<(std::ostream& out, const PasteRow& row) {
