@@ -91,9 +91,11 @@ Language::Language(std::string_view folder) : folder_(folder) {
 }
 
 void Language::appendEscaped(std::string& literal, unsigned char code) const {
+    // Two question marks begin a trigraph, which older compilers replace, and newer ones warn of.
+    const bool beginsTrigraph = code == '?' && literal.ends_with('?');
     if (code == '"' || code == '\\')
         literal.append(1, '\\').append(1, static_cast<char>(code));
-    else if (code >= 0x20 && code < 0x7F)
+    else if (code >= 0x20 && code < 0x7F && !beginsTrigraph)
         literal += static_cast<char>(code);
     else if (octalEscapes_)
         literal.append({'\\', static_cast<char>('0' + (code >> 6U)),

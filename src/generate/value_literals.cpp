@@ -194,6 +194,9 @@ std::string commentText(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
         const DecodedCharacter character = decodeCharacter(text, at);
         at += character.length;
+        // Two question marks begin a trigraph: "??/" at the end of a line would continue the comment.
+        if (character.codePoint == U'?' && comment.ends_with('?'))
+            comment += ' ';
         if (isHiddenCharacter(character.codePoint))
             comment += ' ';
         else

@@ -85,5 +85,11 @@ TEST(JavaLiterals, OfLongNamesHaveParts) {
               "\"" + part + "\".concat(\"" + part + "\").concat(\"\\u00e9\")");
 }
 
+TEST_F(CppLiterals, BeginNoTrigraphs) {
+    EXPECT_EQ(literals_.shownText("what?\?/"), "\"what?\\077/\"");
+    EXPECT_EQ(literals_.shownText("???"), "\"?\\077?\"");
+    EXPECT_EQ(literals_.comment("what?\?/"), "what? ?/");
+}
+
 } // namespace
 } // namespace zb::generate
