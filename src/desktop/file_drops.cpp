@@ -9,6 +9,7 @@
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
+#include <QSysInfo>
 #include <QTimer>
 #include <QUrl>
 #include <QWidget>
@@ -42,6 +43,13 @@ constexpr std::array<Kind, 9> kKinds{{{"zbp", "frmMain", "mnuOpen"},
 /// A log in SML may have the ending of a library, which it is anywhere else.
 constexpr Kind kSmlLog{"sml", kRehearsal, kRecording};
 
+/// Empty for what is not on this machine. Some file managers name the machine in its own paths.
+QString pathOf(const QUrl& url) {
+    const bool isHere =
+        url.host().isEmpty() || url.host().compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
+    return url.isLocalFile() && isHere ? url.path(QUrl::FullyDecoded) : QString();
+}
+
 const Kind* kindOfFile(const QString& path, bool fallsOnRehearsal = false) {
     const QString suffix = QFileInfo(path).suffix().toLower();
     if (fallsOnRehearsal && suffix == QLatin1String(kSmlLog.suffix))
@@ -66,8 +74,9 @@ bool isOnRehearsal(const QWidget& main, const QPoint& place) {
 
 std::string droppedFile(const QMimeData& data) {
     for (const QUrl& url : data.urls()) {
-        if (url.isLocalFile() && kindOfFile(url.toLocalFile()) != nullptr)
-            return fromQt(url.toLocalFile());
+        const QString path = pathOf(url);
+        if (kindOfFile(path) != nullptr && QFileInfo(path).isFile())
+            return fromQt(path);
     }
     return {};
 }

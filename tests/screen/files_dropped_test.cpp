@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMimeData>
+#include <QSysInfo>
 #include <QTreeView>
 #include <QUrl>
 
@@ -36,9 +37,15 @@ struct FilesDropped : ::testing::Test {
     }
 
     void drop(QWidget& target, const char* name) { dropAt(target, QPoint(4, 4), name); }
+    QUrl urlOf(const char* name) const {
+        return QUrl::fromLocalFile(QString::fromStdString((folder.path() / name).string()));
+    }
     void dropAt(QWidget& target, const QPoint& place, const char* name) {
+        dropAll(target, place, {urlOf(name)});
+    }
+    void dropAll(QWidget& target, const QPoint& place, const QList<QUrl>& urls) {
         QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(QString::fromStdString((folder.path() / name).string()))});
+        data.setUrls(urls);
         QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&target, &enter);
         QDropEvent fall(place, Qt::CopyAction, &data, Qt::LeftButton, {});
@@ -56,6 +63,24 @@ TEST_F(FilesDropped, AProjectOpensWhereverItFalls) {
     drop(*program.screen.mainWindow(), "P/P.zbp");
     EXPECT_EQ(program.application.ProjectName, "P");
     EXPECT_NE(program.application.frmSECSEditor.liveTree().find("A"), nullptr);
+}
+
+// A project that is not there opened as an empty one, in place of the open project, and its folders were
+// made.
+TEST_F(FilesDropped, WhatIsNoFileHereOpensNothing) {
+    std::filesystem::create_directories(folder.path() / "Folder.zbp");
+    QUrl elsewhere = urlOf("P/P.zbp");
+    elsewhere.setHost(QStringLiteral("elsewhere.example"));
+    QWidget& window = *program.screen.mainWindow();
+    program.settle();
+    dropAll(window, QPoint(4, 4), {elsewhere, urlOf("Gone/Gone.zbp"), urlOf("Folder.zbp"), QUrl()});
+    EXPECT_EQ(program.application.ProjectName, "");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "Gone"));
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path() / "Folder.zbp"));
+    QUrl here = urlOf("P/P.zbp");
+    here.setHost(QSysInfo::machineHostName());
+    dropAll(window, QPoint(4, 4), {elsewhere, here});
+    EXPECT_EQ(program.application.ProjectName, "P");
 }
 
 TEST_F(FilesDropped, DefinitionsOnTheTreeOpenAsTheLibrary) {

@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -192,6 +193,17 @@ TEST_F(Windows, InALowWindowAFieldOfTheEditorComesIntoViewWithTheKeyboard) {
     stream.setFocus();
     program.settle();
     EXPECT_TRUE(isInView(stream));
+}
+
+// Cut off at the right, a long notice looked like the whole of a short one.
+TEST_F(Windows, ANoticeThatDoesNotFitShowsItsEnd) {
+    auto& label = program.widget<QLabel>(program.application.frmWorkbench, "lblNotice");
+    const auto pictureOf = [&](const std::string& end) {
+        program.application.desktop.post({"The beginning of it" + std::string(600, 'n') + end});
+        program.settle();
+        return label.grab().toImage();
+    };
+    EXPECT_NE(pictureOf(" is lost"), pictureOf(" is kept"));
 }
 
 TEST_F(Windows, TheListAboveTheTreeOpensTwentyRowsAtMost) {

@@ -7,7 +7,7 @@ namespace zb {
 
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    const QRect place = contentsRect();
+    const QRect place = contentsRect().marginsRemoved(QMargins(margin(), margin(), margin(), margin()));
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, place.width());
     style()->drawItemText(&painter, place, static_cast<int>(alignment()), palette(), isEnabled(), shown,
                           foregroundRole());
