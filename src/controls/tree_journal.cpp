@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <optional>
 #include <unordered_set>
 #include <utility>
 
@@ -132,16 +131,12 @@ void TreePart::dropUnchanged() {
 
 void TreePart::undo() {
     // Views are notified once of many changes.
-    std::optional<NodeTree::Filling> filling;
-    if (edits_.size() > 64)
-        filling.emplace(tree_.nodes());
+    const NodeTree::ManyChanges many(tree_.nodes(), edits_.size());
     std::for_each(edits_.rbegin(), edits_.rend(), [this](TreeEdit& edit) { swap(edit); });
 }
 
 void TreePart::redo() {
-    std::optional<NodeTree::Filling> filling;
-    if (edits_.size() > 64)
-        filling.emplace(tree_.nodes());
+    const NodeTree::ManyChanges many(tree_.nodes(), edits_.size());
     for (TreeEdit& edit : edits_)
         swap(edit);
 }

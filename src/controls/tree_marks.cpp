@@ -1,6 +1,7 @@
 #include "controls/tree_marks.h"
 
 #include "controls/control.h"
+#include "platform/tree/node_walk.h"
 
 #include <utility>
 
@@ -15,12 +16,12 @@ void TreeMarks::set(const std::vector<Node*>& nodes) {
 }
 
 void TreeMarks::beforeRemove(Node& node) {
-    const auto isLeaving = [&](const Node* marked) {
-        while (marked != nullptr && marked != &node)
-            marked = marked->parent();
-        return marked != nullptr;
-    };
-    if (std::erase_if(marked_, isLeaving) > 0)
+    if (marked_.empty())
+        return;
+    std::size_t gone = 0;
+    for (const Node* leaving = &node; leaving != nullptr; leaving = nextBelow(*leaving, node))
+        gone += marked_.erase(leaving);
+    if (gone > 0)
         fire(onChange);
 }
 

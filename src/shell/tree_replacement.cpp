@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -20,12 +19,8 @@ namespace {
 using Nodes = std::vector<Node*>;
 using ConstNodes = std::vector<const Node*>;
 
-/// Each removal moves all later flat positions; from so many on it is faster to begin with an empty tree.
-constexpr std::size_t kManyRemovals = 2000;
 /// Below so many levels nodes are not compared one by one: trees may have any depth.
 constexpr int kComparedLevels = 8;
-/// From so many changes on, views are better laid out once.
-constexpr std::size_t kManyChanges = 64;
 
 template<typename List>
 List slice(const List& list, std::size_t from, std::size_t to) {
@@ -76,12 +71,8 @@ public:
         compare({}, tree.firstRoot(), wanted.firstRoot());
     }
 
-    bool isLarge() const { return removed_.size() > kManyRemovals; }
-
     void carryOut() {
-        std::optional<NodeTree::Filling> filling;
-        if (removed_.size() + texts_.size() + added_ > kManyChanges)
-            filling.emplace(tree_);
+        const NodeTree::ManyChanges many(tree_, removed_.size() + texts_.size() + added_);
         for (Node* node : removed_)
             tree_.remove(*node);
         for (const auto& [node, wanted] : texts_) {
@@ -242,14 +233,7 @@ private:
 } // namespace
 
 void replaceNodes(NodeTree& tree, const NodeTree& wanted) {
-    Plan plan(tree, wanted);
-    if (plan.isLarge()) {
-        const NodeTree::Filling filling(tree);
-        tree.clear();
-        Plan(tree, wanted).carryOut();
-        return;
-    }
-    plan.carryOut();
+    Plan(tree, wanted).carryOut();
 }
 
 } // namespace zb

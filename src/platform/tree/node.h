@@ -36,7 +36,7 @@ public:
 
     /// Position in the tree's flat collection, from 1, in order of insertion. Removals move later positions
     /// up.
-    int index() const { return index_; }
+    int index() const;
     Node* parent() const { return parent_; }
     Node* child() const { return firstChild_; }
     Node* lastChild() const { return lastChild_; }
@@ -78,13 +78,12 @@ private:
     std::string text_;
     std::unique_ptr<std::string> key_;
     std::unique_ptr<std::string> image_;
-    int index_ = 0;
+    int slot_ = 0; ///< where the tree has it, as long as the node is known to an undo too
     int children_ = 0;
     OptionalColor backColor_;
     OptionalColor foreColor_;
     bool bold_ = false;
     bool expanded_ = false;
-    bool leaving_ = false;
     std::uint8_t recordedParts_ = 0; ///< reported to the recorder in this recording
     std::uint32_t recording_ = 0;    ///< the number of the recording that `recordedParts_` belongs to
 };

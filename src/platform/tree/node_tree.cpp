@@ -8,23 +8,16 @@
 
 namespace zb {
 
-namespace {
-
-std::size_t countNodes(const Node& root) {
-    std::size_t count = 0;
-    for (const Node* node = &root; node != nullptr; node = nextBelow(*node, root))
-        ++count;
-    return count;
-}
-
-} // namespace
-
 void Node::setText(std::string text) {
     if (text_ == text)
         return;
     changes(NodePart::Text);
     text_ = std::move(text);
     changed();
+}
+
+int Node::index() const {
+    return static_cast<int>(tree_->slots_.rankOf(static_cast<std::size_t>(slot_)));
 }
 
 Node* Node::firstSibling() {
@@ -113,9 +106,9 @@ NodeTree::NodeTree() = default;
 NodeTree::~NodeTree() = default;
 
 Node* NodeTree::at(int index) const {
-    if (index < 1 || static_cast<std::size_t>(index) > nodes_.size())
+    if (index < 1 || static_cast<std::size_t>(index) > count())
         return nullptr;
-    return nodes_[static_cast<std::size_t>(index) - 1].get();
+    return nodes_[slots_.slotOf(static_cast<std::size_t>(index))].get();
 }
 
 Node* NodeTree::find(std::string_view key) const {
@@ -133,7 +126,8 @@ Node& NodeTree::add(Node* relative, Relation relation, std::string text) {
     nodes_.push_back(std::unique_ptr<Node>(new Node(*this)));
     Node& node = *nodes_.back();
     node.text_ = std::move(text);
-    node.index_ = static_cast<int>(nodes_.size());
+    node.slot_ = static_cast<int>(nodes_.size()) - 1;
+    slots_.appendUsed();
     node.recording_ = recording_;
     node.recordedParts_ = 0xFF; // what a new node looks like goes with it
     link(node, node, place);
@@ -167,7 +161,7 @@ void NodeTree::remove(Node& node) {
 }
 
 void NodeTree::clear() {
-    if (nodes_.empty())
+    if (empty())
         return;
     NodeBranch removed = detachAll();
     if (recorder_ != nullptr)
@@ -182,9 +176,8 @@ NodeBranch NodeTree::detach(Node& node) {
     branch.first_ = branch.last_ = &node;
     branch.parent_ = node.parent_;
     branch.previous_ = node.previous_;
-    branch.nodes_.reserve(countNodes(node));
     unlink(node);
-    closeUp(markLeaving(node), branch.nodes_);
+    takeOut(node, branch.nodes_);
     if (NodeTreeListener* listener = activeListener(); listener != nullptr) {
         listener->afterRemove();
         if (selected_ != selectedBefore)
@@ -200,25 +193,23 @@ NodeBranch NodeTree::detachAll() {
     branch.last_ = lastRoot_;
     branch.nodes_ = std::move(nodes_);
     nodes_.clear();
+    slots_.clear();
     byKey_.clear();
     firstRoot_ = lastRoot_ = selected_ = nullptr;
     return branch;
 }
 
 void NodeTree::attach(NodeBranch branch) {
-    nodes_.reserve(nodes_.size() + branch.nodes_.size());
     // Views know single nodes and whole fillings.
     std::optional<Filling> filling;
     if (branch.first_ != branch.last_)
         filling.emplace(*this);
     if (NodeTreeListener* listener = activeListener(); listener != nullptr)
         listener->beforeInsert(branch.parent_, branch.previous_);
-    for (const auto& node : branch.nodes_) {
-        node->leaving_ = false;
-        if (node->key_)
-            byKey_.emplace(upper(*node->key_), node.get());
+    for (auto& node : branch.nodes_) {
+        if (node != nullptr)
+            putBack(std::move(node));
     }
-    openUp(branch.nodes_);
     link(*branch.first_, *branch.last_, {branch.parent_, branch.previous_});
     if (NodeTreeListener* listener = activeListener(); listener != nullptr)
         listener->afterInsert(*branch.first_);
@@ -253,6 +244,8 @@ void NodeTree::setOrdinaryForeColor(OptionalColor color) {
         return;
     if (std::exchange(ownForeColors_, false)) {
         for (const auto& node : nodes_) {
+            if (node == nullptr)
+                continue;
             if (node->foreColor_)
                 node->changes(NodePart::ForeColor);
             node->foreColor_.reset();
@@ -309,54 +302,39 @@ void NodeTree::unlink(Node& node) {
     node.next_ = node.previous_ = nullptr;
 }
 
-/// Marks the subtree without recursion, for trees of any depth, and returns its lowest position.
-int NodeTree::markLeaving(Node& root) {
-    int lowest = root.index_;
+/// Without recursion, for trees of any depth.
+void NodeTree::takeOut(Node& root, std::vector<std::unique_ptr<Node>>& leaving) {
     for (Node* node = &root; node != nullptr; node = nextBelow(*node, root)) {
-        node->leaving_ = true;
-        lowest = node->index_ < lowest ? node->index_ : lowest;
+        const auto slot = static_cast<std::size_t>(node->slot_);
+        leaving.push_back(std::move(nodes_[slot]));
+        slots_.release(slot);
         if (node->key_)
             byKey_.erase(upper(*node->key_));
         if (selected_ == node)
             selected_ = nullptr;
     }
-    return lowest;
 }
 
-void NodeTree::closeUp(int from, std::vector<std::unique_ptr<Node>>& leaving) {
-    std::size_t kept = static_cast<std::size_t>(from) - 1;
-    for (std::size_t i = kept; i < nodes_.size(); ++i) {
-        if (nodes_[i]->leaving_) {
-            leaving.push_back(std::move(nodes_[i]));
-            continue;
-        }
-        if (kept != i)
-            nodes_[kept] = std::move(nodes_[i]);
-        nodes_[kept]->index_ = static_cast<int>(kept) + 1;
-        ++kept;
+/// To its slot. After all nodes were taken out, the tree has fewer slots than those that return had.
+void NodeTree::putBack(std::unique_ptr<Node> node) {
+    const auto slot = static_cast<std::size_t>(node->slot_);
+    if (node->key_)
+        byKey_.emplace(upper(*node->key_), node.get());
+    if (slot == nodes_.size()) {
+        nodes_.push_back(std::move(node));
+        slots_.appendUsed();
+        return;
     }
-    nodes_.resize(kept);
-}
-
-/// Puts nodes back to the positions that they had, from the last one on.
-void NodeTree::openUp(std::vector<std::unique_ptr<Node>>& returning) {
-    std::size_t kept = nodes_.size();
-    nodes_.resize(kept + returning.size());
-    for (std::size_t place = nodes_.size(); !returning.empty(); --place) {
-        const bool returns = static_cast<std::size_t>(returning.back()->index_) == place;
-        nodes_[place - 1] = std::move(returns ? returning.back() : nodes_[kept - 1]);
-        nodes_[place - 1]->index_ = static_cast<int>(place);
-        if (returns)
-            returning.pop_back();
-        else
-            --kept;
-    }
+    for (; nodes_.size() <= slot; slots_.appendFree())
+        nodes_.emplace_back();
+    nodes_[slot] = std::move(node);
+    slots_.reuse(slot);
 }
 
 std::size_t NodeBranch::bytes() const {
     std::size_t sum = nodes_.size() * (sizeof(Node) + sizeof(decltype(nodes_)::value_type));
     for (const auto& node : nodes_)
-        sum += node->text().capacity() + node->key().size();
+        sum += node == nullptr ? 0 : node->text().capacity() + node->key().size();
     return sum;
 }
 

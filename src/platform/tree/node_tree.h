@@ -1,10 +1,12 @@
 #pragma once
 
 #include "platform/tree/node.h"
+#include "platform/tree/slot_ranks.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -49,7 +51,7 @@ public:
 
 private:
     friend class NodeTree;
-    std::vector<std::unique_ptr<Node>> nodes_; // in the order of their flat positions
+    std::vector<std::unique_ptr<Node>> nodes_; // with gaps when all nodes were taken out
     Node* first_ = nullptr;
     Node* last_ = nullptr;
     Node* parent_ = nullptr;
@@ -73,8 +75,8 @@ public:
 };
 
 /// An ordered tree of nodes that are also in one flat collection, in order of insertion. Keys are unique,
-/// compared upper-cased. Look-ups by Key and by Index take constant time; a removal moves the positions after
-/// it up.
+/// compared upper-cased. Look-ups by Key take constant time, those by Index logarithmic time; a removal moves
+/// the positions after it up, without a cost for each of them.
 class NodeTree {
 public:
     NodeTree();
@@ -82,8 +84,8 @@ public:
     NodeTree(const NodeTree&) = delete;
     NodeTree& operator=(const NodeTree&) = delete;
 
-    std::size_t count() const { return nodes_.size(); }
-    bool empty() const { return nodes_.empty(); }
+    std::size_t count() const { return slots_.used(); }
+    bool empty() const { return count() == 0; }
     /// By flat position, from 1; null when there is none.
     Node* at(int index) const;
     /// Null when no node has the Key; the empty Key is never found.
@@ -139,6 +141,20 @@ public:
         const Node* selectedBefore_;
     };
 
+    /// A filling for the lifetime of one of these when so many nodes are going to change that it is faster;
+    /// few changes are reported one by one.
+    class ManyChanges {
+    public:
+        ManyChanges(NodeTree& tree, std::size_t changes) {
+            if (areMany(changes))
+                filling_.emplace(tree);
+        }
+        static bool areMany(std::size_t changes) { return changes > 64; }
+
+    private:
+        std::optional<Filling> filling_;
+    };
+
 private:
     friend class Node;
     struct Place {
@@ -148,11 +164,13 @@ private:
     Place placeOf(Node* relative, Relation relation) const;
     void link(Node& first, Node& last, Place place);
     void unlink(Node& node);
-    int markLeaving(Node& root);
-    void closeUp(int from, std::vector<std::unique_ptr<Node>>& leaving);
-    void openUp(std::vector<std::unique_ptr<Node>>& returning);
+    void takeOut(Node& root, std::vector<std::unique_ptr<Node>>& leaving);
+    void putBack(std::unique_ptr<Node> node);
 
+    /// In the order of insertion, by slots. The slot of a node that leaves stays empty, for a return by an
+    /// undo, and so that no other node needs another slot.
     std::vector<std::unique_ptr<Node>> nodes_;
+    SlotRanks slots_;
     std::unordered_map<std::string, Node*> byKey_; // upper-cased
     Node* firstRoot_ = nullptr;
     Node* lastRoot_ = nullptr;

@@ -73,5 +73,62 @@ TEST_F(TreeOfNodes, AClearedTreeForgetsKeysAndSelection) {
     EXPECT_THAT(watching.seen, IsEmpty());
 }
 
+/// Keeps what was removed, as an undo does.
+struct Keeping final : NodeTreeRecorder {
+    void beforeChange(Node& /*node*/, NodePart /*part*/) override {}
+    void afterAdd(Node& /*node*/) override {}
+    void afterRemove(NodeBranch branch) override { removed.push_back(std::move(branch)); }
+    void beforeRecolor(OptionalColor /*ordinary*/) override {}
+    void afterReplace() override {}
+
+    std::vector<NodeBranch> removed;
+};
+
+std::vector<std::string> flat(const NodeTree& tree) {
+    std::vector<std::string> texts;
+    for (int index = 1; const Node* node = tree.at(index); ++index) {
+        EXPECT_EQ(node->index(), index);
+        texts.push_back(node->text());
+    }
+    return texts;
+}
+
+TEST_F(TreeOfNodes, PositionsCloseUpAfterARemovalAndOpenForAReturn) {
+    Keeping keeping;
+    tree.setRecorder(&keeping);
+    Node& first = tree.add(nullptr, Relation::Last, "first");
+    Node& second = tree.add(nullptr, Relation::Last, "second");
+    tree.add(&first, Relation::Child, "below the first");
+    tree.add(nullptr, Relation::First, "third");
+    tree.remove(first);
+    EXPECT_THAT(flat(tree), ElementsAre("second", "third"));
+    EXPECT_EQ(second.index(), 1);
+    tree.remove(second);
+    tree.add(nullptr, Relation::Last, "fourth");
+    EXPECT_THAT(flat(tree), ElementsAre("third", "fourth"));
+    tree.remove(*tree.at(2));
+    for (int left = 2; left > 0; --left)
+        tree.attach(std::move(keeping.removed[static_cast<std::size_t>(left) - 1]));
+    EXPECT_THAT(flat(tree), ElementsAre("first", "second", "below the first", "third"));
+}
+
+TEST_F(TreeOfNodes, NodesReturnToATreeThatWasEmptiedAndFilledMeanwhile) {
+    Keeping keeping;
+    tree.setRecorder(&keeping);
+    tree.remove(tree.add(nullptr, Relation::Last, "gone"));
+    tree.add(nullptr, Relation::Last, "a");
+    tree.add(nullptr, Relation::Last, "b");
+    tree.clear();
+    Node& later = tree.add(nullptr, Relation::Last, "later");
+    tree.add(&later, Relation::Child, "below");
+    tree.remove(later);
+    EXPECT_TRUE(tree.empty());
+    tree.attach(std::move(keeping.removed[1]));
+    EXPECT_THAT(flat(tree), ElementsAre("a", "b"));
+    keeping.removed[1] = tree.detachAll();
+    tree.attach(std::move(keeping.removed[2]));
+    EXPECT_THAT(flat(tree), ElementsAre("later", "below"));
+}
+
 } // namespace
 } // namespace zb::test
