@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zb {
@@ -31,6 +32,8 @@ public:
     /// Positions start at 0; a position past the end changes nothing. A combo that shows the removed entry
     /// shows nothing afterwards.
     void removeAt(std::size_t position);
+    /// Removes the first entry that equals each of the texts, in the same way.
+    void removeAll(const std::vector<std::string>& texts);
     /// Removes all entries and the text.
     void clear();
     bool contains(std::string_view entry) const;
@@ -41,6 +44,13 @@ public:
     /// @{
     void insertAt(std::size_t position, std::string entry);
     std::string eraseAt(std::size_t position);
+    /// @}
+    /// The same for many entries in one pass. The positions ascend, and are those in the list that holds all
+    /// of these entries.
+    /// @{
+    using Entry = std::pair<std::size_t, std::string>;
+    void insertAll(std::vector<Entry> added);
+    std::vector<std::string> eraseAll(const std::vector<std::size_t>& positions);
     /// @}
 
     /// Whether the arrow keys choose the next entry. Otherwise the combo can only be chosen from.

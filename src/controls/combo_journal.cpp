@@ -18,12 +18,23 @@ public:
     void setText(std::string before) { text_ = std::move(before); }
 
     void undo() override {
-        std::for_each(edits_.rbegin(), edits_.rend(), [this](Edit& edit) { swap(edit); });
+        for (auto end = edits_.end(); end != edits_.begin();) {
+            auto begin = std::prev(end);
+            while (begin != edits_.begin() && isRun(*std::prev(begin), *begin, isOut(*begin)))
+                --begin;
+            apply(begin, end, isOut(*begin));
+            end = begin;
+        }
         swapText();
     }
     void redo() override {
-        for (Edit& edit : edits_)
-            swap(edit);
+        for (auto begin = edits_.begin(); begin != edits_.end();) {
+            auto end = std::next(begin);
+            while (end != edits_.end() && isRun(*std::prev(end), *end, !isOut(*begin)))
+                ++end;
+            apply(begin, end, !isOut(*begin));
+            begin = end;
+        }
         swapText();
     }
     bool changesDocument() const override { return !edits_.empty(); }
@@ -42,13 +53,34 @@ private:
         std::optional<std::string> entry; ///< the entry while it is not in the combo
     };
 
-    void swap(Edit& edit) {
-        if (edit.entry) {
-            combo_.insertAt(edit.position, std::move(*edit.entry));
-            edit.entry.reset();
-        } else {
-            edit.entry = combo_.eraseAt(edit.position);
+    using Edits = std::vector<Edit>;
+
+    static bool isOut(const Edit& edit) { return edit.entry.has_value(); }
+    /// Whether the edit can be undone or redone together with the one before it: one pass through the entries
+    /// is enough for a run of them, whose entries are all in the combo or all out of it.
+    /// @param wereErased that the step has erased the entries, and not inserted them
+    static bool isRun(const Edit& before, const Edit& edit, bool wereErased) {
+        return isOut(before) == isOut(edit) &&
+               (wereErased ? before.position <= edit.position : before.position < edit.position);
+    }
+
+    void apply(Edits::iterator begin, Edits::iterator end, bool wereErased) {
+        // Each erased entry was where the erased ones before it were, too.
+        std::size_t before = 0;
+        if (!isOut(*begin)) {
+            std::vector<std::size_t> positions;
+            for (auto edit = begin; edit != end; ++edit)
+                positions.push_back(edit->position + (wereErased ? before++ : 0));
+            std::vector<std::string> erased = combo_.eraseAll(positions);
+            for (std::size_t at = 0; begin != end; ++begin, ++at)
+                begin->entry = std::move(erased[at]);
+            return;
         }
+        std::vector<Combo::Entry> entries;
+        for (; begin != end; ++begin)
+            entries.emplace_back(begin->position + (wereErased ? before++ : 0),
+                                 std::move(*std::exchange(begin->entry, std::nullopt)));
+        combo_.insertAll(std::move(entries));
     }
     void swapText() {
         if (!text_)

@@ -63,13 +63,25 @@ ListRow& List::insert(std::size_t position, std::string text, std::string key) {
     return row;
 }
 
-void List::remove(ListRow& row) {
+void List::forget(const ListRow& row) {
     if (!row.key_.empty())
         byKey_.erase(upper(row.key_));
     if (selected_ == &row)
         selected_ = nullptr;
     if (rangeEnd_ == &row)
         rangeEnd_ = nullptr;
+}
+
+void List::remove(std::size_t position, std::size_t count) {
+    const auto first = rows_.begin() + static_cast<std::ptrdiff_t>(position);
+    const auto last = first + static_cast<std::ptrdiff_t>(count);
+    std::for_each(first, last, [this](const auto& row) { forget(*row); });
+    rows_.erase(first, last);
+    touched();
+}
+
+void List::remove(ListRow& row) {
+    forget(row);
     std::erase_if(rows_, [&](const auto& candidate) { return candidate.get() == &row; });
     touched();
 }
@@ -133,6 +145,15 @@ void List::select(ListRow* row) {
         other->selected_ = other.get() == row;
     selected_ = row;
     rangeEnd_ = nullptr;
+    ring(Change::Selection);
+}
+
+void List::selectAll(const std::vector<ListRow*>& rows) {
+    select(rows.empty() ? nullptr : rows.back());
+    if (selection_ == Selection::One)
+        return;
+    for (ListRow* row : rows)
+        row->selected_ = true;
     ring(Change::Selection);
 }
 

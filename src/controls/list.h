@@ -68,6 +68,8 @@ public:
     ListRow& add(std::string text, std::string key = {});
     ListRow& insert(std::size_t position, std::string text, std::string key = {});
     void remove(ListRow& row);
+    /// So many rows from this position on, in order of insertion.
+    void remove(std::size_t position, std::size_t count);
     void clear();
     /// Null when no row has the Key; the empty Key is never found.
     ListRow* find(std::string_view key) const;
@@ -93,6 +95,9 @@ public:
     std::vector<ListRow*> selectedRows() const;
     /// Selects this row alone; null selects nothing.
     void select(ListRow* row);
+    /// Selects these rows and no others, as if they were added to the selection in this order. In a list with
+    /// single selection only the last one is selected.
+    void selectAll(const std::vector<ListRow*>& rows);
     /// Adds the row to the selection or removes it.
     void toggle(ListRow& row);
     /// Selects the rows displayed from `from` to `to` and no others. `from` remains the last selected row, so
@@ -121,6 +126,7 @@ public:
 private:
     friend class ListRow;
     void touched();
+    void forget(const ListRow& row);
 
     std::vector<ListColumn> columns_;
     std::vector<std::unique_ptr<ListRow>> rows_;

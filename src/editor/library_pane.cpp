@@ -13,7 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <set>
+#include <unordered_set>
 
 namespace zb {
 
@@ -238,19 +238,22 @@ void LibraryPane::listLibrary(int formatCode) {
 void LibraryPane::fillList() {
     List& list = window_.lvwSource;
     const std::string filter = lower(window_.txtSourceFilter.text());
-    std::set<std::string> selected;
+    std::unordered_set<std::string> selected;
     for (const ListRow* row : list.selectedRows())
         selected.insert(row->key());
     selected.erase("");
     list.clear();
+    std::vector<ListRow*> again;
     for (const std::string& row : rows_) {
         const RowTexts texts = textsOf(row, formatCode_);
         if (!filter.empty() && !holdsText(texts, filter))
             continue;
         ListRow& added = addRow(texts, list);
-        if (selected.count(added.key()) > 0)
-            list.toggle(added);
+        if (selected.contains(added.key()))
+            again.push_back(&added);
     }
+    if (!again.empty())
+        list.selectAll(again);
     markRowsInProject(list, window_.liveTree());
 }
 
@@ -299,12 +302,18 @@ void LibraryPane::replaceSelected() {
     window_.desktop().steps().name("Replace " + what + " from the library");
     NodeTree& tree = window_.liveTree();
     const Node* shown = tree.selected() == nullptr ? nullptr : messageOf(rootOf(*tree.selected())).message;
-    for (const SECSMessageRecord* record : records) {
-        replaceMessageInTree(tree, *record);
-        // The panes would still show what has been replaced.
-        if (Node* message = tree.find(record->getName()); message == shown)
-            window_.treeInteraction.showAgain(message);
+    Node* replaced = nullptr;
+    {
+        const NodeTree::ManyChanges many(tree, records.size());
+        for (const SECSMessageRecord* record : records) {
+            replaceMessageInTree(tree, *record);
+            if (Node* message = tree.find(record->getName()); message == shown)
+                replaced = message;
+        }
     }
+    // The panes would still show what has been replaced.
+    if (replaced != nullptr)
+        window_.treeInteraction.showAgain(replaced);
     window_.TreeView_ForeColor();
     window_.desktop().post({"Replaced " + what + " from the library"});
 }

@@ -196,17 +196,21 @@ std::string MarkedChanges::rename(std::string_view pattern) {
 // Names may change places, so that all are given up before the first is given.
 void MarkedChanges::renameMessages(const std::vector<Renamed>& names) {
     NodeTree& tree = window_.liveTree();
+    std::vector<std::string> gone;
     for (const Renamed& name : names) {
-        window_.messagePane.removeCbo(name.node->key());
+        gone.emplace_back(name.node->key());
         tree.setKey(*name.node, "");
     }
+    window_.messagePane.removeNames(gone);
+    std::vector<MessagePane::Rename> renames;
     for (const Renamed& name : names) {
         const std::string& text = name.node->text();
         name.node->setText(name.newName + text.substr(text.find(':')));
         tree.setKey(*name.node, name.newName);
         window_.InsertCbo(name.newName);
-        fire(window_.messagePane.onRenamed, name.oldName, name.newName);
+        renames.emplace_back(name.oldName, name.newName);
     }
+    fire(window_.messagePane.onRenamed, renames);
 }
 
 void MarkedChanges::renameItem(Node& item, const Renamed& name) {

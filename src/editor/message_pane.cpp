@@ -112,6 +112,10 @@ void MessagePane::removeCbo(std::string_view name) {
     window_.cboSECSMessage.removeAt(static_cast<std::size_t>(found - entries.begin()));
 }
 
+void MessagePane::removeNames(const std::vector<std::string>& names) {
+    window_.cboSECSMessage.removeAll(names);
+}
+
 void MessagePane::cboFirstSelect() {
     // A single message is not selected: the user starts with an empty pane.
     if (window_.cboSECSMessage.entries().size() > 1)
@@ -211,7 +215,7 @@ bool MessagePane::applyFields(int index) {
     message->setText(nodeText());
     window_.shownMessage.isSelected();
     if (window_.txtMsgName.text() != oldName)
-        fire(onRenamed, oldName, window_.txtMsgName.text());
+        fire(onRenamed, std::vector<Rename>{{oldName, window_.txtMsgName.text()}});
     return true;
 }
 

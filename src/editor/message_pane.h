@@ -3,6 +3,8 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace zb {
 
@@ -25,6 +27,8 @@ public:
     void InsertCbo(std::string_view name);
     /// Removes the first entry with this text.
     void removeCbo(std::string_view name);
+    /// Removes an entry for each of these names.
+    void removeNames(const std::vector<std::string>& names);
     /// Shows the first entry and selects its message, when there is more than one.
     void cboFirstSelect();
     /// Shows the entry with this text and selects its message.
@@ -40,8 +44,10 @@ public:
     bool change();
     /// @}
 
-    /// The user has given a message another name.
-    std::function<void(const std::string& from, const std::string& to)> onRenamed;
+    /// The old name of a message, and the new one.
+    using Rename = std::pair<std::string, std::string>;
+    /// The user has given messages other names.
+    std::function<void(const std::vector<Rename>& renames)> onRenamed;
 
 private:
     enum class Word { Stream, Function };

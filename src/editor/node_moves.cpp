@@ -7,6 +7,7 @@
 #include "messages/message_nodes.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace zb {
 
@@ -88,15 +89,7 @@ void NodeMoves::move(NodeMove way) {
     const bool lastFirst = way == NodeMove::Down || way == NodeMove::Out;
     if (lastFirst)
         std::reverse(toMove.begin(), toMove.end());
-    std::vector<Node*> moved;
-    for (Node* unit : toMove) {
-        const Node* neighbour = way == NodeMove::Up     ? siblingAt(unit, unit->parent() == nullptr ? -3 : -1)
-                                : way == NodeMove::Down ? siblingAt(unit, unit->parent() == nullptr ? 3 : 1)
-                                                        : nullptr;
-        const bool blocked =
-            neighbour != nullptr && std::find(moved.begin(), moved.end(), neighbour) != moved.end();
-        moved.push_back(blocked || !isPossible(*unit, way) ? unit : moveUnit(*unit, way));
-    }
+    const std::vector<Node*> moved = moveUnits(toMove, way);
     window_.TreeView_ForeColor();
     Node* current = lastFirst ? moved.front() : moved.back();
     if (several)
@@ -104,6 +97,24 @@ void NodeMoves::move(NodeMove way) {
     window_.liveTree().select(current);
     const Desktop::FocusStays stays(window_.desktop());
     window_.treeInteraction.nodeClick();
+}
+
+std::vector<Node*> NodeMoves::moveUnits(const std::vector<Node*>& units, NodeMove way) {
+    // The marks would go one by one.
+    if (units.size() > 1)
+        window_.tvwEdit.marks().clear();
+    const NodeTree::ManyChanges many(window_.liveTree(), units.size());
+    std::vector<Node*> moved;
+    std::unordered_set<const Node*> done;
+    for (Node* unit : units) {
+        const Node* neighbour = way == NodeMove::Up     ? siblingAt(unit, unit->parent() == nullptr ? -3 : -1)
+                                : way == NodeMove::Down ? siblingAt(unit, unit->parent() == nullptr ? 3 : 1)
+                                                        : nullptr;
+        const bool isBlocked = neighbour != nullptr && done.contains(neighbour);
+        moved.push_back(isBlocked || !isPossible(*unit, way) ? unit : moveUnit(*unit, way));
+        done.insert(moved.back());
+    }
+    return moved;
 }
 
 Node* NodeMoves::moveUnit(Node& unit, NodeMove way) {

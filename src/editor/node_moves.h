@@ -24,6 +24,8 @@ private:
     /// What moves, in the order of the tree.
     std::vector<Node*> units() const;
     bool isPossible(const Node& unit, NodeMove way) const;
+    /// Returns the moved ones in their order; those that are blocked stay.
+    std::vector<Node*> moveUnits(const std::vector<Node*>& units, NodeMove way);
     Node* moveUnit(Node& unit, NodeMove way);
     Node* moveMessage(Node& message, NodeMove way);
     Node* moveItem(Node& item, NodeMove way);

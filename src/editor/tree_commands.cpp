@@ -3,6 +3,7 @@
 #include "controls/desktop.h"
 #include "editor/frm_sec_editor.h"
 #include "editor/node_copies.h"
+#include "editor/node_removal.h"
 #include "editor/step_names.h"
 #include "messages/item_names.h"
 #include "messages/message_nodes.h"
@@ -147,10 +148,7 @@ void TreeCommands::copyTo(Node& node, NodeTree& clipboard) {
 }
 
 void TreeCommands::deleteTargets() {
-    Node* neighbour = nullptr;
-    for (Node* node : targets())
-        neighbour = node->parent() == nullptr ? removeMessage(*node) : removeItem(*node);
-    selectAndShow(neighbour);
+    selectAndShow(NodeRemoval(window_).remove(targets()));
 }
 
 void TreeCommands::deleteSelectedNode() {
@@ -158,35 +156,7 @@ void TreeCommands::deleteSelectedNode() {
     if (selected == nullptr)
         window_.desktop().showBox("No selected message");
     else
-        selectAndShow(selected->parent() == nullptr ? removeMessage(*selected) : removeItem(*selected));
-}
-
-Node* TreeCommands::removeItem(Node& item) {
-    Node* parent = item.parent();
-    Node* neighbour = item.next() != nullptr ? item.next() : item.previous();
-    window_.liveTree().remove(item);
-    if (isFixedList(*parent))
-        updateListCount(*parent);
-    return neighbour != nullptr ? neighbour : parent;
-}
-
-Node* TreeCommands::removeMessage(Node& root) {
-    NodeTree& tree = window_.liveTree();
-    // The separator before the node that was found; a tree without it keeps its nodes.
-    Node* separator = &root;
-    if (hasColon(root.text()))
-        separator = siblingAt(&root, -2);
-    else if (!root.text().empty() || (root.next() != nullptr && hasColon(root.next()->text())))
-        separator = root.previous();
-    Node* message = siblingAt(separator, 2);
-    if (message == nullptr)
-        return nullptr;
-    Node* neighbour = siblingAt(separator, 3) != nullptr ? siblingAt(separator, 5) : separator->previous();
-    window_.messagePane.removeCbo(message->key());
-    tree.remove(*message);
-    tree.remove(*separator->next());
-    tree.remove(*separator);
-    return neighbour != nullptr ? neighbour : tree.at(1);
+        selectAndShow(NodeRemoval(window_).remove(*selected));
 }
 
 void TreeCommands::selectAndShow(Node* node) {
@@ -217,26 +187,42 @@ void TreeCommands::pasteFromTemp(PastePosition position) {
     if (window_.clipboard().empty())
         return;
     nameStepOfPaste();
+    Node* selected = window_.liveTree().selected();
+    if (selected == nullptr)
+        return refusePaste();
+    MessageItemNames names;
+    const Node* inMessage = selected->parent() == nullptr ? messageOf(*selected).message : selected;
+    if (!holdsMessage(window_.clipboard()) && inMessage != nullptr)
+        names = MessageItemNames(*inMessage);
     if (copies_.size() < 2) {
-        paste(window_.clipboard(), position);
+        paste(window_.clipboard(), *selected, position, names);
         return;
     }
-    // Each comes directly after the selected node, so that the last one goes first.
+    const std::vector<Node*> marked = window_.markedNodes.units();
+    pasteSeveral(*selected, position, names);
+    if (!NodeTree::ManyChanges::areMany(copies_.size()))
+        return;
+    // The views begin anew with so many.
+    window_.liveTree().select(nullptr);
+    window_.liveTree().select(selected);
+    window_.markedNodes.set(marked);
+}
+
+// Each comes directly after the selected node, so that the last one goes first.
+void TreeCommands::pasteSeveral(Node& selected, PastePosition position, MessageItemNames& names) {
     const std::size_t count = copies_.size();
+    const NodeTree::ManyChanges many(window_.liveTree(), count);
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t place = position == PastePosition::Next ? count - 1 - i : i;
-        if (!paste(*copies_[place], position))
+        if (!paste(*copies_[place], selected, position, names))
             return;
     }
 }
 
-bool TreeCommands::paste(const NodeTree& source, PastePosition position) {
-    Node* selected = window_.liveTree().selected();
-    if (selected != nullptr)
-        return holdsMessage(source) ? pasteMessage(source, *selected, position)
-                                    : pasteItem(source, *selected, position);
-    refusePaste();
-    return false;
+bool TreeCommands::paste(const NodeTree& source, Node& selected, PastePosition position,
+                         MessageItemNames& names) {
+    return holdsMessage(source) ? pasteMessage(source, selected, position)
+                                : pasteItem(source, selected, position, names);
 }
 
 void TreeCommands::refusePaste() {
@@ -286,16 +272,17 @@ std::string TreeCommands::makeNewMessageName(std::string_view name) {
     return made;
 }
 
-bool TreeCommands::pasteItem(const NodeTree& source, Node& selected, PastePosition position) {
+bool TreeCommands::pasteItem(const NodeTree& source, Node& selected, PastePosition position,
+                             MessageItemNames& names) {
     Node* parent = selected.parent();
     if (position == PastePosition::Child)
-        return pasteItemBelow(source, selected);
+        return pasteItemBelow(source, selected, names);
     const bool directItem = parent != nullptr && parent->parent() == nullptr;
     if (parent == nullptr || (!directItem && !isFixedList(*parent))) {
         refusePaste();
         return false;
     }
-    if (!addItemCopy(source, selected, position))
+    if (!addItemCopy(source, selected, position, names))
         return false;
     if (!directItem)
         updateListCount(*parent);
@@ -303,7 +290,7 @@ bool TreeCommands::pasteItem(const NodeTree& source, Node& selected, PastePositi
     return true;
 }
 
-bool TreeCommands::pasteItemBelow(const NodeTree& source, Node& selected) {
+bool TreeCommands::pasteItemBelow(const NodeTree& source, Node& selected, MessageItemNames& names) {
     const bool root = selected.parent() == nullptr;
     Node* relative = root ? messageOf(selected).message : &selected;
     const bool room = root || isFixedList(selected) || (isList(selected) && selected.child() == nullptr);
@@ -311,7 +298,7 @@ bool TreeCommands::pasteItemBelow(const NodeTree& source, Node& selected) {
         refusePaste();
         return false;
     }
-    if (!addItemCopy(source, *relative, PastePosition::Child))
+    if (!addItemCopy(source, *relative, PastePosition::Child, names))
         return false;
     if (!root && isFixedList(selected))
         updateListCount(selected);
@@ -319,17 +306,19 @@ bool TreeCommands::pasteItemBelow(const NodeTree& source, Node& selected) {
     return true;
 }
 
-bool TreeCommands::addItemCopy(const NodeTree& clipboard, Node& relative, PastePosition position) {
+bool TreeCommands::addItemCopy(const NodeTree& clipboard, Node& relative, PastePosition position,
+                               MessageItemNames& names) {
     NodeTree& tree = window_.liveTree();
     const Node& source = *clipboard.firstRoot();
-    std::string text = MessageItemNames(relative).uniqueItemText(source.text());
+    std::string text = names.uniqueItemText(source.text());
     if (text.empty()) {
         sayError();
         return false;
     }
+    names.add(itemNameInText(text));
     Node& added = tree.add(&relative, relationOf(position), std::move(text));
     added.setExpanded(true);
-    if (copySubtree(source, added, tree) == CopyOutcome::Broken)
+    if (copySubtree(source, added, tree, names) == CopyOutcome::Broken)
         sayError();
     return true;
 }

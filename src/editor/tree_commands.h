@@ -9,6 +9,7 @@
 namespace zb {
 
 class frmSECSEditor;
+class MessageItemNames;
 class Node;
 class NodeTree;
 class StructureEntries;
@@ -61,20 +62,17 @@ private:
     void copyTo(Node& node, NodeTree& clipboard);
     void deleteTargets();
     void nameStepOfPaste();
-    /// Each of these adds a copy of `source`, and is false when it added nothing.
+    /// Each of these adds a copy of `source`, and is false when it added nothing. `names` are those of the
+    /// items of the message, and get those of the copy.
     /// @{
-    bool paste(const NodeTree& source, PastePosition position);
+    bool paste(const NodeTree& source, Node& selected, PastePosition position, MessageItemNames& names);
     bool pasteMessage(const NodeTree& source, Node& selected, PastePosition position);
-    bool pasteItem(const NodeTree& source, Node& selected, PastePosition position);
-    bool pasteItemBelow(const NodeTree& source, Node& selected);
-    bool addItemCopy(const NodeTree& source, Node& relative, PastePosition position);
+    bool pasteItem(const NodeTree& source, Node& selected, PastePosition position, MessageItemNames& names);
+    bool pasteItemBelow(const NodeTree& source, Node& selected, MessageItemNames& names);
+    bool addItemCopy(const NodeTree& source, Node& relative, PastePosition position, MessageItemNames& names);
     /// @}
+    void pasteSeveral(Node& selected, PastePosition position, MessageItemNames& names);
     void addMessageCopy(const NodeTree& source, Node& relative, PastePosition position);
-    /// Each returns the node to select next; null for none.
-    /// @{
-    Node* removeItem(Node& item);
-    Node* removeMessage(Node& root);
-    /// @}
     void selectAndShow(Node* node);
     std::string newItemText(const Node& place);
     void sayError();

@@ -29,10 +29,14 @@ void replaceEntries(Combo& combo, const std::vector<std::string>& wanted) {
     std::size_t tail = 0;
     while (tail < shorter - head && entries[entries.size() - 1 - tail] == wanted[wanted.size() - 1 - tail])
         ++tail;
-    for (std::size_t at = entries.size() - tail; at > head; --at)
-        combo.eraseAt(at - 1);
+    std::vector<std::size_t> gone;
+    for (std::size_t at = head; at < entries.size() - tail; ++at)
+        gone.push_back(at);
+    combo.eraseAll(gone);
+    std::vector<Combo::Entry> come;
     for (std::size_t at = head; at < wanted.size() - tail; ++at)
-        combo.insertAt(at, wanted[at]);
+        come.emplace_back(at, wanted[at]);
+    combo.insertAll(std::move(come));
     if (!combo.contains(combo.text()))
         combo.setText("");
 }

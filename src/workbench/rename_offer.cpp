@@ -21,6 +21,14 @@ std::string messagesText(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " TR message" : " TR messages");
 }
 
+/// No more names than a notice has room for.
+std::string listed(std::vector<std::string> names) {
+    constexpr std::size_t kMost = 5;
+    const std::size_t all = names.size();
+    names.resize(std::min(all, kMost));
+    return join(names, ", ") + (all > kMost ? " and " + std::to_string(all - kMost) + " others" : "");
+}
+
 /// The data of a sent message begins with the head of its SECS message.
 void renameBlock(TRMessageRecord& record, const std::string& to) {
     if (!record.DataBlock())
@@ -38,8 +46,8 @@ void renameBlock(TRMessageRecord& record, const std::string& to) {
 } // namespace
 
 RenameOffer::RenameOffer(frmWorkbench& workbench) : workbench_(workbench) {
-    workbench_.services().editor.messagePane.onRenamed = [this](const std::string& from,
-                                                                const std::string& to) { renamed(from, to); };
+    workbench_.services().editor.messagePane.onRenamed =
+        [this](const std::vector<MessagePane::Rename>& renames) { renamed(renames); };
 }
 
 void RenameOffer::forget() {
@@ -47,68 +55,79 @@ void RenameOffer::forget() {
     review();
 }
 
-void RenameOffer::renamed(const std::string& from, const std::string& to) {
-    for (Rename& earlier : renames_) {
-        if (equalsIgnoringCase(earlier.to, from))
-            earlier.to = to;
+void RenameOffer::renamed(const std::vector<MessagePane::Rename>& renames) {
+    std::unordered_map<std::string, std::vector<std::size_t>> byName;
+    for (std::size_t at = 0; at < renames_.size(); ++at)
+        byName[upper(renames_[at].to)].push_back(at);
+    for (const auto& [from, to] : renames) {
+        // Those that led to the old name lead to the new one.
+        if (const auto earlier = byName.find(upper(from)); earlier != byName.end()) {
+            for (const std::size_t at : earlier->second)
+                renames_[at].to = to;
+        }
+        renames_.push_back({from, to});
     }
-    renames_.push_back({from, to});
     offer();
 }
 
-bool RenameOffer::isCurrent(const Rename& rename) const {
-    const NodeTree& messages = workbench_.services().editor.liveTree();
-    return messages.find(rename.from) == nullptr && messages.find(rename.to) != nullptr &&
-           !usersOf(rename.from).empty();
-}
-
-std::vector<const TRMessageRecord*> RenameOffer::usersOf(const std::string& name) const {
-    std::vector<const TRMessageRecord*> users;
-    const TRModelStore* model = workbench_.services().modeler.store();
-    if (model == nullptr)
-        return users;
-    for (const auto& record : model->TRMessages()) {
-        if (equalsIgnoringCase(record->SECSMessage(), name))
-            users.push_back(record.get());
+RenameOffer::Users RenameOffer::allUsers() const {
+    Users users;
+    if (const TRModelStore* model = workbench_.services().modeler.store(); model != nullptr) {
+        for (const auto& record : model->TRMessages())
+            users[upper(record->SECSMessage())].push_back(record.get());
     }
     return users;
 }
 
+std::vector<const TRMessageRecord*> RenameOffer::usersOf(const Rename& rename, const Users& users) const {
+    const NodeTree& messages = workbench_.services().editor.liveTree();
+    const bool stands = messages.find(rename.from) == nullptr && messages.find(rename.to) != nullptr;
+    const auto found = stands ? users.find(upper(rename.from)) : users.end();
+    return found == users.end() ? std::vector<const TRMessageRecord*>() : found->second;
+}
+
 void RenameOffer::review() {
-    if (offered_ && std::none_of(renames_.begin(), renames_.end(),
-                                 [this](const Rename& rename) { return isCurrent(rename); })) {
+    if (!offered_)
+        return;
+    const Users users = renames_.empty() ? Users() : allUsers();
+    if (std::none_of(renames_.begin(), renames_.end(),
+                     [&](const Rename& rename) { return !usersOf(rename, users).empty(); })) {
         offered_ = false;
         workbench_.desktop().withdraw(kTopic);
     }
 }
 
 void RenameOffer::offer() {
+    const Users all = allUsers();
     std::size_t users = 0;
-    std::string names;
+    std::vector<std::string> names;
     for (const Rename& rename : renames_) {
-        if (!isCurrent(rename))
-            continue;
-        users += usersOf(rename.from).size();
-        names += (names.empty() ? "" : ", ") + rename.from;
+        const std::size_t count = usersOf(rename, all).size();
+        users += count;
+        if (count > 0)
+            names.push_back(rename.from);
     }
     if (users == 0) {
         review();
         return;
     }
     offered_ = true;
-    workbench_.desktop().post({messagesText(users) + (users == 1 ? " still names " : " still name ") + names,
-                               {{users == 1 ? "Rename it too" : "Rename them too", [this] { renameAll(); }}},
-                               kTopic});
+    workbench_.desktop().post(
+        {messagesText(users) + (users == 1 ? " still names " : " still name ") + listed(names),
+         {{users == 1 ? "Rename it too" : "Rename them too", [this] { renameAll(); }}},
+         kTopic});
 }
 
 void RenameOffer::renameAll() {
     std::size_t users = 0;
     const std::vector<Rename> renames = std::exchange(renames_, {});
+    const Users all = allUsers();
     offered_ = false;
     for (const Rename& rename : renames) {
-        if (!isCurrent(rename))
-            continue;
-        for (const TRMessageRecord* user : usersOf(rename.from)) {
+        for (const TRMessageRecord* user : usersOf(rename, all)) {
+            // One that was renamed twice has followed the first time.
+            if (!equalsIgnoringCase(user->SECSMessage(), rename.from))
+                continue;
             if (users++ == 0)
                 workbench_.desktop().steps().name("Rename " + rename.from + " in TR messages");
             renameIn(user->Name(), rename.to);

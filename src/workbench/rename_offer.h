@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace zb {
@@ -25,10 +27,13 @@ private:
         std::string from;
         std::string to;
     };
+    /// The TR messages by the upper-cased names of their SECS messages.
+    using Users = std::unordered_map<std::string, std::vector<const TRMessageRecord*>>;
 
-    void renamed(const std::string& from, const std::string& to);
-    bool isCurrent(const Rename& rename) const;
-    std::vector<const TRMessageRecord*> usersOf(const std::string& name) const;
+    void renamed(const std::vector<std::pair<std::string, std::string>>& renames);
+    /// Whether the rename stands, and who has not followed it; empty when it does not.
+    std::vector<const TRMessageRecord*> usersOf(const Rename& rename, const Users& users) const;
+    Users allUsers() const;
     void offer();
     void renameAll();
     void renameIn(const std::string& message, const std::string& to);

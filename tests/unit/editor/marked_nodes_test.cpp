@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace zb {
 namespace {
 
@@ -109,6 +112,112 @@ TEST_F(MarkedNodesTest, AProgramThatSelectsElsewhereEndsTheMarks) {
     controlClick(node("A"));
     select(node("D"));
     EXPECT_EQ(marked(), "");
+}
+
+/// What a view hears of a tree.
+struct Heard final : NodeTreeListener {
+    void beforeInsert(Node* /*parent*/, Node* /*previous*/) override { ++single; }
+    void beforeRemove(Node& /*node*/) override { ++single; }
+    void beforeFill() override { ++fillings; }
+
+    int single = 0;
+    int fillings = 0;
+};
+
+/// As many messages as nobody marks one by one.
+class ManyMarkedTest : public MarkedNodesTest {
+public:
+    ManyMarkedTest() {
+        for (int number = 0; number < kMany; ++number) {
+            const std::string name = "M" + std::to_string(number);
+            Node& message = addMessageNodes(tree(), nullptr, name, name + ": S1 F1 H->E", "");
+            tree().add(&message, Relation::Child, "U1 1 x 1");
+            window.InsertCbo(name);
+            messages.push_back(&message);
+        }
+        window.tvwEdit.addWatcher(heard);
+        window.cboSECSMessage.bell = [this](Change change) { rings += change == Change::Rows ? 1 : 0; };
+    }
+    ~ManyMarkedTest() override {
+        window.cboSECSMessage.bell = nullptr;
+        window.tvwEdit.removeWatcher(heard);
+    }
+    void markAll() {
+        clickNode(messages.front());
+        window.markedNodes.set(messages);
+        const auto before = std::move(window.tvwEdit.marks().onChange);
+        window.tvwEdit.marks().onChange = [this, before] {
+            ++changes;
+            fire(before);
+        };
+        heard = {};
+    }
+
+    static constexpr int kMany = 100;
+    std::vector<Node*> messages;
+    Heard heard;
+    int rings = 0;
+    int changes = 0;
+};
+
+TEST_F(ManyMarkedTest, GoAtOnce) {
+    markAll();
+    rings = 0;
+    run(menu.remove);
+    EXPECT_EQ(tree().count(), 15U);
+    EXPECT_EQ(heard.single, 0);
+    EXPECT_EQ(heard.fillings, 1);
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(rings, 1);
+    EXPECT_TRUE(window.cboSECSMessage.entries().empty());
+}
+
+TEST_F(ManyMarkedTest, ComeAtOnceAndKeepTheirMarks) {
+    markAll();
+    run(menu.duplicate);
+    EXPECT_EQ(heard.single, 0);
+    EXPECT_EQ(heard.fillings, 1);
+    EXPECT_EQ(window.markedNodes.units(), messages);
+    EXPECT_NE(tree().find("M99New1"), nullptr);
+}
+
+TEST_F(ManyMarkedTest, MoveAtOnceAndKeepTheirMarks) {
+    markAll();
+    window.nodeMoves.move(NodeMove::Up);
+    EXPECT_EQ(heard.single, 0);
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(window.markedNodes.count(), "100 messages");
+    EXPECT_EQ(messageAfter(*tree().find("M99")), tree().find("D"));
+}
+
+TEST_F(ManyMarkedTest, AreRenamedAtOnce) {
+    markAll();
+    int renames = 0;
+    std::vector<MessagePane::Rename> all;
+    window.messagePane.onRenamed = [&](const std::vector<MessagePane::Rename>& renamed) {
+        ++renames;
+        all = renamed;
+    };
+    EXPECT_EQ(window.markedChanges.rename("R{name}"), "");
+    EXPECT_EQ(renames, 1);
+    ASSERT_EQ(all.size(), 100U);
+    EXPECT_EQ(all.back(), MessagePane::Rename("M99", "RM99"));
+    EXPECT_EQ(window.cboSECSMessage.entries().front(), "RM0");
+}
+
+TEST_F(ManyMarkedTest, ItemsGetNamesOfTheirOwnInOneMessage) {
+    Node& list = tree().add(messages.front(), Relation::Child, "L 100 all");
+    for (int number = 0; number < kMany; ++number)
+        tree().add(&list, Relation::Child, "U1 1 N" + std::to_string(number) + " 1");
+    std::vector<Node*> items;
+    for (Node* item = list.child(); item != nullptr; item = item->next())
+        items.push_back(item);
+    clickNode(items.front());
+    window.markedNodes.set(items);
+    run(menu.duplicate);
+    EXPECT_EQ(list.text(), "L 200 all");
+    EXPECT_EQ(items.back()->next()->text(), "U1 1 N01 1");
+    EXPECT_EQ(list.lastChild()->text(), "U1 1 N991 1");
 }
 
 } // namespace
