@@ -12,13 +12,8 @@ MessageNames namesOf(const MessageShape& shape, const std::string& type, const L
     for (std::size_t index = 0; index < shape.records().size(); ++index) {
         const RecordShape& record = shape.records()[index];
         names.records.push_back(index == shape.root() ? type : types.take(typeName(record.wish, "Part")));
-        SafeNames fields(language.reservedWords());
         // A field must not have the name of the type around it, or of one beside it.
-        if (language.hasUpperFields()) {
-            fields.reserve(type);
-            for (const std::string& earlier : names.records)
-                fields.reserve(earlier);
-        }
+        SafeNames fields(language.reservedWords(), language.hasUpperFields() ? &types : nullptr);
         std::vector<std::string>& own = names.fields.emplace_back();
         for (const Field& field : record.fields)
             own.push_back(fields.take(language.hasUpperFields() ? typeName(field.wish, "Item")

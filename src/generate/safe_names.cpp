@@ -68,12 +68,19 @@ std::string fieldName(std::string_view text, std::string_view fallback) {
 }
 
 std::string SafeNames::take(const std::string& name) {
+    constexpr std::size_t kFirst = 2;
     std::string candidate = name;
-    for (std::size_t number = 2;; ++number) {
-        if (reserved_->count(candidate) == 0 && taken_.insert(lowered(candidate)).second)
-            return candidate;
-        candidate = name + std::to_string(number);
-    }
+    std::size_t& number = next_.try_emplace(name, kFirst).first->second;
+    while (!isFree(candidate))
+        candidate = name + std::to_string(number++);
+    reserve(candidate);
+    return candidate;
+}
+
+bool SafeNames::isFree(const std::string& name) const {
+    const std::string small = lowered(name);
+    return !reserved_->contains(name) && !taken_.contains(small) &&
+           (around_ == nullptr || !around_->taken_.contains(small));
 }
 
 void SafeNames::reserve(std::string_view name) {

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -21,16 +23,22 @@ std::string lowered(std::string name);
 /// since some of them become names of files.
 class SafeNames {
 public:
-    /// Names that are taken already.
-    explicit SafeNames(const std::unordered_set<std::string>& reserved) : reserved_(&reserved) {}
+    /// Names that are taken already; those of another scope, too, when there is one. It must outlive this.
+    explicit SafeNames(const std::unordered_set<std::string>& reserved, const SafeNames* around = nullptr)
+        : reserved_(&reserved), around_(around) {}
 
     /// The name, or the first of name2, name3, ... that is free.
     std::string take(const std::string& name);
     void reserve(std::string_view name);
 
 private:
+    bool isFree(const std::string& name) const;
+
     const std::unordered_set<std::string>* reserved_; // exact
-    std::unordered_set<std::string> taken_;           // lower-cased
+    const SafeNames* around_;
+    std::unordered_set<std::string> taken_; // lower-cased
+    /// The number to try next for a name: all smaller ones are taken.
+    std::unordered_map<std::string, std::size_t> next_;
 };
 
 } // namespace zb::generate
