@@ -124,14 +124,18 @@ const Interpreter::Definition* Interpreter::match(const RecordedMessage& message
     const Definition* matched = nullptr;
     bool isFirst = true;
     for (const Definition* definition : *all) {
-        if (!fits(*definition, message.direction))
+        const bool isLess = matched != nullptr && definition->pattern.keys() <= matched->pattern.keys();
+        if (isLess || !fits(*definition, message.direction))
             continue;
-        std::vector<Difference> differences =
-            definition->pattern.compare(message.items, codePage_, kMostDifferences);
+        // With as many differences as the nearest one has, a definition is not nearer.
+        const std::size_t most = matched != nullptr ? 1
+                                 : isFirst          ? kMostDifferences
+                                                    : result.differences.size();
+        std::vector<Difference> differences = definition->pattern.compare(message.items, codePage_, most);
         if (differences.empty()) {
             if (matched == nullptr || definition->pattern.keys() > matched->pattern.keys())
                 matched = definition;
-        } else if (isFirst || differences.size() < result.differences.size()) {
+        } else if (matched == nullptr && (isFirst || differences.size() < result.differences.size())) {
             result.nearest = &definition->record;
             result.differences = std::move(differences);
             isFirst = false;
