@@ -34,6 +34,10 @@ std::size_t Sequences::remove(std::size_t at) {
 
 void Sequences::replace(std::size_t at, std::size_t count, std::vector<SequenceRow> rows) {
     const auto place = rows_.begin() + static_cast<std::ptrdiff_t>(at);
+    if (rows.size() == count) {
+        std::move(rows.begin(), rows.end(), place);
+        return;
+    }
     const auto next = rows_.erase(place, place + static_cast<std::ptrdiff_t>(count));
     rows_.insert(next, std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
 }

@@ -9,6 +9,7 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace zb {
@@ -208,9 +209,10 @@ void SequenceCommands::apply(const std::optional<SequenceEdit>& edit, const std:
 
 void SequenceCommands::select(const RowPlaces& places) {
     List& list = window_.lvwSequence;
-    list.select(nullptr);
+    std::vector<ListRow*> rows;
     for (const std::size_t place : places)
-        list.toggle(*list.rows()[place]);
+        rows.push_back(list.rows()[place].get());
+    list.selectAll(rows);
 }
 
 // Drags
@@ -249,9 +251,10 @@ void SequenceCommands::drop(const DragData& data, ListRow* row) {
 // Rows that were taken by the copy key may be gone by now.
 void SequenceCommands::dropRows(const DragData& data, const ListRow& row) {
     const auto& all = window_.lvwSequence.rows();
+    const std::unordered_set<const ListRow*> dragged(dragged_.begin(), dragged_.end());
     RowPlaces places;
     for (std::size_t at = 0; at < all.size(); ++at) {
-        if (std::find(dragged_.begin(), dragged_.end(), all[at].get()) != dragged_.end())
+        if (dragged.contains(all[at].get()))
             places.push_back(at);
     }
     apply(rowsPutAfter(rows(), places, placeOf(row), data.copied ? Put::Copied : Put::Moved),

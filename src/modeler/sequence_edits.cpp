@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_set>
 #include <utility>
 
 namespace zb {
@@ -101,16 +102,19 @@ std::vector<Block> blocksOf(TakenRows rows) {
     return blocksOf(std::move(plain), places);
 }
 
-bool isUsed(const std::vector<Block>& blocks, const std::string& name) {
-    return std::any_of(blocks.begin(), blocks.end(), [&](const Block& block) {
-        return block.isSequence && block.rows.front().row.row.text == name;
-    });
+std::unordered_set<std::string> namesOf(const std::vector<Block>& blocks) {
+    std::unordered_set<std::string> names;
+    for (const Block& block : blocks) {
+        if (block.isSequence)
+            names.insert(block.rows.front().row.row.text);
+    }
+    return names;
 }
 
 /// "StartUp_2", or the next number that is free.
-std::string freeName(const std::vector<Block>& blocks, const std::string& name) {
+std::string freeName(const std::unordered_set<std::string>& used, const std::string& name) {
     int number = 2;
-    while (isUsed(blocks, name + "_" + std::to_string(number)))
+    while (used.contains(name + "_" + std::to_string(number)))
         ++number;
     return name + "_" + std::to_string(number);
 }
@@ -122,6 +126,8 @@ std::optional<std::vector<Block>> sequencesPutAfter(std::vector<Block> blocks, s
         row += blocks[into++].rows.size();
     if (into == blocks.size() || (put == Put::Moved && blocks[into].taken))
         return std::nullopt;
+    const std::unordered_set<std::string> names =
+        put == Put::Copied ? namesOf(blocks) : std::unordered_set<std::string>();
     std::vector<Block> arriving;
     std::vector<Block> result;
     for (Block& block : blocks) {
@@ -130,7 +136,7 @@ std::optional<std::vector<Block>> sequencesPutAfter(std::vector<Block> blocks, s
         arriving.push_back(block);
         if (put == Put::Copied) {
             std::string& name = arriving.back().rows.front().row.row.text;
-            name = freeName(blocks, name);
+            name = freeName(names, name);
             block.taken = false;
         }
     }

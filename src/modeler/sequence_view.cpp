@@ -52,8 +52,8 @@ SequenceRows SequenceView::rows(std::size_t at, std::size_t count) const {
 
 SequenceRows SequenceView::replace(std::size_t at, std::size_t count, SequenceRows rows) {
     SequenceRows old = this->rows(at, count);
-    for (std::size_t removed = 0; removed < count; ++removed)
-        list_.remove(*list_.rows()[at]);
+    if (count > 0)
+        list_.remove(at, count);
     std::vector<SequenceRow> plain;
     for (const MarkedRow& marked : rows)
         plain.push_back(marked.row);
@@ -127,9 +127,7 @@ void SequenceView::remove(const ListRow& row) {
 }
 
 void SequenceView::removeFrom(std::size_t at) {
-    // The head goes last, so that a selected head stays so until then.
-    for (std::size_t removed = sequences_.remove(at); removed > 0; --removed)
-        list_.remove(*list_.rows()[at + (removed > 1 ? 1 : 0)]);
+    list_.remove(at, sequences_.remove(at));
     if (at > 0)
         showOrdinals(at - 1);
 }
