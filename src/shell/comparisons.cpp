@@ -19,8 +19,12 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
+#include <set>
+#include <tuple>
+#include <unordered_map>
 
 namespace zb {
 
@@ -52,23 +56,59 @@ Project projectOf(const SECSLibraryStore::Records& messages) {
     return project;
 }
 
-/// The message that one of a library is compared with; the end of the list when there is none.
-SECSLibraryStore::Records::iterator counterpartIn(SECSLibraryStore::Records& messages,
-                                                  const SECSMessageRecord& wanted) {
-    const auto named = std::find_if(messages.begin(), messages.end(), [&](const SECSMessageRecord* message) {
-        return upper(message->getName()) == upper(wanted.getName());
-    });
-    if (named != messages.end())
-        return named;
-    const auto isAlike = [&](const SECSMessageRecord* message) {
-        return message->getStream() == wanted.getStream() && message->getFunction() == wanted.getFunction() &&
-               message->getDirection() == wanted.getDirection();
-    };
-    const auto first = std::find_if(messages.begin(), messages.end(), isAlike);
-    const bool isOnlyOne =
-        first != messages.end() && std::find_if(first + 1, messages.end(), isAlike) == messages.end();
-    return isOnlyOne ? first : messages.end();
-}
+/// Puts messages of a library in the places of those that they are compared with.
+class Counterparts {
+public:
+    explicit Counterparts(const std::vector<SECSMessageRecord>& own) {
+        for (const SECSMessageRecord& message : own)
+            add(message);
+    }
+
+    void put(const SECSMessageRecord& message) {
+        const auto place = placeOf(message);
+        if (!place) {
+            add(message);
+            return;
+        }
+        note(*place, [place](Places& places) { places.erase(*place); });
+        messages_[*place] = &message;
+        note(*place, [place](Places& places) { places.insert(*place); });
+    }
+    const SECSLibraryStore::Records& messages() const { return messages_; }
+
+private:
+    using Places = std::set<std::size_t>;
+    using Likeness = std::tuple<int, int, std::string>;
+
+    static Likeness likenessOf(const SECSMessageRecord& message) {
+        return {message.getStream(), message.getFunction(), std::string(message.getDirection())};
+    }
+
+    /// The first one with the name, otherwise the only one that is alike.
+    std::optional<std::size_t> placeOf(const SECSMessageRecord& wanted) const {
+        const auto named = byName_.find(upper(wanted.getName()));
+        if (named != byName_.end() && !named->second.empty())
+            return *named->second.begin();
+        const auto alike = byLikeness_.find(likenessOf(wanted));
+        return alike != byLikeness_.end() && alike->second.size() == 1 ? std::optional(*alike->second.begin())
+                                                                       : std::nullopt;
+    }
+
+    void add(const SECSMessageRecord& message) {
+        messages_.push_back(&message);
+        note(messages_.size() - 1, [this](Places& places) { places.insert(messages_.size() - 1); });
+    }
+
+    template<typename Change>
+    void note(std::size_t place, Change change) {
+        change(byName_[upper(messages_[place]->getName())]);
+        change(byLikeness_[likenessOf(*messages_[place])]);
+    }
+
+    SECSLibraryStore::Records messages_;
+    std::unordered_map<std::string, Places> byName_;
+    std::map<Likeness, Places> byLikeness_;
+};
 
 ReadFile readLibrary(std::string bytes, int format, const CodePage& codePage) {
     ReadFile read;
@@ -170,17 +210,10 @@ void Comparisons::compareWithMessages(const std::string& name,
     if (!isOpen())
         return;
     const std::vector<SECSMessageRecord> own = parseProject(text()).messages.records();
-    SECSLibraryStore::Records replaced;
-    for (const SECSMessageRecord& record : own)
-        replaced.push_back(&record);
-    for (const SECSMessageRecord* message : messages) {
-        const auto at = counterpartIn(replaced, *message);
-        if (at == replaced.end())
-            replaced.push_back(message);
-        else
-            *at = message;
-    }
-    compareWithProject(name, projectOf(replaced), CompareScope::Messages);
+    Counterparts replaced(own);
+    for (const SECSMessageRecord* message : messages)
+        replaced.put(*message);
+    compareWithProject(name, projectOf(replaced.messages()), CompareScope::Messages);
 }
 
 void Comparisons::compareWithProject(const std::string& name, Project other, CompareScope scope) {

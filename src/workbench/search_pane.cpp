@@ -87,9 +87,9 @@ void SearchPane::searchAll() {
         say(what + " has a bracket that is not closed");
         return;
     }
-    for (const Node* node : *found)
-        places.push_back(placeOfNode(tree, node->index()));
-    show(std::move(places), "hit", "");
+    for (std::size_t at = 0; at < std::min(found->size(), kMostRows); ++at)
+        places.push_back(placeOfNode(tree, (*found)[at]->index()));
+    showFirst(std::move(places), found->size(), "hit", "");
 }
 
 void SearchPane::whereUsed() {
@@ -167,9 +167,14 @@ void SearchPane::showUsesOfTRMessage(const std::string& name) {
 
 void SearchPane::show(FoundPlaces places, const std::string& thing, const std::string& of) {
     const std::size_t all = places.size();
+    showFirst(std::move(places), all, thing, of);
+}
+
+void SearchPane::showFirst(FoundPlaces places, std::size_t all, const std::string& thing,
+                           const std::string& of) {
     say(countedAs(all, thing) + of +
         (all > kMostRows ? ", the first " + std::to_string(kMostRows) + " are shown" : std::string()));
-    places.resize(std::min(all, kMostRows));
+    places.resize(std::min(places.size(), kMostRows));
     places_ = std::move(places);
     for (const FoundPlace& place : places_) {
         ListRow& row = lvwSearch.add(place.kind);

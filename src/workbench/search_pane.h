@@ -45,6 +45,8 @@ private:
     void showUsesOfMessage(const std::string& name);
     void showUsesOfTRMessage(const std::string& name);
     void show(FoundPlaces places, const std::string& thing, const std::string& of);
+    /// The first ones of so many.
+    void showFirst(FoundPlaces places, std::size_t all, const std::string& thing, const std::string& of);
     /// Without any places.
     void say(const std::string& text);
     void go();

@@ -11,6 +11,8 @@
 #include "platform/tree/node_walk.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_map>
 
 namespace zb {
 
@@ -51,6 +53,43 @@ void addUsesIn(FoundPlaces& found, const TRMessageRecord& record, std::string_vi
         addItemUses(found, record, *item, name);
 }
 
+/// The rows of the sequences by their TR messages.
+class RowsOfMessages {
+public:
+    explicit RowsOfMessages(const Sequences& sequences) : rows_(sequences.rows()) {
+        for (std::size_t at = 0; at < rows_.size(); ++at) {
+            if (rows_[at].isHead())
+                heads_.push_back(at);
+            else
+                byName_[rows_[at].transactionName].push_back(at);
+        }
+    }
+
+    void addPlaces(FoundPlaces& found, std::string_view name) const {
+        const auto places = byName_.find(name);
+        if (places == byName_.end())
+            return;
+        for (const std::size_t at : places->second) {
+            const SequenceRow& row = rows_[at];
+            found.push_back({"Sequence",
+                             nameOfSequence(at),
+                             row.text + " " + row.direction + " " + row.transactionName,
+                             {Destination::Kind::Sequence, at, row.transactionName}});
+        }
+    }
+
+private:
+    /// Empty for a row that no head comes before.
+    std::string nameOfSequence(std::size_t row) const {
+        const auto after = std::upper_bound(heads_.begin(), heads_.end(), row);
+        return after == heads_.begin() ? std::string() : rows_[*std::prev(after)].text;
+    }
+
+    const std::vector<SequenceRow>& rows_;
+    std::vector<std::size_t> heads_;
+    std::unordered_map<std::string_view, std::vector<std::size_t>> byName_;
+};
+
 } // namespace
 
 FoundPlace placeOfNode(const NodeTree& tree, int index) {
@@ -69,30 +108,20 @@ FoundPlaces usesOfMessage(const TRModelStore* model, const Sequences& sequences,
     FoundPlaces found;
     if (model == nullptr)
         return found;
+    const RowsOfMessages rows(sequences);
     for (const auto& record : model->TRMessages()) {
         if (!equalsIgnoringCase(record->SECSMessage(), name))
             continue;
         const bool received = record->Direction() == model->ReceivedDirection();
         found.push_back(placeInModel(*record, "TR message", received ? "received" : "sent"));
-        FoundPlaces rows = usesOfTRMessage(sequences, record->Name());
-        std::move(rows.begin(), rows.end(), std::back_inserter(found));
+        rows.addPlaces(found, record->Name());
     }
     return found;
 }
 
 FoundPlaces usesOfTRMessage(const Sequences& sequences, std::string_view name) {
     FoundPlaces found;
-    const auto& rows = sequences.rows();
-    std::string sequence;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (rows[i].isHead())
-            sequence = rows[i].text;
-        else if (rows[i].transactionName == name)
-            found.push_back({"Sequence",
-                             sequence,
-                             rows[i].text + " " + rows[i].direction + " " + rows[i].transactionName,
-                             {Destination::Kind::Sequence, i, rows[i].transactionName}});
-    }
+    RowsOfMessages(sequences).addPlaces(found, name);
     return found;
 }
 
