@@ -151,11 +151,15 @@ void ListBinder::rememberWidth(int section, int width) {
 void ListBinder::showSelection() {
     QItemSelection selection;
     const auto& rows = list_.shown();
+    // Rows beside each other are one range: Qt compares all ranges with each other.
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (!rows[i]->selected())
             continue;
-        const int row = static_cast<int>(i);
-        selection.select(model_->index(row, 0), model_->index(row, model_->columnCount() - 1));
+        const int first = static_cast<int>(i);
+        while (i + 1 < rows.size() && rows[i + 1]->selected())
+            ++i;
+        selection.select(model_->index(first, 0),
+                         model_->index(static_cast<int>(i), model_->columnCount() - 1));
     }
     QItemSelectionModel* shown = view_.selectionModel();
     shown->select(selection, QItemSelectionModel::ClearAndSelect);

@@ -89,9 +89,10 @@ int NodeTreeModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant NodeTreeModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid())
-        return {};
-    const Node& node = *nodeOf(index);
+    return index.isValid() ? lookOf(*nodeOf(index), role) : QVariant();
+}
+
+QVariant NodeTreeModel::lookOf(const Node& node, int role) const {
     switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:

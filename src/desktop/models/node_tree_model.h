@@ -45,6 +45,8 @@ public:
     int columnCount(const QModelIndex& /*parent*/ = {}) const override { return 1; }
     bool hasChildren(const QModelIndex& parent = {}) const override { return rowCount(parent) > 0; }
     QVariant data(const QModelIndex& index, int role) const override;
+    /// What the data of the node's row are, for a view that has the node: the row is not looked up.
+    QVariant lookOf(const Node& node, int role) const;
 
 private:
     void beforeInsert(Node* parent, Node* previous) override;

@@ -32,6 +32,14 @@ bool NodeTreeView::isOnBox(const Node& node, const QPoint& place) const {
     return boxRect(node, row).adjusted(-3, -3, 3, 3).contains(place);
 }
 
+const Node* NodeTreeView::nodeBelow(const Node& node) const {
+    const Node* root = &node;
+    while (root->parent() != nullptr)
+        root = root->parent();
+    const Node* next = nextShown(node, *root);
+    return next != nullptr ? next : root->next();
+}
+
 void NodeTreeView::paintEvent(QPaintEvent* event) {
     if (nodes_ == nullptr)
         return;
@@ -41,11 +49,11 @@ void NodeTreeView::paintEvent(QPaintEvent* event) {
     const int top = verticalScrollBar()->value();
     const int first = event->rect().top() / height;
     const int last = event->rect().bottom() / height;
-    for (int line = first; line <= last; ++line) {
-        const Node* node = nodeOfRow(top + line);
-        if (node == nullptr)
-            break;
+    // The row of a node in a long message is found by counting, so only that of the first one is.
+    const Node* node = nodeOfRow(top + first);
+    for (int line = first; line <= last && node != nullptr; ++line) {
         paintRow(painter, *node, QRect(0, line * height, viewport()->width(), height));
+        node = nodeBelow(*node);
     }
 }
 
@@ -94,13 +102,12 @@ void NodeTreeView::paintBox(QPainter& painter, const Node& node, const QRect& ro
 }
 
 void NodeTreeView::paintText(QPainter& painter, const Node& node, const QRect& row) {
-    const QModelIndex index = nodes_->indexOf(&node);
     QFont font = this->font();
     font.setBold(node.bold());
     painter.setFont(font);
     const QString text = shownLine(node.text());
     int left = textLeft(node);
-    const QIcon icon = qvariant_cast<QIcon>(index.data(Qt::DecorationRole));
+    const QIcon icon = qvariant_cast<QIcon>(nodes_->lookOf(node, Qt::DecorationRole));
     if (!icon.isNull()) {
         const int size = row.height() - 4;
         icon.paint(&painter, left, row.top() + 2, size, size);
@@ -109,8 +116,8 @@ void NodeTreeView::paintText(QPainter& painter, const Node& node, const QRect& r
     const int width = painter.fontMetrics().horizontalAdvance(text) + 2 * kTextPadding;
     const QRect place(left, row.top(), std::max(width, indentation()), row.height());
     widenTo(place.right() + horizontalOffset() + indentation());
-    const QBrush back = qvariant_cast<QBrush>(index.data(Qt::BackgroundRole));
-    const QBrush fore = qvariant_cast<QBrush>(index.data(Qt::ForegroundRole));
+    const QBrush back = qvariant_cast<QBrush>(nodes_->lookOf(node, Qt::BackgroundRole));
+    const QBrush fore = qvariant_cast<QBrush>(nodes_->lookOf(node, Qt::ForegroundRole));
     const bool selected = nodes_->store().nodes().selected() == &node;
     const auto group =
         isEnabled() ? (hasFocus() ? QPalette::Active : QPalette::Inactive) : QPalette::Disabled;

@@ -85,6 +85,8 @@ private:
     int indentation() const;
     std::optional<int> rowOfNode(const Node& node) const;
     Node* nodeOfRow(int row) const;
+    /// The node in the next row; null after the last one.
+    const Node* nodeBelow(const Node& node) const;
     QRect boxRect(const Node& node, const QRect& row) const;
     int textLeft(const Node& node) const;
     void paintRow(QPainter& painter, const Node& node, const QRect& row);
