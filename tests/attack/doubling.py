@@ -46,6 +46,16 @@ def smd_broken(count):
     return "m.smd", "XX: S1 F1 <<<<\r\n" * count
 
 
+def nameless_items(count):
+    return "P.zbp", project(f"* d\r\nM: S1 F1 H->E\r\n    L {count}\r\n" + "        U1 1 1\r\n" * count +
+                            "        U1 1 Z 1.\r\n")
+
+
+def nameless_lists(count):
+    return "P.zbp", project(f"* d\r\nM: S1 F1 H->E\r\n    L {count}\r\n" +
+                            "        L 1\r\n            U1 1 1\r\n" * count + "        U1 1 Z 1.\r\n")
+
+
 CASES = [
     ("list, messages", ["list"], many_messages, 20_000),
     ("check, messages", ["check", "--warnings"], many_messages, 10_000),
@@ -55,6 +65,8 @@ CASES = [
     ("list, SML messages", ["list"], sml_messages, 20_000),
     ("list, SML items of one message", ["list"], sml_items, 20_000),
     ("list, SMD with faults", ["list"], smd_broken, 10_000),
+    ("generate, items without names", ["generate", "--out", "made"], nameless_items, 5_000),
+    ("generate, lists without names", ["generate", "--out", "made"], nameless_lists, 2_000),
 ]
 
 

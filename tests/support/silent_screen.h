@@ -58,7 +58,12 @@ public:
     void callLater(std::chrono::milliseconds delay, std::function<void()> function) override {
         later.push_back({delay, std::move(function)});
     }
+    void putOnClipboard(const SharedClipboard& contents) override { shared_ = contents; }
+    SharedClipboard clipboard() override { return shared_; }
     std::string timeOfDay() override { return "12:00"; }
+
+private:
+    SharedClipboard shared_;
 };
 
 } // namespace zb::test
