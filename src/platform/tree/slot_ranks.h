@@ -11,7 +11,7 @@ namespace zb {
 /// no slot is free, in constant time and without memory.
 class SlotRanks {
 public:
-    std::size_t slots() const { return slots_; }
+    std::size_t size() const { return slots_; }
     std::size_t used() const { return slots_ - free_; }
 
     /// Adds slots at the end.

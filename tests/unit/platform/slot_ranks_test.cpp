@@ -19,7 +19,7 @@ struct Counted {
         return rank;
     }
     void expectSame(const SlotRanks& ranks) const {
-        ASSERT_EQ(ranks.slots(), used.size());
+        ASSERT_EQ(ranks.size(), used.size());
         ASSERT_EQ(ranks.used(), rankOf(used.size()));
         for (std::size_t slot = 0; slot < used.size(); ++slot) {
             ASSERT_EQ(ranks.rankOf(slot), rankOf(slot)) << "slot " << slot;
@@ -43,7 +43,7 @@ TEST(SlotRanks, CountTheSlotsInUseUpToEach) {
     ranks.reuse(1);
     EXPECT_EQ(ranks.slotOf(2), 1U);
     ranks.clear();
-    EXPECT_EQ(ranks.slots(), 0U);
+    EXPECT_EQ(ranks.size(), 0U);
 }
 
 TEST(SlotRanks, ASlotAfterAllOthersHasTheRankOfTheLastOne) {
