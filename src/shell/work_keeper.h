@@ -75,7 +75,7 @@ private:
     };
 
     static Fingerprint fingerprintOf(std::string_view text);
-    /// Whether work was left behind.
+    /// Whether unsaved work was left.
     bool leaveSession();
     void schedule();
     void look();

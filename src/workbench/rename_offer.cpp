@@ -81,8 +81,8 @@ RenameOffer::Users RenameOffer::allUsers() const {
 
 std::vector<const TRMessageRecord*> RenameOffer::usersOf(const Rename& rename, const Users& users) const {
     const NodeTree& messages = workbench_.services().editor.liveTree();
-    const bool stands = messages.find(rename.from) == nullptr && messages.find(rename.to) != nullptr;
-    const auto found = stands ? users.find(upper(rename.from)) : users.end();
+    const bool isInForce = messages.find(rename.from) == nullptr && messages.find(rename.to) != nullptr;
+    const auto found = isInForce ? users.find(upper(rename.from)) : users.end();
     return found == users.end() ? std::vector<const TRMessageRecord*>() : found->second;
 }
 

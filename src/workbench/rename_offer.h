@@ -31,7 +31,7 @@ private:
     using Users = std::unordered_map<std::string, std::vector<const TRMessageRecord*>>;
 
     void renamed(const std::vector<std::pair<std::string, std::string>>& renames);
-    /// Whether the rename stands, and who has not followed it; empty when it does not.
+    /// Whether the rename is in force, and who has not followed it; empty when it does not.
     std::vector<const TRMessageRecord*> usersOf(const Rename& rename, const Users& users) const;
     Users allUsers() const;
     void offer();

@@ -239,7 +239,8 @@ ItemReader::Step ItemReader::openItem() {
     if (upperLetter(scanner_.peek(1)) == 'S' && atNextMessage())
         return cutShort();
     if (body_.openLists() >= kDeepestLevel) {
-        findings_.fail(offset, "lists lie more than " + std::to_string(kDeepestLevel) + " levels deep");
+        findings_.fail(offset,
+                       "lists are nested more than " + std::to_string(kDeepestLevel) + " levels deep");
         return Step::Broken;
     }
     scanner_.advance();

@@ -275,7 +275,7 @@ TEST(SmlItems, ListsLieAtMostAThousandDeep) {
         deepest += "<L ";
     EXPECT_EQ(readSml(deepest + std::string(1000, '>') + ".", CodePage(1252)).findings.size(), 0u);
     EXPECT_EQ(dump(readSml(deepest + "<L>" + std::string(1000, '>') + ".", CodePage(1252)).findings),
-              "error 2:3001 lists lie more than 1000 levels deep\n");
+              "error 2:3001 lists are nested more than 1000 levels deep\n");
 }
 
 TEST(SmlItems, ColumnsCountCharacters) {
