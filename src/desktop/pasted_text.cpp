@@ -14,12 +14,12 @@ constexpr qsizetype kMost = 4 * kMega; // a value of the longest item is shorter
 
 } // namespace
 
-std::string pastedLine(const QString& text, Desktop& desktop) {
+std::optional<std::string> pastedLine(const QString& text, Desktop& desktop) {
     const auto end = std::find_if(text.begin(), text.end(), [](QChar at) {
         return at == QLatin1Char('\r') || at == QLatin1Char('\n');
     });
     const auto length = static_cast<qsizetype>(end - text.begin());
-    return takesPasted(length, desktop) ? fromQt(text.left(length)) : std::string();
+    return takesPasted(length, desktop) ? std::optional(fromQt(text.left(length))) : std::nullopt;
 }
 
 bool takesPasted(qsizetype characters, Desktop& desktop) {

@@ -16,6 +16,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
@@ -328,7 +329,7 @@ void TextFieldBinder::cut() {
 }
 
 std::string TextFieldBinder::pasted(const QString& text) {
-    return pastedLine(text, binding().desktop);
+    return pastedLine(text, binding().desktop).value_or(std::string());
 }
 
 void TextFieldBinder::paste() {
@@ -338,9 +339,12 @@ void TextFieldBinder::paste() {
             hands().drop(*taken, Target::whole(field_));
         return;
     }
-    // A clipboard that does not answer must not delete the selection.
-    if (const std::string text = pasted(QGuiApplication::clipboard()->text()); !text.empty())
-        hands().insert(field_, text);
+    // An empty text deletes the selection. A clipboard whose owner does not answer offers no text at all.
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    if (data == nullptr || !data->hasText())
+        return;
+    if (const auto text = pastedLine(data->text(), binding().desktop))
+        hands().insert(field_, *text);
 }
 
 QAction& TextFieldBinder::makeAction(const char* name, const QString& text, void (TextFieldBinder::*run)()) {
