@@ -79,7 +79,8 @@ TEST_F(TextEdit, PastesOverTheSelection) {
 
 // As where nothing is selected for the middle button, or the owner of the clipboard does not answer.
 TEST_F(TextEdit, PastesNothingOfAClipboardWithoutFormats) {
-    QGuiApplication::clipboard()->setMimeData(new QMimeData); // the clipboard takes it
+    QGuiApplication::clipboard()->setMimeData(
+        std::make_unique<QMimeData>().release()); // the clipboard takes it
     QTest::keyClick(&edit(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(field().text(), "one\ntwo");
     EXPECT_EQ(edit().toPlainText(), QStringLiteral("one\ntwo"));
