@@ -12,6 +12,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/ended_process.h"
 #include "support/temporary_folder.h"
 #include "unit/platform/faulty_file_layer.h"
 
@@ -218,18 +219,9 @@ TEST(FileReplacer, GivesNewFilesTheUsualMode) {
     EXPECT_EQ(modeOf(folder / "a.zbp"), modeOf(folder / "usual"));
 }
 
-// The number of a process that has ended.
-pid_t endedProcess() {
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(0);
-    ::waitpid(child, nullptr, 0);
-    return child;
-}
-
 TEST(FileReplacer, ClearsWhatAKilledProcessLeft) {
     const TemporaryFolder folder;
-    const std::string dead = std::to_string(endedProcess());
+    const std::string dead = test::endedProcess();
     const std::string alive = ".a.zbp.zbtmp-" + std::to_string(::getppid());
     const std::string own = ".a.zbp.zbtmp-" + std::to_string(::getpid());
     const Names kept{alive, ".b.zbp.zbtmp-" + dead, ".a.zbp.zbtmp-", ".a.zbp.zbtmp-12x", ".a.zbp.zbtmp--3"};

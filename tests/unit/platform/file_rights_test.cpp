@@ -8,13 +8,13 @@
 
 #include <sys/acl.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/ended_process.h"
 #include "support/temporary_folder.h"
 #include "unit/platform/faulty_file_layer.h"
 
@@ -141,15 +141,6 @@ TEST_F(FileRights, WhatWasThereIsInTheGuardWhereItCannotBePutBack) {
     EXPECT_EQ(readFile(folder / guard), "zbguard 11 3\nold contentnew");
 }
 
-// The number of a process that has ended.
-std::string endedProcess() {
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(0);
-    ::waitpid(child, nullptr, 0);
-    return std::to_string(child);
-}
-
 struct Stop {
     const char* found;
     const char* expected;
@@ -161,7 +152,7 @@ class GuardedWriteStop : public testing::TestWithParam<Stop> {};
 TEST_P(GuardedWriteStop, IsCompletedAtTheNextRead) {
     const test::TemporaryFolder folder;
     const fs::path path = folder / "a.zbp";
-    const std::string guard = ".a.zbp.zbguard-" + endedProcess();
+    const std::string guard = ".a.zbp.zbguard-" + test::endedProcess();
     writeFile(path, GetParam().found);
     writeFile(folder / guard, "zbguard 6 9\n111111222222222");
     SystemFileLayer layer;
@@ -177,7 +168,7 @@ INSTANTIATE_TEST_SUITE_P(States, GuardedWriteStop,
                                          Stop{"of others", "of others", true}, Stop{"", "", true}));
 
 TEST_F(FileRights, AGuardThatIsIncompleteBelongsToNoWrite) {
-    const std::string guard = ".a.zbp.zbguard-" + endedProcess();
+    const std::string guard = ".a.zbp.zbguard-" + test::endedProcess();
     writeFile(folder / guard, "zbguard 600 9\nold co");
     SystemFileLayer layer;
     finishGuardedWrite(layer, path);
@@ -197,7 +188,7 @@ TEST_F(FileRights, ANewPrivateFileIsReadByItsUserAlone) {
 TEST_F(FileRights, AGuardBesideALinkReachesNoFileElsewhere) {
     fs::create_directory(folder / "received");
     fs::create_symlink(path, folder / "received/b.zbp");
-    const std::string guard = ".b.zbp.zbguard-" + endedProcess();
+    const std::string guard = ".b.zbp.zbguard-" + test::endedProcess();
     writeFile(folder / "received" / guard, "zbguard 0 16\nold content, evil");
     SystemFileLayer layer;
     finishGuardedWrite(layer, folder / "received/b.zbp");

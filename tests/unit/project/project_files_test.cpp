@@ -3,13 +3,13 @@
 #include "platform/drives.h"
 #include "platform/text_file.h"
 #include "project/project_text.h"
+#include "support/ended_process.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace zb {
@@ -83,15 +83,6 @@ TEST(Drives, BeginWithTheRootAndHoldEveryFolder) {
     EXPECT_EQ(driveOf({"/ [File System]", "/media/usb"}, "/media/usbstick"), "/ [File System]");
 }
 
-// The number of a process that has ended.
-std::string endedProcess() {
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(0);
-    ::waitpid(child, nullptr, 0);
-    return std::to_string(child);
-}
-
 TEST(ProjectFiles, AReadThroughALinkCompletesTheWriteOfTheFileItself) {
     const test::TemporaryFolder folder;
     const auto project = [](const std::string& name) {
@@ -102,7 +93,7 @@ TEST(ProjectFiles, AReadThroughALinkCompletesTheWriteOfTheFileItself) {
     std::filesystem::create_directory(folder / "other");
     std::filesystem::create_symlink(folder / "a.zbp", folder / "other/b.zbp");
     test::writeFile(folder / "a.zbp", project("BA"));
-    const std::string process = endedProcess();
+    const std::string process = test::endedProcess();
     test::writeFile(folder / ("other/.b.zbp.zbguard-" + process),
                     "zbguard 0 " + std::to_string(before.size() + 4) + "\n" + project("BA") + "evil");
     test::writeFile(folder / (".a.zbp.zbguard-" + process), "zbguard " + std::to_string(before.size()) + " " +
