@@ -16,14 +16,14 @@ from browser import Browser  # noqa: E402
 
 PHONE_WIDTH = 390
 
-# Contrast of a text to what is behind it, as the guidelines for accessible pages compute it.
+# Contrast of a text to what is under it, as the guidelines for accessible pages compute it.
 LEAST_CONTRAST = """(() => {
   const light = colour => {
     const parts = colour.match(/[0-9.]+/g).slice(0, 3).map(Number)
       .map(part => part / 255).map(part => part <= 0.03928 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4);
     return 0.2126 * parts[0] + 0.7152 * parts[1] + 0.0722 * parts[2];
   };
-  const behind = element => {
+  const ground = element => {
     for (let at = element; at; at = at.parentElement) {
       const colour = getComputedStyle(at).backgroundColor;
       if (!/, 0\\)$/.test(colour) && colour !== 'transparent') return colour;
@@ -35,7 +35,7 @@ LEAST_CONTRAST = """(() => {
     if (element.localName === 'title') continue; // not drawn
     if (![...element.childNodes].some(node => node.nodeType === 3 && node.data.trim())) continue;
     const isDrawn = element.namespaceURI.endsWith('svg');
-    const pair = [light(getComputedStyle(element)[isDrawn ? 'fill' : 'color']), light(behind(element))].sort();
+    const pair = [light(getComputedStyle(element)[isDrawn ? 'fill' : 'color']), light(ground(element))].sort();
     const contrast = (Math.max(...pair) + 0.05) / (Math.min(...pair) + 0.05);
     if (contrast < least.contrast) least = {contrast, text: element.textContent.trim().slice(0, 40)};
   }

@@ -46,7 +46,7 @@ std::map<std::string, int> linesOf(const std::string& text) {
             content.pop_back();
         if (content.starts_with("L ") || content.find("SeqItem") == 0)
             content = content.substr(content.find_last_of(" \xBF") + 1);
-        // The fields of a head are merged one by one: its name tells that it is there.
+        // The fields of a head are merged one by one: its name says that it is there.
         ++lines[std::string(before(content, ": S"))];
     }
     return lines;

@@ -81,12 +81,12 @@ TEST_F(LibraryVerbs, FindingsOfBinaryFilesLeaveTheTerminalAlone) {
 
 TEST_F(LibraryVerbs, ReportsItemsThatAProjectTakesForHeads) {
     write("colon.sml", "S2F2 <L <A 'PJ:1'> <U1 1>>.\n");
-    const std::string told =
+    const std::string warning =
         ": S2F2: a project reads an item with \":\" as the head of a message: A 4 'PJ:1'\n";
     expect({"convert", path("colon.sml"), path("c.smd")}, 0, path("c.smd") + ": 1 message\n", "");
     expect({"convert", path("colon.sml"), path("c.zbp")}, 1, path("c.zbp") + ": 1 message\n",
-           path("c.zbp") + told);
-    expect({"add", path("P.zbp"), path("colon.sml"), "S2F2"}, 1, "S2F2\n", path("P.zbp") + told);
+           path("c.zbp") + warning);
+    expect({"add", path("P.zbp"), path("colon.sml"), "S2F2"}, 1, "S2F2\n", path("P.zbp") + warning);
 }
 
 TEST_F(LibraryVerbs, CountsOneMessageAsOne) {
@@ -222,9 +222,9 @@ TEST_F(LibraryVerbs, AddTakesNothingWhenANameIsUnknown) {
 
 TEST_F(LibraryVerbs, AddsMessagesBeforeTheModelOfAProjectWithoutAny) {
     const std::string header = "\r\n###[PROJECT INFORMATION]\r\nProjectType=2\r\n";
-    const std::string behind = "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\nSeqName\u00FFMain\u00FF\u00FF\r\n";
+    const std::string sequences = "\r\n\r\n\r\n###[SEQUENCE TABLE]\r\nSeqName\u00FFMain\u00FF\u00FF\r\n";
     const std::string model = "###[TRANSACTION MODEL] 1\r\n## [TR MESSAGE] A\r\nEndTRMessage\r\n";
-    for (const std::string& rest : {model + behind, behind, model}) {
+    for (const std::string& rest : {model + sequences, sequences, model}) {
         write("Bare.zbp", encodeUtf16(header + rest));
         expect({"add", path("Bare.zbp"), "semi", "S1F16"}, 0, "S1F16\n", "");
         const std::string text = decodeProject(*readBytes(path("Bare.zbp"))).text;

@@ -18,7 +18,7 @@ TEST_F(OutputGuardTest, NoticesOtherBytesOfTheSameSize) {
     writeFile(path(), "before");
     const OutputGuard guard(path());
     EXPECT_TRUE(guard.isUnchanged());
-    writeFile(path(), "behind");
+    writeFile(path(), "other");
     EXPECT_FALSE(guard.isUnchanged());
 }
 
@@ -36,7 +36,7 @@ TEST_F(OutputGuardTest, NoticesFilesOfAFolderThatChangeComeOrGo) {
     for (const char* name : {"same.sml", "other.sml", "gone.sml", "other.txt"})
         writeFile(folder / name, "before");
     const FolderGuard guard(folder.path(), ".sml");
-    writeFile(folder / "other.sml", "behind");
+    writeFile(folder / "other.sml", "other");
     writeFile(folder / "new.sml", "before");
     std::filesystem::remove(folder / "gone.sml");
     EXPECT_TRUE(guard.isUnchanged("same.sml"));

@@ -152,8 +152,8 @@ TEST(ModelText, IgnoresTheSequenceTable) {
 TEST(ModelText, ASectionOfANewerVersionGivesWhatIsKnown) {
     std::string newer(kModel);
     newer.replace(newer.find("] 1"), 3, "] 2 later");
-    for (const char* behind : {"Report True\r\n", "Type STRING\r\n", "] 2 later\r\n", "L 2\r\n"}) {
-        const std::size_t place = newer.find(behind) + std::string_view(behind).size();
+    for (const char* mark : {"Report True\r\n", "Type STRING\r\n", "] 2 later\r\n", "L 2\r\n"}) {
+        const std::size_t place = newer.find(mark) + std::string_view(mark).size();
         newer.insert(place, "  Colour blue\r\n  Priority 7 Value 3\r\n");
     }
     EXPECT_EQ(reread(newer), reread(kModel));

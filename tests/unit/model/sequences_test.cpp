@@ -49,14 +49,14 @@ TEST_F(SequencesTest, ReadOverBlankLinesAndTrimEveryField) {
 }
 
 TEST_F(SequencesTest, EndAtALineWithTooFewFields) {
-    const std::string behind = "\r\nSeqName\u00FFB\u00FF\u00FF\r\n";
-    load("SeqName\u00FFA\u00FF\u00FF\r\nnothing" + behind);
+    const std::string rest = "\r\nSeqName\u00FFB\u00FF\u00FF\r\n";
+    load("SeqName\u00FFA\u00FF\u00FF\r\nnothing" + rest);
     EXPECT_EQ(rowsOf(sequences), (Texts{"A||"}));
-    load("SeqName\u00FFA" + behind);
+    load("SeqName\u00FFA" + rest);
     EXPECT_EQ(rowsOf(sequences), (Texts{"A||"}));
     EXPECT_EQ(sequences.rows()[0].picture, kSequenceHead);
     EXPECT_FALSE(sequences.rows()[0].isWhole);
-    load("SeqItem\u00FF1\u00FFToHost" + behind);
+    load("SeqItem\u00FF1\u00FFToHost" + rest);
     EXPECT_EQ(rowsOf(sequences), (Texts{"1|ToHost|"}));
 }
 
