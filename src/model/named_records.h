@@ -80,11 +80,18 @@ public:
             static_cast<void>(takeAt(positionOf(*record)));
     }
 
-    /// From 0; the record must be in the collection.
+    /// From 0; the record must be in the collection. The search begins where the last one ended: who changes
+    /// many records goes through them in order.
     std::size_t positionOf(const Record& record) const {
-        const auto found = std::find_if(records_.begin(), records_.end(),
-                                        [&](const auto& owned) { return owned.get() == &record; });
-        return static_cast<std::size_t>(found - records_.begin());
+        std::size_t after = std::min(lastPosition_, records_.size());
+        std::size_t before = after;
+        for (; before > 0 || after < records_.size(); ++after) {
+            if (before > 0 && records_[--before].get() == &record)
+                return lastPosition_ = before;
+            if (after < records_.size() && records_[after].get() == &record)
+                return lastPosition_ = after;
+        }
+        return records_.size();
     }
     std::unique_ptr<Record> takeAt(std::size_t position) {
         const auto place = records_.begin() + static_cast<std::ptrdiff_t>(position);
@@ -131,6 +138,7 @@ private:
     Records records_;
     mutable std::unordered_map<std::string, Record*, Hash, std::equal_to<>> byName_;
     mutable bool namesChanged_ = true; ///< the index must be rebuilt
+    mutable std::size_t lastPosition_ = 0;
 };
 
 } // namespace zb

@@ -48,7 +48,7 @@ public:
             return;
         if (recorder_ != nullptr)
             recorder_->afterAdd(TRMessages().size() - 1);
-        tell(name);
+        notify(name);
     }
     /// Puts the record there. The caller has checked that the name is free.
     void addAt(std::size_t position, std::unique_ptr<TRMessageRecord> record) {
@@ -64,7 +64,7 @@ public:
         if (message != nullptr && recorder_ != nullptr)
             recorder_->beforeChange(messages_.positionOf(*message), *message);
         if (message != nullptr)
-            tell(message->Name());
+            notify(message->Name());
         return message;
     }
     /// No effect for an unknown name.
@@ -78,7 +78,7 @@ public:
         const std::string removedName = removed->Name();
         if (recorder_ != nullptr)
             recorder_->afterRemove(position, std::move(removed));
-        tell(removedName);
+        notify(removedName);
     }
     void clearTRMessages() {
         std::vector<std::string> names;
@@ -86,7 +86,7 @@ public:
             names.push_back(message->Name());
         messages_.clear();
         for (const std::string& cleared : names)
-            tell(cleared);
+            notify(cleared);
     }
 
     /// Receives what the user changes; null for nobody.
@@ -95,13 +95,13 @@ public:
     /// @{
     std::unique_ptr<TRMessageRecord> takeAt(std::size_t position) {
         std::unique_ptr<TRMessageRecord> taken = messages_.takeAt(position);
-        tell(taken->Name());
+        notify(taken->Name());
         return taken;
     }
     void insertAt(std::size_t position, std::unique_ptr<TRMessageRecord> record) {
         const std::string name = record->Name();
         messages_.insertAt(position, std::move(record));
-        tell(name);
+        notify(name);
     }
     /// @}
 
@@ -109,7 +109,7 @@ public:
     std::function<void(const std::string& name)> onTouched;
 
 private:
-    void tell(const std::string& name) const {
+    void notify(const std::string& name) const {
         if (onTouched)
             onTouched(name);
     }

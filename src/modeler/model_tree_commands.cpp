@@ -265,7 +265,8 @@ void ModelTreeCommands::clearTree(Tree& tree) {
     window_.desktop().steps().name("Clear " + std::string(window_.rootOf(tree)));
     const Node* root = tree.nodes().firstRoot();
     if (TRModelStore* model = window_.store(); model != nullptr && root != nullptr) {
-        for (const Node* node = root->child(); node != nullptr; node = node->next())
+        // From the last one: no other message moves up.
+        for (const Node* node = root->lastChild(); node != nullptr; node = node->previous())
             model->deleteTRMessage(node->text());
     }
     window_.initializeTreeView(tree);

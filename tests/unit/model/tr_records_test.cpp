@@ -148,6 +148,52 @@ TEST_P(NamesInAModel, AreFreeAgainWhenTheirRecordsAreGone) {
     }
 }
 
+/// The positions of all changes, in their order.
+class Positions final : public TRModelRecorder {
+public:
+    void beforeChange(std::size_t position, const TRMessageRecord& message) override {
+        noted.emplace_back(position, message.Name());
+    }
+    void afterAdd(std::size_t /*position*/) override {}
+    void afterRemove(std::size_t position, std::unique_ptr<TRMessageRecord> message) override {
+        noted.emplace_back(position, message->Name());
+    }
+
+    std::vector<std::pair<std::size_t, std::string>> noted;
+};
+
+TEST_P(NamesInAModel, HaveTheirPositionsInAnyOrderOfAsking) {
+    Positions positions;
+    store_.setRecorder(&positions);
+    const std::size_t count = store_.TRMessages().size();
+    // Forwards, backwards and across.
+    std::vector<std::size_t> order;
+    for (std::size_t at = 0; at < 3 * count; ++at)
+        order.push_back(at < count ? at : at < 2 * count ? 2 * count - 1 - at : (at * 7) % count);
+    for (const std::size_t at : order)
+        store_.changeTRMessage("Other" + std::to_string(at));
+    ASSERT_EQ(positions.noted.size(), order.size());
+    for (std::size_t at = 0; at < order.size(); ++at)
+        EXPECT_EQ(positions.noted[at], std::pair(order[at], "Other" + std::to_string(order[at])));
+}
+
+TEST_P(NamesInAModel, HaveTheirPositionsAfterOthersAreGone) {
+    Positions positions;
+    store_.setRecorder(&positions);
+    // The last search ended at a position that is gone.
+    for (std::size_t left = store_.TRMessages().size(); left > 0;) {
+        const std::string last = store_.TRMessages().back()->Name();
+        const std::string first = store_.TRMessages().front()->Name();
+        positions.noted.clear();
+        store_.deleteTRMessage(last);
+        EXPECT_EQ(positions.noted, (decltype(positions.noted){{--left, last}}));
+        if (left > 0) {
+            store_.changeTRMessage(first);
+            EXPECT_EQ(positions.noted.back(), std::pair(std::size_t{0}, first));
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(FewAndMany, NamesInAModel, testing::Values(0, 15, 16, 17, 60));
 
 TEST(TRModelStore, ReceivesWhatTheOtherSideSends) {
