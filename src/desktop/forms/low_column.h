@@ -4,8 +4,8 @@
 
 namespace zb {
 
-/// A column of fields that scrolls where it has less height than its fields need. It is never narrower than
-/// they are.
+/// A column of fields or lists that scrolls where it has less height than they need. It is never narrower
+/// than they are.
 class LowColumn final : public QScrollArea {
     Q_OBJECT
 
