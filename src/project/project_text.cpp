@@ -19,14 +19,18 @@ constexpr std::string_view kModelVersion = "1";
 ProjectMessages messagesOf(const ProjectSections& sections) {
     if (!sections.hasMessages)
         return {};
+    constexpr std::string_view kBlanks = " \r\n";
+    // Blank lines at the end belong to the next marker, and so does a last section of nothing else.
+    std::size_t count = sections.messages.size();
+    while (count > 0 && sections.messages[count - 1].find_first_not_of(kBlanks) == std::string_view::npos)
+        --count;
     std::string text;
-    for (const std::string_view part : sections.messages) {
-        if (!text.empty())
+    for (std::size_t at = 0; at < count; ++at) {
+        if (at > 0)
             text.append(kMessagesMarker).append(kLineEnd);
-        text += part;
+        text += sections.messages[at];
     }
-    // Blank lines at the end belong to the next marker.
-    const std::size_t last = text.find_last_not_of(" \r\n");
+    const std::size_t last = text.find_last_not_of(kBlanks);
     const std::size_t end = last == std::string::npos ? 0 : text.find('\n', last);
     if (end == std::string::npos)
         text += kLineEnd;

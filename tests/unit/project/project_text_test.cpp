@@ -76,6 +76,16 @@ TEST(ProjectText, ASectionWithoutMessagesKeepsItsLine) {
     EXPECT_EQ(composeProject(project), kHeader + "## [EDIT SMD]\r\n" + kSequences);
 }
 
+TEST(ProjectText, ALastSectionOfBlankLinesIsNoneOfItsOwn) {
+    const std::string section = "## [EDIT SMD]\r\n* One\r\nA: S1 F1 H->E.\r\n";
+    const std::string blank = "## [EDIT SMD]\r\n \r\n";
+    const std::string once = composedAgain(kHeader + section + blank + "## x\r\n" + blank + kSequences);
+    EXPECT_EQ(once, kHeader + section + "## x\r\n" + kSequences);
+    EXPECT_EQ(composedAgain(once), once);
+    // Before others it opens them.
+    EXPECT_EQ(composedAgain(kHeader + blank + section + kSequences), kHeader + blank + section + kSequences);
+}
+
 TEST(ProjectText, ALastLineGetsItsEnd) {
     EXPECT_EQ(parseProject("## [EDIT SMD]\nA: S1 F1 H->E.").messages.text(), "A: S1 F1 H->E.\r\n");
 }
