@@ -43,8 +43,10 @@ TEST_F(ComboEntriesTest, TheFirstEntryOfEachTextGoesInOnePass) {
 }
 
 TEST_F(ComboEntriesTest, ManyEntriesGoAndReturnInOnePassEach) {
+    constexpr int kCount = 100;
     std::vector<std::string> all;
-    for (int number = 0; number < 100; ++number)
+    all.reserve(kCount);
+    for (int number = 0; number < kCount; ++number)
         all.push_back("Message" + std::to_string(number));
     fill(all);
     ComboJournal journal(combo);
