@@ -175,6 +175,27 @@ TEST_F(Windows, ALowWindowCrowdsNoPane) {
     }
 }
 
+TEST_F(Windows, ALowWindowShowsAPaneBelowARehearsal) {
+    program.application.ProjectName = "P";
+    frmRehearsal& rehearsal = program.application.frmRehearsal;
+    rehearsal.open();
+    program.screen.mainWindow()->resize(800, 600);
+    program.screen.binding().hands.click(Target::whole(program.application.frmWorkbench.problems.button));
+    rehearsal.lblPlace.setText("120,000 of 120,000 messages, 110,000 not as modelled");
+    program.settle();
+    EXPECT_EQ(program.screen.mainWindow()->size(), QSize(800, 600));
+    const auto& list = program.widget<QWidget>(program.application.frmWorkbench, "lvwProblems");
+    EXPECT_GE(list.height(), list.minimumSizeHint().height());
+    EXPECT_GE(list.height(), 60);
+    // A list that is out of sight comes into view with the keyboard.
+    const auto& column = program.widget<QScrollArea>(rehearsal, "rehearsalColumn");
+    auto& sequence = program.widget<QWidget>(rehearsal, "lvwSequence");
+    sequence.setFocus();
+    program.settle();
+    const QRect shown(sequence.mapTo(column.viewport(), QPoint()), sequence.size());
+    EXPECT_TRUE(column.viewport()->rect().contains(shown.bottomLeft()));
+}
+
 TEST_F(Windows, InALowWindowAFieldOfTheEditorComesIntoViewWithTheKeyboard) {
     program.screen.mainWindow()->resize(800, 600);
     program.screen.binding().hands.click(Target::whole(program.application.frmWorkbench.marks.button));
