@@ -28,12 +28,15 @@ struct KeyCommand {
     /// The key has a meaning of its own for scripts, such as Enter in a field, which only locks or unlocks
     /// it: the command is for a keyboard alone.
     bool forKeyboard = false;
+    /// Whether the command comes before an entry of the menu bar that has the same key; empty for never. Only
+    /// lists and trees ask.
+    std::function<bool()> beforeMenu = {};
 };
 
 /// The keys of commands that are in no menu bar, such as Ins in the message tree. A control hears of the key
 /// first (its key filter locks and unlocks), then the command runs in place of the effect that the key has
-/// on the control, and the key up goes nowhere. Shortcuts of the menu bar and the keys of undo come first: a
-/// command on such a key never runs.
+/// on the control, and the key up goes nowhere. Enabled entries of the menu bar with the same shortcut
+/// come first, unless the command says otherwise, and so do the keys of undo.
 class KeyCommands {
 public:
     void add(KeyCommand command) { commands_.push_back(std::move(command)); }

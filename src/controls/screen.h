@@ -38,6 +38,8 @@ struct SharedClipboard {
     /// Messages or items that this program, or another instance of it, has put there: texts that lose
     /// nothing. Empty when another program put something there.
     std::string nodes;
+
+    bool operator==(const SharedClipboard&) const = default;
 };
 
 /// The services of a screen. A script and the desktop program each have one.

@@ -49,9 +49,7 @@ public:
         add({'V', kControlKey | kShiftKey}, tree, kTree,
             "Pastes messages from the clipboard: SML, or a list such as S1F1, S1F2",
             [&shared = window_.sharedNodes] { shared.paste(); });
-        // The entry with this key is disabled while nothing was copied here.
-        add({'V', kControlKey}, tree, kTree, "Pastes what was copied here, or else from the clipboard",
-            [&shared = window_.sharedNodes] { shared.paste(); });
+        addPaste(window_.tvwEdit, kTree, "Pastes what was copied last, here or in another program", false);
         add({kKeySpace, kControlKey}, tree, kTree,
             "Marks the selected message or item, or takes its mark away",
             [&marks = window_.markedNodes] { marks.toggleSelected(); });
@@ -80,6 +78,9 @@ public:
         add(
             {kKeyEnter, 0}, {&window_.lvwSource}, "the library", "Adds the selected messages to the project",
             [&library = window_.libraryPane] { library.addSelected(); }, true);
+        // In a new project the keyboard is here.
+        addPaste(window_.lvwSource, "the library", "Pastes messages from the clipboard into the project",
+                 true);
     }
 
     void addMessageKeys() {
@@ -119,6 +120,24 @@ public:
     }
 
 private:
+    // The entry of the menu pastes what was copied in the tree, and may be enabled with nothing to do.
+    void addPaste(const Control& control, const char* where, const char* purpose, bool forKeyboard) {
+        window_.desktop().keys().add({{'V', kControlKey},
+                                      {&window_, {&control}},
+                                      where,
+                                      purpose,
+                                      [&shared = window_.sharedNodes] {
+                                          shared.paste();
+                                          return true;
+                                      },
+                                      forKeyboard,
+                                      [&window = window_] {
+                                          return window.clipboard().empty() ||
+                                                 window.liveTree().selected() == nullptr ||
+                                                 window.sharedNodes.isCopyOutdated();
+                                      }});
+    }
+
     void addMove(int code, NodeMove way, const char* purpose) {
         add({code, kAltKey}, {&window_.tvwEdit}, kTree, purpose,
             [&moves = window_.nodeMoves, way] { moves.move(way); });

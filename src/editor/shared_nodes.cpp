@@ -43,12 +43,20 @@ std::string textOf(const Finding& finding) {
 } // namespace
 
 SharedNodes::SharedNodes(frmSECSEditor& window) : window_(window) {
-    window_.treeCommands.onCopied = [this] { put(); };
+    window_.treeCommands.onCopied = [this] {
+        const CopiedNodes& copies = window_.treeCommands.copies();
+        put({sharedTextOf(copies), exchangeTextOf(copies)});
+    };
 }
 
-void SharedNodes::put() {
-    const CopiedNodes& copies = window_.treeCommands.copies();
-    window_.desktop().screen().putOnClipboard({sharedTextOf(copies), exchangeTextOf(copies)});
+void SharedNodes::put(SharedClipboard contents) {
+    own_ = std::move(contents);
+    window_.desktop().screen().putOnClipboard(own_);
+}
+
+bool SharedNodes::isCopyOutdated() const {
+    const SharedClipboard now = window_.desktop().screen().clipboard();
+    return now != SharedClipboard() && now != own_;
 }
 
 void SharedNodes::copyBare() {
@@ -56,7 +64,7 @@ void SharedNodes::copyBare() {
     if (copies.empty())
         return;
     const BareSml bare = bareTextOf(copies);
-    window_.desktop().screen().putOnClipboard({bare.text, {}});
+    put({bare.text, {}});
     std::string text = "Copied as bare SML";
     if (!bare.notes.empty())
         text += "; " + bare.notes.front();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/notices.h"
+#include "controls/screen.h"
 #include "platform/finding.h"
 
 #include <functional>
@@ -27,6 +28,8 @@ public:
     /// Adds what is on the clipboard after the selected message or item, or at the end. A notice says how
     /// much was read.
     void paste();
+    /// Whether something else has been copied, here or in another program, since the last copy in the tree.
+    bool isCopyOutdated() const;
     /// Adds the messages of a text, which is SML or a list such as "S1F1, S1F2", in the same way.
     void pasteText(std::string_view text);
 
@@ -37,7 +40,7 @@ public:
     static constexpr const char* kPastedText = "pasted text";
 
 private:
-    void put();
+    void put(SharedClipboard contents);
     void pasteNodes(std::string_view nodes);
     void pasteList(const std::vector<std::string>& names);
     /// Adds the messages at the end, each unless its name is taken, and returns how many were added.
@@ -46,6 +49,7 @@ private:
                 std::vector<NoticeAction> actions = {});
 
     frmSECSEditor& window_;
+    SharedClipboard own_; ///< what was put there last
 };
 
 } // namespace zb

@@ -24,6 +24,12 @@ struct ItemKeys : ::testing::Test {
     frmSECSEditor& editor() { return program.application.frmSECSEditor; }
     QWidget& tree() { return program.widget<QWidget>(editor(), "tvwEdit"); }
 
+    Target editorNode(std::string_view key) {
+        Target target = Target::whole(editor().tvwEdit);
+        target.node = editor().liveTree().find(key);
+        return target;
+    }
+
     ProgramOnScreen program{"/"};
 };
 
@@ -52,6 +58,45 @@ TEST_F(ItemKeys, PasteInTheTreeDoesNotRepeatAnOldDrag) {
     QGuiApplication::clipboard()->setText(QStringLiteral("copied elsewhere"));
     QTest::keyClick(&tree(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(editor().liveTree().count(), dragged);
+}
+
+// Nothing was copied here, and nothing is selected: the entry of the menu has nothing to do, but is enabled.
+TEST_F(ItemKeys, APasteGoesIntoAnEmptyProjectFromTheTreeAndTheLibrary) {
+    ASSERT_TRUE(editor().editEntries.pasteNext.enabled());
+    auto& library = program.widget<QTreeView>(editor(), "lvwSource");
+    QGuiApplication::clipboard()->setText(QStringLiteral("Asked: S1F3 W <L <U4 SVID 1>>."));
+    for (QWidget* place : {&tree(), static_cast<QWidget*>(&library)}) {
+        QTest::keyClick(place, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_NE(editor().liveTree().find("Asked"), nullptr) << place->objectName().toStdString();
+        QTest::keyClick(place, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_TRUE(editor().liveTree().empty());
+    }
+}
+
+TEST_F(ItemKeys, WhatWasCopiedLastIsPasted) {
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+        QTest::keyClick(&tree(), key, modifiers);
+        // A click on a node enables the entry of the menu that pastes it.
+        program.screen.binding().hands.click(editorNode("Own"));
+        program.settle();
+    };
+    const NodeTree& nodes = editor().liveTree();
+    QGuiApplication::clipboard()->setText(QStringLiteral("Own: S1F1 W."));
+    QTest::keyClick(&tree(), Qt::Key_V, Qt::ControlModifier);
+    ASSERT_NE(nodes.find("Own"), nullptr);
+    press(Qt::Key_C);
+    ASSERT_TRUE(editor().editEntries.pasteNext.enabled());
+    press(Qt::Key_V);
+    EXPECT_NE(nodes.find("OwnNew1"), nullptr);
+    QGuiApplication::clipboard()->setText(QStringLiteral("Foreign: S1F3 W."));
+    press(Qt::Key_V);
+    EXPECT_NE(nodes.find("Foreign"), nullptr);
+    // Bare SML is for other programs, and what was copied for the tree stays.
+    press(Qt::Key_C);
+    press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_V);
+    EXPECT_NE(nodes.find("OwnNew1New1"), nullptr);
+    EXPECT_EQ(nodes.find("S1F1"), nullptr);
 }
 
 TEST_F(ItemKeys, AnEmptyListAndATreeShowThatTheyHaveTheFocus) {

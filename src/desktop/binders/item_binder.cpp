@@ -76,11 +76,21 @@ bool ItemBinder::eventFilter(QObject* watched, QEvent* event) {
         openPopupByKey();
         return true;
     }
-    if (event->type() == QEvent::ShortcutOverride && wantsKey(static_cast<QKeyEvent&>(*event))) {
-        event->accept();
-        return true;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = static_cast<QKeyEvent&>(*event);
+        if (wantsKey(key) || comesBeforeMenu(key)) {
+            event->accept();
+            return true;
+        }
     }
     return Binder::eventFilter(watched, event);
+}
+
+bool ItemBinder::comesBeforeMenu(const QKeyEvent& event) const {
+    const auto key = meaningOf(event).key;
+    const KeyCommand* command =
+        key ? binding().desktop.keys().find(control().window(), &control(), *key) : nullptr;
+    return command != nullptr && command->beforeMenu && command->beforeMenu();
 }
 
 // The drag keys belong to the list while it can use them; otherwise they are those of the menus.

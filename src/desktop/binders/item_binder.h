@@ -46,6 +46,7 @@ protected:
 
 private:
     bool wantsKey(const QKeyEvent& event) const;
+    bool comesBeforeMenu(const QKeyEvent& event) const;
     bool viewportEvent(QEvent& event);
     void mousePressed(const QMouseEvent& event);
     void mouseMoved(const QMouseEvent& event);
