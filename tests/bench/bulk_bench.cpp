@@ -82,6 +82,20 @@ std::string sequencesText(std::int64_t count) {
     return projectText(100) + modelText(static_cast<std::size_t>(count));
 }
 
+/// The undo of an action, after it.
+template<Prepared kPrepare>
+Action undone(Large& large, std::int64_t count) {
+    kPrepare(large, count)();
+    return [&large] { large.undo(); };
+}
+
+/// Its redo, after both.
+template<Prepared kPrepare>
+Action redone(Large& large, std::int64_t count) {
+    undone<kPrepare>(large, count)();
+    return [&large] { large.redo(); };
+}
+
 Action markedMessages(Large& large, std::int64_t count) {
     return [&large, count] { large.markMessages(count); };
 }
@@ -91,34 +105,14 @@ Action deletedMessages(Large& large, std::int64_t count) {
     return [&large] { large.run(large.editor.editEntries.remove); };
 }
 
-Action undoneDelete(Large& large, std::int64_t count) {
-    deletedMessages(large, count)();
-    return [&large] { large.undo(); };
-}
-
-Action redoneDelete(Large& large, std::int64_t count) {
-    undoneDelete(large, count)();
-    return [&large] { large.redo(); };
-}
-
 Action duplicatedMessages(Large& large, std::int64_t count) {
     large.markMessages(count);
     return [&large] { large.run(large.editor.editEntries.duplicate); };
 }
 
-Action undoneDuplicate(Large& large, std::int64_t count) {
-    duplicatedMessages(large, count)();
-    return [&large] { large.undo(); };
-}
-
 Action movedMessages(Large& large, std::int64_t count) {
     large.markMessages(count);
     return [&large] { large.run(large.workbench.treeMore.mnuMoveDown); };
-}
-
-Action undoneMove(Large& large, std::int64_t count) {
-    movedMessages(large, count)();
-    return [&large] { large.undo(); };
 }
 
 Action renamedMessages(Large& large, std::int64_t count) {
@@ -146,11 +140,6 @@ Action duplicatedItems(Large& large, std::int64_t /*count*/) {
 Action deletedItems(Large& large, std::int64_t /*count*/) {
     markItems(large);
     return [&large] { large.run(large.editor.editEntries.remove); };
-}
-
-Action undoneItems(Large& large, std::int64_t count) {
-    deletedItems(large, count)();
-    return [&large] { large.undo(); };
 }
 
 Action movedItems(Large& large, std::int64_t /*count*/) {
@@ -230,19 +219,9 @@ Action deletedRows(Large& large, std::int64_t count) {
     return [&large] { large.modeler.sequenceCommands().removeRows(); };
 }
 
-Action undoneRows(Large& large, std::int64_t count) {
-    deletedRows(large, count)();
-    return [&large] { large.undo(); };
-}
-
 Action clearedModel(Large& large, std::int64_t /*count*/) {
     large.program.application.showModeler();
     return [&large] { large.run(large.modeler.mnuClearAllRcvTRMsg); };
-}
-
-Action undoneModel(Large& large, std::int64_t count) {
-    clearedModel(large, count)();
-    return [&large] { large.undo(); };
 }
 
 Action foundUses(Large& large, std::int64_t count) {
@@ -263,17 +242,17 @@ struct Row {
 constexpr Row kRows[] = {
     {"mark messages", messagesText, markedMessages, 2500},
     {"delete marked messages", messagesText, deletedMessages, 2500},
-    {"undo the delete of messages", messagesText, undoneDelete, 2500},
-    {"redo the delete of messages", messagesText, redoneDelete, 2500},
+    {"undo the delete of messages", messagesText, undone<deletedMessages>, 2500},
+    {"redo the delete of messages", messagesText, redone<deletedMessages>, 2500},
     {"duplicate marked messages", messagesText, duplicatedMessages, 2500},
-    {"undo the duplicate of messages", messagesText, undoneDuplicate, 2500},
+    {"undo the duplicate of messages", messagesText, undone<duplicatedMessages>, 2500},
     {"move marked messages", messagesText, movedMessages, 2500},
-    {"undo the move of messages", messagesText, undoneMove, 2500},
+    {"undo the move of messages", messagesText, undone<movedMessages>, 2500},
     {"rename marked messages", modelledText, renamedMessages, 1000},
     {"rename their TR messages", modelledText, renamedUsers, 1000},
     {"duplicate marked items", itemsText, duplicatedItems, 2500},
     {"delete marked items", itemsText, deletedItems, 5000},
-    {"undo the delete of items", itemsText, undoneItems, 5000},
+    {"undo the delete of items", itemsText, undone<deletedItems>, 5000},
     {"move marked items out", itemsText, movedItems, 5000},
     {"filter a ticked library", messagesText, filteredLibrary, 2500},
     {"replace from a library", messagesText, replacedFromLibrary, 2500},
@@ -283,9 +262,9 @@ constexpr Row kRows[] = {
     {"move sequence rows", sequencesText, movedRows, 2500},
     {"duplicate sequence rows", sequencesText, duplicatedRows, 2500},
     {"delete sequence rows", sequencesText, deletedRows, 2500},
-    {"undo the delete of sequence rows", sequencesText, undoneRows, 2500},
+    {"undo the delete of sequence rows", sequencesText, undone<deletedRows>, 2500},
     {"clear the TR messages", sequencesText, clearedModel, 5000},
-    {"undo the clear", sequencesText, undoneModel, 5000},
+    {"undo the clear", sequencesText, undone<clearedModel>, 5000},
     {"where a message is used", sequencesText, foundUses, 5000},
 };
 
