@@ -33,11 +33,9 @@ bool NodeTreeView::isOnBox(const Node& node, const QPoint& place) const {
 }
 
 const Node* NodeTreeView::nodeBelow(const Node& node) const {
-    const Node* root = &node;
-    while (root->parent() != nullptr)
-        root = root->parent();
-    const Node* next = nextShown(node, *root);
-    return next != nullptr ? next : root->next();
+    const Node& root = rootOf(node);
+    const Node* next = nextShown(node, root);
+    return next != nullptr ? next : root.next();
 }
 
 void NodeTreeView::paintEvent(QPaintEvent* event) {

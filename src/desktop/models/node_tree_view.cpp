@@ -21,13 +21,6 @@ namespace {
 
 constexpr int kRowPadding = 4;
 
-const Node& rootOf(const Node& node) {
-    const Node* at = &node;
-    while (at->parent() != nullptr)
-        at = at->parent();
-    return *at;
-}
-
 } // namespace
 
 NodeTreeView::NodeTreeView(QWidget* parent) : QAbstractItemView(parent) {
@@ -58,6 +51,13 @@ void NodeTreeView::filterChanged() {
     heights_.assign(heights_.size(), 0);
     layOutLater();
     viewport()->update();
+}
+
+const Node& NodeTreeView::rootOf(const Node& node) {
+    const Node* at = &node;
+    while (at->parent() != nullptr)
+        at = at->parent();
+    return *at;
 }
 
 Node* NodeTreeView::nextShown(const Node& node, const Node& root) const {

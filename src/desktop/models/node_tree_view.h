@@ -74,6 +74,7 @@ private:
 
     bool isShown(const Node& node) const;
     bool passesFilter(const Node& node) const;
+    static const Node& rootOf(const Node& node);
     Node* nextShown(const Node& node, const Node& root) const;
     int shownRows(const Node& root) const;
     void forgetRowsOf(const Node& node);
